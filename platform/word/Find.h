@@ -24,8 +24,10 @@ class Replacement : public Object {
 
 /// A search and its settings. They start as: Forward, Wrap stop, every Match... off, texts empty.
 /// The rules of both kinds of search are written down in docs/find.md; three matter to every caller:
-///  - a straight double quote in Text finds straight and curly double quotes, plain or wildcard; a curly one only itself;
-///  - a range is searched inside itself; an empty range, and one that exactly equals a match, from there to the story's end;
+///  - a straight double quote in Text finds straight and curly double quotes, plain or wildcard; a curly one only
+///  itself;
+///  - a range is searched inside itself; an empty range, and one that exactly equals a match, from there to the story's
+///  end;
 ///  - hidden text and field codes are found only while the window shows them; tracked deletions never.
 class Find : public Object {
  public:

@@ -14,7 +14,7 @@ class Tables : public Object {
 /// Arguments of Selection::GoTo by name; what is absent is Word's missing argument.
 struct GoToArguments {
   WdGoToItem What{};
-  int Which{0};         ///< 0: absent
+  int Which{0};           ///< 0: absent
   std::u16string Name{};  ///< empty: absent
 };
 
