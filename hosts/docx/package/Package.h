@@ -1,0 +1,121 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace docx {
+
+/// Why a file is refused. what() is a predicate in plain words, to be put behind the file's name:
+/// "is not a Word document: it is not a zip archive".
+class PackageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// What a package may cost at most; beyond it the file is refused. Real contracts stay far below.
+inline constexpr std::uint64_t kMaxFileSize = 512ULL << 20;
+inline constexpr std::size_t kMaxEntries = 20'000;
+/// Inflated size of one part, and of everything read of one package together.
+inline constexpr std::uint64_t kMaxPartSize = 192ULL << 20;
+inline constexpr std::uint64_t kMaxTotalSize = 320ULL << 20;
+/// A part that grows beyond the size by more than the factor is a bomb, whatever its header says.
+inline constexpr std::uint64_t kRatioFreeSize = 8ULL << 20;
+inline constexpr std::uint64_t kMaxRatio = 300;
+
+struct Relationship {
+  std::string id;
+  std::string type;
+  /// The part's name when internal, whether or not there is such a part; the address as it stands when external.
+  std::string target;
+  bool external = false;
+};
+
+/// A Word document's parts, in the container that holds them. Parts that nobody replaces are written back as they
+/// were, still compressed. Part names have no "/" at their beginning ("word/document.xml"), are compared without
+/// regard to ASCII case, and come out spelled as in the package.
+///
+/// Everything throws PackageError when the package itself is at fault, std::out_of_range for a part that is not there.
+/// One thread at a time.
+class Package {
+ public:
+  /// Owns the file's bytes from then on. Checks the container (names, sizes, encryption) and that it is a Word
+  /// document; parts are inflated, and so checked, only when they are read.
+  static std::unique_ptr<Package> Open(std::vector<std::byte> file);
+  static std::unique_ptr<Package> Open(const std::filesystem::path& file);
+
+  Package(const Package&) = delete;
+  Package& operator=(const Package&) = delete;
+  ~Package();
+
+  /// All parts in the container's order, the added ones last; "[Content_Types].xml" and relationship parts included,
+  /// folders not.
+  std::vector<std::string> Names() const;
+  bool Has(std::string_view name) const;
+  /// The part's bytes, as they are after earlier changes.
+  std::string Read(std::string_view name) const;
+  /// The same for XML: converted to UTF-8 where needed, and safe to hand to the parser (see XmlCheck.h).
+  std::string ReadXml(std::string_view name) const;
+  /// Empty when the package states none.
+  std::string ContentType(std::string_view name) const;
+
+  void Replace(std::string_view name, std::string content);
+  /// @param name must not exist yet
+  void Add(std::string_view name, std::string content, std::string_view contentType);
+  /// The part, its content type and its own relationships; relationships of others to it are left to the caller.
+  void Remove(std::string_view name);
+
+  /// @param part the source; "" is the package itself
+  std::vector<Relationship> Relationships(std::string_view part) const;
+  /// @param target a part's name, or an address when external
+  /// @return the new relationship's id, unlike any other of the part
+  std::string AddRelationship(std::string_view part, std::string_view type, std::string_view target,
+                              bool external = false);
+  void RemoveRelationship(std::string_view part, std::string_view id);
+
+  /// The name of the main document part.
+  const std::string& MainDocument() const { return mainDocument_; }
+
+  /// Whether Write would give anything but the bytes that were opened.
+  bool Changed() const;
+
+  using Sink = std::function<void(std::span<const std::byte>)>;
+  /// Hands out the container, piece by piece. Nothing changed: exactly the bytes that were opened. May be called again.
+  /// What the sink throws passes through.
+  void Write(const Sink& sink) const;
+
+ private:
+  struct Archive;
+  struct Entry;
+
+  explicit Package(std::vector<std::byte> file);
+
+  void ReadDirectory();
+  void FindMainDocument();
+  const Entry* Find(std::string_view name) const;
+  const Entry& At(std::string_view name) const;
+  std::string Inflate(const Entry& entry) const;
+  bool EqualsOriginal(const Entry& entry) const;
+  void Put(std::string_view name, std::string content);
+  void Drop(std::string_view name);
+  /// A text edit of a part that only lists things; falls back to the original bytes when the edit undoes earlier ones.
+  void PutList(std::string_view name, std::string content);
+
+  std::vector<std::byte> file_;
+  std::unique_ptr<Archive> archive_;
+  std::vector<Entry> entries_;
+  std::map<std::string, std::size_t, std::less<>> index_;  // folded name -> entry
+  std::string mainDocument_;
+  mutable std::uint64_t inflated_ = 0;
+};
+
+}  // namespace docx
