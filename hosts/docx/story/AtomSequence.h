@@ -1,0 +1,120 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "hosts/docx/story/Atom.h"
+#include "platform/word/Types.h"
+
+namespace docx {
+
+using word::Position;
+
+/// The atoms of a story with their text, in chunks, so that an insertion or removal costs what it touches and
+/// finding a position costs the logarithm of the story.
+class AtomSequence {
+ public:
+  /// A run of neighbouring atoms and their text, one unit a position.
+  struct Chunk {
+    std::vector<Atom> atoms;
+    std::u16string text;
+    std::size_t number{0};
+    int fieldBegins{0};
+  };
+
+  /// An atom's place. It is spoilt by the next insertion or removal.
+  struct Place {
+    std::size_t chunk{0};
+    std::size_t atom{0};  ///< within the chunk
+    Position start{0};    ///< where the atom starts in the story
+  };
+
+  AtomSequence();
+  AtomSequence(const AtomSequence&) = delete;
+  AtomSequence& operator=(const AtomSequence&) = delete;
+
+  Position Length() const { return length_; }
+  int FieldBegins() const;
+  /// While building: adds at the end.
+  void Append(const Atom& atom, std::u16string_view text);
+
+  /// The atom that holds the character at a position (never one without length); End() for Length().
+  Place At(Position position) const;
+  Place Begin() const { return {0, 0, 0}; }
+  Place End() const;
+  bool IsEnd(const Place& place) const { return place.chunk >= chunks_.size(); }
+  const Atom& Get(const Place& place) const { return chunks_[place.chunk]->atoms[place.atom]; }
+  /// The atom's own text.
+  std::u16string_view Text(const Place& place) const;
+  Place Next(Place place) const;
+  /// @pre place is not Begin()
+  Place Previous(Place place) const;
+  bool IsBegin(const Place& place) const { return place.chunk == 0 && place.atom == 0; }
+  /// The place of a bookmark's atom. @pre the element has such an atom in this sequence
+  Place OfBookmark(pugi::xml_node element) const;
+  /// The n-th field begin (complex or simple), from 0. @pre 0 <= n < FieldBegins()
+  Place OfFieldBegin(int n) const;
+  /// Field begins that start before a position.
+  int FieldBeginsBefore(Position position) const;
+
+  /// Puts atoms before the one at the place (at the end for End()). @return the place of the first
+  Place Insert(const Place& before, const std::vector<Atom>& atoms, std::u16string_view text);
+  /// Takes an atom out. @return the place of the one behind it
+  Place Remove(const Place& place);
+  /// Divides a text atom in two: its own element keeps the first units.
+  void Divide(const Place& place, std::uint32_t units, pugi::xml_node second);
+  /// Joins a text atom and the next one into the first.
+  void Join(const Place& first);
+  void SetDeleted(const Place& place, bool deleted);
+  /// Exchanges the character of a one-character atom.
+  void SetCharacter(const Place& place, char16_t character);
+
+  /// Chunk-wise access to the text for scanners: the chunk that holds a position, and where it starts.
+  struct TextBlock {
+    std::u16string_view text;
+    Position start{0};
+  };
+  TextBlock BlockAt(Position position) const;
+
+ private:
+  std::size_t ChunkAt(Position position, Position& start) const;
+  Position StartOf(std::size_t chunk) const;
+  std::size_t TextOffset(const Chunk& chunk, std::size_t atom) const;
+  void Grew(std::size_t chunk, Position units, int begins);
+  void SplitWhenLarge(std::size_t chunk);
+  void DropWhenEmpty(std::size_t chunk);
+  void Renumber(std::size_t from);
+  void RememberBookmarks(const Chunk& chunk);
+
+  std::vector<std::unique_ptr<Chunk>> chunks_;
+  Position length_{0};
+  // Fenwick trees over the chunks' lengths and field begins, rebuilt when chunks come or go.
+  mutable std::vector<Position> lengths_;
+  mutable std::vector<int> begins_;
+  mutable bool stale_{true};
+  void Rebuild() const;
+  std::unordered_map<const pugi::xml_node_struct*, Chunk*> bookmarks_;
+};
+
+/// Reads a story's text character by character, remembering where it was.
+class TextReader {
+ public:
+  explicit TextReader(const AtomSequence& atoms) : atoms_(atoms) {}
+  /// @pre 0 <= position < Length()
+  char16_t At(Position position) {
+    if (position < block_.start || position >= block_.start + static_cast<Position>(block_.text.size())) {
+      block_ = atoms_.BlockAt(position);
+    }
+    return block_.text[static_cast<std::size_t>(position - block_.start)];
+  }
+
+ private:
+  const AtomSequence& atoms_;
+  AtomSequence::TextBlock block_;
+};
+
+}  // namespace docx

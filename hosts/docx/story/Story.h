@@ -1,0 +1,100 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "hosts/docx/story/AtomSequence.h"
+#include "hosts/docx/xml/XmlPart.h"
+
+namespace docx {
+
+class Story;
+
+/// A stretch of a story that follows edits: what every range and the selection hold. It registers with its
+/// story; when the story goes first, it is detached.
+class Anchor {
+ public:
+  Anchor(Story& story, Position start, Position end);
+  ~Anchor();
+  Anchor(const Anchor&) = delete;
+  Anchor& operator=(const Anchor&) = delete;
+
+  /// nullptr after the story has gone.
+  Story* Of() const { return story_; }
+  Position start;
+  Position end;
+
+ private:
+  friend class Story;
+  Story* story_;
+  std::size_t slot_;
+};
+
+/// One story of a document: its text as Word counts it, over the XML that holds it. Positions are
+/// code units from 0; every edit changes XML and text together and moves the anchors.
+class Story {
+ public:
+  /// @param containers the elements whose blocks are the story, in order: the body, the notes, ...
+  Story(std::shared_ptr<XmlPart> part, int type, const std::vector<pugi::xml_node>& containers);
+  ~Story();
+  Story(const Story&) = delete;
+  Story& operator=(const Story&) = delete;
+
+  /// A WdStoryType.
+  int Type() const { return type_; }
+  XmlPart& Part() const { return *part_; }
+  const AtomSequence& Atoms() const { return atoms_; }
+  Position Length() const { return atoms_.Length(); }
+  /// One unit a position. @pre 0 <= start <= end <= Length()
+  std::u16string Text(Position start, Position end) const;
+
+  // Edits. Positions outside the story are a programming error.
+
+  /// Inserts text: CR a paragraph mark, 9 a tab, 11 a line break, 12 a page break, all else as it is. The text gets the
+  /// formatting of the character before it in its paragraph, or else of the one after it.
+  void InsertText(Position at, std::u16string_view text);
+  /// Inserts a field of begin mark, code and end mark, in runs without formatting of their own. @return its length
+  Position InsertField(Position at, std::u16string_view code);
+  /// Removes text. Bookmarks whose whole text goes are removed with it. A paragraph mark that has no other paragraph
+  /// of the same container behind it stays.
+  void Erase(Position start, Position end);
+  /// Divides runs so that none spans the stretch's ends. @return the runs between, in order, each once; only runs
+  /// with text that is not deleted
+  std::vector<pugi::xml_node> IsolateRuns(Position start, Position end);
+  /// After runs between changed their formatting: joins neighbours that were divided and have become equal again.
+  void RejoinRuns(Position start, Position end);
+  void InsertBookmark(Position start, Position end, std::string_view name, int id);
+  /// Removes the marks, not the text.
+  void RemoveBookmark(pugi::xml_node startElement, pugi::xml_node endElement);
+
+  /// The w:p that the position is in: the one whose mark is at or behind it.
+  pugi::xml_node ParagraphAt(Position position) const;
+  /// Where the paragraph that the position is in begins and where it ends, its mark included.
+  Position ParagraphStart(Position position) const;
+  Position ParagraphEnd(Position position) const;
+  /// The run that holds the character at the position; empty for marks of paragraphs, cells and rows.
+  pugi::xml_node RunAt(Position position) const;
+
+ private:
+  friend class Anchor;
+  class Builder;
+  struct InsertionPoint;
+
+  InsertionPoint PrepareInsertion(Position at);
+  pugi::xml_node DivideRun(const AtomSequence::Place& firstOfSecond);
+  void DivideAt(Position position);
+  void InsertParagraphMark(Position at);
+  void InsertRunText(Position at, std::u16string_view text);
+  void MergeWithNext(Position mark);
+  void RejoinAt(Position position);
+  void MoveAnchors(Position at, Position removed, Position inserted);
+
+  std::shared_ptr<XmlPart> part_;
+  int type_;
+  AtomSequence atoms_;
+  std::vector<Anchor*> anchors_;
+};
+
+}  // namespace docx
