@@ -1,0 +1,87 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/TermMarker.h"
+#include "platform/forms/Control.h"
+#include "platform/os/Characters.h"
+#include "platform/word/Types.h"
+
+class clsProgForm;
+
+/// Bookmarks that the engine and a run share.
+inline constexpr std::u16string_view kIndexBookmark = u"DefinedTermsIndex";
+inline constexpr std::u16string_view kIndexStartBookmark = u"IndexBKStart";
+inline constexpr std::u16string_view kReturnBookmark = u"ReturnHereBK";
+
+/// What the engine asks of the terms dialog while a run indexes.
+class IndexingDialog {
+ public:
+  virtual ~IndexingDialog() = default;
+  /// Hides the dialog; it stays loaded.
+  virtual void HideWhileIndexing() = 0;
+  /// Puts the index in at "IndexBKStart" with the columns and separator that the dialog shows, or, with
+  /// updateOnly, brings the present one up to date.
+  virtual void IndexInsertOrUpdate(const word::ApplicationPtr& application, const word::DocumentPtr& document,
+                                   bool updateOnly) = 0;
+};
+
+/// What the controls said when the user pressed OK.
+struct IndexingOptions {
+  bool matchCase{false};
+  /// Index the all-capitals form of a term under the term.
+  bool indexCaps{false};
+  /// "IndexAll", or "IndexDefs" for definitions only.
+  std::u16string indexWhat{u"IndexAll"};
+};
+
+/// What Word's state was before a run changed it.
+struct SavedWordState {
+  bool SavedReplaceQuotes{false};
+  bool SavedAllowFastSave{false};
+  bool SavedCheckSpelling{false};
+  bool SavedCheckGrammar{false};
+  bool SavedShowGrammarErrors{false};
+  bool SavedShowSpellingErrors{false};
+  bool SavedShowHiddenText{false};
+};
+
+/// The selected found terms, then the selected added ones, in list order, each text once.
+std::vector<std::u16string> ChosenTerms(const forms::ListBox& lstTermsInDoc, const forms::ListBox& lstAddTerms);
+
+/// The indexing engine: marks the chosen terms, has the index put in, and puts Word's state back.
+class modKVX {
+ public:
+  /// All outlive the object.
+  modKVX(TermMarker& termMarker, clsProgForm& progress, os::Characters& characters)
+      : marker_(termMarker), progress_(progress), characters_(characters) {}
+  modKVX(const modKVX&) = delete;
+  modKVX& operator=(const modKVX&) = delete;
+
+  /// Marks every occurrence of the chosen terms in the main text, footnotes and endnotes, and inserts the
+  /// index at "IndexBKStart". What was done before an error stays done.
+  /// @return the two lists as texts: [0] unused or used once, [1] not found
+  /// @throws word::HostError
+  std::vector<std::u16string> RunIndexing(const word::ApplicationPtr& application, const word::DocumentPtr& document,
+                                          const std::vector<std::u16string>& chosen, IndexingDialog& dialog,
+                                          const IndexingOptions& options);
+
+  /// Marks every term of the table in one story.
+  /// @param storyType 1, 2 or 3
+  /// @return the table with its counts raised
+  TermTable IndexStory(const word::DocumentPtr& document, const word::RangePtr& story, TermTable table, int storyType,
+                       const IndexingOptions& options);
+
+ private:
+  TermMarker& marker_;
+  clsProgForm& progress_;
+  os::Characters& characters_;
+};
+
+/// Puts back what a run changed in Word. Fast save stays as the run left it, on purpose.
+/// @throws word::HostError from the first step that fails; later values then stay as the run set them
+void RestoreWordState(TermMarker& termMarker, const word::ApplicationPtr& application,
+                      const word::DocumentPtr& document, const SavedWordState& saved);
