@@ -8,6 +8,7 @@
 #include "platform/TermMarker.h"
 #include "platform/forms/Control.h"
 #include "platform/os/Characters.h"
+#include "platform/os/Messages.h"
 #include "platform/word/Types.h"
 
 class clsProgForm;
@@ -56,29 +57,36 @@ std::vector<std::u16string> ChosenTerms(const forms::ListBox& lstTermsInDoc, con
 class modKVX {
  public:
   /// All outlive the object.
-  modKVX(TermMarker& termMarker, clsProgForm& progress, os::Characters& characters)
-      : marker_(termMarker), progress_(progress), characters_(characters) {}
+  modKVX(TermMarker& termMarker, clsProgForm& progress, os::Characters& characters, os::Messages& messages)
+      : marker_(termMarker), progress_(progress), characters_(characters), messages_(messages) {}
   modKVX(const modKVX&) = delete;
   modKVX& operator=(const modKVX&) = delete;
 
   /// Marks every occurrence of the chosen terms in the main text, footnotes and endnotes, and inserts the
-  /// index at "IndexBKStart". What was done before an error stays done.
-  /// @return the two lists as texts: [0] unused or used once, [1] not found
-  /// @throws word::HostError
-  std::vector<std::u16string> RunIndexing(const word::ApplicationPtr& application, const word::DocumentPtr& document,
-                                          const std::vector<std::u16string>& chosen, IndexingDialog& dialog,
-                                          const IndexingOptions& options);
+  /// index at "IndexBKStart". An error is shown; what was done before it stays done.
+  /// @return whether all of it was done
+  bool RunIndexing(const word::ApplicationPtr& application, const word::DocumentPtr& document,
+                   const std::vector<std::u16string>& chosen, IndexingDialog& dialog, const IndexingOptions& options);
+
+  /// What the last run found, as TermMarker::GetUnusedAndMissing tells it; empty before the first.
+  const std::vector<std::u16string>& UnusedAndMissing() const { return unusedAndMissing_; }
 
   /// Marks every term of the table in one story.
   /// @param storyType 1, 2 or 3
   /// @return the table with its counts raised
+  /// @throws word::HostError
   TermTable IndexStory(const word::DocumentPtr& document, const word::RangePtr& story, TermTable table, int storyType,
                        const IndexingOptions& options);
 
  private:
+  void Index(const word::ApplicationPtr& application, const word::DocumentPtr& document,
+             const std::vector<std::u16string>& chosen, IndexingDialog& dialog, const IndexingOptions& options);
+
   TermMarker& marker_;
   clsProgForm& progress_;
   os::Characters& characters_;
+  os::Messages& messages_;
+  std::vector<std::u16string> unusedAndMissing_;
 };
 
 /// Puts back what a run changed in Word. Fast save stays as the run left it, on purpose.
