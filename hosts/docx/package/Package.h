@@ -6,7 +6,6 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -26,8 +25,8 @@ class PackageError : public std::runtime_error {
 inline constexpr std::uint64_t kMaxFileSize = 512ULL << 20;
 inline constexpr std::size_t kMaxEntries = 20'000;
 /// Inflated size of one part, and of everything read of one package together.
-inline constexpr std::uint64_t kMaxPartSize = 192ULL << 20;
-inline constexpr std::uint64_t kMaxTotalSize = 320ULL << 20;
+inline constexpr std::uint64_t kMaxPartSize = 128ULL << 20;
+inline constexpr std::uint64_t kMaxTotalSize = 256ULL << 20;
 /// A part that grows beyond the size by more than the factor is a bomb, whatever its header says.
 inline constexpr std::uint64_t kRatioFreeSize = 8ULL << 20;
 inline constexpr std::uint64_t kMaxRatio = 300;
@@ -101,19 +100,22 @@ class Package {
 
   void ReadDirectory();
   void FindMainDocument();
-  const Entry* Find(std::string_view name) const;
-  const Entry& At(std::string_view name) const;
-  std::string Inflate(const Entry& entry) const;
-  bool EqualsOriginal(const Entry& entry) const;
-  void Put(std::string_view name, std::string content);
-  void Drop(std::string_view name);
-  /// A text edit of a part that only lists things; falls back to the original bytes when the edit undoes earlier ones.
-  void PutList(std::string_view name, std::string content);
+  Entry* Find(std::string_view name) const;
+  Entry& At(std::string_view name) const;
+  std::string Inflate(Entry& entry) const;
+  void Put(Entry& entry, std::string content);
+  /// Without a content type.
+  Entry& Append(std::string_view name, std::string content);
+  void Drop(Entry& entry);
+  void AddContentType(std::string_view name, std::string_view contentType);
+  void RemoveContentType(std::string_view name);
 
   std::vector<std::byte> file_;
   std::unique_ptr<Archive> archive_;
-  std::vector<Entry> entries_;
-  std::map<std::string, std::size_t, std::less<>> index_;  // folded name -> entry
+  /// In the container's order, the added ones last, the removed ones too.
+  std::vector<std::unique_ptr<Entry>> entries_;
+  /// By the name in lower case; what was removed is not in it.
+  std::map<std::string, Entry*, std::less<>> index_;
   std::string mainDocument_;
   mutable std::uint64_t inflated_ = 0;
 };

@@ -1,0 +1,230 @@
+// [Content_Types].xml and the relationship parts. They are edited as text, so that what is not touched stays as it was
+// and an edit can be undone to the byte.
+
+#include <pugixml.hpp>
+
+#include "hosts/docx/package/Package.h"
+#include "hosts/docx/package/PartName.h"
+
+#include <algorithm>
+#include <charconv>
+#include <utility>
+
+namespace docx {
+
+namespace {
+
+constexpr std::string_view kContentTypesPart = "[Content_Types].xml";
+constexpr std::string_view kRelationshipsType = "application/vnd.openxmlformats-package.relationships+xml";
+constexpr std::string_view kEmptyRelationships =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\r\n"
+    "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\"/>";
+
+std::string_view LocalName(const pugi::xml_node& node) {
+  const std::string_view name = node.name();
+  const std::size_t colon = name.find(':');
+  return colon == std::string_view::npos ? name : name.substr(colon + 1);
+}
+
+/// One of the two parts: a root element and a flat list in it.
+class List {
+ public:
+  explicit List(std::string text) : text_(std::move(text)) {
+    document_.load_buffer(text_.data(), text_.size(), pugi::parse_default, pugi::encoding_utf8);
+  }
+
+  auto Items() const { return document_.document_element().children(); }
+  bool Empty() const { return document_.document_element().first_child().empty(); }
+  const std::string& Text() const { return text_; }
+
+  /// @return the whole text without the item
+  std::string Without(const pugi::xml_node& item) const {
+    const auto begin = static_cast<std::size_t>(item.offset_debug()) - 1;
+    std::string text = text_;
+    text.erase(begin, ElementEnd(begin) - begin);
+    // The root gets back the form that the first item took from it.
+    const std::size_t endTag = text.rfind("</");
+    if (endTag != std::string::npos && endTag > 0 && text[endTag - 1] == '>' && IsRootStart(text, endTag)) {
+      text.replace(endTag - 1, text.find('>', endTag) + 1 - (endTag - 1), "/>");
+    }
+    return text;
+  }
+
+  /// @param item a start tag without "<" and the root's prefix, and without its end
+  std::string With(std::string_view item) const {
+    const std::string root = document_.document_element().name();
+    const std::string prefix = root.substr(0, root.find(':') == std::string::npos ? 0 : root.find(':') + 1);
+    const std::string element = "<" + prefix + std::string(item) + "/>";
+    std::string text = text_;
+    if (Empty() && SelfClosed()) {
+      const std::size_t slash = ElementEnd(RootBegin()) - 2;
+      text.replace(slash, 2, ">" + element + "</" + root + ">");
+    } else {
+      text.insert(text.rfind("</"), element);
+    }
+    return text;
+  }
+
+ private:
+  std::size_t RootBegin() const { return static_cast<std::size_t>(document_.document_element().offset_debug()) - 1; }
+
+  bool SelfClosed() const { return text_[TagEnd(text_, RootBegin()) - 2] == '/'; }
+
+  bool IsRootStart(const std::string& text, std::size_t end) const { return TagEnd(text, RootBegin()) == end; }
+
+  static std::size_t TagEnd(const std::string& text, std::size_t begin) {
+    char quote = 0;
+    for (std::size_t i = begin; i < text.size(); ++i) {
+      const char c = text[i];
+      if (quote != 0) {
+        if (c == quote) quote = 0;
+      } else if (c == '"' || c == '\'') {
+        quote = c;
+      } else if (c == '>') {
+        return i + 1;
+      }
+    }
+    return text.size();
+  }
+
+  std::size_t ElementEnd(std::size_t begin) const {
+    const std::size_t end = TagEnd(text_, begin);
+    if (text_[end - 2] == '/') return end;
+    return text_.find('>', text_.find("</", end)) + 1;
+  }
+
+  std::string text_;
+  pugi::xml_document document_;
+};
+
+std::string Escaped(std::string_view text) {
+  std::string escaped;
+  for (const char c : text) {
+    switch (c) {
+      case '&':
+        escaped += "&amp;";
+        break;
+      case '<':
+        escaped += "&lt;";
+        break;
+      case '>':
+        escaped += "&gt;";
+        break;
+      case '"':
+        escaped += "&quot;";
+        break;
+      default:
+        escaped += c;
+    }
+  }
+  return escaped;
+}
+
+std::string_view Extension(std::string_view name) {
+  const std::size_t dot = name.rfind('.');
+  return dot == std::string_view::npos || name.find('/', dot) != std::string_view::npos ? std::string_view()
+                                                                                        : name.substr(dot + 1);
+}
+
+/// An Override's part name, in the form that compares.
+std::string PartNameOf(const pugi::xml_node& item) {
+  return FoldPartName(ResolveTarget("", item.attribute("PartName").value()));
+}
+
+}  // namespace
+
+std::string Package::ContentType(std::string_view name) const {
+  const List types(ReadXml(kContentTypesPart));
+  const std::string folded = FoldPartName(name);
+  const std::string extension = FoldPartName(Extension(name));
+  std::string byExtension;
+  for (const pugi::xml_node& item : types.Items()) {
+    const std::string_view kind = LocalName(item);
+    if (kind == "Override" && PartNameOf(item) == folded) return item.attribute("ContentType").value();
+    if (kind == "Default" && FoldPartName(item.attribute("Extension").value()) == extension) {
+      byExtension = item.attribute("ContentType").value();
+    }
+  }
+  return byExtension;
+}
+
+void Package::AddContentType(std::string_view name, std::string_view contentType) {
+  if (FoldPartName(ContentType(name)) == FoldPartName(contentType)) return;
+  const List types(ReadXml(kContentTypesPart));
+  Put(At(kContentTypesPart), types.With("Override PartName=\"" + Escaped(MakeTarget("/", name)) + "\" ContentType=\"" +
+                                        Escaped(contentType) + "\""));
+}
+
+void Package::RemoveContentType(std::string_view name) {
+  const List types(ReadXml(kContentTypesPart));
+  const std::string folded = FoldPartName(name);
+  for (const pugi::xml_node& item : types.Items()) {
+    if (LocalName(item) == "Override" && PartNameOf(item) == folded) {
+      Put(At(kContentTypesPart), types.Without(item));
+      return;
+    }
+  }
+}
+
+std::vector<Relationship> Package::Relationships(std::string_view part) const {
+  std::vector<Relationship> relationships;
+  const std::string listPart = RelationshipsPartName(part);
+  if (!Has(listPart)) return relationships;
+  const List list(ReadXml(listPart));
+  for (const pugi::xml_node& item : list.Items()) {
+    if (LocalName(item) != "Relationship") continue;
+    Relationship relationship;
+    relationship.id = item.attribute("Id").value();
+    relationship.type = item.attribute("Type").value();
+    relationship.external = std::string_view(item.attribute("TargetMode").value()) == "External";
+    const std::string_view target = item.attribute("Target").value();
+    relationship.target = relationship.external ? std::string(target) : ResolveTarget(part, target);
+    relationships.push_back(std::move(relationship));
+  }
+  return relationships;
+}
+
+std::string Package::AddRelationship(std::string_view part, std::string_view type, std::string_view target,
+                                     bool external) {
+  const std::string listPart = RelationshipsPartName(part);
+  const bool fresh = !Has(listPart);
+  const List list(fresh ? std::string(kEmptyRelationships) : ReadXml(listPart));
+  unsigned long long last = 0;
+  for (const pugi::xml_node& item : list.Items()) {
+    const std::string_view id = item.attribute("Id").value();
+    unsigned long long number = 0;
+    if (id.starts_with("rId")) std::from_chars(id.data() + 3, id.data() + id.size(), number);
+    // Beyond 32 bits ids are random, not counted; they are no start for counting on.
+    if (number < (1ULL << 32)) last = std::max(last, number);
+  }
+  const std::string id = "rId" + std::to_string(last + 1);
+  std::string text = list.With("Relationship Id=\"" + id + "\" Type=\"" + Escaped(type) + "\" Target=\"" +
+                               Escaped(external ? std::string(target) : MakeTarget(part, target)) + "\"" +
+                               (external ? " TargetMode=\"External\"" : ""));
+  if (fresh) {
+    Append(listPart, std::move(text));
+    AddContentType(listPart, kRelationshipsType);
+  } else {
+    Put(At(listPart), std::move(text));
+  }
+  return id;
+}
+
+void Package::RemoveRelationship(std::string_view part, std::string_view id) {
+  const std::string listPart = RelationshipsPartName(part);
+  const List list(ReadXml(listPart));
+  for (const pugi::xml_node& item : list.Items()) {
+    if (id != item.attribute("Id").value()) continue;
+    std::string text = list.Without(item);
+    if (List(text).Empty() && text == kEmptyRelationships) {
+      RemoveContentType(listPart);
+      Drop(At(listPart));
+    } else {
+      Put(At(listPart), std::move(text));
+    }
+    return;
+  }
+  throw std::out_of_range("no relationship " + std::string(id));
+}
+
+}  // namespace docx
