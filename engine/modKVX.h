@@ -78,6 +78,11 @@ class modKVX {
   TermTable IndexStory(const word::DocumentPtr& document, const word::RangePtr& story, TermTable table, int storyType,
                        const IndexingOptions& options);
 
+  /// Puts back what a run changed in Word. Fast save stays as the run left it, on purpose. An error is shown
+  /// and ends it; later values then stay as the run set them.
+  void RestoreWordState(const word::ApplicationPtr& application, const word::DocumentPtr& document,
+                        const SavedWordState& saved);
+
  private:
   void Index(const word::ApplicationPtr& application, const word::DocumentPtr& document,
              const std::vector<std::u16string>& chosen, IndexingDialog& dialog, const IndexingOptions& options);
@@ -88,8 +93,3 @@ class modKVX {
   os::Messages& messages_;
   std::vector<std::u16string> unusedAndMissing_;
 };
-
-/// Puts back what a run changed in Word. Fast save stays as the run left it, on purpose.
-/// @throws word::HostError from the first step that fails; later values then stay as the run set them
-void RestoreWordState(TermMarker& termMarker, const word::ApplicationPtr& application,
-                      const word::DocumentPtr& document, const SavedWordState& saved);

@@ -1,0 +1,90 @@
+#include "discovery/QuotedTerms.h"
+
+#include "addin/clsProgForm.h"
+#include "platform/word/Application.h"
+#include "platform/word/Find.h"
+#include "platform/word/Format.h"
+#include "platform/word/Options.h"
+#include "platform/word/Range.h"
+#include "settings/AnsiText.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr int kOpenCurly = 147;
+constexpr int kCloseCurly = 148;
+constexpr int kStraight = 34;
+
+bool IsBold(const word::RangePtr& character) { return character->Font()->Bold() == -1; }
+
+void ShowStep(const TermSearch& search, std::u16string_view inWindow, std::u16string_view inStatusBar) {
+  if (search.progressMode == ProgressMode::kWindow) {
+    search.progress.UpdateProgress(inWindow, u"", u"", 0, 0, u"Please wait");
+  } else {
+    search.controls.StatusBar1.SetSimpleText(inStatusBar);
+  }
+}
+
+FoundTerms ScanStory(const TermSearch& search, const word::RangePtr& story, std::u16string_view pattern, bool bold) {
+  FoundTerms terms(1);
+  const word::FindPtr find = story->Find();
+  do {
+    find->ClearFormatting();
+    find->SetText(pattern);
+    find->SetMatchWildcards(true);
+    find->SetMatchAllWordForms(false);
+    find->Execute();
+    if (!find->Found()) break;
+    story->SetStart(story->Start() + 1);
+    story->SetEnd(story->End() - 1);
+    const bool accepted = !bold || (IsBold(story->Characters()->First()) && IsBold(story->Characters()->Last()));
+    if (accepted) search.termMarker.AddTerm(story, terms);
+    story->SetEnd(story->End() + 1);
+    story->Collapse(word::wdCollapseEnd);
+  } while (find->Found());
+  if (terms.size() > 1) terms.pop_back();
+  return terms;
+}
+
+FoundTerms Merge(FoundTerms found, const FoundTerms& story) {
+  std::size_t next = found.size() > 1 ? found.size() : (found.front().empty() ? 0 : 1);
+  found.resize(next + story.size());
+  for (const std::u16string& term : story) {
+    if (term.empty()) continue;
+    // One term that an earlier story gave ends this story's contribution, on purpose.
+    if (std::find(found.begin(), found.end(), term) != found.end()) break;
+    found[next++] = term;
+  }
+  while (found.size() > 1 && found.back().empty()) found.pop_back();
+  return found;
+}
+
+}  // namespace
+
+FoundTerms FindQuotedTerms(const TermSearch& search, const word::RangePtr& story, QuoteCodes codes, bool bold,
+                           FoundTerms found) {
+  search.controls.lstTermsInDoc.Clear();
+  if (search.progressMode == ProgressMode::kWindow) search.progress.ShowProgress(0);
+  ShowStep(search, u"Finding defined terms in document", u"Please wait: Finding defined terms in document");
+
+  if (codes.open == kOpenCurly || codes.close == kCloseCurly) {
+    search.application->Options()->SetAutoFormatAsYouTypeReplaceQuotes(false);
+    search.termMarker.OptionChanged(search.document);
+  }
+  if (codes.open == kOpenCurly) codes.open = kStraight;
+  if (codes.close == kCloseCurly) codes.close = kStraight;
+  const std::u16string pattern = {CharFromAnsiCode(codes.open), u'*', CharFromAnsiCode(codes.close)};
+
+  const FoundTerms terms = ScanStory(search, story, pattern, bold);
+  ShowStep(search, u"Restoring user options", u"Please wait:  restoring user options");
+  found = Merge(std::move(found), terms);
+  ShowStep(search, u"Sorting", u"Please wait:  sorting");
+  if (search.progressMode == ProgressMode::kWindow) {
+    search.progress.CloseProgress();
+  } else {
+    search.controls.StatusBar1.SetSimpleText(u"");
+  }
+  return found;
+}
