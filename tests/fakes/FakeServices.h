@@ -1,0 +1,173 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/os/Characters.h"
+#include "platform/os/Files.h"
+#include "platform/os/Folders.h"
+#include "platform/os/Messages.h"
+#include "platform/os/Processes.h"
+#include "platform/os/Profile.h"
+#include "tests/fakes/CallLog.h"
+
+/// The operating system's services in memory.
+namespace fakes {
+
+/// Files and folders as two sets; paths compare as they stand, with doubled separators made single.
+class FakeFiles : public os::Files {
+ public:
+  static std::u16string Single(std::u16string_view path) {
+    std::u16string result;
+    for (const char16_t unit : path) {
+      if (unit != u'\\' || result.empty() || result.back() != u'\\') result += unit;
+    }
+    return result;
+  }
+  bool FileExists(std::u16string_view path) override { return files.count(Single(path)) != 0; }
+  bool FolderExists(std::u16string_view path) override { return folders.count(Single(path)) != 0; }
+  void CreateFolder(std::u16string_view path) override {
+    const std::u16string folder = Single(path);
+    if (!folders.count(folder.substr(0, folder.rfind(u'\\')))) {
+      throw word::HostError(word::kPathNotFound, u"Path not found", "CreateFolder");
+    }
+    created.push_back(folder);
+    folders.insert(folder);
+  }
+
+  std::set<std::u16string> files;
+  std::set<std::u16string> folders;
+  std::vector<std::u16string> created;
+};
+
+/// One settings file in memory; writing makes it. Values lose one enclosing pair of quotes on reading.
+class FakeProfile : public os::Profile {
+ public:
+  explicit FakeProfile(FakeFiles& files) : files_(files) {}
+
+  std::u16string Read(std::u16string_view section, std::u16string_view key, std::u16string_view defaultValue, int size,
+                      std::u16string_view path) override {
+    if (!files_.FileExists(path)) return std::u16string(defaultValue);
+    const auto found = values.find({std::u16string(section), std::u16string(key)});
+    std::u16string value = found == values.end() ? std::u16string(defaultValue) : found->second;
+    if (value.size() >= 2 && value.front() == u'"' && value.back() == u'"') value = value.substr(1, value.size() - 2);
+    return value.substr(0, static_cast<std::size_t>(size - 1));
+  }
+  bool Write(std::u16string_view section, std::u16string_view key, std::u16string_view value,
+             std::u16string_view path) override {
+    if (failing.count(std::u16string(key)) != 0) return false;
+    lastPath = path;
+    files_.files.insert(FakeFiles::Single(path));
+    values[{std::u16string(section), std::u16string(key)}] = value;
+    written.emplace_back(key);
+    return true;
+  }
+
+  std::u16string& operator[](std::u16string_view key) { return values[{u"Defaults", std::u16string(key)}]; }
+
+  std::map<std::pair<std::u16string, std::u16string>, std::u16string> values;
+  /// Keys in the order in which they were written.
+  std::vector<std::u16string> written;
+  /// Keys whose writing fails.
+  std::set<std::u16string> failing;
+  std::u16string lastPath;
+
+ private:
+  FakeFiles& files_;
+};
+
+class FakeFolders : public os::Folders {
+ public:
+  std::u16string SpecialFolder(int folder, std::intptr_t owner) override {
+    askedFor = folder;
+    askedOwner = owner;
+    return applicationData;
+  }
+  std::u16string applicationData{u"C:\\Data"};
+  int askedFor{0};
+  std::intptr_t askedOwner{-1};
+};
+
+/// ASCII is all that the tests need.
+class FakeCharacters : public os::Characters {
+ public:
+  std::u16string ToUpper(std::u16string_view text) override { return Map(text, u'a', u'z', -32); }
+  std::u16string ToLower(std::u16string_view text) override { return Map(text, u'A', u'Z', 32); }
+  char32_t Fold(char32_t character) override {
+    return character >= U'A' && character <= U'Z' ? character + 32 : character;
+  }
+  bool IsWordCharacter(char32_t character) override {
+    const char32_t folded = Fold(character);
+    return (folded >= U'a' && folded <= U'z') || (character >= U'0' && character <= U'9');
+  }
+
+ private:
+  static std::u16string Map(std::u16string_view text, char16_t first, char16_t last, int shift) {
+    std::u16string result(text);
+    for (char16_t& unit : result) {
+      if (unit >= first && unit <= last) unit = static_cast<char16_t>(unit + shift);
+    }
+    return result;
+  }
+};
+
+class FakeProcesses : public os::Processes {
+ public:
+  std::vector<std::u16string> ModuleFileNames() override { return names; }
+  std::vector<std::u16string> names{u"C:\\Office\\WINWORD.EXE"};
+};
+
+class FakeUserSettings : public os::UserSettings {
+ public:
+  std::u16string Read(std::u16string_view section, std::u16string_view key, std::u16string_view defaultValue) override {
+    const auto found = values.find({std::u16string(section), std::u16string(key)});
+    return found == values.end() ? std::u16string(defaultValue) : found->second;
+  }
+  void Write(std::u16string_view section, std::u16string_view key, std::u16string_view value) override {
+    values[{std::u16string(section), std::u16string(key)}] = value;
+  }
+  std::map<std::pair<std::u16string, std::u16string>, std::u16string> values;
+};
+
+/// Answers from a queue. A box that nobody expected, or an expected one that never came, fails the test.
+class FakeMessages : public os::Messages {
+ public:
+  explicit FakeMessages(CallLog& log) : log_(log) {}
+  ~FakeMessages() override {
+    for (const auto& [title, pressed] : expected_) ADD_FAILURE() << "message that never came: " << Plain(title);
+  }
+  void Expect(std::u16string title, os::Pressed press = os::Pressed::kOk) {
+    expected_.emplace_back(std::move(title), press);
+  }
+  os::Pressed Show(std::u16string_view title, std::u16string_view text, os::Icon icon, os::Buttons buttons) override {
+    log_.Add("message " + Plain(title));
+    shown.push_back({std::u16string(title), std::u16string(text), icon, buttons});
+    if (expected_.empty() || expected_.front().first != title) {
+      ADD_FAILURE() << "unexpected message \"" << Plain(title) << "\": " << Plain(text);
+      return os::Pressed::kOk;
+    }
+    const os::Pressed pressed = expected_.front().second;
+    expected_.pop_front();
+    return pressed;
+  }
+
+  struct Box {
+    std::u16string title;
+    std::u16string text;
+    os::Icon icon;
+    os::Buttons buttons;
+  };
+  std::vector<Box> shown;
+
+ private:
+  CallLog& log_;
+  std::deque<std::pair<std::u16string, os::Pressed>> expected_;
+};
+
+}  // namespace fakes

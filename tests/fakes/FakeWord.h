@@ -1,0 +1,67 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/word/Application.h"
+#include "platform/word/Bookmarks.h"
+#include "platform/word/Constants.h"
+#include "platform/word/Document.h"
+#include "tests/fakes/CallLog.h"
+
+namespace fakes {
+
+/// A stretch of a story, which is known by its number in FakeWord::stories.
+struct Place {
+  std::size_t story{0};
+  word::Position start{0};
+  word::Position end{0};
+};
+
+/// What a FakeApplication stands for: one document whose stories are plain texts, and Word's settings. Tests
+/// set it up, hand out MakeApplication(), and read it afterwards. Every property put and every call that
+/// changes something goes into the log; a member that no test needs throws std::logic_error.
+class FakeWord {
+ public:
+  struct Story {
+    int type{word::wdMainTextStory};
+    std::u16string text;
+    /// Stretches of bold characters, from and to.
+    std::vector<std::pair<word::Position, word::Position>> bold{};
+  };
+
+  explicit FakeWord(CallLog& callLog) : log(callLog) {}
+  word::ApplicationPtr MakeApplication();
+  word::DocumentPtr MakeDocument();
+  word::RangePtr MakeRange(Place place);
+  /// The whole of the story with this number in stories.
+  word::RangePtr MakeStory(std::size_t story);
+
+  CallLog& log;
+  bool hasDocument{true};
+  std::u16string name{u"contract.docx"};
+  std::vector<Story> stories{{word::wdMainTextStory, u"\r", {}}};
+  std::map<std::u16string, Place> bookmarks;
+  Place selection;
+  int tables{0};
+
+  bool replaceQuotes{true};
+  bool allowFastSave{true};
+  bool checkSpelling{true};
+  bool checkGrammar{true};
+  bool pagination{false};
+  bool screenUpdating{true};
+  bool showGrammaticalErrors{true};
+  bool showSpellingErrors{true};
+  bool showAll{true};
+  bool showHiddenText{true};
+  int splitSpecial{0};
+  /// The window's view; the active pane's view is paneViewType.
+  int windowViewType{word::wdNormalView};
+  int paneViewType{word::wdNormalView};
+};
+
+}  // namespace fakes
