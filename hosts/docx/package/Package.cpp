@@ -4,6 +4,7 @@
 
 #include "hosts/docx/package/PartName.h"
 #include "hosts/docx/package/XmlCheck.h"
+#include "hosts/docx/package/ZipMemory.h"
 
 #include <algorithm>
 #include <array>
@@ -11,7 +12,7 @@
 #include <cstring>
 #include <ctime>
 #include <fstream>
-#include <iterator>
+#include <new>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -89,22 +90,14 @@ struct CloseFile {
 };
 using ZipFilePtr = std::unique_ptr<zip_file_t, CloseFile>;
 
-struct FreeSource {
-  void operator()(zip_source_t* source) const { zip_source_free(source); }
-};
-using ZipSourcePtr = std::unique_ptr<zip_source_t, FreeSource>;
-
-/// @param keep when given, gets a reference of its own to the archive's source
-ZipPtr OpenZip(std::span<const std::byte> bytes, int flags, ZipSourcePtr* keep = nullptr) {
+ZipPtr OpenZip(ZipMemory& memory, int flags) {
   ZipError error;
-  ZipSourcePtr source(zip_source_buffer_create(bytes.data(), bytes.size(), 0, error.Get()));
-  if (!source) throw PackageError("cannot be opened: " + error.Text());
-  ZipPtr archive(zip_open_from_source(source.get(), flags, error.Get()));
-  if (!archive) throw PackageError("is truncated or damaged: its zip directory cannot be read (" + error.Text() + ")");
-  zip_source_t* owned = source.release();
-  if (keep != nullptr) {
-    zip_source_keep(owned);
-    keep->reset(owned);
+  zip_source_t* const source = memory.MakeSource(error.Get());
+  if (source == nullptr) throw std::bad_alloc();
+  ZipPtr archive(zip_open_from_source(source, flags, error.Get()));
+  if (!archive) {
+    zip_source_free(source);
+    throw PackageError("is truncated or damaged: its zip directory cannot be read (" + error.Text() + ")");
   }
   return archive;
 }
@@ -139,6 +132,9 @@ std::vector<std::byte> ReadFile(const std::filesystem::path& path) {
 }  // namespace
 
 struct Package::Archive {
+  explicit Archive(std::span<const std::byte> file) : memory(file), zip(OpenZip(memory, ZIP_RDONLY)) {}
+
+  ZipMemory memory;
   ZipPtr zip;
 };
 
@@ -173,8 +169,7 @@ std::unique_ptr<Package> Package::Open(std::vector<std::byte> file) {
 std::unique_ptr<Package> Package::Open(const std::filesystem::path& file) { return Open(ReadFile(file)); }
 
 void Package::ReadDirectory() {
-  archive_ = std::make_unique<Archive>();
-  archive_->zip = OpenZip(file_, ZIP_RDONLY);
+  archive_ = std::make_unique<Archive>(file_);
   zip_t* zip = archive_->zip.get();
   const zip_int64_t count = zip_get_num_entries(zip, 0);
   if (count > static_cast<zip_int64_t>(kMaxEntries)) throw PackageError("is not accepted: it has too many parts");
@@ -362,8 +357,8 @@ void Package::Write(const Sink& sink) const {
     return;
   }
   // libzip copies untouched entries without unpacking them and keeps the order.
-  ZipSourcePtr result;
-  ZipPtr zip = OpenZip(file_, 0, &result);
+  ZipMemory memory(file_);
+  ZipPtr zip = OpenZip(memory, 0);
   const auto check = [&zip](bool good) {
     if (!good) throw PackageError(std::string("cannot be written: ") + zip_strerror(zip.get()));
   };
@@ -374,33 +369,24 @@ void Package::Write(const Sink& sink) const {
       continue;
     }
     if (!entry.content) continue;
-    zip_source_t* content = zip_source_buffer(zip.get(), entry.content->data(), entry.content->size(), 0);
+    zip_source_t* const content = zip_source_buffer(zip.get(), entry.content->data(), entry.content->size(), 0);
     check(content != nullptr);
-    ZipSourcePtr guard(content);
-    zip_uint64_t position = 0;
+    zip_int64_t added = 0;
     if (entry.archived) {
-      position = *entry.archived;
-      check(zip_file_replace(zip.get(), position, content, 0) == 0);
+      added = zip_file_replace(zip.get(), *entry.archived, content, 0);
     } else {
-      const zip_int64_t added = zip_file_add(zip.get(), entry.name.c_str(), content, ZIP_FL_ENC_UTF_8);
-      check(added >= 0);
-      position = static_cast<zip_uint64_t>(added);
+      added = zip_file_add(zip.get(), entry.name.c_str(), content, ZIP_FL_ENC_UTF_8);
     }
-    static_cast<void>(guard.release());
-    check(zip_set_file_compression(zip.get(), position, ZIP_CM_DEFLATE, kDeflateLevel) == 0);
-    check(zip_file_set_mtime(zip.get(), position, entry.modified, 0) == 0);
+    if (added < 0) zip_source_free(content);
+    check(added >= 0);
+    const zip_uint64_t index = entry.archived.value_or(static_cast<zip_uint64_t>(added));
+    check(zip_set_file_compression(zip.get(), index, ZIP_CM_DEFLATE, kDeflateLevel) == 0);
+    check(zip_file_set_mtime(zip.get(), index, entry.modified, 0) == 0);
   }
   check(zip_close(zip.get()) == 0);
   static_cast<void>(zip.release());
 
-  if (zip_source_open(result.get()) != 0) throw PackageError("cannot be written: out of memory");
-  std::vector<std::byte> piece(256 * 1024);
-  zip_int64_t size = 0;
-  while ((size = zip_source_read(result.get(), piece.data(), piece.size())) > 0) {
-    sink(std::span(piece).first(static_cast<std::size_t>(size)));
-  }
-  zip_source_close(result.get());
-  if (size < 0) throw PackageError("cannot be written: out of memory");
+  sink(memory.Output());
 }
 
 }  // namespace docx

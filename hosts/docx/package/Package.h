@@ -88,7 +88,8 @@ class Package {
   bool Changed() const;
 
   using Sink = std::function<void(std::span<const std::byte>)>;
-  /// Hands out the container, piece by piece. Nothing changed: exactly the bytes that were opened. May be called again.
+  /// Hands out the container, in one or more pieces. Nothing changed: exactly the bytes that were opened. May be called
+  /// again.
   /// What the sink throws passes through.
   void Write(const Sink& sink) const;
 
