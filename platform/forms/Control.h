@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <functional>
 #include <string>
@@ -181,6 +182,42 @@ class OptionButton : public Control {
 
  private:
   bool value_{false};
+};
+
+/// The elements of a control array: controls that share a name, numbered from 0.
+template <class Element, std::size_t N>
+class ControlArray {
+ public:
+  ControlArray(Form& form, const std::string& name) : ControlArray(form, name, std::make_index_sequence<N>()) {}
+  ControlArray(const ControlArray&) = delete;
+  ControlArray& operator=(const ControlArray&) = delete;
+
+  static constexpr int Count() { return static_cast<int>(N); }
+  Element& operator[](int index) { return elements_.at(static_cast<std::size_t>(index)); }
+  const Element& operator[](int index) const { return elements_.at(static_cast<std::size_t>(index)); }
+  auto begin() { return elements_.begin(); }
+  auto end() { return elements_.end(); }
+
+ private:
+  template <std::size_t... I>
+  ControlArray(Form& form, const std::string& name, std::index_sequence<I...>)
+      : elements_{Element(form, name, static_cast<int>(I))...} {}
+
+  std::array<Element, N> elements_;
+};
+
+/// An array of option buttons: one group, of which at most one is chosen.
+template <std::size_t N>
+class OptionButtons : public ControlArray<OptionButton, N> {
+ public:
+  using ControlArray<OptionButton, N>::ControlArray;
+  /// The number of the chosen element; -1: none.
+  int Selected() const {
+    for (int i = 0; i < this->Count(); ++i) {
+      if ((*this)[i].Value()) return i;
+    }
+    return -1;
+  }
 };
 
 struct ListItem {
