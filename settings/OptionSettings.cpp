@@ -1,0 +1,182 @@
+#include "settings/OptionSettings.h"
+
+#include "addin/modCommonErrorMsgs.h"
+#include "settings/AnsiText.h"
+#include "settings/Defaults.h"
+
+#include <cmath>
+#include <exception>
+#include <optional>
+#include <string>
+
+namespace {
+
+constexpr std::u16string_view kTabMarker = u"{TAB}";
+constexpr int kQuoteCodes[] = {147, 148, 132, 171, 187};
+/// The largest 16-bit number; a code beyond it cannot be meant.
+constexpr double kLargestCode = 32767;
+
+/// While it lives, option controls raise no rules of their dialog.
+class SuppressEvents {
+ public:
+  explicit SuppressEvents(modIniFile& ini) : ini_(ini) { ini_.blnSuppressEvents = true; }
+  ~SuppressEvents() { ini_.blnSuppressEvents = false; }
+  SuppressEvents(const SuppressEvents&) = delete;
+  SuppressEvents& operator=(const SuppressEvents&) = delete;
+
+ private:
+  modIniFile& ini_;
+};
+
+std::u16string Read(const modIniFile& ini, std::u16string_view key) { return ini.ReadIniValue(kDefaultsSection, key); }
+
+void Write(modIniFile& ini, std::u16string_view key, std::u16string_view value) {
+  ini.WriteIniValue(kDefaultsSection, key, value);
+}
+
+std::u16string Digits(int number) {
+  const std::string digits = std::to_string(number);
+  return {digits.begin(), digits.end()};
+}
+
+/// Decimal text as a whole number, halves to the even one.
+std::optional<int> WholeNumber(std::u16string_view text) {
+  std::size_t i = 0;
+  double sign = 1;
+  if (i < text.size() && (text[i] == u'-' || text[i] == u'+')) sign = text[i++] == u'-' ? -1 : 1;
+  double value = 0;
+  double place = 0;
+  bool digits = false;
+  for (; i < text.size(); ++i) {
+    if (text[i] == u'.' && place == 0) {
+      place = 1;
+    } else if (text[i] >= u'0' && text[i] <= u'9') {
+      digits = true;
+      value = value * 10 + (text[i] - u'0');
+      place *= 10;
+    } else {
+      return std::nullopt;
+    }
+  }
+  value = sign * std::nearbyint(place > 1 ? value / place : value);
+  if (!digits || std::abs(value) > kLargestCode) return std::nullopt;
+  return static_cast<int>(value);
+}
+
+void WriteDefaults(modIniFile& ini, os::Messages& messages) {
+  for (const SettingDefault& setting : kSettingDefaults) {
+    if (!ini.WriteIniValue(kDefaultsSection, setting.key, setting.value)) ShowIniFileProblem(messages);
+  }
+}
+
+void FillQuotes(forms::ComboBox& list, int chosen) {
+  list.Clear();
+  for (const int code : kQuoteCodes) list.AddItem(std::u16string(1, CharFromAnsiCode(code)), code);
+  list.SetListIndex(chosen);
+}
+
+void SelectQuote(forms::ComboBox& list, int code) {
+  for (int i = 0; i < list.ListCount(); ++i) {
+    if (list.ItemData(i) == code) list.SetListIndex(i);
+  }
+}
+
+void Tick(const modIniFile& ini, forms::CheckBox& box, std::u16string_view key) {
+  box.SetValue(Read(ini, key) == u"True" ? 1 : 0);
+}
+
+void Fill(modIniFile& ini, const OptionControls& options) {
+  FillQuotes(options.cmbOpenQuote, 0);
+  FillQuotes(options.cmbCloseQuote, 1);
+
+  const std::u16string indexWhat = Read(ini, u"IndexWhat");
+  options.optIndexWhat[0].SetValue(indexWhat == u"IndexAll" || indexWhat.empty());
+  options.optIndexWhat[1].SetValue(indexWhat == u"IndexDefs");
+
+  const std::u16string searchType = Read(ini, u"SearchType");
+  if (searchType == u"SearchFlagged" || searchType == u"SearchInitCaps") {
+    const bool quotedTerms = searchType == u"SearchFlagged";
+    options.optSearchType[quotedTerms ? 0 : 1].SetValue(true);
+    ApplySearchTypeRule(options, quotedTerms);
+  }
+
+  const int openCode = ReadQuoteCode(ini, u"OpenQuote", u"147");
+  const int closeCode = ReadQuoteCode(ini, u"CloseQuote", u"148");
+  SelectQuotes(options, openCode, closeCode);
+
+  Tick(ini, options.chkBold, u"Bold");
+  Tick(ini, options.chkIndexCaps, u"IndexAllCaps");
+  Tick(ini, options.chkCaseSensitive, u"CaseSensitive");
+  Tick(ini, options.chkHighlight, u"Highlight");
+  Tick(ini, options.chkIgnoreNums, u"IgnoreWordsWithNums");
+  Tick(ini, options.chkIncludeNotUsed, u"IncludeNotUsed");
+  Tick(ini, options.chkIncludeNotFound, u"IncludeNotFound");
+  ApplyCaseRule(options);
+
+  options.txtCols.SetText(Read(ini, u"IndexCols"));
+  const std::u16string separator = Read(ini, u"IndexSep");
+  const std::size_t marker = separator.find(kTabMarker);
+  options.txtSep.SetText(separator.substr(0, marker));
+  options.chkTabSep.SetValue(marker == std::u16string::npos ? 0 : 1);
+}
+
+std::u16string_view TrueOrFalse(const forms::CheckBox& box) { return box.Value() == 1 ? u"True" : u"False"; }
+
+std::u16string ChosenCode(const forms::ComboBox& list) { return Digits(list.ItemData(list.ListIndex())); }
+
+void Save(modIniFile& ini, const OptionControls& options) {
+  Write(ini, u"Bold", TrueOrFalse(options.chkBold));
+  Write(ini, u"CaseSensitive", TrueOrFalse(options.chkCaseSensitive));
+  Write(ini, u"IndexAllCaps", TrueOrFalse(options.chkIndexCaps));
+  Write(ini, u"Highlight", TrueOrFalse(options.chkHighlight));
+  Write(ini, u"IgnoreWordsWithNums", TrueOrFalse(options.chkIgnoreNums));
+  Write(ini, u"IncludeNotFound", TrueOrFalse(options.chkIncludeNotFound));
+  Write(ini, u"IncludeNotUsed", TrueOrFalse(options.chkIncludeNotUsed));
+  Write(ini, u"IndexCols", options.txtCols.Text());
+
+  std::u16string separator = u"\"" + options.txtSep.Text();
+  if (options.chkTabSep.Value() != 0) separator += kTabMarker;
+  Write(ini, u"IndexSep", separator + u"\"");
+
+  Write(ini, u"OpenQuote", ChosenCode(options.cmbOpenQuote));
+  Write(ini, u"CloseQuote", ChosenCode(options.cmbCloseQuote));
+
+  if (options.optSearchType[0].Value() || options.optSearchType[1].Value()) {
+    const bool quotedTerms = options.optSearchType[0].Value();
+    Write(ini, u"SearchType", quotedTerms ? u"SearchFlagged" : u"SearchInitCaps");
+    const SuppressEvents suppress(ini);
+    ApplySearchTypeRule(options, quotedTerms);
+  }
+
+  if (options.optIndexWhat[0].Value()) Write(ini, u"IndexWhat", u"IndexAll");
+  if (options.optIndexWhat[1].Value()) Write(ini, u"IndexWhat", u"IndexDefs");
+}
+
+}  // namespace
+
+bool LoadSettingsIntoDialog(modIniFile& ini, os::Messages& messages, const OptionControls& options) {
+  try {
+    if (!ini.FileExists()) WriteDefaults(ini, messages);
+    const SuppressEvents suppress(ini);
+    Fill(ini, options);
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+void SaveOptionsToIni(modIniFile& ini, os::Messages& messages, const OptionControls& options) {
+  TrapErrors(messages, u"Error setting defaults", [&] { Save(ini, options); });
+}
+
+int ReadQuoteCode(modIniFile& ini, std::u16string_view key, std::u16string_view defaultCode) {
+  const std::optional<int> code = WholeNumber(Read(ini, key));
+  if (code) return *code;
+  Write(ini, key, defaultCode);
+  return WholeNumber(defaultCode).value();
+}
+
+void SelectQuotes(const OptionControls& options, int openCode, int closeCode) {
+  SelectQuote(options.cmbOpenQuote, openCode);
+  SelectQuote(options.cmbCloseQuote, closeCode);
+}
