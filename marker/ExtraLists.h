@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/word/Types.h"
+
+namespace marker {
+
+/// Removes the not-used and the not-found list: what their bookmarks cover from the paragraph mark written before
+/// the heading on, which is all of the list's own. What such a bookmark covers before that mark is the end of the
+/// index or the start of the author's paragraph, and stays.
+void RemoveExtraLists(const word::DocumentPtr& document);
+
+}  // namespace marker

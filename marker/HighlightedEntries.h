@@ -1,0 +1,43 @@
+#pragma once
+
+#include "marker/Letters.h"
+#include "marker/StoryText.h"
+#include "platform/word/Types.h"
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace marker {
+
+/// Finds what marking highlighted from the entries it left: the yellow text directly before an entry, or before
+/// the possessive ending in front of it, that reads as the entry says.
+class HighlightedEntries {
+ public:
+  /// Both must outlive this object. @param text the story as it stands, entries included
+  HighlightedEntries(const Letters& letters, const StoryText& text);
+
+  /// @param range a range of the story, which is moved about
+  /// @return the yellow stretches of the entry's occurrence. Where the text was edited since and no longer agrees
+  ///     with the entry, the yellow text that ends there, up to the entry's length
+  std::vector<Stretch> Before(const word::RangePtr& range, word::Position entry, std::u16string_view entryText);
+
+ private:
+  /// The spellings an entry may stand behind, without regard to case.
+  struct Spellings {
+    std::u16string plain;
+    std::u16string upper;
+  };
+
+  const Spellings& SpellingsOf(std::u16string_view entryText);
+  std::size_t LengthBefore(std::size_t end, const Spellings& spellings) const;
+  std::vector<Stretch> Yellow(const word::RangePtr& range, std::size_t begin, std::size_t end) const;
+  std::vector<Stretch> YellowTail(const word::RangePtr& range, std::size_t end, std::size_t longest) const;
+
+  const Letters& letters_;
+  const StoryText& text_;
+  std::unordered_map<std::u16string, Spellings> spellings_;
+};
+
+}  // namespace marker

@@ -1,0 +1,130 @@
+#include "marker/Highlights.h"
+
+#include "platform/word/Bookmarks.h"
+#include "platform/word/Constants.h"
+#include "platform/word/Document.h"
+#include "platform/word/HostError.h"
+#include "platform/word/Range.h"
+
+#include <algorithm>
+#include <optional>
+#include <string_view>
+
+namespace marker {
+namespace {
+
+constexpr std::u16string_view kLaidOnName = u"_KVXHighlighting";
+constexpr std::u16string_view kPrefix = u"_KVXHighlight_";
+
+std::u16string Digits(int number) {
+  std::u16string digits;
+  for (const char digit : std::to_string(number)) digits.push_back(static_cast<char16_t>(digit));
+  return digits;
+}
+
+std::optional<int> Number(std::u16string_view digits) {
+  constexpr std::size_t kMostDigits = 9;
+  if (digits.empty() || digits.size() > kMostDigits) return std::nullopt;
+  int number = 0;
+  for (const char16_t digit : digits) {
+    if (digit < u'0' || digit > u'9') return std::nullopt;
+    number = number * 10 + (digit - u'0');
+  }
+  return number;
+}
+
+/// Hidden bookmarks are counted while this stands.
+class HiddenShown {
+ public:
+  explicit HiddenShown(const word::BookmarksPtr& bookmarks) : bookmarks_(bookmarks), before_(bookmarks->ShowHidden()) {
+    bookmarks_->SetShowHidden(true);
+  }
+  HiddenShown(const HiddenShown&) = delete;
+  HiddenShown& operator=(const HiddenShown&) = delete;
+  ~HiddenShown() {
+    try {
+      bookmarks_->SetShowHidden(before_);
+    } catch (const word::HostError&) {  // the error that brought us here tells more
+    }
+  }
+
+ private:
+  word::BookmarksPtr bookmarks_;
+  bool before_;
+};
+
+std::u16string BookmarkName(int colour, int number) {
+  return std::u16string(kPrefix).append(Digits(colour)).append(u"_").append(Digits(number));
+}
+
+}  // namespace
+
+void ForEachColour(const word::RangePtr& range, Stretch stretch,
+                   const std::function<void(Stretch, int colour)>& visit) {
+  if (stretch.begin >= stretch.end) return;
+  range->SetRange(stretch.begin, stretch.end);
+  const int colour = range->HighlightColorIndex();
+  if (colour != word::wdUndefined || stretch.end - stretch.begin == 1) {
+    visit(stretch, colour == word::wdUndefined ? word::wdNoHighlight : colour);
+    return;
+  }
+  const word::Position middle = stretch.begin + (stretch.end - stretch.begin) / 2;
+  ForEachColour(range, {stretch.begin, middle}, visit);
+  ForEachColour(range, {middle, stretch.end}, visit);
+}
+
+HighlightRecord::HighlightRecord(const word::DocumentPtr& document)
+    : document_(document), bookmarks_(document->Bookmarks()) {}
+
+bool HighlightRecord::IsLaidOn() const { return bookmarks_->Exists(kLaidOnName); }
+
+void HighlightRecord::NoteLaidOn() {
+  if (isLaidOn_) return;
+  // The last mark of a document cannot be deleted, so the record is not lost with what stands next to it.
+  const word::RangePtr main = document_->StoryRanges()->Item(1);
+  const word::Position end = main->End();
+  if (!IsLaidOn()) bookmarks_->Add(kLaidOnName, document_->Range(end - 1, end));
+  isLaidOn_ = true;
+}
+
+std::vector<HighlightRecord::Name> HighlightRecord::Names() const {
+  std::vector<Name> names;
+  const HiddenShown shown(bookmarks_);
+  const int count = bookmarks_->Count();
+  for (int index = 1; index <= count; ++index) {
+    const std::u16string name = bookmarks_->Item(index)->Name();
+    if (!name.starts_with(kPrefix)) continue;
+    const std::u16string_view rest = std::u16string_view(name).substr(kPrefix.size());
+    const std::size_t bar = rest.find(u'_');
+    if (bar == std::u16string_view::npos) continue;
+    const std::optional<int> colour = Number(rest.substr(0, bar));
+    const std::optional<int> number = Number(rest.substr(bar + 1));
+    if (colour && number) names.push_back({*colour, *number});
+  }
+  return names;
+}
+
+void HighlightRecord::Keep(const word::RangePtr& range, int colour) {
+  if (lastNumber_ < 0) {
+    lastNumber_ = 0;
+    for (const Name& name : Names()) lastNumber_ = std::max(lastNumber_, name.number);
+  }
+  bookmarks_->Add(BookmarkName(colour, ++lastNumber_), range);
+}
+
+void HighlightRecord::PutBack() {
+  std::vector<Name> names = Names();
+  // A stretch recorded as ours lies over the author's colours within it: it goes first.
+  std::stable_sort(names.begin(), names.end(),
+                   [](const Name& left, const Name& right) { return left.colour < right.colour; });
+  for (const Name& name : names) {
+    const word::BookmarkPtr bookmark = bookmarks_->Item(BookmarkName(name.colour, name.number));
+    bookmark->Range()->SetHighlightColorIndex(name.colour);
+    bookmark->Delete();
+  }
+  if (IsLaidOn()) bookmarks_->Item(kLaidOnName)->Delete();
+  isLaidOn_ = false;
+  lastNumber_ = -1;
+}
+
+}  // namespace marker

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "marker/StoryText.h"
+#include "platform/word/Types.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace marker {
+
+/// Calls `visit` for each part of a stretch that has one highlight colour, from the first to the last.
+/// @param range a range of the story, which is moved about
+void ForEachColour(const word::RangePtr& range, Stretch stretch, const std::function<void(Stretch, int colour)>& visit);
+
+/// What marking leaves in a document to take its highlights away again, as hidden bookmarks, so that it follows
+/// every edit and is saved with the document:
+///  - "_KVXHighlighting" over the main text's last mark: highlights of ours stand directly before our entries;
+///  - "_KVXHighlight_<colour>_<number>" over a stretch that is to have that colour again: the author's own below
+///    ours, or none (0) where the entry that told of it is gone.
+/// A highlight of ours over none of the author's that still has its entry needs no bookmark of its own.
+class HighlightRecord {
+ public:
+  explicit HighlightRecord(const word::DocumentPtr& document);
+
+  bool IsLaidOn() const;
+  /// Made once; marking calls it before it lays the first highlight on.
+  void NoteLaidOn();
+  /// @param range a range over the stretch
+  void Keep(const word::RangePtr& range, int colour);
+  /// Gives every recorded stretch its colour and takes the whole record away.
+  void PutBack();
+
+ private:
+  struct Name {
+    int colour{0};
+    int number{0};
+  };
+  std::vector<Name> Names() const;
+
+  word::DocumentPtr document_;
+  word::BookmarksPtr bookmarks_;
+  int lastNumber_{-1};  ///< below 0 until the document was asked
+  bool isLaidOn_{false};
+};
+
+}  // namespace marker

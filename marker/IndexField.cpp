@@ -1,0 +1,68 @@
+#include "marker/IndexField.h"
+
+#include "marker/BookmarkNames.h"
+#include "marker/Entries.h"
+#include "platform/word/Bookmarks.h"
+#include "platform/word/Document.h"
+#include "platform/word/Fields.h"
+#include "platform/word/Range.h"
+
+#include <algorithm>
+
+namespace marker {
+namespace {
+
+constexpr int kMostColumns = 4;
+
+/// Asks for the type first: a document's index entries, thousands perhaps, then cost one short call each.
+bool IsOurIndexField(const word::FieldPtr& field) {
+  return field->Type() == word::wdFieldIndex && IsOurIndex(ParseFieldCode(field->Code()->Text()));
+}
+
+bool IsParagraphStart(const word::DocumentPtr& document, word::Position position) {
+  if (position == 0) return true;
+  const std::u16string before = document->Range(position - 1, position)->Text();
+  return !before.empty() && (before.back() == word::kParagraphMark || before.back() == word::kPageBreak);
+}
+
+}  // namespace
+
+word::RangePtr InsertIndexField(const word::DocumentPtr& document, int columns, std::u16string_view separator) {
+  const word::BookmarksPtr bookmarks = document->Bookmarks();
+  // An empty range: a bookmark over text must not cost that text.
+  const word::Position at = bookmarks->Item(kIndexStartBookmark)->Range()->Start();
+  const int wanted = std::clamp(columns, 1, kMostColumns);
+  const bool isPlain = wanted == 1 && IsParagraphStart(document, at);
+  const word::FieldPtr field = document->Fields()->Add(
+      document->Range(at, at),
+      {.Type = word::wdFieldEmpty, .Text = IndexCode(separator, isPlain ? 0 : wanted), .PreserveFormatting = false});
+  const word::RangePtr code = field->Code();
+  const word::RangePtr result = field->Result();
+  const word::Position begin = code->Start() - 1;
+  const word::Position end = (result ? result->End() : code->End()) + 1;
+  bookmarks->Add(kIndexBookmark, document->Range(begin, end));
+  return document->Range(end, end);
+}
+
+void UpdateIndexField(const word::DocumentPtr& document) {
+  const word::FieldsPtr fields = document->Fields();
+  const int count = fields->Count();
+  for (int index = 1; index <= count; ++index) {
+    const word::FieldPtr field = fields->Item(index);
+    if (!IsOurIndexField(field)) continue;
+    field->Update();
+    return;
+  }
+}
+
+void RemoveIndexFields(const word::DocumentPtr& document) {
+  const word::FieldsPtr fields = document->Fields();
+  for (int index = fields->Count(); index >= 1; --index) {
+    const word::FieldPtr field = fields->Item(index);
+    if (IsOurIndexField(field)) field->Delete();
+  }
+  const word::BookmarksPtr bookmarks = document->Bookmarks();
+  if (bookmarks->Exists(kIndexBookmark)) bookmarks->Item(kIndexBookmark)->Delete();
+}
+
+}  // namespace marker

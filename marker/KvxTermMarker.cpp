@@ -1,0 +1,178 @@
+#include "marker/KvxTermMarker.h"
+
+#include "marker/BookmarkNames.h"
+#include "marker/Entries.h"
+#include "marker/ExtraLists.h"
+#include "marker/HighlightedEntries.h"
+#include "marker/IndexField.h"
+#include "marker/MakeTermMarker.h"
+#include "marker/StoryText.h"
+#include "platform/word/Application.h"
+#include "platform/word/Bookmarks.h"
+#include "platform/word/Constants.h"
+#include "platform/word/Document.h"
+#include "platform/word/Fields.h"
+#include "platform/word/Range.h"
+
+#include <algorithm>
+
+namespace marker {
+namespace {
+
+constexpr std::u16string_view kDefinitionsOnly = u"IndexDefs";
+
+/// The stories that are marked: main text, footnotes and endnotes.
+std::vector<word::RangePtr> MarkedStories(const word::DocumentPtr& document) {
+  std::vector<word::RangePtr> stories;
+  const word::StoryRangesPtr all = document->StoryRanges();
+  const int count = all->Count();
+  for (int index = 1; index <= count; ++index) {
+    word::RangePtr story = all->Item(index);
+    if (story->StoryType() < word::wdCommentsStory) stories.push_back(std::move(story));
+  }
+  return stories;
+}
+
+void AppendLine(std::u16string& lines, std::u16string_view line) {
+  if (!lines.empty()) lines.append(u"\r\n");
+  lines.append(line);
+}
+
+}  // namespace
+
+KvxTermMarker::KvxTermMarker(os::Characters& characters) : letters_(characters) {}
+
+void KvxTermMarker::AddTerm(const word::RangePtr& range, std::vector<std::u16string>& terms) {
+  std::u16string text = range->Text();
+  if (terms.empty()) terms.emplace_back();
+  if (std::find(terms.begin(), terms.end(), text) != terms.end()) return;
+  terms.back() = std::move(text);
+  terms.emplace_back();
+}
+
+// Marking reads quotes of every style alike, so nothing here hangs on the option.
+void KvxTermMarker::OptionChanged(const word::DocumentPtr& /*document*/) {}
+
+void KvxTermMarker::BeginIndexing(const word::DocumentPtr& document) { run_.emplace(letters_, document); }
+
+void KvxTermMarker::EndIndexing(const word::DocumentPtr& /*document*/) { run_.reset(); }
+
+TermTable KvxTermMarker::BuildTermTable(const word::ApplicationPtr& /*application*/,
+                                        const word::DocumentPtr& /*document*/,
+                                        const std::vector<std::u16string>& chosen, bool matchCase) {
+  if (run_) run_->Choose(chosen, matchCase);
+  TermTable table;
+  table.reserve(chosen.size());
+  for (const std::u16string& term : chosen) table.push_back({.term = term, .count = 0});
+  return table;
+}
+
+std::int32_t KvxTermMarker::MarkTermInStory(const word::DocumentPtr& document, const word::RangePtr& story,
+                                            std::u16string_view text, std::int32_t count, int storyType, bool matchCase,
+                                            bool allCaps, std::u16string_view indexWhat,
+                                            std::u16string_view entryText) {
+  const MarkingRun::Request request{.text = text,
+                                    .entryText = entryText,
+                                    .matchCase = matchCase,
+                                    .allCaps = allCaps,
+                                    .definitionsOnly = indexWhat == kDefinitionsOnly};
+  if (run_) return count + run_->Mark(story, storyType, request);
+  // Between runs the document may change unseen: nothing found before is of use.
+  return count + MarkingRun(letters_, document).Mark(story, storyType, request);
+}
+
+std::vector<std::u16string> KvxTermMarker::GetUnusedAndMissing(const TermTable& table) {
+  std::u16string unused;
+  std::u16string missing;
+  for (const TermRow& row : table) {
+    const std::int32_t found = run_ ? run_->Found(row.term).value_or(row.count) : row.count;
+    if (found == 0) AppendLine(missing, row.term);
+    if (found == 1) AppendLine(unused, row.term);
+  }
+  return {unused, missing};
+}
+
+void KvxTermMarker::InsertIndex(const word::ApplicationPtr& /*application*/, const word::DocumentPtr& document,
+                                int columns, std::u16string_view separator) {
+  InsertIndexField(document, columns, separator)->Select();
+}
+
+void KvxTermMarker::UpdateIndex(const word::DocumentPtr& document) { UpdateIndexField(document); }
+
+void KvxTermMarker::RemoveIndexEntries(const word::ApplicationPtr& /*application*/, const word::DocumentPtr& document,
+                                       bool /*flag*/) {
+  HighlightRecord record(document);
+  const bool isHighlighted = record.IsLaidOn();
+  for (const word::RangePtr& story : MarkedStories(document)) {
+    RemoveEntriesOf(document, story, record, isHighlighted);
+  }
+}
+
+void KvxTermMarker::RemoveEntriesOf(const word::DocumentPtr& document, const word::RangePtr& story,
+                                    HighlightRecord& record, bool isHighlighted) {
+  const word::FieldsPtr fields = story->Fields();
+  const int count = fields->Count();
+  if (count == 0) return;
+  std::optional<StoryText> text;
+  std::optional<HighlightedEntries> highlighted;
+  if (isHighlighted && story->HighlightColorIndex() != word::wdNoHighlight) {
+    text.emplace(document, story, StoryText::Hidden::kKept);
+    highlighted.emplace(letters_, *text);
+  }
+  const word::RangePtr range = story->Duplicate();
+  // From the last to the first: the numbers and positions of those before stay as they are.
+  for (int index = count; index >= 1; --index) {
+    const word::FieldPtr field = fields->Item(index);
+    const word::RangePtr codeRange = field->Code();
+    const FieldCode code = ParseFieldCode(codeRange->Text());
+    if (!IsOurEntry(code)) continue;
+    if (highlighted) {
+      for (const Stretch& stretch : highlighted->Before(range, codeRange->Start() - 1, code.text)) {
+        range->SetRange(stretch.begin, stretch.end);
+        record.Keep(range, word::wdNoHighlight);
+      }
+    }
+    field->Delete();
+  }
+}
+
+void KvxTermMarker::RemoveIndex(const word::ApplicationPtr& /*application*/, const word::DocumentPtr& document,
+                                bool /*flag*/) {
+  // The lists first: their bookmarks reach back into the index.
+  RemoveExtraLists(document);
+  RemoveIndexFields(document);
+}
+
+void KvxTermMarker::RemoveTermHighlighting(const word::DocumentPtr& document) {
+  HighlightRecord record(document);
+  if (record.IsLaidOn()) {
+    for (const word::RangePtr& story : MarkedStories(document)) RemoveHighlightsOf(document, story);
+  }
+  record.PutBack();
+}
+
+void KvxTermMarker::RemoveHighlightsOf(const word::DocumentPtr& document, const word::RangePtr& story) {
+  if (story->HighlightColorIndex() == word::wdNoHighlight) return;
+  const StoryText text(document, story, StoryText::Hidden::kKept);
+  HighlightedEntries highlighted(letters_, text);
+  const word::RangePtr range = story->Duplicate();
+  for (const OurEntry& entry : text.Entries()) {
+    for (const Stretch& stretch : highlighted.Before(range, entry.begin, entry.text)) {
+      range->SetRange(stretch.begin, stretch.end);
+      range->SetHighlightColorIndex(word::wdNoHighlight);
+    }
+  }
+}
+
+void KvxTermMarker::FinishDocument(const word::DocumentPtr& document) {
+  const word::BookmarksPtr bookmarks = document->Bookmarks();
+  if (bookmarks->Exists(kIndexBookmark) && bookmarks->Exists(kReturnBookmark)) {
+    bookmarks->Item(kReturnBookmark)->Delete();
+  }
+}
+
+}  // namespace marker
+
+std::unique_ptr<TermMarker> MakeTermMarker(os::Characters& characters) {
+  return std::make_unique<marker::KvxTermMarker>(characters);
+}

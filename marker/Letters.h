@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/os/Characters.h"
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace marker {
+
+/// Questions about the characters of UTF-16 texts, asked character by character, so that surrogate pairs are
+/// seen whole. An unpaired surrogate stands for itself.
+class Letters {
+ public:
+  /// @param characters must outlive this object
+  explicit Letters(os::Characters& characters);
+
+  /// The text without regard to case, in as many code units as before.
+  std::u16string Fold(std::u16string_view text) const;
+  std::u16string ToUpper(std::u16string_view text) const { return characters_.ToUpper(text); }
+
+  bool IsWord(char32_t character) const;
+  /// Whether the character that begins at `index` is a letter, digit or combining mark; false at the end.
+  bool IsWordAt(std::u16string_view text, std::size_t index) const;
+  /// The same of the character that ends before `index`; false at the start.
+  bool IsWordBefore(std::u16string_view text, std::size_t index) const;
+
+  /// The character at `index`, which then stands behind it.
+  static char32_t Next(std::u16string_view text, std::size_t& index);
+  /// Whether `index` lies between the two halves of a surrogate pair.
+  static bool SplitsPair(std::u16string_view text, std::size_t index);
+
+ private:
+  char32_t FoldOne(char32_t character) const;
+
+  static constexpr std::size_t kTabled = 128;
+  os::Characters& characters_;
+  std::array<char32_t, kTabled> folded_{};
+  std::array<bool, kTabled> isWord_{};
+};
+
+}  // namespace marker

@@ -1,0 +1,114 @@
+#include "marker/MarkingRun.h"
+
+#include "marker/Entries.h"
+#include "marker/PlainText.h"
+#include "platform/word/Constants.h"
+#include "platform/word/Fields.h"
+#include "platform/word/Range.h"
+
+namespace marker {
+
+MarkingRun::MarkingRun(const Letters& letters, const word::DocumentPtr& document)
+    : letters_(letters), document_(document), record_(document) {}
+
+void MarkingRun::Choose(const std::vector<std::u16string>& chosen, bool matchCase) {
+  chosen_ = chosen;
+  matchCase_ = matchCase;
+  forms_.clear();
+}
+
+void MarkingRun::AddForm(std::u16string_view text, std::u16string_view entryText, bool matchCase) {
+  const bool isNew = formNumbers_.try_emplace({std::u16string(text), std::u16string(entryText)}, forms_.size()).second;
+  if (!isNew) return;
+  forms_.push_back({PlainTerm(text), matchCase});
+  matcher_.reset();
+  stories_.clear();
+}
+
+// The terms themselves come before the upper-case forms: where two match, the term wins.
+void MarkingRun::SettleForms(const Request& request) {
+  const bool isTerm = request.entryText.empty();
+  const bool settled = !forms_.empty() && allCaps_ == request.allCaps && (!isTerm || matchCase_ == request.matchCase);
+  if (settled) return;
+  forms_.clear();
+  formNumbers_.clear();
+  allCaps_ = request.allCaps;
+  if (isTerm) matchCase_ = request.matchCase;
+  for (const std::u16string& term : chosen_) AddForm(term, {}, matchCase_);
+  if (!allCaps_) return;
+  for (const std::u16string& term : chosen_) {
+    const std::u16string upper = letters_.ToUpper(term);
+    if (upper != term) AddForm(upper, term, true);
+  }
+}
+
+std::size_t MarkingRun::FormOf(const Request& request) {
+  SettleForms(request);
+  AddForm(request.text, request.entryText, request.matchCase);
+  return formNumbers_.at({std::u16string(request.text), std::u16string(request.entryText)});
+}
+
+StoryMarks& MarkingRun::MarksOf(const word::RangePtr& story, int storyType) {
+  if (!matcher_) matcher_.emplace(letters_, forms_);
+  auto found = stories_.find(storyType);
+  if (found != stories_.end() && found->second.StoryEnd() != story->End()) {
+    stories_.erase(found);
+    found = stories_.end();
+  }
+  if (found == stories_.end()) {
+    found = stories_.try_emplace(storyType, document_, story, *matcher_, forms_.size()).first;
+  }
+  return found->second;
+}
+
+void MarkingRun::LayHighlight(const word::RangePtr& range, const StoryMarks::Occurrence& occurrence, bool overAuthors) {
+  record_.NoteLaidOn();
+  for (const Stretch& stretch : occurrence.stretches) {
+    if (overAuthors) {
+      ForEachColour(range, stretch, [&](Stretch part, int colour) {
+        if (colour == word::wdNoHighlight) return;
+        range->SetRange(part.begin, part.end);
+        record_.Keep(range, colour);
+      });
+    }
+    range->SetRange(stretch.begin, stretch.end);
+    range->SetHighlightColorIndex(word::wdYellow);
+  }
+}
+
+std::int32_t MarkingRun::Mark(const word::RangePtr& story, int storyType, const Request& request) {
+  const std::size_t form = FormOf(request);
+  StoryMarks& marks = MarksOf(story, storyType);
+  if (marks.Of(form).empty()) return 0;
+
+  const std::u16string entryText = EntryText(request.entryText.empty() ? request.text : request.entryText);
+  const word::RangePtr range = story->Duplicate();
+  const word::FieldsPtr fields = story->Fields();
+  std::int32_t marked = 0;
+  for (const std::size_t number : marks.Of(form)) {
+    const StoryMarks::Occurrence occurrence = marks.At(number);
+    if (request.definitionsOnly && !occurrence.definition) continue;
+    // The entry takes the formatting of the text before it: written first, it stays without our highlight.
+    range->SetRange(occurrence.entry, occurrence.entry);
+    fields->Add(range, {.Type = word::wdFieldEmpty,
+                        .Text = EntryCode(entryText, occurrence.definition && !request.definitionsOnly),
+                        .PreserveFormatting = false});
+    marks.EntryWritten(number, story->End() - marks.StoryEnd());
+    LayHighlight(range, occurrence, marks.HasAuthorsHighlight());
+    ++marked;
+  }
+  return marked;
+}
+
+std::optional<std::int32_t> MarkingRun::Found(std::u16string_view term) const {
+  std::optional<std::int32_t> found;
+  for (const auto& [key, form] : formNumbers_) {
+    const auto& [text, entryText] = key;
+    if ((entryText.empty() ? text : entryText) != term) continue;
+    if (!found) found = 0;
+    for (const auto& [storyType, marks] : stories_) *found += static_cast<std::int32_t>(marks.Of(form).size());
+  }
+  return found;
+}
+
+}  // namespace marker

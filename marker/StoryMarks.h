@@ -1,0 +1,56 @@
+#pragma once
+
+#include "marker/StoryText.h"
+#include "marker/TermMatcher.h"
+#include "platform/word/Types.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace marker {
+
+/// The occurrences of all forms in one story, found once. Entries are written behind them one by one, in any
+/// order; each occurrence's present position is told from what was inserted before it so far, so that no range
+/// has to be kept for it.
+class StoryMarks {
+ public:
+  struct Occurrence {
+    std::vector<Stretch> stretches{};  ///< the text it is made of
+    word::Position entry{0};           ///< where its entry goes
+    bool definition{false};
+  };
+
+  StoryMarks(const word::DocumentPtr& document, const word::RangePtr& story, const TermMatcher& matcher,
+             std::size_t forms);
+
+  /// The numbers of a form's occurrences, in their order in the story.
+  const std::vector<std::size_t>& Of(std::size_t form) const { return byForm_[form]; }
+
+  /// An occurrence where it now stands.
+  Occurrence At(std::size_t number) const;
+  /// To be told after an entry was written behind an occurrence.
+  void EntryWritten(std::size_t number, word::Position length);
+
+  /// The story's end as it is when nobody else has changed the story.
+  word::Position StoryEnd() const { return storyEnd_; }
+  /// Whether any text of the story had a highlight before marking.
+  bool HasAuthorsHighlight() const { return hasAuthorsHighlight_; }
+
+ private:
+  struct Found {
+    std::size_t firstStretch;
+    word::Position entry;
+    bool definition;
+  };
+
+  word::Position InsertedBefore(std::size_t number) const;
+
+  std::vector<Found> found_;
+  std::vector<Stretch> stretches_;
+  std::vector<std::vector<std::size_t>> byForm_;
+  std::vector<word::Position> inserted_;  ///< a binary indexed tree of inserted lengths, by occurrence
+  word::Position storyEnd_{0};
+  bool hasAuthorsHighlight_{false};
+};
+
+}  // namespace marker

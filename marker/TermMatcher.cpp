@@ -1,0 +1,133 @@
+#include "marker/TermMatcher.h"
+
+#include <algorithm>
+#include <array>
+
+namespace marker {
+namespace {
+
+constexpr std::size_t kNoForm = static_cast<std::size_t>(-1);
+
+bool IsDoubleQuote(char16_t character) {
+  switch (character) {
+    case u'"':
+    case u'\u201C':
+    case u'\u201D':
+    case u'\u201E':
+    case u'\u201F':
+    case u'\u00AB':
+    case u'\u00BB':
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool EndsWithQuote(std::u16string_view text) { return !text.empty() && IsDoubleQuote(text.back()); }
+
+bool IsDefinition(const Letters& letters, std::u16string_view text, const Match& match) {
+  if (match.end >= text.size() || !IsDoubleQuote(text[match.end])) return false;
+  const std::u16string_view before = text.substr(0, match.begin);
+  if (EndsWithQuote(before)) return true;
+  static constexpr std::array<std::u16string_view, 4> kArticles{u"a ", u"an ", u"any ", u"the "};
+  return std::any_of(kArticles.begin(), kArticles.end(), [&](std::u16string_view article) {
+    if (before.size() <= article.size()) return false;
+    const std::size_t start = before.size() - article.size();
+    return letters.Fold(before.substr(start)) == article && EndsWithQuote(before.substr(0, start));
+  });
+}
+
+}  // namespace
+
+std::size_t PossessiveEnd(const Letters& letters, std::u16string_view text, std::size_t end) {
+  if (end + 1 >= text.size()) return end;
+  const bool apostrophe = text[end] == u'\'' || text[end] == u'\u2019';
+  const bool letter = text[end + 1] == u's' || text[end + 1] == u'S';
+  return apostrophe && letter && !letters.IsWordAt(text, end + 2) ? end + 2 : end;
+}
+
+TermMatcher::TermMatcher(const Letters& letters, std::vector<Form> forms)
+    : letters_(letters), forms_(std::move(forms)) {
+  for (std::size_t form = 0; form < forms_.size(); ++form) {
+    if (!forms_[form].text.empty()) Insert(form);
+  }
+}
+
+void TermMatcher::Insert(std::size_t form) {
+  Node node = kRoot;
+  for (const char16_t unit : letters_.Fold(forms_[form].text)) {
+    const auto [child, isNew] =
+        children_.try_emplace((static_cast<std::uint64_t>(node) << 16) | unit, static_cast<Node>(formsAt_.size()));
+    if (isNew) formsAt_.emplace_back();
+    node = child->second;
+  }
+  formsAt_[node].push_back(form);
+}
+
+TermMatcher::Node TermMatcher::Child(Node parent, char16_t unit) const {
+  const auto child = children_.find((static_cast<std::uint64_t>(parent) << 16) | unit);
+  return child == children_.end() ? kNone : child->second;
+}
+
+std::size_t TermMatcher::Choose(const std::vector<std::size_t>& forms, std::u16string_view found) const {
+  std::size_t first = kNoForm;
+  for (const std::size_t form : forms) {
+    if (forms_[form].text == found) return form;
+    if (first == kNoForm && !forms_[form].matchCase) first = form;
+  }
+  return first;
+}
+
+void TermMatcher::Collect(std::u16string_view text, std::u16string_view folded, std::size_t begin,
+                          std::vector<Match>& candidates) const {
+  Node node = kRoot;
+  for (std::size_t index = begin; index < folded.size(); ++index) {
+    node = Child(node, folded[index]);
+    if (node == kNone) return;
+    const std::size_t end = index + 1;
+    if (formsAt_[node].empty() || Letters::SplitsPair(text, end) || letters_.IsWordAt(text, end)) continue;
+    const std::size_t form = Choose(formsAt_[node], text.substr(begin, end - begin));
+    if (form != kNoForm) candidates.push_back({.form = form, .begin = begin, .end = end, .entry = end});
+  }
+}
+
+std::vector<Match> TermMatcher::Find(std::u16string_view text) const {
+  const std::u16string folded = letters_.Fold(text);
+  std::vector<Match> candidates;
+  bool behindWord = false;
+  for (std::size_t index = 0; index < text.size();) {
+    const std::size_t begin = index;
+    const char32_t character = Letters::Next(text, index);
+    if (!behindWord) Collect(text, folded, begin, candidates);
+    behindWord = letters_.IsWord(character);
+  }
+  return Resolve(text, std::move(candidates));
+}
+
+std::vector<Match> TermMatcher::Resolve(std::u16string_view text, std::vector<Match> candidates) const {
+  std::sort(candidates.begin(), candidates.end(), [](const Match& left, const Match& right) {
+    const std::size_t leftLength = left.end - left.begin;
+    const std::size_t rightLength = right.end - right.begin;
+    return leftLength != rightLength ? leftLength > rightLength : left.begin < right.begin;
+  });
+  std::vector<bool> taken(text.size(), false);
+  std::vector<Match> matches;
+  for (Match& match : candidates) {
+    // Whatever was taken before is no shorter, so it cannot lie between the two ends.
+    if (taken[match.begin] || taken[match.end - 1]) continue;
+    std::fill(taken.begin() + static_cast<std::ptrdiff_t>(match.begin),
+              taken.begin() + static_cast<std::ptrdiff_t>(match.end), true);
+    const std::size_t possessive = PossessiveEnd(letters_, text, match.end);
+    if (possessive != match.end && !taken[match.end] && !taken[match.end + 1]) {
+      taken[match.end] = taken[match.end + 1] = true;
+      match.entry = possessive;
+    }
+    match.definition = IsDefinition(letters_, text, match);
+    matches.push_back(match);
+  }
+  std::sort(matches.begin(), matches.end(),
+            [](const Match& left, const Match& right) { return left.begin < right.begin; });
+  return matches;
+}
+
+}  // namespace marker

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "marker/Letters.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace marker {
+
+/// One spelling that is looked for.
+struct Form {
+  std::u16string text;  ///< as PlainTerm() gives it; an empty one is never found
+  bool matchCase{false};
+};
+
+/// An occurrence, in code units of the text searched.
+struct Match {
+  std::size_t form{0};
+  std::size_t begin{0};
+  std::size_t end{0};      ///< behind the word
+  std::size_t entry{0};    ///< behind its possessive ending, or `end` when it has none
+  bool definition{false};  ///< stands directly in double quotes, or behind an article in them
+};
+
+/// Finds the occurrences of many forms in one pass over a text. The time taken grows with the text, not with the
+/// number of forms. What an occurrence is:
+///  - a letter, digit or combining mark stands on neither side of it;
+///  - of occurrences that overlap the longest wins, of equally long ones the leftmost: in "Share Purchase Price
+///    Schedule" the term "Purchase Price Schedule" wins over "Share Purchase", though that one starts first;
+///  - of forms that match the very same stretch the one spelt exactly so wins, otherwise the first given;
+///  - a possessive ending ('s with a straight or a curly apostrophe) is no part of it, but no other occurrence's
+///    either. A bare apostrophe behind a plural is left alone: it may as well close a quotation.
+class TermMatcher {
+ public:
+  /// @param letters must outlive this object
+  TermMatcher(const Letters& letters, std::vector<Form> forms);
+
+  /// @return the occurrences in order, none overlapping
+  std::vector<Match> Find(std::u16string_view text) const;
+
+ private:
+  using Node = std::uint32_t;
+  static constexpr Node kNone = 0xFFFFFFFF;
+  static constexpr Node kRoot = 0;
+
+  void Insert(std::size_t form);
+  Node Child(Node parent, char16_t unit) const;
+  void Collect(std::u16string_view text, std::u16string_view folded, std::size_t begin,
+               std::vector<Match>& candidates) const;
+  std::size_t Choose(const std::vector<std::size_t>& forms, std::u16string_view found) const;
+  std::vector<Match> Resolve(std::u16string_view text, std::vector<Match> candidates) const;
+
+  const Letters& letters_;
+  std::vector<Form> forms_;
+  std::unordered_map<std::uint64_t, Node> children_;
+  std::vector<std::vector<std::size_t>> formsAt_{1};  ///< the forms that end at each node, in the order given
+};
+
+/// Where the possessive ending behind a word ends; `end` itself when there is none.
+std::size_t PossessiveEnd(const Letters& letters, std::u16string_view text, std::size_t end);
+
+}  // namespace marker
