@@ -12,6 +12,7 @@ namespace forms {
 
 class Form;
 
+/// What a control is, by which renderers choose a window for it.
 enum class Kind {
   kLabel,
   kLink,
@@ -30,12 +31,16 @@ enum class Kind {
   kMenuItem
 };
 
+/// "CheckBox" for kCheckBox, and so on.
+std::string_view KindName(Kind kind);
+
 /// One control of a form. It holds the state that a window mirrors, and lives as long as its form.
 ///
 /// Every value can be set in two ways. Set...() is code's way: it works on disabled and hidden controls and
-/// raises Click or Change as a person's action does, when the value changes. User...() is a person's (or a
+/// raises Click (text boxes: Change) as a person's action does, when the value changes. User...() is a person's (or a
 /// script's) way: it is refused (returns false, nothing happens) when the control or its form cannot be used, and first
-/// gives the control the focus. A handler that is not set means nothing happens.
+/// gives the control the focus; where the focus change itself makes the control unusable, nothing more happens. A
+/// handler that is not set means nothing happens.
 class Control {
  public:
   /// @param name unique in the form, but for elements of a control array, which share it
@@ -70,8 +75,10 @@ class Control {
   bool UserFocus();
   /// A person clicks it: buttons, links, images, menu items; boxes and options through their own members too.
   virtual bool UserClick();
-  /// A person types a character; code 8 Backspace, 9 Tab, 13 Enter, 27 Escape. onKeyPress may discard it.
-  virtual bool UserKey(char16_t character);
+  /// A person types a character. onKeyPress may discard it. Else Tab (9) moves the focus on, Enter (13) presses the
+  /// button that has the focus or the default one, Escape (27) the cancel button, and a blank presses or turns over
+  /// what can be clicked. False also for a control that never has the focus.
+  bool UserKey(char16_t character);
 
   std::function<void()> onClick;
   std::function<void()> onChange;
@@ -90,6 +97,10 @@ class Control {
   void Changed();
   void RaiseClick();
   void RaiseChange();
+  /// Gives it the focus as a person does. @return whether it can be used, before and after that
+  bool Approach();
+  /// A key that was not discarded.
+  virtual void TakeKey(char16_t character);
 
  private:
   Form& form_;
@@ -106,7 +117,7 @@ class Control {
 class Label : public Control {
  public:
   Label(Form& form, std::string name, int index = -1) : Control(form, std::move(name), Kind::kLabel, index) {}
-  /// Share of the form's or another label's width that it takes, for bars drawn with labels; in form units.
+  /// For labels that draw a bar, in units of their own; 0: as wide as its text.
   int Width() const { return width_; }
   void SetWidth(int value);
 
@@ -175,7 +186,7 @@ class OptionButton : public Control {
  public:
   OptionButton(Form& form, std::string name, int index) : Control(form, std::move(name), Kind::kOptionButton, index) {}
   bool Value() const { return value_; }
-  /// True also clears the others of the array. Choosing what is chosen raises nothing.
+  /// True also clears the others of the array, and only it raises Click. Choosing what is chosen raises nothing.
   void SetValue(bool value);
   /// A click on the option that is already chosen raises nothing.
   bool UserClick() override;
@@ -235,6 +246,7 @@ class ComboBox : public Control {
   int ListCount() const { return static_cast<int>(items_.size()); }
   /// -1: none chosen.
   int ListIndex() const { return listIndex_; }
+  /// @throws std::out_of_range for an index that is neither an entry's nor -1
   void SetListIndex(int index);
   bool UserSetListIndex(int index);
   const std::u16string& List(int index) const { return items_.at(static_cast<std::size_t>(index)).text; }
@@ -261,6 +273,7 @@ class ListBox : public Control {
   int SelCount() const;
   /// The current entry, which need not be selected; -1: none.
   int ListIndex() const { return listIndex_; }
+  /// @throws std::out_of_range for an index that is neither an entry's nor -1
   void SetListIndex(int index);
   bool UserSetSelected(int index, bool value);
   /// A click on an entry makes it current and turns its selection over.
@@ -278,22 +291,30 @@ class TextBox : public Control {
       : Control(form, std::move(name), Kind::kTextBox), readOnly_(readOnly) {}
   bool ReadOnly() const { return readOnly_; }
   const std::u16string& Text() const { return text_; }
+  /// Raises Change when the text changes.
   void SetText(std::u16string_view value);
+  /// The whole text at once, as when it is pasted: no key presses. Refused by a read-only box.
   bool UserSetText(std::u16string_view value);
-  /// The key reaches the text unless onKeyPress discards it; Backspace takes the last character away.
-  bool UserKey(char16_t character) override;
+
+ protected:
+  /// A character goes to the text's end; Backspace (8) takes the last one away.
+  void TakeKey(char16_t character) override;
 
  private:
   std::u16string text_;
   bool readOnly_;
 };
 
-/// Steps the number in its text box within its range; element 0 is down, 1 is up.
+/// Steps the number in its text box within its range; element 0 is down, 1 is up. It never has the focus itself: a
+/// person's step gives it to the text box.
 class UpDown : public Control {
  public:
   UpDown(Form& form, std::string name, TextBox& buddy, int minimum, int maximum)
       : Control(form, std::move(name), Kind::kUpDown), buddy_(buddy), minimum_(minimum), maximum_(maximum) {}
   TextBox& Buddy() const { return buddy_; }
+  int Minimum() const { return minimum_; }
+  int Maximum() const { return maximum_; }
+  /// @param direction 0 down, 1 up. A text that is no number counts as the minimum.
   bool UserStep(int direction);
 
  private:

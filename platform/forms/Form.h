@@ -20,6 +20,7 @@ class Form {
  public:
   /// @param name the class name, by which scripts know it. The host outlives the form.
   Form(FormHost& host, std::string name);
+  /// A form that is still loaded is unloaded, without OnQueryUnload.
   virtual ~Form();
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
@@ -29,17 +30,22 @@ class Form {
   const std::u16string& Caption() const { return caption_; }
   void SetCaption(std::u16string_view value);
 
-  /// Makes the form ready to be shown and raises OnLoad; nothing when it is loaded.
+  /// Makes the form ready to be shown and raises OnLoad; nothing when it is loaded. What OnLoad throws leaves through
+  /// it.
   void Load();
   bool Loaded() const { return loaded_; }
   bool Visible() const { return visible_; }
-  /// Called by hosts when they show the form: makes it visible and raises OnActivate.
+  /// Called by hosts when they show the form: makes it visible, raises OnActivate, and gives the focus to the first
+  /// control in tab order unless one has it. The form may hide itself meanwhile. What OnActivate throws leaves through
+  /// it.
   void Shown();
+  /// Nothing when it is not visible.
   void Hide();
-  /// Raises OnQueryUnload with kCode, hides and unloads. The controls keep their last values.
+  /// Raises OnQueryUnload with kCode, hides and unloads. The controls keep their last values. Nothing when it is not
+  /// loaded.
   void Unload();
   /// A person closes it by its close box: OnQueryUnload with kControlMenu, then it is unloaded. False where the box was
-  /// taken away.
+  /// taken away and on a form that is not visible.
   bool UserClose();
   bool HasCloseBox() const { return hasCloseBox_; }
   void TakeCloseBoxAway() { hasCloseBox_ = false; }
@@ -54,11 +60,15 @@ class Form {
   Control* Find(std::string_view name, int index = -1) const;
   /// nullptr when none has the focus.
   Control* ActiveControl() const { return active_; }
-  /// The control after (1) or before (-1) the active one in tab order, skipping what cannot take the focus.
+  /// The focus goes to the control after (1) or before (-1) the active one in tab order, past the ends to the other
+  /// side, skipping what cannot take the focus; of a group of options only the chosen one takes it.
   void UserTab(int direction);
-  /// The buttons that Enter and Escape press; nullptr: none.
+  /// A person asks for help on a control (F1), which first gets the focus. False when it cannot be used.
+  bool UserHelp(Control& control);
+  /// The button that Enter presses; nullptr: none.
   Control* DefaultButton() const { return default_; }
   void SetDefaultButton(Control* button);
+  /// The button that Escape presses; nullptr: none.
   Control* CancelButton() const { return cancel_; }
   void SetCancelButton(Control* button) { cancel_ = button; }
 
@@ -75,15 +85,20 @@ class Form {
   void SetListener(Listener* listener) { listener_ = listener; }
 
  protected:
-  /// Captions, tool tips, grouping and tab order; called once, by Load.
+  /// Captions, tool tips, grouping and tab order; called once, by the first Load.
   virtual Layout MakeLayout() = 0;
   virtual void OnLoad() {}
   virtual void OnActivate() {}
   virtual void OnQueryUnload(UnloadReason) {}
+  virtual void OnHelp(Control&) {}
 
  private:
   friend class Control;
+  void Add(Control& control) { controls_.push_back(&control); }
   void MoveFocus(Control* control);
+  void NotifyChanged(Control* control);
+  void Close(UnloadReason reason);
+  bool IsTabStop(const Control& control) const;
 
   FormHost& host_;
   std::string name_;
@@ -95,6 +110,8 @@ class Form {
   Control* default_{nullptr};
   Control* cancel_{nullptr};
   Listener* listener_{nullptr};
+  std::vector<Control*> tabOrder_;
+  bool layoutMade_{false};
   bool loaded_{false};
   bool visible_{false};
   bool hasCloseBox_{true};

@@ -18,6 +18,8 @@ class FormHost {
   /// Loads the form when it is not loaded, raises Activate and shows it; returns at once. Ends with Form::Hide or
   /// Form::Unload.
   virtual void ShowModeless(Form& form) = 0;
+  /// Called by the form when it is loaded, before its own load event; its layout is there.
+  virtual void Loaded(Form& form) { static_cast<void>(form); }
   /// Called by the form after it became invisible or was unloaded: what mirrors it goes away.
   virtual void Hidden(Form& form) = 0;
   virtual void Unloaded(Form& form) = 0;
