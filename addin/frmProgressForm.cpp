@@ -1,0 +1,38 @@
+#include "addin/frmProgressForm.h"
+
+#include <cmath>
+
+namespace {
+
+constexpr int kBarWidth = 1000;
+
+}  // namespace
+
+frmProgressForm::frmProgressForm(forms::FormHost& host) : Form(host, "frmProgressForm") {
+  lblProgBarTotal.SetWidth(kBarWidth);
+  lblProgBarTotal.SetVisible(false);
+  lblProgBarCompleted.SetVisible(false);
+}
+
+void frmProgressForm::SetShare(std::int32_t completed, std::int32_t total) {
+  completed_ = completed;
+  total_ = total;
+  const double percent = std::round(100.0 * completed / total);
+  const std::string digits = std::to_string(std::lround(percent));
+  lblProgBarCompleted.SetCaption(std::u16string(digits.begin(), digits.end()) + u"% completed");
+  lblProgBarTotal.SetVisible(true);
+  lblProgBarCompleted.SetVisible(true);
+  lblProgBarCompleted.SetWidth(static_cast<int>(std::lround(lblProgBarTotal.Width() * percent / 100.0)));
+}
+
+void frmProgressForm::SetNoShare() { completed_ = total_ = 0; }
+
+std::array<std::u16string, 3> frmProgressForm::Lines() const {
+  return {lblLabel1.Caption(), lblLabel2.Caption(), lblLabel3.Caption()};
+}
+
+forms::Layout frmProgressForm::MakeLayout() {
+  using namespace forms;
+  return Column(
+      {Item(lblLabel1), Item(lblLabel2), Item(lblLabel3), Stack({Item(lblProgBarTotal), Item(lblProgBarCompleted)})});
+}
