@@ -19,8 +19,9 @@ class Range : public Object {
   virtual void SetEnd(Position value) = 0;
   virtual void SetRange(Position start, Position end) = 0;
 
-  /// The characters covered. A cell mark reads as two characters, 13 and 7, though it counts one position
-  /// (Word's rule), and what TextRetrievalMode leaves out is missing.
+  /// The characters covered. A cell mark and an end-of-row mark read as two characters, 13 and 7, though they count
+  /// one position (Word's rule). What TextRetrievalMode leaves out is missing; tracked deletions are missing unless
+  /// both its switches are on, so that the text then holds every character there is.
   virtual std::u16string Text() const = 0;
   /// Replaces what is covered; the range then covers the new text. CR, LF and CR LF each make one paragraph
   /// mark, 9 a tab, 11 a line break. The new text takes the formatting of the first character replaced, or,

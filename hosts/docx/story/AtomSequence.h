@@ -39,8 +39,8 @@ class AtomSequence {
 
   Position Length() const { return length_; }
   int FieldBegins() const;
-  /// While building: adds at the end.
-  void Append(const Atom& atom, std::u16string_view text);
+  /// While building: adds at the end. @return the atom's place
+  Place Append(const Atom& atom, std::u16string_view text);
 
   /// The atom that holds the character at a position (never one without length); End() for Length().
   Place At(Position position) const;
@@ -83,7 +83,6 @@ class AtomSequence {
  private:
   std::size_t ChunkAt(Position position, Position& start) const;
   Position StartOf(std::size_t chunk) const;
-  std::size_t TextOffset(const Chunk& chunk, std::size_t atom) const;
   void Grew(std::size_t chunk, Position units, int begins);
   void SplitWhenLarge(std::size_t chunk);
   void DropWhenEmpty(std::size_t chunk);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -57,6 +58,11 @@ class Story {
   void InsertText(Position at, std::u16string_view text);
   /// Inserts a field of begin mark, code and end mark, in runs without formatting of their own. @return its length
   Position InsertField(Position at, std::u16string_view code);
+  /// Puts the separator mark into a field that has none.
+  void InsertFieldSeparator(Position at);
+  /// Exchanges the character of a paragraph mark: 12 once its paragraph has got section properties, 13 when it lost
+  /// them.
+  void SetMarkCharacter(Position mark, char16_t character);
   /// Removes text. Bookmarks whose whole text goes are removed with it. A paragraph mark that has no other paragraph
   /// of the same container behind it stays.
   void Erase(Position start, Position end);
@@ -65,9 +71,16 @@ class Story {
   std::vector<pugi::xml_node> IsolateRuns(Position start, Position end);
   /// After runs between changed their formatting: joins neighbours that were divided and have become equal again.
   void RejoinRuns(Position start, Position end);
-  void InsertBookmark(Position start, Position end, std::string_view name, int id);
+  struct BookmarkElements {
+    pugi::xml_node first;
+    pugi::xml_node last;
+  };
+  BookmarkElements InsertBookmark(Position start, Position end, std::string_view name, int id);
   /// Removes the marks, not the text.
   void RemoveBookmark(pugi::xml_node startElement, pugi::xml_node endElement);
+
+  /// Called before a bookmark's elements go, with its w:bookmarkStart.
+  std::function<void(pugi::xml_node)> bookmarkRemoved;
 
   /// The w:p that the position is in: the one whose mark is at or behind it.
   pugi::xml_node ParagraphAt(Position position) const;
@@ -79,15 +92,21 @@ class Story {
 
  private:
   friend class Anchor;
-  class Builder;
   struct InsertionPoint;
 
+  pugi::xml_node ParagraphOf(const AtomSequence::Place& place) const;
   InsertionPoint PrepareInsertion(Position at);
-  pugi::xml_node DivideRun(const AtomSequence::Place& firstOfSecond);
+  pugi::xml_node FormattingRun(const AtomSequence::Place& at) const;
   void DivideAt(Position position);
+  void DivideRunsAt(Position position);
+  pugi::xml_node DivideRun(const AtomSequence::Place& firstOfSecond);
+  void DivideContainer(pugi::xml_node container, pugi::xml_node lastOfFirst);
   void InsertParagraphMark(Position at);
   void InsertRunText(Position at, std::u16string_view text);
-  void MergeWithNext(Position mark);
+  bool MergeWithNext(const AtomSequence::Place& mark);
+  void RemoveEmptied(pugi::xml_node run);
+  void EraseBookmarksWithin(Position start, Position end);
+  bool EraseSimpleField(const AtomSequence::Place& begin, Position& left);
   void RejoinAt(Position position);
   void MoveAnchors(Position at, Position removed, Position inserted);
 

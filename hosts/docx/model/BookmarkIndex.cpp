@@ -1,0 +1,104 @@
+#include "hosts/docx/model/BookmarkIndex.h"
+
+#include <unicode/uchar.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "hosts/docx/xml/Utf.h"
+
+namespace docx {
+
+std::u16string BookmarkIndex::Key(std::u16string_view name) {
+  std::u16string key(name);
+  for (char16_t& unit : key) unit = static_cast<char16_t>(u_foldCase(unit, U_FOLD_CASE_DEFAULT));
+  return key;
+}
+
+bool BookmarkIndex::IsName(std::u16string_view name) {
+  constexpr std::size_t kLongest = 40;
+  if (name.empty() || name.size() > kLongest || (name.front() != u'_' && !u_isalpha(name.front()))) return false;
+  return std::all_of(name.begin(), name.end(), [](char16_t unit) { return unit == u'_' || u_isalnum(unit); });
+}
+
+void BookmarkIndex::Read(Story& story) {
+  std::unordered_map<std::string, std::u16string> open;
+  const AtomSequence& atoms = story.Atoms();
+  const XmlPart& part = story.Part();
+  for (AtomSequence::Place place = atoms.Begin(); !atoms.IsEnd(place); place = atoms.Next(place)) {
+    const Atom& atom = atoms.Get(place);
+    if (atom.kind != AtomKind::kBookmarkStart && atom.kind != AtomKind::kBookmarkEnd) continue;
+    const std::string id = part.Attribute(atom.Node(), "id").value();
+    lastId_ = std::max(lastId_, std::atoi(id.c_str()));
+    if (atom.kind == AtomKind::kBookmarkStart) {
+      Mark mark{&story, ToUtf16(part.Attribute(atom.Node(), "name").value()), atom.Node(), {}};
+      const std::u16string key = Key(mark.name);
+      const auto earlier = marks_.find(key);
+      if (earlier != marks_.end()) keys_.erase(earlier->second.first.internal_object());
+      keys_[atom.element] = key;
+      open[id] = key;
+      marks_[key] = std::move(mark);
+    } else if (const auto start = open.find(id); start != open.end()) {
+      marks_[start->second].last = atom.Node();
+      open.erase(start);
+    }
+  }
+  // A bookmark without an end is none.
+  for (const auto& [id, key] : open) {
+    const auto mark = marks_.find(key);
+    if (mark == marks_.end() || mark->second.last) continue;
+    keys_.erase(mark->second.first.internal_object());
+    marks_.erase(mark);
+  }
+  story.bookmarkRemoved = [this](pugi::xml_node start) {
+    const auto found = keys_.find(start.internal_object());
+    if (found == keys_.end()) return;
+    Forget(found->second);
+    keys_.erase(found);
+  };
+  order_.clear();
+}
+
+void BookmarkIndex::Forget(const std::u16string& key) {
+  if (!order_.empty() && *order_.back() == key) {
+    order_.pop_back();
+  } else {
+    order_.clear();
+  }
+  marks_.erase(key);
+}
+
+int BookmarkIndex::HiddenCount() const {
+  // Every name begins with "_" or a letter, and "_" sorts before all folded letters.
+  return static_cast<int>(std::distance(marks_.begin(), marks_.lower_bound(u"`")));
+}
+
+const BookmarkIndex::Mark& BookmarkIndex::Item(int number) const {
+  if (order_.empty()) {
+    for (const auto& [key, mark] : marks_) order_.push_back(&key);
+  }
+  return marks_.find(*order_[static_cast<std::size_t>(number)])->second;
+}
+
+const BookmarkIndex::Mark* BookmarkIndex::Find(std::u16string_view name) const {
+  const auto found = marks_.find(Key(name));
+  return found == marks_.end() ? nullptr : &found->second;
+}
+
+void BookmarkIndex::Remove(std::u16string_view name) {
+  const Mark* found = Find(name);
+  if (found == nullptr) return;
+  const Mark mark = *found;
+  mark.story->RemoveBookmark(mark.first, mark.last);
+}
+
+void BookmarkIndex::Add(Story& story, Position start, Position end, std::u16string_view name) {
+  Remove(name);
+  const Story::BookmarkElements elements = story.InsertBookmark(start, end, ToUtf8(name), ++lastId_);
+  const std::u16string key = Key(name);
+  keys_[elements.first.internal_object()] = key;
+  marks_[key] = {&story, std::u16string(name), elements.first, elements.last};
+  order_.clear();
+}
+
+}  // namespace docx

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "hosts/docx/story/Story.h"
+
+namespace docx {
+
+/// The bookmarks of a document by name. Names are compared without regard to case; of several of one name the last
+/// counts, as in Word.
+class BookmarkIndex {
+ public:
+  struct Mark {
+    Story* story{nullptr};
+    std::u16string name;
+    pugi::xml_node first;
+    pugi::xml_node last;
+  };
+
+  BookmarkIndex() = default;
+  BookmarkIndex(const BookmarkIndex&) = delete;
+  BookmarkIndex& operator=(const BookmarkIndex&) = delete;
+
+  /// Takes a story's bookmarks in and follows their removal. The story outlives this object or never changes again.
+  void Read(Story& story);
+  const Mark* Find(std::u16string_view name) const;
+  /// Numbered from 0 in the order of their names, the hidden ones first. Walking from the last to the first stays cheap
+  /// while each is removed.
+  int Count() const { return static_cast<int>(marks_.size()); }
+  int HiddenCount() const;
+  const Mark& Item(int number) const;
+  void Add(Story& story, Position start, Position end, std::u16string_view name);
+  void Remove(std::u16string_view name);
+  static Position Start(const Mark& mark) { return mark.story->Atoms().OfBookmark(mark.first).start; }
+  static Position End(const Mark& mark) { return mark.story->Atoms().OfBookmark(mark.last).start; }
+  /// @return whether Word takes it: a letter or "_" first, then letters, digits and "_", at most 40 in all
+  static bool IsName(std::u16string_view name);
+  static bool IsHidden(std::u16string_view name) { return !name.empty() && name.front() == u'_'; }
+
+ private:
+  static std::u16string Key(std::u16string_view name);
+  void Forget(const std::u16string& key);
+
+  std::map<std::u16string, Mark> marks_;
+  std::unordered_map<const pugi::xml_node_struct*, std::u16string> keys_;
+  mutable std::vector<const std::u16string*> order_;  // the keys of marks_; empty while it has to be made anew
+  int lastId_{0};
+};
+
+}  // namespace docx

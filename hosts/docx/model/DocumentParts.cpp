@@ -1,0 +1,222 @@
+#include "hosts/docx/model/DocumentParts.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+#include "hosts/docx/story/StoryBuilder.h"
+#include "hosts/docx/styles/IndexStyles.h"
+#include "platform/word/Constants.h"
+
+namespace docx {
+
+namespace {
+
+// Relationship types differ between transitional and strict documents in their beginning only.
+constexpr const char* kStyles = "/styles";
+constexpr const char* kSettings = "/settings";
+constexpr const char* kRelationships = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
+constexpr const char* kStrictRelationships = "http://purl.oclc.org/ooxml/officeDocument/relationships";
+constexpr const char* kStylesContentType = "application/vnd.openxmlformats-officedocument.wordprocessingml.styles+xml";
+
+/// Stories that a section's header or footer reference of a type stands for.
+int HeaderStoryType(bool header, std::string_view type) {
+  if (type == "even") return header ? 6 : 8;
+  if (type == "first") return header ? 10 : 11;
+  return header ? 7 : 9;
+}
+
+/// Calls visit for every element below a node, in document order.
+template <typename Visit>
+void ForEachElement(pugi::xml_node root, Visit visit) {
+  for (pugi::xml_node node = root.first_child(); node && node != root;) {
+    const bool deeper = node.type() != pugi::node_element || visit(node);
+    if (deeper && node.first_child()) {
+      node = node.first_child();
+      continue;
+    }
+    while (node != root && !node.next_sibling()) node = node.parent();
+    if (node != root) node = node.next_sibling();
+  }
+}
+
+}  // namespace
+
+DocumentParts::DocumentParts(std::unique_ptr<Package> package) : package_(std::move(package)) {
+  mainPart_ = Load(package_->MainDocument());
+  const pugi::xml_node body = mainPart_->Child(mainPart_->Root(), Tag::kBody);
+  if (!body) throw PackageError("is not a Word document: its main part has no body");
+  stylesPart_ = LoadRelated(kStyles);
+  styles_ = std::make_unique<Styles>(stylesPart_.get());
+  AddStory(mainPart_, word::wdMainTextStory, {body});
+  main_ = stories_[word::wdMainTextStory].front().get();
+  if (main_->Length() == 0) throw PackageError("is not a Word document: its body has no paragraph");
+}
+
+DocumentParts::~DocumentParts() = default;
+
+std::shared_ptr<XmlPart> DocumentParts::Load(const std::string& name) {
+  std::shared_ptr<XmlPart>& part = parts_[name];
+  if (!part) part = std::make_shared<XmlPart>(name, package_->Read(name));
+  return part;
+}
+
+std::string DocumentParts::RelatedName(const char* typeEnding) const {
+  for (const Relationship& relationship : package_->Relationships(package_->MainDocument())) {
+    if (!relationship.external && relationship.type.ends_with(typeEnding) && package_->Has(relationship.target)) {
+      return relationship.target;
+    }
+  }
+  return {};
+}
+
+std::shared_ptr<XmlPart> DocumentParts::LoadRelated(const char* typeEnding) {
+  const std::string name = RelatedName(typeEnding);
+  return name.empty() ? nullptr : Load(name);
+}
+
+void DocumentParts::AddStory(std::shared_ptr<XmlPart> part, int type, const std::vector<pugi::xml_node>& containers) {
+  stories_[type].push_back(std::make_unique<Story>(std::move(part), type, containers));
+}
+
+const std::vector<std::unique_ptr<Story>>& DocumentParts::Stories(int type) {
+  if (!stories_.contains(type)) {
+    stories_[type];
+    if (type == word::wdFootnotesStory || type == word::wdEndnotesStory) LoadNotes(type);
+    if (type == word::wdCommentsStory) LoadComments();
+    if (type == word::wdTextFrameStory) LoadTextBoxes();
+    if (type > word::wdTextFrameStory && type <= kLastStoryType) LoadHeadersAndFooters();
+  }
+  return stories_[type];
+}
+
+void DocumentParts::LoadNotes(int type) {
+  const bool foot = type == word::wdFootnotesStory;
+  const Tag referenceTag = foot ? Tag::kFootnoteReference : Tag::kEndnoteReference;
+  // A story holds the notes in the order of their references; a note that nothing refers to is in none.
+  std::vector<std::string> order;
+  const AtomSequence& atoms = main_->Atoms();
+  for (AtomSequence::Place place = atoms.Begin(); !atoms.IsEnd(place); place = atoms.Next(place)) {
+    const Atom& atom = atoms.Get(place);
+    if (atom.kind == AtomKind::kCharacter && mainPart_->Is(atom.Node(), referenceTag)) {
+      order.emplace_back(mainPart_->Attribute(atom.Node(), "id").value());
+    }
+  }
+  if (order.empty()) return;
+  const std::shared_ptr<XmlPart> part = LoadRelated(foot ? "/footnotes" : "/endnotes");
+  if (!part) return;
+  std::unordered_map<std::string, pugi::xml_node> notes;
+  for (const pugi::xml_node note : part->Root().children()) {
+    if (part->Is(note, foot ? Tag::kFootnote : Tag::kEndnote)) notes[part->Attribute(note, "id").value()] = note;
+  }
+  std::vector<pugi::xml_node> containers;
+  for (const std::string& id : order) {
+    const auto note = notes.find(id);
+    if (note == notes.end()) continue;
+    containers.push_back(note->second);
+    notes.erase(note);
+  }
+  if (!containers.empty()) AddStory(part, type, containers);
+}
+
+void DocumentParts::LoadComments() {
+  const std::shared_ptr<XmlPart> part = LoadRelated("/comments");
+  if (!part) return;
+  std::vector<pugi::xml_node> containers;
+  for (const pugi::xml_node comment : part->Root().children()) {
+    if (part->Is(comment, Tag::kComment)) containers.push_back(comment);
+  }
+  if (!containers.empty()) AddStory(part, word::wdCommentsStory, containers);
+}
+
+void DocumentParts::LoadTextBoxes() {
+  std::vector<pugi::xml_node> boxes;
+  ForEachElement(mainPart_->Root(), [&](pugi::xml_node node) {
+    const Tag tag = mainPart_->TagOf(node);
+    if (tag == Tag::kTxbxContent) boxes.push_back(node);
+    // The same box stands in every branch of an alternate content; the branch that is shown counts.
+    return tag != Tag::kFallback || !mainPart_->Child(node.parent(), Tag::kChoice);
+  });
+  for (const pugi::xml_node box : boxes) AddStory(mainPart_, word::wdTextFrameStory, {box});
+}
+
+void DocumentParts::LoadHeadersAndFooters() {
+  for (int type = word::wdTextFrameStory + 1; type <= kLastStoryType; ++type) stories_[type];
+  std::unordered_map<std::string, std::string> targets;
+  for (const Relationship& relationship : package_->Relationships(package_->MainDocument())) {
+    if (!relationship.external && package_->Has(relationship.target)) {
+      targets[relationship.id] = relationship.target;
+    }
+  }
+  ForEachElement(mainPart_->Root(), [&](pugi::xml_node node) {
+    if (!mainPart_->Is(node, Tag::kSectPr)) return true;
+    for (const char* local : {"headerReference", "footerReference"}) {
+      const bool header = local[0] == 'h';
+      for (const pugi::xml_node reference : node.children(mainPart_->Name(local))) {
+        // r:id: the one attribute of the reference that is not WordprocessingML's.
+        for (const pugi::xml_attribute attribute : reference.attributes()) {
+          const auto target = targets.find(attribute.value());
+          if (target == targets.end()) continue;
+          const std::shared_ptr<XmlPart> part = Load(target->second);
+          AddStory(part, HeaderStoryType(header, mainPart_->Attribute(reference, "type").value()), {part->Root()});
+        }
+      }
+    }
+    return false;
+  });
+}
+
+const Formatting& DocumentParts::Formats(XmlPart& part) {
+  std::unique_ptr<Formatting>& formats = formats_[&part];
+  if (!formats) formats = std::make_unique<Formatting>(part, *styles_);
+  return *formats;
+}
+
+XmlPart* DocumentParts::Settings() { return LoadRelated(kSettings).get(); }
+
+std::string DocumentParts::EnsureIndexStyle(int level) {
+  if (!stylesPart_) {
+    const std::string folder = mainPart_->PartName().substr(0, mainPart_->PartName().find_last_of('/') + 1);
+    const std::string name = folder + "styles.xml";
+    package_->Add(name, NewStylesPart(mainPart_->Strict()), kStylesContentType);
+    const std::string type = std::string(mainPart_->Strict() ? kStrictRelationships : kRelationships) + kStyles;
+    package_->AddRelationship(mainPart_->PartName(), type, name);
+    stylesPart_ = Load(name);
+  }
+  std::string id = docx::EnsureIndexStyle(*stylesPart_, level);
+  styles_->Read(stylesPart_.get());
+  return id;
+}
+
+void DocumentParts::RemoveAddedIndexStyles() {
+  if (!stylesPart_) return;
+  const RemovedIndexStyles removed = docx::RemoveAddedIndexStyles(*stylesPart_);
+  if (!removed.wholePart) {
+    if (removed.changed) styles_->Read(stylesPart_.get());
+    return;
+  }
+  const std::string name = stylesPart_->PartName();
+  for (const Relationship& relationship : package_->Relationships(mainPart_->PartName())) {
+    if (relationship.target == name) package_->RemoveRelationship(mainPart_->PartName(), relationship.id);
+  }
+  package_->Remove(name);
+  parts_.erase(name);
+  stylesPart_ = nullptr;
+  styles_->Read(nullptr);
+}
+
+bool DocumentParts::Changed() const {
+  return package_->Changed() ||
+         std::any_of(parts_.begin(), parts_.end(), [](const auto& entry) { return entry.second->Changed(); });
+}
+
+const Package& DocumentParts::Updated() {
+  for (const auto& [name, part] : parts_) {
+    if (part->Changed()) package_->Replace(name, part->Serialize());
+  }
+  return *package_;
+}
+
+}  // namespace docx

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "hosts/docx/package/Package.h"
+#include "hosts/docx/story/Story.h"
+#include "hosts/docx/styles/Formatting.h"
+#include "hosts/docx/xml/XmlPart.h"
+
+namespace docx {
+
+/// The parts of an open document and the stories in them. Parts are parsed when they are first asked for; only
+/// parts that were changed are written anew.
+class DocumentParts {
+ public:
+  /// @throws PackageError when the main document cannot be read
+  explicit DocumentParts(std::unique_ptr<Package> package);
+  DocumentParts(const DocumentParts&) = delete;
+  DocumentParts& operator=(const DocumentParts&) = delete;
+  ~DocumentParts();
+
+  Story& Main() { return *main_; }
+  /// The stories of a WdStoryType in order; one for the main text, at most one for footnotes, endnotes and comments,
+  /// any number for text boxes, headers and footers. Empty when there is none.
+  /// @throws PackageError when their part cannot be read
+  const std::vector<std::unique_ptr<Story>>& Stories(int type);
+  /// The types of which a document can have stories, in ascending order.
+  static constexpr int kLastStoryType = 11;
+
+  /// The formatting of a part's text as it shows.
+  const Formatting& Formats(XmlPart& part);
+  XmlPart& MainPart() { return *mainPart_; }
+  /// The settings part; nullptr when there is none.
+  XmlPart* Settings();
+  /// Makes sure that the paragraph style "index n" exists. @return its id
+  std::string EnsureIndexStyle(int level);
+  /// Takes away the styles that EnsureIndexStyle added, in this session or an earlier one.
+  void RemoveAddedIndexStyles();
+
+  /// Whether anything would be written differently from what was opened.
+  bool Changed() const;
+  /// Brings changed parts into the package and returns it.
+  const Package& Updated();
+
+ private:
+  std::shared_ptr<XmlPart> LoadRelated(const char* typeEnding);
+  std::shared_ptr<XmlPart> Load(const std::string& name);
+  std::string RelatedName(const char* typeEnding) const;
+  void LoadNotes(int type);
+  void LoadComments();
+  void LoadTextBoxes();
+  void LoadHeadersAndFooters();
+  void AddStory(std::shared_ptr<XmlPart> part, int type, const std::vector<pugi::xml_node>& containers);
+
+  std::unique_ptr<Package> package_;
+  std::map<std::string, std::shared_ptr<XmlPart>> parts_;
+  std::shared_ptr<XmlPart> mainPart_;
+  std::shared_ptr<XmlPart> stylesPart_;
+  std::unique_ptr<Styles> styles_;
+  std::map<const XmlPart*, std::unique_ptr<Formatting>> formats_;
+  Story* main_{nullptr};
+  std::map<int, std::vector<std::unique_ptr<Story>>> stories_;
+};
+
+}  // namespace docx

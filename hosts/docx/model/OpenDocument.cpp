@@ -1,0 +1,58 @@
+#include "hosts/docx/model/OpenDocument.h"
+
+#include <string_view>
+#include <utility>
+
+#include "platform/word/Constants.h"
+#include "platform/word/HostError.h"
+
+namespace docx {
+
+OpenDocument::OpenDocument(std::unique_ptr<Package> package, DocumentSettings settings, DocumentFile& file)
+    : settings_(std::move(settings)), file_(file), parts_(std::move(package)) {
+  for (const int type : {word::wdMainTextStory, word::wdFootnotesStory, word::wdEndnotesStory}) {
+    for (const auto& story : parts_.Stories(type)) bookmarks_.Read(*story);
+  }
+  Select(parts_.Main(), 0, 0);
+}
+
+void OpenDocument::Select(Story& story, Position start, Position end) {
+  selection_ = std::make_unique<Anchor>(story, start, end);
+}
+
+void OpenDocument::Save() { file_.Save(parts_.Updated()); }
+
+void OpenDocument::SaveAs(std::u16string_view fileName) {
+  file_.SaveAs(fileName, parts_.Updated());
+  const std::size_t separator = fileName.find_last_of(u"\\/");
+  const bool bare = separator == std::u16string_view::npos;
+  settings_.path = bare ? std::u16string() : std::u16string(fileName.substr(0, separator));
+  settings_.name = fileName.substr(bare ? 0 : separator + 1);
+}
+
+bool OpenDocument::IsProtected() {
+  XmlPart* settings = parts_.Settings();
+  if (settings == nullptr) return false;
+  const pugi::xml_node protection = settings->Child(settings->Root(), "documentProtection");
+  const std::string_view enforced = settings->Attribute(protection, "enforcement").value();
+  const std::string_view edit = settings->Attribute(protection, "edit").value();
+  // Protection for tracked changes still allows changes.
+  return (enforced == "1" || enforced == "true" || enforced == "on") && !edit.empty() && edit != "none" &&
+         edit != "trackedChanges";
+}
+
+void OpenDocument::BeforeChange(std::string_view member) {
+  if (IsProtected()) {
+    throw word::HostError(word::kMethodNotAvailable,
+                          u"This method or property is not available because the document is a protected document.",
+                          member);
+  }
+  pages_.reset();
+}
+
+Paginator& OpenDocument::Pages() {
+  if (!pages_) pages_ = MakePaginator(parts_, settings_.pages);
+  return *pages_;
+}
+
+}  // namespace docx

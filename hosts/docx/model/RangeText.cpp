@@ -1,0 +1,98 @@
+#include "hosts/docx/model/RangeText.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "platform/word/Constants.h"
+
+namespace docx {
+
+namespace {
+
+std::u16string WithCellMarks(std::u16string_view text) {
+  std::u16string result;
+  result.reserve(text.size());
+  for (const char16_t unit : text) {
+    if (unit == word::kCellMark) result += word::kParagraphMark;
+    result += unit;
+  }
+  return result;
+}
+
+/// Whether the position lies in a field's code, that is, how many codes are open there.
+int OpenCodes(const Story& story, Position start) {
+  int open = 0;
+  std::vector<bool> inCode;
+  const AtomSequence& atoms = story.Atoms();
+  for (AtomSequence::Place place = atoms.At(story.ParagraphStart(start)); place.start < start;
+       place = atoms.Next(place)) {
+    const AtomKind kind = atoms.Get(place).kind;
+    if (kind == AtomKind::kFieldBegin) {
+      inCode.push_back(true);
+      ++open;
+    } else if (kind == AtomKind::kFieldSeparator && !inCode.empty() && inCode.back()) {
+      inCode.back() = false;
+      --open;
+    } else if (kind == AtomKind::kFieldEnd && !inCode.empty()) {
+      if (inCode.back()) --open;
+      inCode.pop_back();
+    }
+  }
+  return open;
+}
+
+}  // namespace
+
+std::u16string AllText(const Story& story, Position start, Position end) {
+  return WithCellMarks(story.Text(start, end));
+}
+
+std::u16string ShownText(const Story& story, const Formatting& formats, Position start, Position end, bool fieldCodes,
+                         bool hidden) {
+  std::u16string text;
+  std::vector<bool> inCode(static_cast<std::size_t>(OpenCodes(story, start)), true);
+  const auto codesOpen = [&] { return std::find(inCode.begin(), inCode.end(), true) != inCode.end(); };
+  const AtomSequence& atoms = story.Atoms();
+  for (AtomSequence::Place place = atoms.At(start); !atoms.IsEnd(place) && place.start < end;
+       place = atoms.Next(place)) {
+    const Atom& atom = atoms.Get(place);
+    bool shown = !atom.deleted;
+    const bool mark = atom.kind == AtomKind::kFieldBegin || atom.kind == AtomKind::kFieldSeparator ||
+                      atom.kind == AtomKind::kFieldEnd || atom.kind == AtomKind::kSimpleBegin ||
+                      atom.kind == AtomKind::kSimpleEnd;
+    if (atom.kind == AtomKind::kFieldBegin) inCode.push_back(true);
+    shown = shown && (fieldCodes || (!mark && !codesOpen()));
+    if (atom.kind == AtomKind::kFieldSeparator && !inCode.empty()) inCode.back() = false;
+    if (atom.kind == AtomKind::kFieldEnd && !inCode.empty()) inCode.pop_back();
+    if (shown && !hidden && atom.InRun() && formats.Hidden(atom.Node().parent())) shown = false;
+    if (!shown) continue;
+    const auto from = static_cast<std::size_t>(std::max(start - place.start, 0));
+    const auto to = static_cast<std::size_t>(std::min(end - place.start, static_cast<Position>(atom.length)));
+    text += atoms.Text(place).substr(from, to - from);
+  }
+  return WithCellMarks(text);
+}
+
+int CommonRunValue(const Story& story, Position start, Position end,
+                   const std::function<int(pugi::xml_node run)>& value) {
+  const AtomSequence& atoms = story.Atoms();
+  if (start == end && start > 0) --start;
+  if (start == end) ++end;
+  end = std::max(end, start + 1);
+  std::optional<int> common;
+  pugi::xml_node last;
+  for (AtomSequence::Place place = atoms.At(start); !atoms.IsEnd(place) && place.start < end;
+       place = atoms.Next(place)) {
+    const Atom& atom = atoms.Get(place);
+    if (!atom.InRun() || atom.deleted) continue;
+    const pugi::xml_node run = atom.Node().parent();
+    if (run == last) continue;
+    last = run;
+    const int here = value(run);
+    if (common && *common != here) return word::wdUndefined;
+    common = here;
+  }
+  return common ? *common : value({});
+}
+
+}  // namespace docx

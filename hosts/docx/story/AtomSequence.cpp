@@ -1,0 +1,322 @@
+#include "hosts/docx/story/AtomSequence.h"
+
+#include <algorithm>
+#include <bit>
+#include <cassert>
+#include <utility>
+
+namespace docx {
+
+namespace {
+
+/// Small enough that moving a chunk's text costs little, large enough that there are few chunks.
+constexpr std::size_t kFill = 128;
+constexpr std::size_t kLargest = 256;
+
+bool BeginsField(const Atom& atom) { return atom.kind == AtomKind::kFieldBegin || atom.kind == AtomKind::kSimpleBegin; }
+
+bool IsBookmark(const Atom& atom) {
+  return atom.kind == AtomKind::kBookmarkStart || atom.kind == AtomKind::kBookmarkEnd;
+}
+
+template <typename Number>
+void Add(std::vector<Number>& tree, std::size_t index, Number amount) {
+  for (std::size_t i = index + 1; i < tree.size(); i += i & (~i + 1)) tree[i] += amount;
+}
+
+/// Sum of the first `count` values.
+template <typename Number>
+Number Sum(const std::vector<Number>& tree, std::size_t count) {
+  Number sum = 0;
+  for (std::size_t i = count; i > 0; i -= i & (~i + 1)) sum += tree[i];
+  return sum;
+}
+
+/// The index of the value within which the running sum passes `target`; `before` becomes the sum up to it.
+template <typename Number>
+std::size_t Descend(const std::vector<Number>& tree, Number target, Number& before) {
+  std::size_t index = 0;
+  before = 0;
+  for (std::size_t step = std::bit_floor(tree.size()); step > 0; step >>= 1) {
+    if (index + step < tree.size() && before + tree[index + step] <= target) {
+      index += step;
+      before += tree[index];
+    }
+  }
+  return index;
+}
+
+}  // namespace
+
+AtomSequence::AtomSequence() = default;
+
+AtomSequence::Place AtomSequence::Append(const Atom& atom, std::u16string_view text) {
+  if (chunks_.empty() || chunks_.back()->atoms.size() >= kFill) {
+    chunks_.push_back(std::make_unique<Chunk>());
+    chunks_.back()->number = chunks_.size() - 1;
+    stale_ = true;
+  }
+  Chunk& chunk = *chunks_.back();
+  chunk.atoms.push_back(atom);
+  chunk.text += text;
+  if (BeginsField(atom)) ++chunk.fieldBegins;
+  if (IsBookmark(atom)) bookmarks_[atom.element] = &chunk;
+  const Place place{chunks_.size() - 1, chunk.atoms.size() - 1, length_};
+  length_ += static_cast<Position>(text.size());
+  stale_ = true;
+  return place;
+}
+
+void AtomSequence::Rebuild() const {
+  lengths_.assign(chunks_.size() + 1, 0);
+  begins_.assign(chunks_.size() + 1, 0);
+  for (std::size_t i = 0; i < chunks_.size(); ++i) {
+    lengths_[i + 1] += static_cast<Position>(chunks_[i]->text.size());
+    begins_[i + 1] += chunks_[i]->fieldBegins;
+    const std::size_t up = (i + 1) + ((i + 1) & (~(i + 1) + 1));
+    if (up <= chunks_.size()) {
+      lengths_[up] += lengths_[i + 1];
+      begins_[up] += begins_[i + 1];
+    }
+  }
+  stale_ = false;
+}
+
+int AtomSequence::FieldBegins() const {
+  if (stale_) Rebuild();
+  return Sum(begins_, chunks_.size());
+}
+
+Position AtomSequence::StartOf(std::size_t chunk) const {
+  if (stale_) Rebuild();
+  return Sum(lengths_, chunk);
+}
+
+std::size_t AtomSequence::ChunkAt(Position position, Position& start) const {
+  if (stale_) Rebuild();
+  return Descend(lengths_, position, start);
+}
+
+AtomSequence::Place AtomSequence::End() const { return {chunks_.size(), 0, length_}; }
+
+AtomSequence::Place AtomSequence::At(Position position) const {
+  if (position >= length_) return End();
+  Place place;
+  place.chunk = ChunkAt(position, place.start);
+  const Chunk& chunk = *chunks_[place.chunk];
+  while (true) {
+    const Position length = static_cast<Position>(chunk.atoms[place.atom].length);
+    if (position < place.start + length) return place;
+    place.start += length;
+    ++place.atom;
+  }
+}
+
+std::u16string_view AtomSequence::Text(const Place& place) const {
+  const Chunk& chunk = *chunks_[place.chunk];
+  const auto offset = static_cast<std::size_t>(place.start - StartOf(place.chunk));
+  return std::u16string_view(chunk.text).substr(offset, chunk.atoms[place.atom].length);
+}
+
+AtomSequence::Place AtomSequence::Next(Place place) const {
+  place.start += static_cast<Position>(Get(place).length);
+  if (++place.atom == chunks_[place.chunk]->atoms.size()) {
+    ++place.chunk;
+    place.atom = 0;
+  }
+  return place;
+}
+
+AtomSequence::Place AtomSequence::Previous(Place place) const {
+  if (place.atom == 0) {
+    --place.chunk;
+    place.atom = chunks_[place.chunk]->atoms.size();
+  }
+  --place.atom;
+  place.start -= static_cast<Position>(Get(place).length);
+  return place;
+}
+
+AtomSequence::Place AtomSequence::OfBookmark(pugi::xml_node element) const {
+  const auto found = bookmarks_.find(element.internal_object());
+  assert(found != bookmarks_.end());
+  const Chunk& chunk = *found->second;
+  Place place{chunk.number, 0, StartOf(chunk.number)};
+  while (chunk.atoms[place.atom].element != element.internal_object() || !IsBookmark(chunk.atoms[place.atom])) {
+    place.start += static_cast<Position>(chunk.atoms[place.atom++].length);
+  }
+  return place;
+}
+
+AtomSequence::Place AtomSequence::OfFieldBegin(int n) const {
+  if (stale_) Rebuild();
+  int before = 0;
+  Place place;
+  place.chunk = Descend(begins_, n, before);
+  place.start = StartOf(place.chunk);
+  const Chunk& chunk = *chunks_[place.chunk];
+  while (true) {
+    const Atom& atom = chunk.atoms[place.atom];
+    if (BeginsField(atom) && before++ == n) return place;
+    place.start += static_cast<Position>(atom.length);
+    ++place.atom;
+  }
+}
+
+int AtomSequence::FieldBeginsBefore(Position position) const {
+  if (position >= length_) return FieldBegins();
+  Position start = 0;
+  const std::size_t number = ChunkAt(position, start);
+  int count = Sum(begins_, number);
+  for (const Atom& atom : chunks_[number]->atoms) {
+    if (start >= position) break;
+    if (BeginsField(atom)) ++count;
+    start += static_cast<Position>(atom.length);
+  }
+  return count;
+}
+
+void AtomSequence::Grew(std::size_t chunk, Position units, int begins) {
+  length_ += units;
+  if (stale_) return;
+  Add(lengths_, chunk, units);
+  if (begins != 0) Add(begins_, chunk, begins);
+}
+
+void AtomSequence::RememberBookmarks(const Chunk& chunk) {
+  for (const Atom& atom : chunk.atoms) {
+    if (IsBookmark(atom)) bookmarks_[atom.element] = chunks_[chunk.number].get();
+  }
+}
+
+void AtomSequence::Renumber(std::size_t from) {
+  for (std::size_t i = from; i < chunks_.size(); ++i) chunks_[i]->number = i;
+  stale_ = true;
+}
+
+void AtomSequence::SplitWhenLarge(std::size_t number) {
+  while (chunks_[number]->atoms.size() > kLargest) {
+    Chunk& chunk = *chunks_[number];
+    const std::size_t keep = chunk.atoms.size() - kFill;
+    auto second = std::make_unique<Chunk>();
+    second->atoms.assign(chunk.atoms.begin() + static_cast<std::ptrdiff_t>(keep), chunk.atoms.end());
+    chunk.atoms.resize(keep);
+    std::size_t units = 0;
+    for (const Atom& atom : second->atoms) {
+      units += atom.length;
+      if (BeginsField(atom)) ++second->fieldBegins;
+    }
+    chunk.fieldBegins -= second->fieldBegins;
+    second->text = chunk.text.substr(chunk.text.size() - units);
+    chunk.text.resize(chunk.text.size() - units);
+    chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(number) + 1, std::move(second));
+    Renumber(number + 1);
+    RememberBookmarks(*chunks_[number + 1]);
+  }
+}
+
+void AtomSequence::DropWhenEmpty(std::size_t number) {
+  if (!chunks_[number]->atoms.empty()) return;
+  chunks_.erase(chunks_.begin() + static_cast<std::ptrdiff_t>(number));
+  Renumber(number);
+}
+
+AtomSequence::Place AtomSequence::Insert(const Place& before, const std::vector<Atom>& atoms,
+                                         std::u16string_view text) {
+  Place place = before;
+  if (IsEnd(place)) {
+    if (chunks_.empty()) {
+      chunks_.push_back(std::make_unique<Chunk>());
+      Renumber(0);
+    }
+    place.chunk = chunks_.size() - 1;
+    place.atom = chunks_.back()->atoms.size();
+  }
+  Chunk& chunk = *chunks_[place.chunk];
+  const auto offset = static_cast<std::size_t>(place.start - StartOf(place.chunk));
+  chunk.atoms.insert(chunk.atoms.begin() + static_cast<std::ptrdiff_t>(place.atom), atoms.begin(), atoms.end());
+  chunk.text.insert(offset, text);
+  int begins = 0;
+  for (const Atom& atom : atoms) {
+    if (BeginsField(atom)) ++begins;
+    if (IsBookmark(atom)) bookmarks_[atom.element] = &chunk;
+  }
+  chunk.fieldBegins += begins;
+  Grew(place.chunk, static_cast<Position>(text.size()), begins);
+  SplitWhenLarge(place.chunk);
+  while (place.atom >= chunks_[place.chunk]->atoms.size()) {
+    place.atom -= chunks_[place.chunk]->atoms.size();
+    ++place.chunk;
+  }
+  return place;
+}
+
+AtomSequence::Place AtomSequence::Remove(const Place& place) {
+  Chunk& chunk = *chunks_[place.chunk];
+  const auto at = chunk.atoms.begin() + static_cast<std::ptrdiff_t>(place.atom);
+  const Atom atom = *at;
+  chunk.text.erase(static_cast<std::size_t>(place.start - StartOf(place.chunk)), atom.length);
+  chunk.atoms.erase(at);
+  if (IsBookmark(atom)) bookmarks_.erase(atom.element);
+  const int begins = BeginsField(atom) ? 1 : 0;
+  chunk.fieldBegins -= begins;
+  Grew(place.chunk, -static_cast<Position>(atom.length), -begins);
+  Place next = place;
+  if (chunk.atoms.empty()) {
+    DropWhenEmpty(place.chunk);
+    next.atom = 0;
+  } else if (next.atom == chunk.atoms.size()) {
+    ++next.chunk;
+    next.atom = 0;
+  }
+  return next;
+}
+
+void AtomSequence::Divide(const Place& place, std::uint32_t units, pugi::xml_node second) {
+  Chunk& chunk = *chunks_[place.chunk];
+  Atom& first = chunk.atoms[place.atom];
+  Atom rest = first;
+  rest.element = second.internal_object();
+  rest.length = first.length - units;
+  first.length = units;
+  chunk.atoms.insert(chunk.atoms.begin() + static_cast<std::ptrdiff_t>(place.atom) + 1, rest);
+  SplitWhenLarge(place.chunk);
+}
+
+void AtomSequence::Join(const Place& first) {
+  const Place next = Next(first);
+  const std::uint32_t length = Get(next).length;
+  if (next.chunk == first.chunk) {
+    Chunk& chunk = *chunks_[first.chunk];
+    chunk.atoms.erase(chunk.atoms.begin() + static_cast<std::ptrdiff_t>(next.atom));
+    chunk.atoms[first.atom].length += length;
+    return;
+  }
+  // The first is the last of its chunk, so its text ends the chunk's.
+  const std::u16string text(Text(next));
+  Remove(next);
+  Chunk& chunk = *chunks_[first.chunk];
+  chunk.text += text;
+  chunk.atoms[first.atom].length += length;
+  Grew(first.chunk, static_cast<Position>(length), 0);
+}
+
+void AtomSequence::SetDeleted(const Place& place, bool deleted) {
+  chunks_[place.chunk]->atoms[place.atom].deleted = deleted;
+}
+
+void AtomSequence::SetCharacter(const Place& place, char16_t character) {
+  Chunk& chunk = *chunks_[place.chunk];
+  std::size_t offset = 0;
+  for (std::size_t i = 0; i < place.atom; ++i) offset += chunk.atoms[i].length;
+  chunk.text[offset] = character;
+}
+
+AtomSequence::TextBlock AtomSequence::BlockAt(Position position) const {
+  TextBlock block;
+  const std::size_t number = ChunkAt(position, block.start);
+  if (number < chunks_.size()) block.text = chunks_[number]->text;
+  return block;
+}
+
+}  // namespace docx

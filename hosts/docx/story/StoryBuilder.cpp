@@ -1,0 +1,294 @@
+#include "hosts/docx/story/StoryBuilder.h"
+
+#include <cstring>
+#include <string>
+
+#include "hosts/docx/story/TextElement.h"
+#include "hosts/docx/xml/Utf.h"
+#include "platform/word/Constants.h"
+
+namespace docx {
+
+namespace {
+
+bool IsElement(pugi::xml_node node) { return node.type() == pugi::node_element; }
+
+/// VML that is positioned floats; all other VML stands in the line.
+bool Floats(pugi::xml_node picture) {
+  for (const pugi::xml_node shape : picture.children()) {
+    if (std::strstr(shape.attribute("style").value(), "position:absolute") != nullptr) return true;
+  }
+  return false;
+}
+
+/// Whether a picture, object or alternate content takes a character of the line.
+bool StandsInLine(const XmlPart& part, pugi::xml_node node) {
+  switch (part.TagOf(node)) {
+    case Tag::kDrawing:
+      return !part.Child(node, Tag::kAnchor);
+    case Tag::kPict:
+    case Tag::kObject:
+      return !Floats(node);
+    case Tag::kAlternateContent: {
+      const pugi::xml_node branch = ChosenBranch(part, node);
+      for (const pugi::xml_node child : branch.children()) {
+        if (IsElement(child)) return part.Is(child, Tag::kDrawing) ? StandsInLine(part, child) : !Floats(child);
+      }
+      return false;
+    }
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+pugi::xml_node ChosenBranch(const XmlPart& part, pugi::xml_node alternate) {
+  const pugi::xml_node choice = part.Child(alternate, Tag::kChoice);
+  return choice ? choice : part.Child(alternate, Tag::kFallback);
+}
+
+StoryBuilder::Piece StoryBuilder::ReadRunContent(const XmlPart& part, pugi::xml_node element, bool deleted) {
+  Piece piece;
+  piece.atom.element = element.internal_object();
+  piece.atom.deleted = deleted;
+  const auto character = [&](char16_t unit) {
+    piece.atom.kind = AtomKind::kCharacter;
+    piece.text = unit;
+  };
+  switch (part.TagOf(element)) {
+    case Tag::kT:
+    case Tag::kDelText:
+      piece.text = TextOf(element);
+      break;
+    case Tag::kInstrText:
+    case Tag::kDelInstrText:
+      piece.atom.kind = AtomKind::kCode;
+      piece.text = TextOf(element);
+      break;
+    case Tag::kFldChar: {
+      const std::string_view type = part.Attribute(element, "fldCharType").value();
+      if (type == "begin") {
+        piece.atom.kind = AtomKind::kFieldBegin;
+        piece.text = word::kFieldBegin;
+      } else if (type == "separate") {
+        piece.atom.kind = AtomKind::kFieldSeparator;
+        piece.text = word::kFieldSeparator;
+      } else if (type == "end") {
+        piece.atom.kind = AtomKind::kFieldEnd;
+        piece.text = word::kFieldEnd;
+      }
+      break;
+    }
+    case Tag::kTab:
+    case Tag::kPTab:
+      character(word::kTab);
+      break;
+    case Tag::kBr: {
+      const std::string_view type = part.Attribute(element, "type").value();
+      character(type == "page" ? word::kPageBreak : type == "column" ? word::kColumnBreak : word::kLineBreak);
+      break;
+    }
+    case Tag::kCr:
+      character(word::kLineBreak);
+      break;
+    case Tag::kNoBreakHyphen:
+      character(word::kNonBreakingHyphen);
+      break;
+    case Tag::kSoftHyphen:
+      character(word::kOptionalHyphen);
+      break;
+    case Tag::kSym:
+      character(word::kSymbol);
+      break;
+    case Tag::kFootnoteReference:
+    case Tag::kEndnoteReference:
+    case Tag::kFootnoteRef:
+    case Tag::kEndnoteRef:
+      character(word::kNoteReference);
+      break;
+    case Tag::kCommentReference:
+      character(word::kCommentMark);
+      break;
+    case Tag::kSeparator:
+      character(3);
+      break;
+    case Tag::kContinuationSeparator:
+      character(4);
+      break;
+    case Tag::kRuby:
+      character(word::kInlineObject);
+      break;
+    case Tag::kDrawing:
+    case Tag::kPict:
+    case Tag::kObject:
+    case Tag::kAlternateContent:
+      if (StandsInLine(part, element)) character(word::kInlineObject);
+      break;
+    default:
+      break;
+  }
+  piece.atom.length = static_cast<std::uint32_t>(piece.text.size());
+  return piece;
+}
+
+void StoryBuilder::Add(pugi::xml_node element, AtomKind kind, std::u16string_view text, bool deleted) {
+  const Atom atom{element.internal_object(), static_cast<std::uint32_t>(text.size()), kind, deleted};
+  const AtomSequence::Place place = atoms_.Append(atom, text);
+  if (text.empty()) return;
+  lastIsMark_ = kind == AtomKind::kParagraphMark;
+  if (lastIsMark_) lastMark_ = place;
+}
+
+void StoryBuilder::AddBlocks(pugi::xml_node container, bool deleted) {
+  for (const pugi::xml_node child : container.children()) {
+    if (!IsElement(child)) continue;
+    switch (part_.TagOf(child)) {
+      case Tag::kP:
+        AddParagraph(child, deleted);
+        break;
+      case Tag::kTbl:
+        AddTable(child, deleted);
+        break;
+      case Tag::kSdt:
+        AddBlocks(part_.Child(child, Tag::kSdtContent), deleted);
+        break;
+      case Tag::kCustomXml:
+      case Tag::kIns:
+      case Tag::kMoveTo:
+        AddBlocks(child, deleted);
+        break;
+      case Tag::kDel:
+      case Tag::kMoveFrom:
+        AddBlocks(child, true);
+        break;
+      case Tag::kAlternateContent:
+        AddBlocks(ChosenBranch(part_, child), deleted);
+        break;
+      case Tag::kBookmarkStart:
+        Add(child, AtomKind::kBookmarkStart, {}, deleted);
+        break;
+      case Tag::kBookmarkEnd:
+        Add(child, AtomKind::kBookmarkEnd, {}, deleted);
+        break;
+      default:
+        break;
+    }
+  }
+}
+
+void StoryBuilder::AddParagraph(pugi::xml_node paragraph, bool deleted) {
+  AddInlines(paragraph, deleted);
+  const pugi::xml_node properties = part_.Child(paragraph, Tag::kPPr);
+  const pugi::xml_node markProperties = part_.Child(properties, Tag::kRPr);
+  const bool markDeleted =
+      deleted || part_.Child(markProperties, Tag::kDel) || part_.Child(markProperties, Tag::kMoveFrom);
+  const char16_t mark = part_.Child(properties, Tag::kSectPr) ? word::kPageBreak : word::kParagraphMark;
+  Add(paragraph, AtomKind::kParagraphMark, std::u16string_view(&mark, 1), markDeleted);
+}
+
+void StoryBuilder::AddTable(pugi::xml_node table, bool deleted) {
+  for (const pugi::xml_node child : table.children()) {
+    if (!IsElement(child)) continue;
+    switch (part_.TagOf(child)) {
+      case Tag::kTr: {
+        const pugi::xml_node properties = part_.Child(child, Tag::kTrPr);
+        const bool rowDeleted = deleted || part_.Child(properties, Tag::kDel);
+        AddTable(child, rowDeleted);
+        Add(child, AtomKind::kRowMark, std::u16string_view(&word::kCellMark, 1), rowDeleted);
+        break;
+      }
+      case Tag::kTc:
+        AddCell(child, deleted);
+        break;
+      case Tag::kSdt:
+        AddTable(part_.Child(child, Tag::kSdtContent), deleted);
+        break;
+      case Tag::kCustomXml:
+      case Tag::kIns:
+      case Tag::kMoveTo:
+        AddTable(child, deleted);
+        break;
+      case Tag::kDel:
+      case Tag::kMoveFrom:
+        AddTable(child, true);
+        break;
+      case Tag::kBookmarkStart:
+        Add(child, AtomKind::kBookmarkStart, {}, deleted);
+        break;
+      case Tag::kBookmarkEnd:
+        Add(child, AtomKind::kBookmarkEnd, {}, deleted);
+        break;
+      default:
+        break;
+    }
+  }
+}
+
+void StoryBuilder::AddCell(pugi::xml_node cell, bool deleted) {
+  lastIsMark_ = false;
+  AddBlocks(cell, deleted);
+  if (lastIsMark_) {
+    atoms_.SetCharacter(lastMark_, word::kCellMark);
+    lastIsMark_ = false;
+  } else {
+    Add(cell, AtomKind::kCellMark, std::u16string_view(&word::kCellMark, 1), deleted);
+  }
+}
+
+void StoryBuilder::AddInlines(pugi::xml_node parent, bool deleted) {
+  for (const pugi::xml_node child : parent.children()) {
+    if (!IsElement(child)) continue;
+    switch (part_.TagOf(child)) {
+      case Tag::kR:
+        AddRun(child, deleted);
+        break;
+      case Tag::kHyperlink:
+      case Tag::kSmartTag:
+      case Tag::kCustomXml:
+      case Tag::kDir:
+      case Tag::kBdo:
+      case Tag::kIns:
+      case Tag::kMoveTo:
+        AddInlines(child, deleted);
+        break;
+      case Tag::kDel:
+      case Tag::kMoveFrom:
+        AddInlines(child, true);
+        break;
+      case Tag::kSdt:
+        AddInlines(part_.Child(child, Tag::kSdtContent), deleted);
+        break;
+      case Tag::kAlternateContent:
+        AddInlines(ChosenBranch(part_, child), deleted);
+        break;
+      case Tag::kFldSimple: {
+        std::u16string begin(1, word::kFieldBegin);
+        begin += ToUtf16(part_.Attribute(child, "instr").value());
+        begin += word::kFieldSeparator;
+        Add(child, AtomKind::kSimpleBegin, begin, deleted);
+        AddInlines(child, deleted);
+        Add(child, AtomKind::kSimpleEnd, std::u16string_view(&word::kFieldEnd, 1), deleted);
+        break;
+      }
+      case Tag::kBookmarkStart:
+        Add(child, AtomKind::kBookmarkStart, {}, deleted);
+        break;
+      case Tag::kBookmarkEnd:
+        Add(child, AtomKind::kBookmarkEnd, {}, deleted);
+        break;
+      default:
+        break;
+    }
+  }
+}
+
+void StoryBuilder::AddRun(pugi::xml_node run, bool deleted) {
+  for (const pugi::xml_node child : run.children()) {
+    if (!IsElement(child)) continue;
+    const Piece piece = ReadRunContent(part_, child, deleted);
+    if (piece.atom.length != 0) Add(child, piece.atom.kind, piece.text, deleted);
+  }
+}
+
+}  // namespace docx

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <pugixml.hpp>
+
+#include <string_view>
+
+#include "hosts/docx/story/AtomSequence.h"
+#include "hosts/docx/xml/XmlPart.h"
+
+namespace docx {
+
+/// Reads blocks of XML into the atoms of a story.
+class StoryBuilder {
+ public:
+  StoryBuilder(const XmlPart& part, AtomSequence& atoms) : part_(part), atoms_(atoms) {}
+  void AddBlocks(pugi::xml_node container) { AddBlocks(container, false); }
+
+  /// What an element of a run's content contributes; of kind kText with length 0 when nothing.
+  struct Piece {
+    Atom atom;
+    std::u16string text;
+  };
+  static Piece ReadRunContent(const XmlPart& part, pugi::xml_node element, bool deleted);
+
+ private:
+  void AddBlocks(pugi::xml_node container, bool deleted);
+  void AddParagraph(pugi::xml_node paragraph, bool deleted);
+  void AddTable(pugi::xml_node table, bool deleted);
+  void AddCell(pugi::xml_node cell, bool deleted);
+  void AddInlines(pugi::xml_node parent, bool deleted);
+  void AddRun(pugi::xml_node run, bool deleted);
+  void Add(pugi::xml_node element, AtomKind kind, std::u16string_view text, bool deleted);
+
+  const XmlPart& part_;
+  AtomSequence& atoms_;
+  /// The last paragraph mark, which becomes the cell's mark when the cell ends behind it.
+  AtomSequence::Place lastMark_;
+  bool lastIsMark_{false};
+};
+
+/// The branch of mc:AlternateContent that a reader of today takes; empty when there is none.
+pugi::xml_node ChosenBranch(const XmlPart& part, pugi::xml_node alternate);
+
+}  // namespace docx

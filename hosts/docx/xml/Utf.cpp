@@ -1,0 +1,75 @@
+#include "hosts/docx/xml/Utf.h"
+
+namespace docx {
+
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+/// Decodes one character and moves past it.
+char32_t Decode(std::string_view text, std::size_t& at) {
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  const unsigned char lead = byte(at++);
+  if (lead < 0x80) return lead;
+  const int more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC0 ? 1 : 0;
+  if (more == 0) return kReplacement;
+  char32_t character = lead & (0x3Fu >> more);
+  for (int i = 0; i < more; ++i) {
+    if (at >= text.size() || (byte(at) & 0xC0) != 0x80) return kReplacement;
+    character = (character << 6) | (byte(at++) & 0x3Fu);
+  }
+  return character > 0x10FFFF || (character >= 0xD800 && character < 0xE000) ? kReplacement : character;
+}
+
+}  // namespace
+
+std::u16string ToUtf16(std::string_view utf8) {
+  std::u16string result;
+  result.reserve(utf8.size());
+  for (std::size_t at = 0; at < utf8.size();) {
+    const char32_t character = Decode(utf8, at);
+    if (character < 0x10000) {
+      result += static_cast<char16_t>(character);
+    } else {
+      result += static_cast<char16_t>(0xD7C0 + (character >> 10));
+      result += static_cast<char16_t>(0xDC00 + (character & 0x3FF));
+    }
+  }
+  return result;
+}
+
+std::string ToUtf8(std::u16string_view utf16) {
+  std::string result;
+  result.reserve(utf16.size() + utf16.size() / 8);
+  for (std::size_t at = 0; at < utf16.size(); ++at) {
+    char32_t character = utf16[at];
+    if (character >= 0xD800 && character < 0xE000) {
+      const bool pair = character < 0xDC00 && at + 1 < utf16.size() && (utf16[at + 1] & 0xFC00) == 0xDC00;
+      character = pair ? 0x10000 + ((character & 0x3FF) << 10) + (utf16[++at] & 0x3FFu) : kReplacement;
+    }
+    if (character < 0x80) {
+      result += static_cast<char>(character);
+    } else if (character < 0x800) {
+      result += static_cast<char>(0xC0 | (character >> 6));
+      result += static_cast<char>(0x80 | (character & 0x3F));
+    } else if (character < 0x10000) {
+      result += static_cast<char>(0xE0 | (character >> 12));
+      result += static_cast<char>(0x80 | ((character >> 6) & 0x3F));
+      result += static_cast<char>(0x80 | (character & 0x3F));
+    } else {
+      result += static_cast<char>(0xF0 | (character >> 18));
+      result += static_cast<char>(0x80 | ((character >> 12) & 0x3F));
+      result += static_cast<char>(0x80 | ((character >> 6) & 0x3F));
+      result += static_cast<char>(0x80 | (character & 0x3F));
+    }
+  }
+  return result;
+}
+
+std::size_t Utf8Prefix(std::string_view utf8, std::size_t units) {
+  std::size_t at = 0;
+  for (std::size_t seen = 0; seen < units && at < utf8.size();) seen += Decode(utf8, at) < 0x10000 ? 1 : 2;
+  return at;
+}
+
+}  // namespace docx
