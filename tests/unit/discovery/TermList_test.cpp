@@ -1,0 +1,82 @@
+#include "discovery/TermList.h"
+
+#include <gtest/gtest.h>
+
+#include "addin/clsProgForm.h"
+#include "tests/fakes/FakeFormHost.h"
+#include "tests/fakes/FakeServices.h"
+#include "tests/fakes/FakeTermMarker.h"
+#include "tests/fakes/FakeWord.h"
+#include "tests/fakes/TermListForm.h"
+
+namespace {
+
+class TermList : public testing::Test {
+ protected:
+  bool Build() {
+    const TermSearch search{word.MakeApplication(),
+                            word.MakeDocument(),
+                            marker,
+                            progress,
+                            {form.lstTermsInDoc, form.lblTermsInDoc, form.StatusBar1}};
+    return BuildQuotedTermList(search, messages, {}, false, terms);
+  }
+
+  fakes::CallLog log;
+  fakes::FakeMessages messages{log};
+  fakes::FakeWord word{log};
+  fakes::FakeTermMarker marker{log};
+  fakes::FakeFormHost host{log};
+  fakes::TermListForm form{host};
+  clsProgForm progress{host};
+  FoundTerms terms{u"before"};
+};
+
+}  // namespace
+
+TEST_F(TermList, HoldsTheTermsOfTextAndNotesSorted) {
+  word.stories = {{1, u"\"Seller\" \"buyer\"\r", {}}, {2, u"\"Closing\"\r", {}}, {3, u"\"Act\"\r", {}}};
+  ASSERT_TRUE(Build());
+  EXPECT_EQ(terms, (FoundTerms{u"Act", u"Closing", u"Seller", u"buyer"}));
+  EXPECT_EQ(form.lblTermsInDoc.Caption(),
+            u"The following defined terms were found in your document.  Select which terms you want to index.  You can "
+            u"specify additional terms for indexing in the 'Add terms for indexing' section below.");
+}
+
+TEST_F(TermList, ATermOnlyInAHeaderOrTextBoxOrCommentIsNeverFound) {
+  word.stories = {{1, u"\"Seller\"\r", {}}, {4, u"\"Note\"\r", {}}, {5, u"\"Box\"\r", {}}, {7, u"\"Head\"\r", {}}};
+  ASSERT_TRUE(Build());
+  EXPECT_EQ(terms, FoundTerms{u"Seller"});
+}
+
+TEST_F(TermList, WithoutQuotesTheLabelSaysSo) {
+  word.stories = {{1, u"plain\r", {}}};
+  ASSERT_TRUE(Build());
+  EXPECT_FALSE(AnyFound(terms));
+  const std::u16string& label = form.lblTermsInDoc.Caption();
+  EXPECT_EQ(label.find(u"No defined terms were found in this document.  Defined terms must be enclosed in double"), 0u);
+  EXPECT_NE(label.find(u"in the Options section below.\r\nIf the defined terms"), std::u16string::npos);
+  EXPECT_NE(label.find(u"they won't be listed.\r\nYou can type a list"), std::u16string::npos);
+}
+
+TEST_F(TermList, AnErrorIsShownAndLeavesTheTermsAlone) {
+  word.stories = {{1, u"\"Seller\"\r", {}}};
+  log.failAt = "AddTerm Seller";
+  messages.Expect(u"Get list of terms failed");
+  EXPECT_FALSE(Build());
+  EXPECT_EQ(terms, FoundTerms{u"before"});
+  EXPECT_EQ(messages.shown.at(0).text, u"Error: 4605 This method or property is not available");
+  EXPECT_EQ(log.Count("unload frmProgressForm"), 1);
+}
+
+TEST_F(TermList, EveryTermIsListedAndSelected) {
+  FillFoundTerms(form.lstTermsInDoc, {u"Act", u"Seller"});
+  ASSERT_EQ(form.lstTermsInDoc.ListCount(), 2);
+  EXPECT_EQ(form.lstTermsInDoc.List(1), u"Seller");
+  EXPECT_EQ(form.lstTermsInDoc.SelCount(), 2);
+}
+
+TEST_F(TermList, ASingleEmptyElementFillsNothing) {
+  FillFoundTerms(form.lstTermsInDoc, FoundTerms(1));
+  EXPECT_EQ(form.lstTermsInDoc.ListCount(), 0);
+}
