@@ -1,0 +1,139 @@
+#include "hosts/docx/styles/Formatting.h"
+
+#include <string_view>
+
+#include "platform/word/Constants.h"
+
+namespace docx {
+
+namespace {
+
+const RunValues kNoRunValues;
+const ParagraphValues kNoParagraphValues;
+
+const RunValues& RunOf(const Style* style) { return style == nullptr ? kNoRunValues : style->run; }
+
+/// Toggle properties: paragraph and character style cancel each other out, and the document's defaults win over both.
+bool Toggle(std::optional<bool> defaults, std::optional<bool> paragraph, std::optional<bool> character) {
+  return defaults.value_or(false) || paragraph.value_or(false) != character.value_or(false);
+}
+
+template <typename T>
+T First(std::optional<T> a, std::optional<T> b, std::optional<T> c, T otherwise) {
+  return a ? *a : b ? *b : c ? *c : otherwise;
+}
+
+/// Walks without recursion: documents nest as deep as their maker likes.
+bool HasElement(pugi::xml_node root, std::string_view first, std::string_view second) {
+  pugi::xml_node node = root;
+  while (true) {
+    const std::string_view name = node.name();
+    if (name == first || name == second) return true;
+    if (const pugi::xml_node child = node.first_child()) {
+      node = child;
+      continue;
+    }
+    while (node != root && !node.next_sibling()) node = node.parent();
+    if (node == root) return false;
+    node = node.next_sibling();
+  }
+}
+
+}  // namespace
+
+int Formatting::Bold(pugi::xml_node node) const {
+  const std::optional<bool> direct = ReadOnOff(part_, part_.Child(DirectRun(node), "b"));
+  return (direct ? *direct : InheritedRun(node).bold) ? -1 : 0;
+}
+
+bool Formatting::Hidden(pugi::xml_node node) const {
+  if (!PartHides() && !styles_.AnyHidden()) return false;
+  const pugi::xml_node rPr = DirectRun(node);
+  if (part_.Is(node, Tag::kP)) {
+    const std::optional<bool> separator = ReadOnOff(part_, part_.Child(rPr, "specVanish"));
+    const RunValues& style = RunOf(ParagraphStyle(node));
+    if (First(separator, style.specHidden, styles_.RunDefaults().specHidden, false)) return true;
+  }
+  const std::optional<bool> direct = ReadOnOff(part_, part_.Child(rPr, "vanish"));
+  return direct ? *direct : InheritedRun(node).hidden;
+}
+
+int Formatting::Highlight(pugi::xml_node node) const {
+  const std::optional<int> direct = ReadHighlight(part_, part_.Child(DirectRun(node), "highlight"));
+  return direct ? *direct : InheritedRun(node).highlight;
+}
+
+int Formatting::Color(pugi::xml_node node) const {
+  const std::optional<int> direct = ReadRunValues(part_, DirectRun(node)).color;
+  return direct ? *direct : InheritedRun(node).color;
+}
+
+RunFormat Formatting::InheritedRun(pugi::xml_node node) const {
+  const RunValues& character = RunOf(CharacterStyle(DirectRun(node)));
+  const RunValues& paragraph = RunOf(ParagraphStyle(ParagraphOf(node)));
+  const RunValues& defaults = styles_.RunDefaults();
+  RunFormat format;
+  format.bold = Toggle(defaults.bold, paragraph.bold, character.bold);
+  format.hidden = Toggle(defaults.hidden, paragraph.hidden, character.hidden);
+  format.highlight = First<int>(character.highlight, paragraph.highlight, defaults.highlight, word::wdNoHighlight);
+  format.color = First<int>(character.color, paragraph.color, defaults.color, word::wdColorAutomatic);
+  return format;
+}
+
+int Formatting::Alignment(pugi::xml_node p) const {
+  return DirectParagraph(p).alignment.value_or(*InheritedParagraph(p).alignment);
+}
+
+double Formatting::SpaceBefore(pugi::xml_node p) const {
+  return DirectParagraph(p).before.twips.value_or(*InheritedParagraph(p).before.twips) / 20.0;
+}
+
+double Formatting::SpaceAfter(pugi::xml_node p) const {
+  return DirectParagraph(p).after.twips.value_or(*InheritedParagraph(p).after.twips) / 20.0;
+}
+
+bool Formatting::PageBreakBefore(pugi::xml_node p) const {
+  ParagraphValues values = DirectParagraph(p);
+  values.Inherit(InheritedParagraph(p));
+  return values.pageBreakBefore.value_or(false);
+}
+
+ParagraphValues Formatting::DirectParagraph(pugi::xml_node p) const {
+  return ReadParagraphValues(part_, part_.Child(p, Tag::kPPr));
+}
+
+ParagraphValues Formatting::InheritedParagraph(pugi::xml_node p) const {
+  const Style* style = ParagraphStyle(p);
+  ParagraphValues values = style == nullptr ? kNoParagraphValues : style->paragraph;
+  values.Inherit(styles_.ParagraphDefaults());
+  ParagraphValues none;
+  none.alignment = word::wdAlignParagraphLeft;
+  none.before.twips = 0;
+  none.after.twips = 0;
+  values.Inherit(none);
+  return values;
+}
+
+pugi::xml_node Formatting::DirectRun(pugi::xml_node node) const {
+  return part_.Child(part_.Is(node, Tag::kP) ? part_.Child(node, Tag::kPPr) : node, Tag::kRPr);
+}
+
+pugi::xml_node Formatting::ParagraphOf(pugi::xml_node node) const {
+  while (node && !part_.Is(node, Tag::kP)) node = node.parent();
+  return node;
+}
+
+const Style* Formatting::ParagraphStyle(pugi::xml_node p) const {
+  return styles_.Paragraph(part_.Attribute(part_.Child(part_.Child(p, Tag::kPPr), "pStyle"), "val").value());
+}
+
+const Style* Formatting::CharacterStyle(pugi::xml_node rPr) const {
+  return styles_.Character(part_.Attribute(part_.Child(rPr, "rStyle"), "val").value());
+}
+
+bool Formatting::PartHides() const {
+  if (!partHides_) partHides_ = HasElement(part_.Root(), part_.Name("vanish"), part_.Name("specVanish"));
+  return *partHides_;
+}
+
+}  // namespace docx

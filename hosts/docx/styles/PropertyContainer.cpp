@@ -1,0 +1,180 @@
+#include "hosts/docx/styles/PropertyContainer.h"
+
+#include <array>
+#include <cstddef>
+
+#include "hosts/docx/styles/Marks.h"
+
+namespace docx {
+
+namespace {
+
+constexpr std::string_view kKeep = "keep";
+
+// The schema's orders. What is not listed, such as Word's later additions, stands between the last and the last but
+// one, the record of a tracked change of formatting.
+constexpr std::array<std::string_view, 45> kRunOrder{"ins",
+                                                     "del",
+                                                     "moveFrom",
+                                                     "moveTo",
+                                                     "rStyle",
+                                                     "rFonts",
+                                                     "b",
+                                                     "bCs",
+                                                     "i",
+                                                     "iCs",
+                                                     "caps",
+                                                     "smallCaps",
+                                                     "strike",
+                                                     "dstrike",
+                                                     "outline",
+                                                     "shadow",
+                                                     "emboss",
+                                                     "imprint",
+                                                     "noProof",
+                                                     "snapToGrid",
+                                                     "vanish",
+                                                     "webHidden",
+                                                     "color",
+                                                     "spacing",
+                                                     "w",
+                                                     "kern",
+                                                     "position",
+                                                     "sz",
+                                                     "szCs",
+                                                     "highlight",
+                                                     "u",
+                                                     "effect",
+                                                     "bdr",
+                                                     "shd",
+                                                     "fitText",
+                                                     "vertAlign",
+                                                     "rtl",
+                                                     "cs",
+                                                     "em",
+                                                     "lang",
+                                                     "eastAsianLayout",
+                                                     "specVanish",
+                                                     "oMath",
+                                                     "",
+                                                     "rPrChange"};
+
+constexpr std::array<std::string_view, 37> kParagraphOrder{"pStyle",
+                                                           "keepNext",
+                                                           "keepLines",
+                                                           "pageBreakBefore",
+                                                           "framePr",
+                                                           "widowControl",
+                                                           "numPr",
+                                                           "suppressLineNumbers",
+                                                           "pBdr",
+                                                           "shd",
+                                                           "tabs",
+                                                           "suppressAutoHyphens",
+                                                           "kinsoku",
+                                                           "wordWrap",
+                                                           "overflowPunct",
+                                                           "topLinePunct",
+                                                           "autoSpaceDE",
+                                                           "autoSpaceDN",
+                                                           "bidi",
+                                                           "adjustRightInd",
+                                                           "snapToGrid",
+                                                           "spacing",
+                                                           "ind",
+                                                           "contextualSpacing",
+                                                           "mirrorIndents",
+                                                           "suppressOverlap",
+                                                           "jc",
+                                                           "textDirection",
+                                                           "textAlignment",
+                                                           "textboxTightWrap",
+                                                           "outlineLvl",
+                                                           "divId",
+                                                           "cnfStyle",
+                                                           "",
+                                                           "rPr",
+                                                           "sectPr",
+                                                           "pPrChange"};
+
+std::size_t Rank(std::span<const std::string_view> order, std::string_view local) {
+  std::size_t other = order.size();
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    if (order[i].empty())
+      other = i;
+    else if (order[i] == local)
+      return i;
+  }
+  return other;
+}
+
+/// The name without the prefix of WordprocessingML; empty for names of other namespaces.
+std::string_view Local(const XmlPart& part, pugi::xml_node node) {
+  const std::string_view prefix = part.Name("");
+  const std::string_view name = node.name();
+  if (!name.starts_with(prefix)) return {};
+  const std::string_view local = name.substr(prefix.size());
+  return local.find(':') == std::string_view::npos ? local : std::string_view();
+}
+
+const char* NameOf(Tag tag) { return tag == Tag::kRPr ? "rPr" : "pPr"; }
+
+}  // namespace
+
+PropertyContainer PropertyContainer::OfRun(XmlPart& part, pugi::xml_node node) {
+  return PropertyContainer(part, node, Tag::kRPr);
+}
+
+PropertyContainer PropertyContainer::OfParagraph(XmlPart& part, pugi::xml_node p) {
+  return PropertyContainer(part, p, Tag::kPPr);
+}
+
+PropertyContainer::PropertyContainer(XmlPart& part, pugi::xml_node owner, Tag tag)
+    : part_(part), owner_(owner), tag_(tag) {
+  const bool mark = tag == Tag::kRPr && part.Is(owner, Tag::kP);
+  node_ = part.Child(mark ? part.Child(owner, Tag::kPPr) : owner, tag);
+}
+
+pugi::xml_node PropertyContainer::Ensure(const char* local) {
+  if (const pugi::xml_node found = Find(local)) return found;
+  if (!node_) {
+    if (tag_ == Tag::kRPr && part_.Is(owner_, Tag::kP)) {
+      node_ = OfParagraph(part_, owner_).Ensure(NameOf(tag_));
+    } else {
+      node_ = owner_.prepend_child(part_.Name(NameOf(tag_)));
+    }
+  } else if (!node_.first_child()) {
+    MakeMark(node_.append_child(pugi::node_pi), std::string(kKeep));
+  }
+  return Add(node_, local);
+}
+
+pugi::xml_node PropertyContainer::Add(pugi::xml_node container, const char* local) {
+  const std::span<const std::string_view> order =
+      tag_ == Tag::kRPr ? std::span<const std::string_view>(kRunOrder) : kParagraphOrder;
+  const std::size_t rank = Rank(order, local);
+  for (const pugi::xml_node child : container.children()) {
+    if (child.type() == pugi::node_element && Rank(order, Local(part_, child)) > rank) {
+      return container.insert_child_before(part_.Name(local), child);
+    }
+  }
+  return container.append_child(part_.Name(local));
+}
+
+void PropertyContainer::Remove(pugi::xml_node property) {
+  node_.remove_child(property);
+  const pugi::xml_node rest = node_.first_child();
+  if (!rest) {
+    pugi::xml_node parent = node_.parent();
+    if (part_.Is(parent, Tag::kPPr)) {
+      OfParagraph(part_, owner_).Remove(node_);
+    } else {
+      parent.remove_child(node_);
+    }
+    node_ = {};
+  } else if (rest == FindMark(node_, kKeep) && !rest.next_sibling()) {
+    node_.remove_child(rest);
+  }
+}
+
+}  // namespace docx

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <pugixml.hpp>
+
+#include <span>
+#include <string_view>
+
+#include "hosts/docx/xml/XmlPart.h"
+
+namespace docx {
+
+/// The w:rPr or w:pPr of one run or paragraph, for changes that can be taken back to the letter: elements go in at
+/// their place in the schema's order, a container that is made for the first one goes with the last one, and one
+/// that was there and empty survives, because it carries a mark (<?kelvarin keep?>) meanwhile.
+class PropertyContainer {
+ public:
+  /// The w:rPr of a w:r, or of a w:p's mark.
+  static PropertyContainer OfRun(XmlPart& part, pugi::xml_node node);
+  /// The w:pPr of a w:p.
+  static PropertyContainer OfParagraph(XmlPart& part, pugi::xml_node p);
+
+  /// The container itself; empty when there is none.
+  pugi::xml_node Node() const { return node_; }
+  /// A property by local name; empty when there is none.
+  pugi::xml_node Find(const char* local) const { return part_.Child(node_, local); }
+  /// The property, made and put in its place when it is missing.
+  pugi::xml_node Ensure(const char* local);
+  /// Takes a property out, and the container when nothing else is in it and it was made here.
+  void Remove(pugi::xml_node property);
+
+ private:
+  PropertyContainer(XmlPart& part, pugi::xml_node owner, Tag tag);
+  pugi::xml_node Add(pugi::xml_node container, const char* local);
+
+  XmlPart& part_;
+  pugi::xml_node owner_;  // run or paragraph
+  Tag tag_;
+  pugi::xml_node node_;
+};
+
+}  // namespace docx

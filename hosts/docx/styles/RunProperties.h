@@ -1,0 +1,27 @@
+#pragma once
+
+#include <pugixml.hpp>
+
+#include "hosts/docx/styles/Formatting.h"
+#include "hosts/docx/xml/XmlPart.h"
+
+namespace docx {
+
+// Setters of direct character formatting. The node is a w:r, or a w:p for its paragraph mark. A value that already
+// shows changes nothing; one that shows without direct formatting takes the direct formatting away. Each returns
+// whether it changed the XML, and then touches the part. Neither styles nor the text are changed.
+
+/// Laying a highlight and setting the one that showed before gives back the very same XML: what a bare removal could
+/// not know stays in the w:rPr as a mark, <?kelvarin keep?> in one that was empty, and <?kelvarin highlight none?>
+/// where that value stood and would have shown anyway.
+/// @param colorIndex a WdColorIndex @throws std::out_of_range unless 0 <= colorIndex <= 16
+bool SetHighlight(const Formatting& formatting, pugi::xml_node node, int colorIndex);
+bool SetBold(const Formatting& formatting, pugi::xml_node node, bool bold);
+/// @param color red lowest, or wdColorAutomatic. A theme colour is dropped.
+bool SetColor(const Formatting& formatting, pugi::xml_node node, int color);
+
+/// Whether two runs differ in nothing but their content, so that they can be joined: the same attributes, in any order,
+/// and the same w:rPr down to its marks.
+bool SameRunFormatting(const XmlPart& part, pugi::xml_node first, pugi::xml_node second);
+
+}  // namespace docx
