@@ -146,7 +146,7 @@ void ForEachDescendant(pugi::xml_node root, Visit visit) {
 
 }  // namespace
 
-XmlPart::XmlPart(std::string name, std::string bytes) : name_(std::move(name)), bytes_(ToUtf8(std::move(bytes))) {
+XmlPart::XmlPart(std::string name, std::string bytes) : name_(std::move(name)), bytes_(ToUtf8(std::move(bytes), name_)) {
   CheckXml(bytes_, name_);
   constexpr unsigned kFlags = (pugi::parse_full | pugi::parse_ws_pcdata) & ~pugi::parse_doctype;
   const pugi::xml_parse_result result =
