@@ -15,6 +15,12 @@ constexpr std::size_t kLargest = 256;
 
 bool BeginsField(const Atom& atom) { return atom.kind == AtomKind::kFieldBegin || atom.kind == AtomKind::kSimpleBegin; }
 
+/// What an atom adds to the number of fields that what follows is inside.
+int DepthOf(const Atom& atom) {
+  if (BeginsField(atom)) return 1;
+  return atom.kind == AtomKind::kFieldEnd || atom.kind == AtomKind::kSimpleEnd ? -1 : 0;
+}
+
 bool IsBookmark(const Atom& atom) {
   return atom.kind == AtomKind::kBookmarkStart || atom.kind == AtomKind::kBookmarkEnd;
 }
@@ -60,6 +66,7 @@ AtomSequence::Place AtomSequence::Append(const Atom& atom, std::u16string_view t
   chunk.atoms.push_back(atom);
   chunk.text += text;
   if (BeginsField(atom)) ++chunk.fieldBegins;
+  chunk.fieldDepth += DepthOf(atom);
   if (IsBookmark(atom)) bookmarks_[atom.element] = &chunk;
   const Place place{chunks_.size() - 1, chunk.atoms.size() - 1, length_};
   length_ += static_cast<Position>(text.size());
@@ -70,13 +77,16 @@ AtomSequence::Place AtomSequence::Append(const Atom& atom, std::u16string_view t
 void AtomSequence::Rebuild() const {
   lengths_.assign(chunks_.size() + 1, 0);
   begins_.assign(chunks_.size() + 1, 0);
+  depths_.assign(chunks_.size() + 1, 0);
   for (std::size_t i = 0; i < chunks_.size(); ++i) {
     lengths_[i + 1] += static_cast<Position>(chunks_[i]->text.size());
     begins_[i + 1] += chunks_[i]->fieldBegins;
+    depths_[i + 1] += chunks_[i]->fieldDepth;
     const std::size_t up = (i + 1) + ((i + 1) & (~(i + 1) + 1));
     if (up <= chunks_.size()) {
       lengths_[up] += lengths_[i + 1];
       begins_[up] += begins_[i + 1];
+      depths_[up] += depths_[i + 1];
     }
   }
   stale_ = false;
@@ -176,11 +186,26 @@ int AtomSequence::FieldBeginsBefore(Position position) const {
   return count;
 }
 
-void AtomSequence::Grew(std::size_t chunk, Position units, int begins) {
+int AtomSequence::FieldDepthBefore(Position position) const {
+  if (stale_) Rebuild();
+  if (position >= length_) return Sum(depths_, chunks_.size());
+  Position start = 0;
+  const std::size_t number = ChunkAt(position, start);
+  int depth = Sum(depths_, number);
+  for (const Atom& atom : chunks_[number]->atoms) {
+    if (start >= position) break;
+    depth += DepthOf(atom);
+    start += static_cast<Position>(atom.length);
+  }
+  return depth;
+}
+
+void AtomSequence::Grew(std::size_t chunk, Position units, int begins, int depth) {
   length_ += units;
   if (stale_) return;
   Add(lengths_, chunk, units);
   if (begins != 0) Add(begins_, chunk, begins);
+  if (depth != 0) Add(depths_, chunk, depth);
 }
 
 void AtomSequence::RememberBookmarks(const Chunk& chunk) {
@@ -205,8 +230,10 @@ void AtomSequence::SplitWhenLarge(std::size_t number) {
     for (const Atom& atom : second->atoms) {
       units += atom.length;
       if (BeginsField(atom)) ++second->fieldBegins;
+      second->fieldDepth += DepthOf(atom);
     }
     chunk.fieldBegins -= second->fieldBegins;
+    chunk.fieldDepth -= second->fieldDepth;
     second->text = chunk.text.substr(chunk.text.size() - units);
     chunk.text.resize(chunk.text.size() - units);
     chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(number) + 1, std::move(second));
@@ -237,12 +264,15 @@ AtomSequence::Place AtomSequence::Insert(const Place& before, const std::vector<
   chunk.atoms.insert(chunk.atoms.begin() + static_cast<std::ptrdiff_t>(place.atom), atoms.begin(), atoms.end());
   chunk.text.insert(offset, text);
   int begins = 0;
+  int depth = 0;
   for (const Atom& atom : atoms) {
     if (BeginsField(atom)) ++begins;
+    depth += DepthOf(atom);
     if (IsBookmark(atom)) bookmarks_[atom.element] = &chunk;
   }
   chunk.fieldBegins += begins;
-  Grew(place.chunk, static_cast<Position>(text.size()), begins);
+  chunk.fieldDepth += depth;
+  Grew(place.chunk, static_cast<Position>(text.size()), begins, depth);
   SplitWhenLarge(place.chunk);
   while (place.atom >= chunks_[place.chunk]->atoms.size()) {
     place.atom -= chunks_[place.chunk]->atoms.size();
@@ -260,7 +290,8 @@ AtomSequence::Place AtomSequence::Remove(const Place& place) {
   if (IsBookmark(atom)) bookmarks_.erase(atom.element);
   const int begins = BeginsField(atom) ? 1 : 0;
   chunk.fieldBegins -= begins;
-  Grew(place.chunk, -static_cast<Position>(atom.length), -begins);
+  chunk.fieldDepth -= DepthOf(atom);
+  Grew(place.chunk, -static_cast<Position>(atom.length), -begins, -DepthOf(atom));
   Place next = place;
   if (chunk.atoms.empty()) {
     DropWhenEmpty(place.chunk);
@@ -298,7 +329,7 @@ void AtomSequence::Join(const Place& first) {
   Chunk& chunk = *chunks_[first.chunk];
   chunk.text += text;
   chunk.atoms[first.atom].length += length;
-  Grew(first.chunk, static_cast<Position>(length), 0);
+  Grew(first.chunk, static_cast<Position>(length), 0, 0);
 }
 
 void AtomSequence::SetDeleted(const Place& place, bool deleted) {

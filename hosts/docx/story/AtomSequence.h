@@ -24,6 +24,7 @@ class AtomSequence {
     std::u16string text;
     std::size_t number{0};
     int fieldBegins{0};
+    int fieldDepth{0};  ///< field begins less field ends
   };
 
   /// An atom's place. It is spoilt by the next insertion or removal.
@@ -60,6 +61,8 @@ class AtomSequence {
   Place OfFieldBegin(int n) const;
   /// Field begins that start before a position.
   int FieldBeginsBefore(Position position) const;
+  /// Field begins less field ends that start before a position: how many fields it is inside, when all have both.
+  int FieldDepthBefore(Position position) const;
 
   /// Puts atoms before the one at the place (at the end for End()). @return the place of the first
   Place Insert(const Place& before, const std::vector<Atom>& atoms, std::u16string_view text);
@@ -83,7 +86,7 @@ class AtomSequence {
  private:
   std::size_t ChunkAt(Position position, Position& start) const;
   Position StartOf(std::size_t chunk) const;
-  void Grew(std::size_t chunk, Position units, int begins);
+  void Grew(std::size_t chunk, Position units, int begins, int depth);
   void SplitWhenLarge(std::size_t chunk);
   void DropWhenEmpty(std::size_t chunk);
   void Renumber(std::size_t from);
@@ -91,9 +94,10 @@ class AtomSequence {
 
   std::vector<std::unique_ptr<Chunk>> chunks_;
   Position length_{0};
-  // Fenwick trees over the chunks' lengths and field begins, rebuilt when chunks come or go.
+  // Fenwick trees over the chunks' lengths, field begins and depths, rebuilt when chunks come or go.
   mutable std::vector<Position> lengths_;
   mutable std::vector<int> begins_;
+  mutable std::vector<int> depths_;
   mutable bool stale_{true};
   void Rebuild() const;
   std::unordered_map<const pugi::xml_node_struct*, Chunk*> bookmarks_;
