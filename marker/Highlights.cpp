@@ -80,11 +80,13 @@ bool HighlightRecord::IsLaidOn() const { return bookmarks_->Exists(kLaidOnName);
 
 void HighlightRecord::NoteLaidOn() {
   if (isLaidOn_) return;
-  // The last mark of a document cannot be deleted, so the record is not lost with what stands next to it.
-  const word::RangePtr main = document_->StoryRanges()->Item(1);
-  const word::Position end = main->End();
-  if (!IsLaidOn()) bookmarks_->Add(kLaidOnName, document_->Range(end - 1, end));
+  if (!IsLaidOn()) bookmarks_->Add(kLaidOnName, document_->Range(0, 0));
   isLaidOn_ = true;
+}
+
+void HighlightRecord::KeepApartFrom(const word::RangePtr& inserted) {
+  if (!IsLaidOn() || bookmarks_->Item(kLaidOnName)->Range()->Start() < inserted->Start()) return;
+  bookmarks_->Add(kLaidOnName, document_->Range(inserted->End(), inserted->End()));
 }
 
 std::vector<HighlightRecord::Name> HighlightRecord::Names() const {

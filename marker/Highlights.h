@@ -15,7 +15,7 @@ void ForEachColour(const word::RangePtr& range, Stretch stretch, const std::func
 
 /// What marking leaves in a document to take its highlights away again, as hidden bookmarks, so that it follows
 /// every edit and is saved with the document:
-///  - "_KVXHighlighting" over the main text's last mark: highlights of ours stand directly before our entries;
+///  - "_KVXHighlighting" at the main text's start: highlights of ours stand directly before our entries;
 ///  - "_KVXHighlight_<colour>_<number>" over a stretch that is to have that colour again: the author's own below
 ///    ours, or none (0) where the entry that told of it is gone.
 /// A highlight of ours over none of the author's that still has its entry needs no bookmark of its own.
@@ -26,6 +26,9 @@ class HighlightRecord {
   bool IsLaidOn() const;
   /// Made once; marking calls it before it lays the first highlight on.
   void NoteLaidOn();
+  /// To be told of an index put into the main text, which may have come to lie inside the first bookmark: whoever
+  /// deletes the index by hand shall not delete the record with it.
+  void KeepApartFrom(const word::RangePtr& inserted);
   /// @param range a range over the stretch
   void Keep(const word::RangePtr& range, int colour);
   /// Gives every recorded stretch its colour and takes the whole record away.

@@ -40,8 +40,9 @@ word::RangePtr InsertIndexField(const word::DocumentPtr& document, int columns, 
   const word::RangePtr result = field->Result();
   const word::Position begin = code->Start() - 1;
   const word::Position end = (result ? result->End() : code->End()) + 1;
-  bookmarks->Add(kIndexBookmark, document->Range(begin, end));
-  return document->Range(end, end);
+  word::RangePtr index = document->Range(begin, end);
+  bookmarks->Add(kIndexBookmark, index);
+  return index;
 }
 
 void UpdateIndexField(const word::DocumentPtr& document) {

@@ -10,7 +10,7 @@ namespace marker {
 /// One column at the start of a paragraph stays in the section it stands in. Any other index gets a section of
 /// its own, since its entries need paragraphs of their own.
 /// @param columns brought into 1 to 4
-/// @return an empty range behind the index
+/// @return the range of the index
 /// @throws HostError kMemberDoesNotExist without the bookmark
 word::RangePtr InsertIndexField(const word::DocumentPtr& document, int columns, std::u16string_view separator);
 

@@ -94,7 +94,10 @@ std::vector<std::u16string> KvxTermMarker::GetUnusedAndMissing(const TermTable& 
 
 void KvxTermMarker::InsertIndex(const word::ApplicationPtr& /*application*/, const word::DocumentPtr& document,
                                 int columns, std::u16string_view separator) {
-  InsertIndexField(document, columns, separator)->Select();
+  const word::RangePtr index = InsertIndexField(document, columns, separator);
+  HighlightRecord(document).KeepApartFrom(index);
+  index->Collapse(word::wdCollapseEnd);
+  index->Select();
 }
 
 void KvxTermMarker::UpdateIndex(const word::DocumentPtr& document) { UpdateIndexField(document); }

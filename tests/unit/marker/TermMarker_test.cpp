@@ -369,6 +369,16 @@ TEST_F(TermMarkerTest, TheIndexIsCoveredFromItsBeginMarkToBehindItsEndMark) {
   EXPECT_EQ(document_->SelectionSpan().end, covered->End());
 }
 
+TEST_F(TermMarkerTest, DeletingAnIndexAtTheStartByHandKeepsTheRecordOfHighlights) {
+  Open(u"the Lender");
+  Mark({u"Lender"});
+  document_->SetBookmark(u"IndexBKStart", 0, 0);
+  marker_->InsertIndex({}, document_, 1, u", ");
+  document_->Bookmarks()->Item(u"DefinedTermsIndex")->Range()->Delete();
+  marker_->RemoveTermHighlighting(document_);
+  EXPECT_EQ(document_->Highlights().find('7'), std::string::npos);
+}
+
 TEST_F(TermMarkerTest, WithoutThePlaceThereIsNoIndex) {
   Open(u"one");
   EXPECT_THROW(marker_->InsertIndex({}, document_, 2, u", "), word::HostError);
