@@ -26,7 +26,6 @@ class Form {
   Form& operator=(const Form&) = delete;
 
   const std::string& Name() const { return name_; }
-  FormHost& Host() const { return host_; }
   const std::u16string& Caption() const { return caption_; }
   void SetCaption(std::u16string_view value);
 

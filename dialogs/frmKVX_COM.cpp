@@ -1,0 +1,188 @@
+#include "dialogs/frmKVX_COM.h"
+
+#include "addin/modCommonErrorMsgs.h"
+#include "platform/forms/FormHost.h"
+#include "platform/word/Application.h"
+#include "platform/word/Bookmarks.h"
+#include "platform/word/Constants.h"
+#include "platform/word/Document.h"
+#include "platform/word/HostError.h"
+#include "platform/word/Selection.h"
+#include "settings/OptionSettings.h"
+
+#include <utility>
+
+namespace {
+
+/// The number that a text begins with; 0 when it begins with none. Long ones stop growing.
+int LeadingNumber(std::u16string_view text) {
+  constexpr int kLargest = 100000;
+  int number = 0;
+  for (const char16_t unit : text) {
+    if (unit < u'0' || unit > u'9' || number > kLargest) break;
+    number = number * 10 + (unit - u'0');
+  }
+  return number;
+}
+
+/// For clean-up steps of which each is tried whatever became of the others.
+void IgnoreErrors(const std::function<void()>& step) {
+  try {
+    step();
+  } catch (const word::HostError&) {
+    // The document may be closed or protected; there is nothing left to do about it here.
+  }
+}
+
+}  // namespace
+
+frmKVX_COM::frmKVX_COM(const Host& host, modIniFile& ini)
+    : Form(host.forms, "frmKVX_COM"), OptionPanel(*this, ini), hostServices_(host) {
+  tbcTabs.onClick = [this] { ManageFrames(tbcTabs, fraTab); };
+  cmdSelectAllTermsInDoc.onClick = [this] { SelectAll(lstTermsInDoc, true); };
+  cmdDeselectAllTermsInDoc.onClick = [this] { SelectAll(lstTermsInDoc, false); };
+  cmdSelectAllAddTerms.onClick = [this] { SelectAll(lstAddTerms, true); };
+  cmdDeselectAllAddTerms.onClick = [this] { SelectAll(lstAddTerms, false); };
+  cmdAddTerm.onClick = Trapped(u"Error adding term", [this] { cmdAddTerm_Click(); });
+  cmdDeleteTerm.onClick = Trapped(u"Error deleting terms", [this] { cmdDeleteTerm_Click(); });
+  cmdRefresh.onClick = Trapped(u"Error refreshing list", [this] { cmdRefresh_Click(); });
+  cmdSetDefaults.onClick = Trapped(u"Error setting defaults", [this] { cmdSetDefaults_Click(); });
+  cmdOK.onClick = Trapped(u"Error indexing terms", [this] { cmdOK_Click(); });
+  cmdCancel.onClick = [this] { cmdCancel_Click(); };
+  WatchForReminder();
+}
+
+std::function<void()> frmKVX_COM::Trapped(std::u16string_view title, std::function<void()> body) {
+  return [this, title, step = std::move(body)] { TrapErrors(hostServices_.messages, title, step); };
+}
+
+void frmKVX_COM::OnActivate() { RemoveCloseBox(Caption()); }
+
+void frmKVX_COM::OnQueryUnload(forms::UnloadReason reason) {
+  SetTag(reason == forms::UnloadReason::kControlMenu ? u"Cancel" : u"Done");
+}
+
+void frmKVX_COM::RemoveCloseBox(std::u16string_view strCaption) {
+  closeBoxWindow_ = hostServices_.forms.RemoveCloseBox(strCaption);
+}
+
+void frmKVX_COM::WatchForReminder() {
+  chkBold.onGotFocus = [this] { boldOnFocus_ = chkBold.Value(); };
+  cmbOpenQuote.onGotFocus = [this] { openQuoteOnFocus_ = cmbOpenQuote.ListIndex(); };
+  cmbCloseQuote.onGotFocus = [this] { closeQuoteOnFocus_ = cmbCloseQuote.ListIndex(); };
+  chkBold.onLostFocus = [this] { RemindWhenChanged(chkBold.Value() != boldOnFocus_); };
+  cmbOpenQuote.onLostFocus = [this] { RemindWhenChanged(cmbOpenQuote.ListIndex() != openQuoteOnFocus_); };
+  cmbCloseQuote.onLostFocus = [this] { RemindWhenChanged(cmbCloseQuote.ListIndex() != closeQuoteOnFocus_); };
+}
+
+void frmKVX_COM::RemindWhenChanged(bool changed) {
+  if (!changed || firstFillInProgress) return;
+  const forms::Control* next = ActiveControl();
+  // These refresh the list themselves, or show the reminder themselves.
+  if (next == &cmdSetDefaults || next == &cmdRefresh || next == &optSearchType[0] || next == &optSearchType[1]) return;
+  ShowReminder();
+}
+
+void frmKVX_COM::SearchTypeChosen() { ShowReminder(); }
+
+void frmKVX_COM::ShowReminder() {
+  hostServices_.messages.Show(u"Refresh terms list",
+                              u"You'll need to click the 'Find terms and refresh list' button to refresh the 'Terms "
+                              u"found in document' list.",
+                              os::Icon::kInformation, os::Buttons::kOk);
+}
+
+void frmKVX_COM::IndexInsertOrUpdate(const word::ApplicationPtr& application, const word::DocumentPtr& document,
+                                     bool updateOnly) {
+  if (KVXAddIn == nullptr) return;
+  std::u16string separator = txtSep.Text();
+  if (chkTabSep.Value() != 0) separator += u'\t';
+  if (updateOnly) {
+    KVXAddIn->Marker().UpdateIndex(document);
+  } else {
+    KVXAddIn->Marker().InsertIndex(application, document, LeadingNumber(txtCols.Text()), separator);
+  }
+  document->UndoClear();
+}
+
+void frmKVX_COM::cmdOK_Click() {
+  if (KVXAddIn == nullptr) return;
+  SaveOptionsToIni(Ini(), hostServices_.messages, Options());
+  KVXAddIn->WordApp()->SetScreenUpdating(true);
+  if (!txtAddTerm.Text().empty()) OfferPendingTerm();
+  if (lstTermsInDoc.ListCount() == 0 && lstAddTerms.ListCount() == 0) return;
+  if (!AnyTermSelected()) {
+    hostServices_.messages.Show(u"Nothing selected", u"No terms were selected for indexing.", os::Icon::kExclamation,
+                                os::Buttons::kOk);
+    return;
+  }
+  cmdCancel.SetEnabled(false);
+  IndexChosenTerms();
+  // An error before the dialog was hidden leaves it to the user, who must have a way out.
+  if (Visible()) cmdCancel.SetEnabled(true);
+}
+
+void frmKVX_COM::OfferPendingTerm() {
+  const std::u16string term = txtAddTerm.Text();
+  const std::u16string question =
+      u"Do you want to add "
+      u"\"" +
+      term +
+      u"\""
+      u" to the list of terms for indexing?";
+  if (hostServices_.messages.Show(u"Add term?", question, os::Icon::kQuestion, os::Buttons::kYesNo) !=
+      os::Pressed::kYes) {
+    return;
+  }
+  lstAddTerms.AddItem(term);
+  for (int i = 0; i < lstAddTerms.ListCount(); ++i) {
+    if (lstAddTerms.List(i) != term) continue;
+    lstAddTerms.SetSelected(i, true);
+    break;
+  }
+  txtAddTerm.SetText(u"");
+  SetHorizontalExtent(lstAddTerms);
+}
+
+bool frmKVX_COM::AnyTermSelected() { return lstTermsInDoc.SelCount() + lstAddTerms.SelCount() > 0; }
+
+void frmKVX_COM::IndexChosenTerms() {
+  const word::ApplicationPtr application = KVXAddIn->WordApp();
+  const word::DocumentPtr document = KVXAddIn->ActiveIndexDocument();
+  IndexingOptions options;
+  options.matchCase = chkCaseSensitive.Value() == 1;
+  options.indexCaps = chkIndexCaps.Enabled() && chkIndexCaps.Value() == 1;
+  if (optIndexWhat[1].Enabled() && optIndexWhat[1].Value()) options.indexWhat = u"IndexDefs";
+
+  KVXAddIn->Engine().RunIndexing(application, document, ChosenTerms(lstTermsInDoc, lstAddTerms), *this, options);
+
+  if (chkHighlight.Value() == 0) {
+    // Marking always highlights; what the user did not want is taken away again.
+    KVXAddIn->Marker().RemoveTermHighlighting(document);
+    document->UndoClear();
+    application->Selection()->GoTo({.What = word::wdGoToPage, .Which = word::wdGoToFirst});
+  }
+  application->SetScreenUpdating(true);
+  application->ScreenRefresh();
+  if (KVXAddIn->OptionsAccepted()) DeleteIndexStart();
+}
+
+void frmKVX_COM::DeleteIndexStart() {
+  const word::BookmarksPtr bookmarks = KVXAddIn->ActiveIndexDocument()->Bookmarks();
+  if (bookmarks->Exists(kIndexStartBookmark)) bookmarks->Item(kIndexStartBookmark)->Delete();
+}
+
+void frmKVX_COM::cmdCancel_Click() {
+  if (KVXAddIn != nullptr) {
+    IgnoreErrors([this] {
+      const word::BookmarksPtr bookmarks = KVXAddIn->WordApp()->ActiveDocument()->Bookmarks();
+      if (!bookmarks->Exists(kReturnBookmark)) return;
+      const word::BookmarkPtr mark = bookmarks->Item(kReturnBookmark);
+      IgnoreErrors([&] { mark->Select(); });
+      mark->Delete();
+    });
+    if (KVXAddIn->IndexStartMarked()) IgnoreErrors([this] { DeleteIndexStart(); });
+  }
+  SetTag(u"Cancel");
+  Hide();
+}

@@ -1,0 +1,150 @@
+#include "dialogs/frmKVX_COM.h"
+
+#include "addin/clsProgForm.h"
+#include "discovery/TermList.h"
+#include "platform/forms/FormHost.h"
+#include "settings/Defaults.h"
+#include "settings/OptionSettings.h"
+
+#include <algorithm>
+
+namespace {
+
+std::u16string_view Trim(std::u16string_view text) {
+  const std::size_t first = text.find_first_not_of(u' ');
+  if (first == std::u16string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(u' ') - first + 1);
+}
+
+}  // namespace
+
+int frmKVX_COM::WidestEntry(const forms::ListBox& list) {
+  int widest = 0;
+  for (int i = 0; i < list.ListCount(); ++i) {
+    widest = std::max(widest, hostServices_.forms.TextWidth(*this, list.List(i)));
+  }
+  return widest;
+}
+
+void frmKVX_COM::SetHorizontalExtent(const forms::ListBox& list) {
+  hostServices_.forms.SetHorizontalExtent(*this, list.Name(), WidestEntry(list));
+}
+
+void frmKVX_COM::SelectAll(forms::ListBox& list, bool selected) {
+  const int current = list.ListIndex();
+  for (int i = 0; i < list.ListCount(); ++i) list.SetSelected(i, selected);
+  list.SetListIndex(current);
+}
+
+bool frmKVX_COM::IsOnList(const forms::ListBox& list, std::u16string_view term) {
+  for (int i = 0; i < list.ListCount(); ++i) {
+    if (Trim(list.List(i)) != term) continue;
+    hostServices_.messages.Show(u"Already on list", std::u16string(term) + u" is already in the list of defined terms.",
+                                os::Icon::kInformation, os::Buttons::kOk);
+    return true;
+  }
+  return false;
+}
+
+void frmKVX_COM::cmdAddTerm_Click() {
+  const std::u16string text = txtAddTerm.Text();
+  const std::u16string term(Trim(text));
+  if (!term.empty()) {
+    if (IsOnList(lstTermsInDoc, term) || IsOnList(lstAddTerms, term)) return;
+    lstAddTerms.AddItem(term);
+    for (int i = 0; i < lstAddTerms.ListCount(); ++i) {
+      if (lstAddTerms.List(i) == term) lstAddTerms.SetSelected(i, true);
+    }
+    forms::FormHost& windows = hostServices_.forms;
+    int extent = WidestEntry(lstAddTerms);
+    const int typed = windows.TextWidth(*this, text);
+    if (typed > extent) extent = typed + windows.TextWidth(*this, u"W");
+    windows.SetHorizontalExtent(*this, lstAddTerms.Name(), extent);
+  }
+  txtAddTerm.SetText(u"");
+  txtAddTerm.SetFocus();
+}
+
+void frmKVX_COM::cmdDeleteTerm_Click() {
+  if (lstAddTerms.SelCount() == 0) {
+    hostServices_.messages.Show(u"Nothing deleted", u"No items were selected for deletion.", os::Icon::kExclamation,
+                                os::Buttons::kOk);
+    return;
+  }
+  if (hostServices_.messages.Show(u"Confirm delete", u"Delete selected term(s) from list?", os::Icon::kQuestion,
+                                  os::Buttons::kYesNo) != os::Pressed::kYes) {
+    return;
+  }
+  // The entries' numbers change with each that goes.
+  std::vector<std::u16string> texts;
+  for (int i = 0; i < lstAddTerms.ListCount(); ++i) {
+    if (lstAddTerms.Selected(i)) texts.push_back(lstAddTerms.List(i));
+  }
+  for (const std::u16string& text : texts) {
+    for (int i = 0; i < lstAddTerms.ListCount(); ++i) {
+      if (lstAddTerms.List(i) != text) continue;
+      lstAddTerms.RemoveItem(i);
+      break;
+    }
+  }
+  SetHorizontalExtent(lstAddTerms);
+}
+
+void frmKVX_COM::ShowStatusLines() {
+  lblTermsInDoc.SetCaption(u"");
+  lblLabel1.SetCaption(u"Please wait");
+  lblLabel1.SetVisible(true);
+  lblLabel2.SetCaption(u"Refreshing list...");
+  lblLabel2.SetVisible(true);
+  lblLabel3.SetCaption(u"");
+  lblLabel3.SetVisible(false);
+  Repaint();
+}
+
+void frmKVX_COM::HideStatusLines() {
+  lblLabel1.SetVisible(false);
+  lblLabel2.SetVisible(false);
+  Repaint();
+}
+
+void frmKVX_COM::cmdRefresh_Click() {
+  ShowStatusLines();
+  if (optSearchType.Selected() != -1) ApplySearchTypeRule(Options(), optSearchType[0].Value());
+  SearchAgain();
+  HideStatusLines();
+}
+
+void frmKVX_COM::cmdSetDefaults_Click() {
+  ShowStatusLines();
+  // Written first, so that the search type chosen here is the one that runs.
+  SaveOptionsToIni(Ini(), hostServices_.messages, Options());
+  SearchAgain();
+  HideStatusLines();
+}
+
+void frmKVX_COM::SearchAgain() {
+  if (KVXAddIn == nullptr) return;
+  FoundTerms terms{u""};
+  if (FindTerms(terms) && AnyFound(terms)) ShowFoundTerms(terms);
+}
+
+bool frmKVX_COM::FindTerms(FoundTerms& terms) {
+  // The saved setting decides, not the option button: a search type takes effect once it is saved.
+  if (Ini().ReadIniValue(kDefaultsSection, u"SearchType") != u"SearchFlagged") return false;
+  const TermSearch search{KVXAddIn->WordApp(), KVXAddIn->ActiveIndexDocument(),
+                          KVXAddIn->Marker(),  KVXAddIn->Progress(),
+                          SearchControls(),    ProgressMode::kStatusBar};
+  const QuoteCodes codes{cmbOpenQuote.ItemData(cmbOpenQuote.ListIndex()),
+                         cmbCloseQuote.ItemData(cmbCloseQuote.ListIndex())};
+  return BuildQuotedTermList(search, hostServices_.messages, codes, chkBold.Value() == 1, terms);
+}
+
+void frmKVX_COM::ShowFoundTerms(const FoundTerms& terms) {
+  lstTermsInDoc.Clear();
+  FillFoundTerms(lstTermsInDoc, terms);
+  lstTermsInDoc.SetListIndex(0);
+  SetHorizontalExtent(lstTermsInDoc);
+  cmdOK.SetEnabled(true);
+  SetDefaultButton(&cmdOK);
+  cmdCancel.SetEnabled(true);
+}
