@@ -1,0 +1,75 @@
+#!/usr/bin/env python3
+"""Measures whole runs of the program against merely unzipping and zipping the same file: measure.py PROGRAM [RUNS]
+
+Each figure is the median of so many runs (5 without a number). Times are wall-clock seconds, with processor seconds behind;
+memory is the largest resident set of a run. The limit of memory is 64 MiB and 25 times the unpacked main part.
+"""
+
+import json
+import os
+import pathlib
+import shutil
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+import zipfile
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
+import make_contract  # noqa: E402
+
+SIZES = [(100, 100), (300, 200), (1000, 400)]
+MIB = 1 << 20
+
+
+def timed(*command, cwd=None):
+    """Wall seconds, processor seconds and peak memory in bytes."""
+    start = time.perf_counter()
+    process = subprocess.Popen(command, cwd=cwd, stdin=subprocess.DEVNULL)
+    _, status, usage = os.wait4(process.pid, 0)
+    process.returncode = os.waitstatus_to_exitcode(status)
+    if process.returncode != 0:
+        sys.exit(f"{command[0]} ended with status {process.returncode}")
+    return time.perf_counter() - start, usage.ru_utime + usage.ru_stime, usage.ru_maxrss * 1024
+
+
+def index_run(program, source, folder):
+    return timed(program, "index", str(source), "-o", str(folder / "out.docx"), "--force", "--quiet", "--pages", "file",
+                 "--settings", str(folder / "kvx.ini"), "--report", str(folder / "report.json"))
+
+
+def zip_run(source, folder):
+    unpacked = folder / "unpacked"
+    shutil.rmtree(unpacked, ignore_errors=True)
+    (folder / "bare.zip").unlink(missing_ok=True)
+    one = timed("unzip", "-q", str(source), "-d", str(unpacked))
+    other = timed("zip", "-q", "-r", str(folder / "bare.zip"), ".", cwd=unpacked)
+    return one[0] + other[0], one[1] + other[1]
+
+
+def main():
+    if len(sys.argv) not in (2, 3):
+        sys.exit(__doc__)
+    program, runs = str(pathlib.Path(sys.argv[1]).resolve()), int(sys.argv[2]) if len(sys.argv) > 2 else 5
+    print("| pages | terms | marked | index: s (cpu) | unzip + zip: s (cpu) | ratio | memory MiB | limit MiB |")
+    print("|---:|---:|---:|---:|---:|---:|---:|---:|", flush=True)
+    with tempfile.TemporaryDirectory() as name:
+        folder = pathlib.Path(name)
+        for pages, terms in SIZES:
+            source = folder / f"contract{pages}.docx"
+            make_contract.make(pages, terms, source)
+            with zipfile.ZipFile(source) as package:
+                main_part = package.getinfo("word/document.xml").file_size
+            # Taken in turn, so that what else the machine does falls on both.
+            measured = [(index_run(program, source, folder), zip_run(source, folder)) for _ in range(runs)]
+            wall, cpu, memory = (statistics.median(index[i] for index, _ in measured) for i in range(3))
+            bare_wall, bare_cpu = (statistics.median(bare[i] for _, bare in measured) for i in range(2))
+            report = json.loads((folder / "report.json").read_text(encoding="utf-8"))
+            marked = sum(term["count"] for term in report["terms"])
+            print(f"| {pages} | {terms} | {marked:,} | {wall:.2f} ({cpu:.2f}) | {bare_wall:.2f} ({bare_cpu:.2f}) "
+                  f"| {wall / bare_wall:.2f} | {memory / MIB:.0f} | {64 + 25 * main_part / MIB:.0f} |", flush=True)
+
+
+if __name__ == "__main__":
+    main()
