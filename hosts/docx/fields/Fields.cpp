@@ -6,6 +6,13 @@
 
 namespace docx {
 
+namespace {
+
+/// No field is called by a longer name.
+constexpr std::size_t kLongestKeyword = 16;
+
+}  // namespace
+
 std::optional<FieldSpan> FieldScanner::Feed(const Atom& atom, Position start) {
   constexpr Position kNone = -1;
   switch (atom.kind) {
@@ -73,6 +80,7 @@ std::vector<FieldSpan> EnclosingFields(const AtomSequence& atoms, Position posit
   FieldFinder finder(atoms);
   int ended = 0;
   AtomSequence::Place place = atoms.At(position);
+  if (place.start < position) place = atoms.Next(place);
   while (open > 0 && !atoms.IsBegin(place)) {
     place = atoms.Previous(place);
     const AtomKind kind = atoms.Get(place).kind;
@@ -109,6 +117,19 @@ std::u16string FieldCodeText(const Story& story, const FieldSpan& field) {
     }
   }
   return code;
+}
+
+std::u16string FieldKeyword(const AtomSequence& atoms, const FieldSpan& field) {
+  std::u16string keyword;
+  TextReader reader(atoms);
+  for (Position position = field.CodeStart(); position < field.separator; ++position) {
+    const char16_t unit = reader.At(position);
+    const bool blank = unit <= u' ' || unit == word::kNonBreakingSpace;
+    if (blank && keyword.empty()) continue;
+    if (blank || keyword.size() >= kLongestKeyword) break;
+    keyword += unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 32) : unit;
+  }
+  return keyword;
 }
 
 std::optional<FieldSpan> FieldFinder::At(const AtomSequence::Place& begin) {

@@ -48,6 +48,9 @@ std::vector<FieldSpan> EnclosingFields(const AtomSequence& atoms, Position posit
 /// The code with its blanks; of a nested field in it the result, or its code when it has none.
 std::u16string FieldCodeText(const Story& story, const FieldSpan& field);
 
+/// The code's first word in capitals, such as XE; empty when there is none. Cheaper than the whole code.
+std::u16string FieldKeyword(const AtomSequence& atoms, const FieldSpan& field);
+
 /// The same as FieldAt for many fields of a story that does not change: what one search for an end mark comes by is
 /// remembered, so that a story costs its length once, however its fields are nested or broken.
 class FieldFinder {
