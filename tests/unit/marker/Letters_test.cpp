@@ -1,6 +1,6 @@
 #include "marker/Letters.h"
 
-#include "IcuCharacters.h"
+#include "hosts/linux/IcuCharacters.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@ namespace {
 
 class LettersTest : public testing::Test {
  protected:
-  IcuCharacters characters_;
+  os::IcuCharacters characters_;
   Letters letters_{characters_};
 };
 

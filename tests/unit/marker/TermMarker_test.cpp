@@ -1,6 +1,6 @@
 #include "FakeDocument.h"
-#include "IcuCharacters.h"
 
+#include "hosts/linux/IcuCharacters.h"
 #include "marker/MakeTermMarker.h"
 #include "platform/word/HostError.h"
 
@@ -60,7 +60,7 @@ class TermMarkerTest : public testing::Test {
     marker_->RemoveTermHighlighting(document_);
   }
 
-  IcuCharacters characters_;
+  os::IcuCharacters characters_;
   std::unique_ptr<TermMarker> marker_ = MakeTermMarker(characters_);
   std::shared_ptr<fake::Document> document_;
   std::vector<std::u16string> lists_;

@@ -1,8 +1,7 @@
 #include "marker/TermMatcher.h"
 
+#include "hosts/linux/IcuCharacters.h"
 #include "marker/PlainText.h"
-
-#include "IcuCharacters.h"
 
 #include <gtest/gtest.h>
 
@@ -33,7 +32,7 @@ class TermMatcherTest : public testing::Test {
     return found;
   }
 
-  IcuCharacters characters_;
+  os::IcuCharacters characters_;
   Letters letters_{characters_};
 };
 
