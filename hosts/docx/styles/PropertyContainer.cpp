@@ -1,7 +1,8 @@
 #include "hosts/docx/styles/PropertyContainer.h"
 
-#include <array>
 #include <cstddef>
+#include <string>
+#include <string_view>
 
 #include "hosts/docx/styles/Marks.h"
 
@@ -11,101 +12,22 @@ namespace {
 
 constexpr std::string_view kKeep = "keep";
 
-// The schema's orders. What is not listed, such as Word's later additions, stands between the last and the last but
-// one, the record of a tracked change of formatting.
-constexpr std::array<std::string_view, 45> kRunOrder{"ins",
-                                                     "del",
-                                                     "moveFrom",
-                                                     "moveTo",
-                                                     "rStyle",
-                                                     "rFonts",
-                                                     "b",
-                                                     "bCs",
-                                                     "i",
-                                                     "iCs",
-                                                     "caps",
-                                                     "smallCaps",
-                                                     "strike",
-                                                     "dstrike",
-                                                     "outline",
-                                                     "shadow",
-                                                     "emboss",
-                                                     "imprint",
-                                                     "noProof",
-                                                     "snapToGrid",
-                                                     "vanish",
-                                                     "webHidden",
-                                                     "color",
-                                                     "spacing",
-                                                     "w",
-                                                     "kern",
-                                                     "position",
-                                                     "sz",
-                                                     "szCs",
-                                                     "highlight",
-                                                     "u",
-                                                     "effect",
-                                                     "bdr",
-                                                     "shd",
-                                                     "fitText",
-                                                     "vertAlign",
-                                                     "rtl",
-                                                     "cs",
-                                                     "em",
-                                                     "lang",
-                                                     "eastAsianLayout",
-                                                     "specVanish",
-                                                     "oMath",
-                                                     "",
-                                                     "rPrChange"};
+// The schema's orders, each name between blanks. The star stands for what is not listed, such as Word's later
+// additions.
+constexpr std::string_view kRunOrder =
+    " ins del moveFrom moveTo rStyle rFonts b bCs i iCs caps smallCaps strike dstrike outline shadow emboss imprint"
+    " noProof snapToGrid vanish webHidden color spacing w kern position sz szCs highlight u effect bdr shd fitText"
+    " vertAlign rtl cs em lang eastAsianLayout specVanish oMath * rPrChange ";
+constexpr std::string_view kParagraphOrder =
+    " pStyle keepNext keepLines pageBreakBefore framePr widowControl numPr suppressLineNumbers pBdr shd tabs"
+    " suppressAutoHyphens kinsoku wordWrap overflowPunct topLinePunct autoSpaceDE autoSpaceDN bidi adjustRightInd"
+    " snapToGrid spacing ind contextualSpacing mirrorIndents suppressOverlap jc textDirection textAlignment"
+    " textboxTightWrap outlineLvl divId cnfStyle * rPr sectPr pPrChange ";
 
-constexpr std::array<std::string_view, 37> kParagraphOrder{"pStyle",
-                                                           "keepNext",
-                                                           "keepLines",
-                                                           "pageBreakBefore",
-                                                           "framePr",
-                                                           "widowControl",
-                                                           "numPr",
-                                                           "suppressLineNumbers",
-                                                           "pBdr",
-                                                           "shd",
-                                                           "tabs",
-                                                           "suppressAutoHyphens",
-                                                           "kinsoku",
-                                                           "wordWrap",
-                                                           "overflowPunct",
-                                                           "topLinePunct",
-                                                           "autoSpaceDE",
-                                                           "autoSpaceDN",
-                                                           "bidi",
-                                                           "adjustRightInd",
-                                                           "snapToGrid",
-                                                           "spacing",
-                                                           "ind",
-                                                           "contextualSpacing",
-                                                           "mirrorIndents",
-                                                           "suppressOverlap",
-                                                           "jc",
-                                                           "textDirection",
-                                                           "textAlignment",
-                                                           "textboxTightWrap",
-                                                           "outlineLvl",
-                                                           "divId",
-                                                           "cnfStyle",
-                                                           "",
-                                                           "rPr",
-                                                           "sectPr",
-                                                           "pPrChange"};
-
-std::size_t Rank(std::span<const std::string_view> order, std::string_view local) {
-  std::size_t other = order.size();
-  for (std::size_t i = 0; i < order.size(); ++i) {
-    if (order[i].empty())
-      other = i;
-    else if (order[i] == local)
-      return i;
-  }
-  return other;
+/// Greater for what stands later.
+std::size_t Rank(std::string_view order, std::string_view local) {
+  const std::size_t listed = order.find(" " + std::string(local) + " ");
+  return listed == std::string_view::npos ? order.find('*') : listed;
 }
 
 /// The name without the prefix of WordprocessingML; empty for names of other namespaces.
@@ -150,8 +72,7 @@ pugi::xml_node PropertyContainer::Ensure(const char* local) {
 }
 
 pugi::xml_node PropertyContainer::Add(pugi::xml_node container, const char* local) {
-  const std::span<const std::string_view> order =
-      tag_ == Tag::kRPr ? std::span<const std::string_view>(kRunOrder) : kParagraphOrder;
+  const std::string_view order = tag_ == Tag::kRPr ? kRunOrder : kParagraphOrder;
   const std::size_t rank = Rank(order, local);
   for (const pugi::xml_node child : container.children()) {
     if (child.type() == pugi::node_element && Rank(order, Local(part_, child)) > rank) {

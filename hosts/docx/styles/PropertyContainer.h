@@ -2,9 +2,6 @@
 
 #include <pugixml.hpp>
 
-#include <span>
-#include <string_view>
-
 #include "hosts/docx/xml/XmlPart.h"
 
 namespace docx {

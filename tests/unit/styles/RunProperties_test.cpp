@@ -66,6 +66,17 @@ TEST(RunProperties, AnEmptyContainerSurvivesAHighlight) {
   EXPECT_EQ(run.Start(), "<w:rPr/>");
 }
 
+TEST(RunProperties, AnEmptyContainerSurvivesTwoPropertiesTakenAwayOneAfterTheOther) {
+  SampleRun run("<w:rPr/>");
+  SetHighlight(run.Format(), run.Node(), word::wdYellow);
+  SetBold(run.Format(), run.Node(), true);
+  EXPECT_EQ(run.Start(), "<w:rPr><?kelvarin keep?><w:b/><w:highlight w:val=\"yellow\"/></w:rPr>");
+  SetHighlight(run.Format(), run.Node(), word::wdNoHighlight);
+  EXPECT_EQ(run.Start(), "<w:rPr><?kelvarin keep?><w:b/></w:rPr>");
+  SetBold(run.Format(), run.Node(), false);
+  EXPECT_EQ(run.Start(), "<w:rPr/>");
+}
+
 TEST(RunProperties, AnExplicitNoneComesBack) {
   SampleRun run("<w:rPr><w:highlight w:val=\"none\"/></w:rPr>");
   SetHighlight(run.Format(), run.Node(), word::wdYellow);
