@@ -25,7 +25,7 @@ struct WindowState {
   int splitVertical{0};
 };
 
-/// The application's options, which outlive documents. Words' Options by name.
+/// The application's options, which outlive documents.
 struct OptionsState {
   bool autoFormatAsYouTypeReplaceQuotes{true};
   bool allowFastSave{false};
@@ -85,6 +85,13 @@ class WordProcessor {
   WindowState& Window() const;
   OptionsState& Options() const;
   bool ScreenUpdating() const;
+
+  /// The pages of the document as it stands; see Paginator. @pre a document is open
+  int PageCount() const;
+  /// @param story a WdStoryType
+  int PageOf(int story, word::Position position) const;
+  std::u16string PageLabel(int page) const;
+  std::string PagesFrom() const;
 
  private:
   std::shared_ptr<WordProcessorState> state_;

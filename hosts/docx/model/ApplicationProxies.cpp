@@ -101,6 +101,15 @@ WindowState& WordProcessor::Window() const { return state_->document->window; }
 OptionsState& WordProcessor::Options() const { return state_->options; }
 bool WordProcessor::ScreenUpdating() const { return state_->screenUpdating; }
 
+int WordProcessor::PageCount() const { return state_->document->Pages().PageCount(); }
+std::u16string WordProcessor::PageLabel(int page) const { return state_->document->Pages().LabelOf(page); }
+std::string WordProcessor::PagesFrom() const { return state_->document->Pages().Basis(); }
+
+int WordProcessor::PageOf(int story, word::Position position) const {
+  const auto& stories = state_->document->Parts().Stories(story);
+  return stories.empty() ? 1 : state_->document->Pages().PageOf(*stories.front(), position);
+}
+
 bool WordProcessor::Select(const SelectionState& selection) {
   DocumentParts& parts = state_->document->Parts();
   if (selection.story < 1 || selection.story > DocumentParts::kLastStoryType) return false;

@@ -1,12 +1,21 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "hosts/docx/find/Search.h"
 #include "hosts/docx/model/Proxy.h"
 #include "platform/word/Range.h"
 
 namespace docx {
+
+/// What a replacement puts in the place of a match.
+struct ReplacementSettings {
+  std::u16string text{};
+  std::optional<int> highlight{};
+  bool format{false};
+};
 
 class RangeProxy : public word::Range, public std::enable_shared_from_this<RangeProxy> {
  public:
@@ -48,8 +57,14 @@ class RangeProxy : public word::Range, public std::enable_shared_from_this<Range
   Story& StoryOf(std::string_view member) const;
   Anchor& Place() { return anchor_; }
 
+  // The range's own search, which lives as long as the range.
   FindSettings findSettings;
+  ReplacementSettings replacement;
+  bool matchSoundsLike{false};
+  bool matchAllWordForms{false};
   bool found{false};
+
+  // Its text retrieval mode.
   bool includeFieldCodes{false};
   bool includeHiddenText{false};
 

@@ -1,0 +1,109 @@
+#include <utility>
+
+#include "hosts/docx/find/Search.h"
+#include "hosts/docx/model/RangeProxy.h"
+#include "platform/word/Find.h"
+
+namespace docx {
+
+namespace {
+
+class ReplacementProxy : public word::Replacement {
+ public:
+  explicit ReplacementProxy(RangeProxyPtr range) : range_(std::move(range)) {}
+  void ClearFormatting() override { range_->replacement.highlight.reset(); }
+  std::u16string Text() const override { return range_->replacement.text; }
+  void SetText(std::u16string_view value) override { range_->replacement.text = value; }
+  int Highlight() const override { return range_->replacement.highlight.value_or(word::wdUndefined); }
+  void SetHighlight(int value) override { range_->replacement.highlight = value; }
+
+ private:
+  RangeProxyPtr range_;
+};
+
+class FindProxy : public word::Find {
+ public:
+  explicit FindProxy(RangeProxyPtr range) : range_(std::move(range)) {}
+
+  // Searches go by text alone: there are no formatting criteria to drop.
+  void ClearFormatting() override {}
+  std::u16string Text() const override { return Values().text; }
+  void SetText(std::u16string_view value) override {
+    if (value.size() > kMaxFindText) {
+      throw word::HostError(word::kStringTooLong, u"String parameter too long.", "Find.Text");
+    }
+    Values().text = value;
+  }
+  bool Forward() const override { return Values().forward; }
+  void SetForward(bool value) override { Values().forward = value; }
+  int Wrap() const override { return Values().wrap; }
+  void SetWrap(int value) override { Values().wrap = value; }
+  bool Format() const override { return range_->replacement.format; }
+  void SetFormat(bool value) override { range_->replacement.format = value; }
+  bool MatchCase() const override { return Values().matchCase; }
+  void SetMatchCase(bool value) override { Values().matchCase = value; }
+  bool MatchWholeWord() const override { return Values().wholeWord; }
+  void SetMatchWholeWord(bool value) override { Values().wholeWord = value; }
+  bool MatchWildcards() const override { return Values().wildcards; }
+  void SetMatchWildcards(bool value) override { Values().wildcards = value; }
+  // Neither kind of search by sound or by word form exists here; the switches only keep what was put.
+  bool MatchSoundsLike() const override { return range_->matchSoundsLike; }
+  void SetMatchSoundsLike(bool value) override { range_->matchSoundsLike = value; }
+  bool MatchAllWordForms() const override { return range_->matchAllWordForms; }
+  void SetMatchAllWordForms(bool value) override { range_->matchAllWordForms = value; }
+  word::ReplacementPtr Replacement() const override { return std::make_shared<ReplacementProxy>(range_); }
+
+  bool Execute(const word::FindArguments& arguments) override {
+    const std::shared_ptr<OpenDocument> document = range_->Document("Find.Execute");
+    Story& story = range_->StoryOf("Find.Execute");
+    const SearchScope scope = Scope(*document, story);
+    const Anchor& place = range_->Place();
+    if (arguments.Replace == word::wdReplaceAll) {
+      const std::vector<Match> matches = SearchAll(story, scope, Values(), place.start, place.end);
+      range_->found = !matches.empty();
+      if (range_->found) document->BeforeChange("Find.Execute");
+      // From the last to the first, so that positions of those still to come hold.
+      for (auto match = matches.rbegin(); match != matches.rend(); ++match) {
+        Replace(RangeProxy::Make(document, story, match->start, match->end));
+      }
+      return range_->found;
+    }
+    const std::optional<Match> match = Search(story, scope, Values(), place.start, place.end);
+    range_->found = match.has_value();
+    if (!match) return false;
+    range_->SetRange(match->start, match->end);
+    if (arguments.Replace == word::wdReplaceOne) Replace(range_);
+    return true;
+  }
+
+  bool Found() const override { return range_->found; }
+
+ private:
+  FindSettings& Values() const { return range_->findSettings; }
+
+  static SearchScope Scope(OpenDocument& document, Story& story) {
+    SearchScope scope;
+    scope.showHidden = document.window.showHiddenText || document.window.showAll;
+    const Formatting& formats = document.Parts().Formats(story.Part());
+    scope.hidden = [&formats](pugi::xml_node run) { return formats.Hidden(run); };
+    return scope;
+  }
+
+  /// With formatting and no text the match stays and is formatted; without either it goes.
+  void Replace(const word::RangePtr& match) const {
+    const ReplacementSettings& replacement = range_->replacement;
+    const bool formats = replacement.format || replacement.highlight.has_value();
+    if (!replacement.text.empty() || !formats) match->SetText(replacement.text);
+    if (replacement.highlight) {
+      match->SetHighlightColorIndex(*replacement.highlight != 0 ? word::wdYellow : word::wdNoHighlight);
+    }
+  }
+
+  RangeProxyPtr range_;
+};
+
+}  // namespace
+
+word::FindPtr MakeFind(RangeProxyPtr range) { return std::make_shared<FindProxy>(std::move(range)); }
+
+}  // namespace docx

@@ -1,0 +1,137 @@
+#include "hosts/docx/model/IndexField.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "hosts/docx/fields/FieldCode.h"
+#include "hosts/docx/fields/IndexContent.h"
+#include "hosts/docx/model/SectionBreaks.h"
+#include "hosts/docx/styles/RunProperties.h"
+#include "platform/word/Constants.h"
+
+namespace docx {
+
+namespace {
+
+// Word sets the tab this far inside the column.
+constexpr int kTabInset = 10;
+
+/// What stands in one paragraph of the result, and where its text went.
+struct Written {
+  const IndexParagraph* paragraph;
+  Position start;
+};
+
+/// Every entry of the text and its notes, in document order. What a tracked deletion holds is gone.
+std::vector<IndexEntry> CollectEntries(OpenDocument& document) {
+  std::vector<IndexEntry> entries;
+  Paginator& pages = document.Pages();
+  for (const int type : {word::wdMainTextStory, word::wdFootnotesStory, word::wdEndnotesStory}) {
+    for (const auto& story : document.Parts().Stories(type)) {
+      const AtomSequence& atoms = story->Atoms();
+      for (const FieldSpan& field : AllFields(atoms)) {
+        if (atoms.Get(atoms.At(field.begin)).deleted) continue;
+        const std::u16string code = FieldCodeText(*story, field);
+        if (FieldType(code) != word::wdFieldIndexEntry) continue;
+        const int page = pages.PageOf(*story, field.begin);
+        entries.push_back({ParseIndexEntry(code), page, pages.LabelOf(page)});
+      }
+    }
+  }
+  return entries;
+}
+
+/// The style and the right tab that Word gives each paragraph of an index, and nothing else but a section's end.
+void FormatParagraph(XmlPart& part, pugi::xml_node paragraph, const std::string& style, int tabPosition) {
+  pugi::xml_node given = part.Child(paragraph, Tag::kPPr);
+  pugi::xml_node properties = paragraph.prepend_child(part.Name("pPr"));
+  part.SetAttribute(properties.append_child(part.Name("pStyle")), "val", style.c_str());
+  pugi::xml_node tab = properties.append_child(part.Name("tabs")).append_child(part.Name("tab"));
+  part.SetAttribute(tab, "val", "right");
+  part.SetAttribute(tab, "leader", "dot");
+  part.SetAttribute(tab, "pos", std::to_string(tabPosition).c_str());
+  if (!given) return;
+  if (const pugi::xml_node section = part.Child(given, Tag::kSectPr)) properties.append_move(section);
+  paragraph.remove_child(given);
+}
+
+std::u16string TextOf(const IndexParagraph& paragraph) {
+  std::u16string text;
+  for (const IndexRun& run : paragraph.runs) text += run.text;
+  return text;
+}
+
+void FormatRuns(OpenDocument& document, Story& main, const Written& written) {
+  const Formatting& formats = document.Parts().Formats(main.Part());
+  Position at = written.start;
+  for (const IndexRun& run : written.paragraph->runs) {
+    const Position end = at + static_cast<Position>(run.text.size());
+    if (run.bold || run.italic) {
+      for (const pugi::xml_node node : main.IsolateRuns(at, end)) {
+        if (run.bold) SetBold(formats, node, true);
+        if (run.italic) SetItalic(formats, node, true);
+      }
+    }
+    at = end;
+  }
+}
+
+/// Takes the result away, and the sections that were made for it. @return the field as it is then
+FieldSpan RemoveResult(Story& main, const FieldSpan& field) {
+  if (!field.HasResult()) return field;
+  const Position firstMark = main.ParagraphEnd(field.begin) - 1;
+  if (firstMark < field.end && main.Text(firstMark, firstMark + 1).front() == word::kPageBreak) {
+    OpenSection(main, firstMark, field.end);
+  }
+  main.Erase(field.separator, field.end);
+  return {field.begin, field.separator, field.separator};
+}
+
+}  // namespace
+
+void UpdateIndexField(OpenDocument& document, const FieldSpan& given) {
+  Story& main = document.Parts().Main();
+  XmlPart& part = main.Part();
+  const FieldSpan field = RemoveResult(main, given);
+  const IndexOptions options = ParseIndexOptions(FieldCodeText(main, field));
+  const std::vector<IndexParagraph> content = BuildIndexContent(CollectEntries(document), options);
+  const bool ownSection = options.columns > 0;
+
+  main.InsertFieldSeparator(field.end);
+  Position at = field.end + 1;
+  const Position firstMark = at;
+  if (ownSection) main.InsertText(at++, std::u16string_view(&word::kParagraphMark, 1));
+  std::vector<Written> written;
+  for (const IndexParagraph& paragraph : content) {
+    const std::u16string text = TextOf(paragraph) + word::kParagraphMark;
+    main.InsertText(at, text);
+    written.push_back({&paragraph, at});
+    at += static_cast<Position>(text.size());
+  }
+  if (ownSection && !written.empty()) EncloseInSection(main, firstMark, at - 1, options.columns);
+
+  const int columns = std::max(options.columns, 1);
+  const int tab = MeasureColumns(part, SectionAt(main, written.front().start)).Column(columns) - kTabInset;
+  for (const Written& each : written) {
+    const std::string style = document.Parts().EnsureIndexStyle(each.paragraph->level);
+    FormatParagraph(part, main.ParagraphAt(each.start), style, tab);
+    FormatRuns(document, main, each);
+  }
+  part.Touch();
+}
+
+void DeleteIndexField(OpenDocument& document, const FieldSpan& given) {
+  Story& main = document.Parts().Main();
+  const FieldSpan field = RemoveResult(main, given);
+  main.Erase(field.begin, field.Behind());
+  const std::vector<FieldSpan> left = AllFields(main.Atoms());
+  const bool another = std::any_of(left.begin(), left.end(), [&](const FieldSpan& each) {
+    return FieldType(FieldCodeText(main, each)) == word::wdFieldIndex;
+  });
+  if (!another) document.Parts().RemoveAddedIndexStyles();
+}
+
+}  // namespace docx

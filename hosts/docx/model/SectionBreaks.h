@@ -1,0 +1,26 @@
+#pragma once
+
+#include "hosts/docx/story/Story.h"
+
+namespace docx {
+
+/// How wide text runs in a section, in twips.
+struct ColumnMeasure {
+  int textWidth{0};  ///< between the margins
+  int spacing{0};    ///< between columns that are made now
+  int Column(int columns) const { return (textWidth - (columns - 1) * spacing) / columns; }
+};
+
+/// The properties of the section that a position of the main text is in.
+pugi::xml_node SectionAt(const Story& main, Position position);
+/// @param section may be missing, which is a section of Word's defaults
+ColumnMeasure MeasureColumns(const XmlPart& part, pugi::xml_node section);
+
+/// Makes a continuous section with columns of its own out of two neighbouring stretches' ends: the section up to the
+/// first mark keeps what the section was; the one up to the second mark gets the columns; the rest goes on as before.
+/// @param firstMark, secondMark paragraph marks, which become section marks
+void EncloseInSection(Story& main, Position firstMark, Position secondMark, int columns);
+/// Undoes EncloseInSection before the text between is erased. @param firstMark the mark given then
+void OpenSection(Story& main, Position firstMark, Position end);
+
+}  // namespace docx
