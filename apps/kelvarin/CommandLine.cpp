@@ -1,0 +1,282 @@
+#include "apps/kelvarin/CommandLine.h"
+
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <charconv>
+#include <functional>
+#include <iostream>
+#include <limits>
+#include <map>
+#include <set>
+#include <thread>
+
+#include "apps/kelvarin/Status.h"
+#include "apps/kelvarin/Version.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+void AddSwitch(CLI::App& command, const std::string& name, std::optional<bool>& value, const std::string& help) {
+  command
+      .add_flag_function(
+          "--" + name + ",!--no-" + name, [&value](std::int64_t count) { value = count > 0; }, help)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+}
+
+template <class T>
+void AddValue(CLI::App& command, const std::string& name, std::optional<T>& value, const std::string& help,
+              const CLI::Validator& check = {}) {
+  CLI::Option* option = command.add_option_function<T>(
+      name, [&value](const T& given) { value = given; }, help);
+  option->check(check);
+}
+
+void AddPath(CLI::App& command, const std::string& name, std::optional<fs::path>& value, const std::string& type,
+             const std::string& help) {
+  command
+      .add_option_function<std::string>(
+          name, [&value](const std::string& given) { value = given; }, help)
+      ->type_name(type);
+}
+
+/// Empty when the text is no place.
+std::optional<CursorPlace> ReadPlace(const std::string& text) {
+  using Kind = CursorPlace::Kind;
+  if (text == "end") return CursorPlace{.kind = Kind::kEnd};
+  if (text == "start") return CursorPlace{.kind = Kind::kStart};
+  const std::size_t colon = text.find(':');
+  if (colon == std::string::npos || colon + 1 == text.size()) return {};
+  const std::string kind = text.substr(0, colon);
+  const std::string rest = text.substr(colon + 1);
+  if (kind == "bookmark") return CursorPlace{.kind = Kind::kBookmark, .text = rest};
+  if (kind == "after") return CursorPlace{.kind = Kind::kAfterText, .text = rest};
+  CursorPlace place{.kind = Kind::kCharacter};
+  const auto [end, error] = std::from_chars(rest.data(), rest.data() + rest.size(), place.position);
+  const bool isNumber = error == std::errc() && end == rest.data() + rest.size() && place.position >= 0;
+  return kind == "char" && isNumber ? std::optional(place) : std::nullopt;
+}
+
+std::string CheckSearch(std::string& given) {
+  if (given == "quoted") return {};
+  if (given == "capitals") return "\"capitals\" is not available in this build; use quoted";
+  return "\"" + given + "\" is no kind of search";
+}
+
+class Reader {
+ public:
+  Reader() : app_("Builds the index of defined terms of contracts in Word documents.", "kelvarin") {
+    app_.set_version_flag("--version", std::string("kelvarin ") + kVersion);
+    app_.require_subcommand(1);
+    app_.footer(
+        "Exit status: 0 done; 1 the system refused or stopped; 2 wrong command line; 3 a file could not be read or "
+        "written.\nkelvarin COMMAND --help tells a command's options.");
+    AddIndex();
+    AddTerms();
+    AddRemove();
+    AddRun();
+    AddInspect();
+  }
+
+  std::optional<Options> Read(int argc, const char* const* argv, int& status) {
+    try {
+      app_.parse(argc, argv);
+      Check();
+      if (!options_.progress) options_.progress = progress_.value_or(isatty(STDERR_FILENO) != 0);
+      if (options_.quiet) options_.progress = false;
+      return options_;
+    } catch (const CLI::Success& success) {
+      status = app_.exit(success);
+    } catch (const CLI::Error& error) {
+      std::cerr << "kelvarin: " << error.what() << "\n";
+      status = kWrongCommandLine;
+    }
+    return {};
+  }
+
+ private:
+  using Command = Options::Command;
+
+  CLI::App& AddCommand(const std::string& name, Command command, const std::string& help) {
+    CLI::App* added = app_.add_subcommand(name, help);
+    added->callback([this, command] { options_.command = command; });
+    return *added;
+  }
+
+  void AddInputs(CLI::App& command, bool several) {
+    CLI::Option* inputs =
+        command
+            .add_option_function<std::vector<std::string>>(
+                "FILE",
+                [this](const std::vector<std::string>& given) { options_.inputs.assign(given.begin(), given.end()); },
+                several ? "Word documents" : "a Word document")
+            ->required()
+            ->type_name("");
+    if (several) {
+      inputs->expected(1, std::numeric_limits<int>::max());
+    } else {
+      inputs->expected(1);
+    }
+  }
+
+  void AddCommon(CLI::App& command) {
+    AddPath(command, "--settings", options_.settings, "FILE",
+            "use this kvx.ini, read and written; with several files each starts from it and it is left as it was");
+    AddPath(command, "--report", options_.report, "FILE", "write what was done as JSON; - is standard output");
+    AddPath(command, "--transcript", options_.transcript, "FILE",
+            "write every dialog and call, one JSON object a line");
+    command.add_option("--jobs", options_.jobs, "so many files at a time")->check(CLI::Range(1, 256))->type_name("N");
+    command.add_flag("--quiet", options_.quiet, "say nothing but why a file failed");
+    AddSwitch(command, "progress", progress_, "show progress on standard error (default: when it is a terminal)");
+  }
+
+  void AddOutput(CLI::App& command, bool several) {
+    AddPath(command, "-o,--out", options_.output.file, "OUT", "write the result there (one input)");
+    AddPath(command, "--out-dir", options_.output.folder, "DIR",
+            several ? "write the results there, under the inputs' names" : "write the result there, under its name");
+    command.add_flag("--in-place", options_.output.inPlace, "replace the input by the result");
+    command.add_flag("--force", options_.output.force, "replace an OUT that exists");
+  }
+
+  void AddSearch(CLI::App& command) {
+    SearchOptions& search = options_.search;
+    AddValue(command, "--search", search.search, "what counts as a term: quoted",
+             CLI::Validator(&CheckSearch, "quoted"));
+    AddSwitch(command, "bold", search.bold, "take quoted terms only where they are bold");
+    AddSwitch(command, "ignore-numbers", search.ignoreNumbers, "leave out words with digits");
+    const std::set<int> quotes{147, 148, 132, 171, 187};
+    AddValue(command, "--open-quote", search.openQuote, "Windows-1252 code of the opening quote",
+             CLI::IsMember(quotes));
+    AddValue(command, "--close-quote", search.closeQuote, "and of the closing one", CLI::IsMember(quotes));
+  }
+
+  void AddPages(CLI::App& command) {
+    command
+        .add_option_function<std::string>(
+            "--pages", [this](const std::string& given) { pages_ = given; },
+            "what page numbers rest on: file (the breaks in the file and an estimate), or auto, the best at hand (in "
+            "this "
+            "build: file)")
+        ->type_name("auto|file");
+  }
+
+  void AddPlace(CLI::App& command) {
+    command
+        .add_option_function<std::string>(
+            "--at",
+            [this](const std::string& given) {
+              options_.at = ReadPlace(given);
+              if (!options_.at) throw CLI::ValidationError("--at", "\"" + given + "\" is no place");
+            },
+            "where the cursor stands, and so where a first index goes (default: end)")
+        ->type_name("end|start|bookmark:NAME|after:TEXT|char:N");
+  }
+
+  void AddIndex() {
+    CLI::App& command = AddCommand("index", Command::kIndex, "find defined terms, mark them and insert the index");
+    AddInputs(command, true);
+    AddOutput(command, true);
+    AddSearch(command);
+    IndexOptions& index = options_.index;
+    AddSwitch(command, "highlight", index.highlight, "highlight what was marked");
+    AddSwitch(command, "case", index.matchCase, "match case");
+    AddSwitch(command, "caps", index.caps, "take a term in capitals for the term");
+    AddValue(command, "--columns", index.columns, "columns of the index", CLI::Range(1, 4));
+    AddValue(command, "--separator", index.separator, "what stands between a term and its pages");
+    AddSwitch(command, "tab", index.tab, "end the separator with a tab");
+    AddSwitch(command, "not-used", index.notUsed, "list terms that are used once only");
+    AddSwitch(command, "not-found", index.notFound, "list terms that are not found");
+    AddValue(command, "--what", index.what, "all occurrences, or definitions only",
+             CLI::IsMember({"all", "definitions"}));
+    command.add_option("--add", index.add, "index this term too (may be repeated)")
+        ->type_name("TERM")
+        ->allow_extra_args(false);
+    command.add_option("--exclude", index.exclude, "do not index this found term (may be repeated)")
+        ->type_name("TERM")
+        ->allow_extra_args(false);
+    command.add_flag("--only-added", index.onlyAdded, "index no found term");
+    AddPlace(command);
+    AddPages(command);
+    AddCommon(command);
+  }
+
+  void AddTerms() {
+    CLI::App& command = AddCommand("terms", Command::kTerms, "print the candidate terms, one a line");
+    AddInputs(command, false);
+    AddSearch(command);
+    command.add_flag("--json", options_.json, "print an array of objects");
+    AddCommon(command);
+  }
+
+  void AddRemove() {
+    CLI::App& command = AddCommand("remove", Command::kRemove,
+                                   "take entries, index and highlighting of an earlier run away; a document that was "
+                                   "never indexed is written as it is, byte for byte");
+    AddInputs(command, true);
+    AddOutput(command, true);
+    AddCommon(command);
+  }
+
+  void AddRun() {
+    CLI::App& command = AddCommand("run", Command::kRun, "run a command with its dialogs answered from a file");
+    command.add_option("COMMAND", options_.runCommand, "index")
+        ->required()
+        ->type_name("")
+        ->check(CLI::IsMember({"index"}));
+    AddInputs(command, false);
+    AddOutput(command, false);
+    AddPath(command, "--answers", options_.answers, "FILE", "the state at the start and the answers, as JSON");
+    command.add_flag("--strict", options_.strict, "stop at a dialog that the next answer does not fit");
+    AddPlace(command);
+    AddPages(command);
+    AddCommon(command);
+  }
+
+  void AddInspect() {
+    CLI::App& command = AddCommand("inspect", Command::kInspect, "print the document as JSON");
+    AddInputs(command, false);
+    AddPages(command);
+    AddCommon(command);
+  }
+
+  void Check() {
+    const std::vector<std::string> unavailable{"layout", "libreoffice"};
+    if (std::find(unavailable.begin(), unavailable.end(), pages_) != unavailable.end()) {
+      throw CLI::ValidationError("--pages", "\"" + pages_ + "\" is not available in this build; use auto or file");
+    }
+    if (pages_ != "auto" && pages_ != "file")
+      throw CLI::ValidationError("--pages", "\"" + pages_ + "\" is none of auto, file");
+    const OutputOptions& output = options_.output;
+    const int places = output.file.has_value() + output.folder.has_value() + output.inPlace;
+    if (places > 1) throw CLI::ValidationError("-o, --out-dir, --in-place", "only one of them can be used");
+    const bool needsOutput = options_.command == Command::kIndex || options_.command == Command::kRemove;
+    if (needsOutput && places == 0) throw CLI::RequiredError("-o OUT, --out-dir DIR or --in-place");
+    if (output.file && options_.inputs.size() > 1) throw CLI::ValidationError("-o", "takes one input; use --out-dir");
+    CheckNames();
+  }
+
+  /// Two inputs of one name would end in one file.
+  void CheckNames() const {
+    if (!options_.output.folder) return;
+    std::map<fs::path, fs::path> names;
+    for (const fs::path& input : options_.inputs) {
+      const auto [other, isNew] = names.emplace(input.filename(), input);
+      if (!isNew) {
+        throw CLI::ValidationError("--out-dir",
+                                   other->second.string() + " and " + input.string() + " have the same name");
+      }
+    }
+  }
+
+  CLI::App app_;
+  Options options_;
+  std::optional<bool> progress_;
+  std::string pages_{"auto"};
+};
+
+}  // namespace
+
+std::optional<Options> ReadCommandLine(int argc, const char* const* argv, int& status) {
+  return Reader().Read(argc, argv, status);
+}

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// The command line, once it is known to be right. What is absent leaves the choice to the settings or the defaults.
+
+/// Where the cursor stands when the command begins.
+struct CursorPlace {
+  enum class Kind { kEnd, kStart, kBookmark, kAfterText, kCharacter };
+  Kind kind{Kind::kEnd};
+  std::string text{};        ///< the bookmark's name or the text, UTF-8
+  std::int32_t position{0};  ///< for kCharacter: from the start of the main text
+};
+
+/// What the search for candidate terms takes.
+struct SearchOptions {
+  std::optional<std::string> search{};  ///< "quoted" or "capitals"
+  std::optional<bool> bold{};
+  std::optional<bool> ignoreNumbers{};
+  std::optional<int> openQuote{};
+  std::optional<int> closeQuote{};
+};
+
+struct IndexOptions {
+  std::optional<bool> highlight{};
+  std::optional<bool> matchCase{};
+  std::optional<bool> caps{};
+  std::optional<int> columns{};
+  std::optional<std::string> separator{};
+  std::optional<bool> tab{};
+  std::optional<bool> notUsed{};
+  std::optional<bool> notFound{};
+  std::optional<std::string> what{};  ///< "all" or "definitions"
+  std::vector<std::string> add{};
+  std::vector<std::string> exclude{};
+  bool onlyAdded{false};
+};
+
+struct OutputOptions {
+  std::optional<std::filesystem::path> file{};
+  std::optional<std::filesystem::path> folder{};
+  bool inPlace{false};
+  bool force{false};
+};
+
+struct Options {
+  enum class Command { kIndex, kTerms, kRemove, kRun, kInspect };
+  Command command{Command::kIndex};
+  std::string runCommand{};  ///< of kRun: the command that is run
+  std::vector<std::filesystem::path> inputs{};
+
+  SearchOptions search{};
+  IndexOptions index{};
+  std::optional<CursorPlace> at{};
+  bool json{false};
+  OutputOptions output{};
+
+  std::optional<std::filesystem::path> answers{};
+  bool strict{false};
+  std::optional<std::filesystem::path> settings{};
+  std::optional<std::filesystem::path> report{};  ///< "-" is standard output
+  std::optional<std::filesystem::path> transcript{};
+  int jobs{1};
+  bool quiet{false};
+  bool progress{false};
+};
