@@ -6,7 +6,13 @@
 
 clsProgForm::clsProgForm(forms::FormHost& host) : host_(host) {}
 
-clsProgForm::~clsProgForm() = default;
+clsProgForm::~clsProgForm() {
+  try {
+    CloseProgress();
+  } catch (...) {
+    // A destructor has nobody to tell; the form is gone all the same.
+  }
+}
 
 void clsProgForm::ShowProgress(int displayMode) {
   CloseProgress();

@@ -1,0 +1,67 @@
+#include "hosts/unattended/DialogAnswers.h"
+
+#include <array>
+#include <utility>
+
+namespace unattended {
+
+namespace {
+
+/// The button that answers a form nobody said anything about; every other form is cancelled.
+constexpr std::array<std::pair<std::string_view, std::string_view>, 5> kDefaultButtons = {{
+    {"frmKVXOptions", "cmdOK"},
+    {"frmKVX_COM", "cmdOK"},
+    {"frmKVXFormatInstrux", "cmdOK"},
+    {"frmKVXAbout_COM", "cmdOK"},
+    {"frmKVXShowHelp", "cmdNo"},
+}};
+
+os::Pressed DecliningButton(os::Buttons buttons) {
+  switch (buttons) {
+    case os::Buttons::kOk:
+      return os::Pressed::kOk;
+    case os::Buttons::kYesNo:
+      return os::Pressed::kNo;
+    default:
+      return os::Pressed::kCancel;
+  }
+}
+
+}  // namespace
+
+void DialogAnswers::Fail(const std::string& reason) {
+  if (failure_.empty()) failure_ = reason;
+}
+
+os::Pressed DialogAnswers::AnswerMessage(std::u16string_view title, os::Buttons buttons) {
+  return failure_.empty() ? ChooseButton(title, buttons) : DecliningButton(buttons);
+}
+
+void DialogAnswers::AnswerForm(forms::Form& form, const std::function<void()>& stepDone) {
+  if (failure_.empty()) WorkIn(form, stepDone);
+  if (!form.Visible()) return;
+
+  forms::Control* cancel = form.Find("cmdCancel");
+  if (cancel != nullptr && cancel->UserClick()) stepDone();
+  if (form.Visible()) form.UserClose();
+  if (form.Visible()) {
+    Fail(form.Name() + " was left open and cannot be ended");
+    form.Hide();
+  }
+}
+
+os::Pressed DialogAnswers::DefaultButton(std::u16string_view title, os::Buttons buttons) {
+  const bool yesNo = buttons == os::Buttons::kYesNo || buttons == os::Buttons::kYesNoCancel;
+  if (!yesNo) return os::Pressed::kOk;
+  return title == u"Mis-matched double quotes" ? os::Pressed::kNo : os::Pressed::kYes;
+}
+
+void DialogAnswers::WorkByDefault(forms::Form& form, const std::function<void()>& stepDone) {
+  for (const auto& [name, button] : kDefaultButtons) {
+    if (form.Name() != name) continue;
+    forms::Control* control = form.Find(button);
+    if (control != nullptr && control->UserClick()) stepDone();
+  }
+}
+
+}  // namespace unattended

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "hosts/unattended/DialogAnswers.h"
+
+namespace unattended {
+
+/// What a caller wants of "Find and index", each standing for a control of its dialogs. What is absent leaves the
+/// choice to the settings. Texts are UTF-8.
+struct IndexOptions {
+  enum class Search { kQuoted, kCapitals };
+  enum class What { kAll, kDefinitions };
+
+  std::optional<Search> search{};
+  std::optional<bool> bold{};
+  std::optional<bool> highlight{};
+  std::optional<bool> matchCase{};
+  std::optional<bool> caps{};
+  std::optional<bool> ignoreNumbers{};
+  /// Windows-1252 codes that the dialog offers: 147, 148, 132, 171 and 187.
+  std::optional<int> openQuote{};
+  std::optional<int> closeQuote{};
+  std::optional<int> columns{};
+  std::optional<std::string> separator{};
+  std::optional<bool> tab{};
+  std::optional<bool> notUsed{};
+  std::optional<bool> notFound{};
+  /// Acts before tab, which follows it in the dialog.
+  std::optional<What> what{};
+
+  /// Terms to add; one that was found is selected instead.
+  std::vector<std::string> add{};
+  /// Found terms to deselect.
+  std::vector<std::string> exclude{};
+  /// Deselect every found term first.
+  bool onlyAdded{false};
+  /// Search only: the terms dialog is cancelled when it comes.
+  bool searchOnly{false};
+};
+
+/// Answers the dialogs of "Find and index" from options; every other dialog gets its default answer. An option whose
+/// control is disabled has no meaning then and is passed over.
+class IndexAnswers : public DialogAnswers {
+ public:
+  explicit IndexAnswers(IndexOptions options);
+
+ protected:
+  os::Pressed ChooseButton(std::u16string_view title, os::Buttons buttons) override;
+  void WorkIn(forms::Form& form, const std::function<void()>& stepDone) override;
+
+ private:
+  void SetOptions(forms::Form& form, const std::function<void()>& stepDone);
+  void ChooseTerms(forms::Form& form, const std::function<void()>& stepDone);
+
+  IndexOptions options_;
+};
+
+}  // namespace unattended
