@@ -78,6 +78,7 @@ bool Connect::Run() {
   if (!Search(dialog)) return false;
 
   running_ = true;
+  run_.wordStateChanged = true;
   if (PrepareTermsDialog(dialog) == u"Ready") {
     host_.forms.ShowModal(dialog);
     if (dialog.Visible()) dialog.Hide();
@@ -160,9 +161,10 @@ bool Connect::Search(frmKVX_COM& dialog) {
   const std::u16string searchType = ini_.ReadIniValue(kDefaultsSection, u"SearchType");
   if (searchType != u"SearchFlagged" && searchType != u"SearchInitCaps") return true;
   const bool quotedTerms = searchType == u"SearchFlagged";
-  if (quotedTerms) run_.ActiveIndexDocument = LookUpActiveDocument();
-
-  run_.wordStateChanged = true;
+  if (quotedTerms) {
+    run_.ActiveIndexDocument = LookUpActiveDocument();
+    run_.wordStateChanged = true;
+  }
   const SearchResult result = quotedTerms ? SearchQuotedTerms(run_.ActiveIndexDocument, dialog)
                                           : SearchCappedTerms(run_.ActiveIndexDocument, dialog);
   if (result == SearchResult::kFailed) {
@@ -207,6 +209,7 @@ void Connect::PrepareForCappedTerms() {
   const word::DocumentPtr& document = run_.ActiveIndexDocument;
   const word::OptionsPtr options = wordApp_->Options();
   ReadWordState();
+  run_.wordStateChanged = true;
   options->SetCheckSpellingAsYouType(false);
   options->SetCheckGrammarAsYouType(false);
   document->SetShowGrammaticalErrors(false);

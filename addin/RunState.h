@@ -14,7 +14,7 @@ struct RunState {
   SavedWordState saved;
   /// Formatting marks were shown.
   bool showAll{false};
-  /// An option of Word's may have been changed, so that the restore routine has to run.
+  /// Something that the restore routine puts back may have been changed.
   bool wordStateChanged{false};
   /// The options dialog was confirmed.
   bool OptionsAccepted{false};

@@ -421,6 +421,120 @@ TEST_F(IndexerRun, ForCapitalisedWordsProofingIsSwitchedOffAndBackOn) {
   EXPECT_EQ(host.log.Count("OptionChanged"), 0);
 }
 
+TEST_F(IndexerRun, APendingTermThatIsRefusedStaysInTheBoxAndIsNotIndexed) {
+  host.messages.Expect(u"Add term?", os::Pressed::kNo);
+  AcceptOptions();
+  InTermsDialog([this](fakes::FormDriver& d) {
+    d.Type("txtAddTerm", u"Closing");
+    d.Click("cmdOK");
+    EXPECT_EQ(d.At<forms::TextBox>("txtAddTerm").Text(), u"Closing");
+    EXPECT_EQ(d.At<forms::ListBox>("lstAddTerms").ListCount(), 0);
+    EXPECT_TRUE(host.log.Contains("BuildTermTable True Buyer Seller"));
+  });
+  Run();
+  EXPECT_EQ(host.messages.shown.at(0).text, u"Do you want to add \"Closing\" to the list of terms for indexing?");
+  EXPECT_EQ(host.messages.shown.at(0).icon, os::Icon::kQuestion);
+  EXPECT_EQ(host.messages.shown.at(0).buttons, os::Buttons::kYesNo);
+}
+
+TEST_F(IndexerRun, APendingTermThatIsAcceptedIsIndexedWithTheOthers) {
+  host.messages.Expect(u"Add term?", os::Pressed::kYes);
+  AcceptOptions();
+  InTermsDialog([](fakes::FormDriver& d) {
+    d.Type("txtAddTerm", u"Closing");
+    d.Click("cmdOK");
+    EXPECT_EQ(d.At<forms::TextBox>("txtAddTerm").Text(), u"");
+  });
+  Run();
+  EXPECT_TRUE(host.log.Contains("BuildTermTable True Buyer Seller Closing"));
+}
+
+TEST_F(IndexerRun, WithNothingSelectedTheTermsDialogStays) {
+  host.messages.Expect(u"Nothing selected");
+  AcceptOptions();
+  InTermsDialog([](fakes::FormDriver& d) {
+    d.Click("cmdDeselectAllTermsInDoc");
+    d.Click("cmdOK");
+    EXPECT_TRUE(d.Form().Visible());
+    d.Click("cmdCancel");
+  });
+  Run();
+  EXPECT_EQ(host.messages.shown.at(0).text, u"No terms were selected for indexing.");
+  EXPECT_EQ(host.messages.shown.at(0).buttons, os::Buttons::kOk);
+  EXPECT_EQ(host.log.Count("BeginIndexing"), 0);
+}
+
+TEST_F(IndexerRun, WithEmptyListsOKDoesNothing) {
+  host.word.stories[0].text = u"No terms.\r";
+  AcceptOptions();
+  InTermsDialog([](fakes::FormDriver& d) {
+    d.Click("cmdOK");
+    EXPECT_TRUE(d.Form().Visible());
+    d.Click("cmdCancel");
+  });
+  Run();
+  EXPECT_TRUE(host.messages.shown.empty());
+  EXPECT_EQ(host.log.Count("BeginIndexing"), 0);
+}
+
+TEST_F(IndexerRun, FullCapsTickedButDisabledAreNotIndexed) {
+  Set(u"CaseSensitive", u"False");
+  AcceptOptions();
+  AcceptTerms();
+  Run();
+  EXPECT_EQ(host.log.CountBeginning("MarkTermInStory"), 2);
+  EXPECT_TRUE(host.log.Contains("MarkTermInStory Buyer count 0 story 1 case False caps False IndexAll as \"\""));
+}
+
+TEST_F(IndexerRun, FullCapsAreIndexedUnderTheTermInACaseSensitiveRun) {
+  AcceptOptions();
+  AcceptTerms();
+  Run();
+  EXPECT_TRUE(host.log.Contains("MarkTermInStory BUYER count 0 story 1 case True caps True IndexAll as \"Buyer\""));
+}
+
+TEST_F(IndexerRun, DefinitionsOnlyReachTheMarking) {
+  Set(u"IndexWhat", u"IndexDefs");
+  AcceptOptions();
+  AcceptTerms();
+  Run();
+  EXPECT_TRUE(host.log.Contains("MarkTermInStory BUYER count 0 story 1 case True caps True IndexDefs as \"Buyer\""));
+}
+
+TEST_F(IndexerRun, OneColumnAndATabAloneReachTheIndex) {
+  Set(u"IndexSep", u"\"{TAB}\"");
+  host.profile[u"IndexCols"] = u"1";
+  AcceptOptions();
+  AcceptTerms();
+  Run();
+  EXPECT_TRUE(host.log.Contains("InsertIndex 1 \"\t\""));
+}
+
+TEST_F(IndexerRun, OKInTheTermsDialogSavesItsOptions) {
+  AcceptOptions();
+  InTermsDialog([](fakes::FormDriver& d) {
+    EXPECT_TRUE(d.At<forms::TabStrip>("tbcTabs").UserSelectTab(1));
+    d.Tick("chkIncludeNotFound", 0);
+    d.Click("cmdOK");
+  });
+  Run();
+  EXPECT_EQ(host.profile[u"IncludeNotFound"], u"False");
+}
+
+TEST_F(IndexerRun, AnErrorWhileMarkingIsShownAndTheRunStillRestores) {
+  Set(u"IndexAllCaps", u"False");
+  host.log.failAt = "MarkTermInStory Buyer count 0 story 1 case True caps False IndexAll as \"\"";
+  host.messages.Expect(u"Error indexing document");
+  AcceptOptions();
+  AcceptTerms();
+  Run();
+  EXPECT_TRUE(host.word.screenUpdating);
+  EXPECT_TRUE(host.word.replaceQuotes);
+  EXPECT_TRUE(host.word.showHiddenText);
+  EXPECT_TRUE(host.word.bookmarks.empty());
+  ExpectCursorAt(4);
+}
+
 TEST_F(IndexerRun, AQuietStopOfTheSearchShowsNothing) {
   Set(u"SearchType", u"SearchInitCaps");
   connect.cappedResult = SearchResult::kStopQuietly;
