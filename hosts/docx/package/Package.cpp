@@ -185,6 +185,9 @@ void Package::ReadDirectory() {
     if ((stat.valid & ZIP_STAT_ENCRYPTION_METHOD) != 0 && stat.encryption_method != ZIP_EM_NONE) {
       throw PackageError("is encrypted: its parts need a password to open");
     }
+    if (stat.comp_size > file_.size()) {
+      throw PackageError("is truncated or damaged: " + Printable(entry.name) + " is not there as a whole");
+    }
     entry.archived = i;
     entry.folder = entry.name.back() == '/';
     entry.size = stat.size;

@@ -9,7 +9,7 @@ namespace docx {
 /// What one XML part may cost at most; beyond it the document is refused.
 inline constexpr std::size_t kMaxDepth = 4'000;
 /// Elements and attributes together.
-inline constexpr std::size_t kMaxNodes = 8'000'000;
+inline constexpr std::size_t kMaxNodes = 6'000'000;
 
 /// Refuses XML that the parser would choke on or take without complaint although it is broken: document types and the
 /// entities they declare, undeclared entities, nesting beyond kMaxDepth, control characters, invalid UTF-8, "<" in

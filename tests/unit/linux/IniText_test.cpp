@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <ostream>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace {
@@ -17,6 +17,8 @@ struct ReadCase {
   /// What key "Key" of section "Sec" reads; nothing when it is missing.
   std::optional<std::u16string> value;
 };
+
+void PrintTo(const ReadCase& given, std::ostream* stream) { *stream << given.name; }
 
 class IniTextReading : public testing::TestWithParam<ReadCase> {};
 
@@ -73,6 +75,8 @@ struct WriteCase {
   std::u16string value;
   std::string after;
 };
+
+void PrintTo(const WriteCase& given, std::ostream* stream) { *stream << given.name; }
 
 class IniTextWriting : public testing::TestWithParam<WriteCase> {};
 
