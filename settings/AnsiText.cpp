@@ -19,8 +19,7 @@ constexpr char kNone = '?';
 /// U+0100 to U+017F.
 constexpr std::string_view kLatinExtendedA =
     "AaAaAaCcCcCcCcDd"
-    "\xD0"
-    "dEeEeEeEeEeGgGgGgGg"
+    "\320dEeEeEeEeEeGgGgGgGg"
     "HhHhIiIiIiIiIi??JjKk?LlLlLl??Ll"
     "NnNnNn???OoOoOo??RrRrRrSsSsSs??TtTtTtUuUuUuUuUuUuWwYy?ZzZz???";
 static_assert(kLatinExtendedA.size() == 128);
