@@ -26,7 +26,8 @@ bool VisibleText::Read(std::size_t index) {
   while (text_.size() < wanted && next_ < limit_) {
     const TextSource::Stretch stretch = source_.StretchAt(next_);
     const auto skipped = static_cast<std::size_t>(next_ - stretch.start);
-    const auto units = std::min(stretch.text.size() - skipped, static_cast<std::size_t>(limit_ - next_));
+    const auto units =
+        std::min({stretch.text.size() - skipped, static_cast<std::size_t>(limit_ - next_), wanted - text_.size()});
     if (stretch.treatment == Treatment::kSearched) {
       const std::size_t at = text_.size();
       if (segments_.empty() ||
