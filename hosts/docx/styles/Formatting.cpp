@@ -68,6 +68,17 @@ int Formatting::Color(pugi::xml_node node) const {
   return direct ? *direct : InheritedRun(node).color;
 }
 
+double Formatting::FontSize(pugi::xml_node node) const {
+  constexpr int kPlainSize = 20;
+  const pugi::xml_node rPr = DirectRun(node);
+  const std::optional<int> direct = ReadRunValues(part_, rPr).size;
+  const int halfPoints =
+      direct ? *direct
+             : First<int>(RunOf(CharacterStyle(rPr)).size, RunOf(ParagraphStyle(ParagraphOf(node))).size,
+                          styles_.RunDefaults().size, kPlainSize);
+  return halfPoints / 2.0;
+}
+
 RunFormat Formatting::InheritedRun(pugi::xml_node node) const {
   const RunValues& character = RunOf(CharacterStyle(DirectRun(node)));
   const RunValues& paragraph = RunOf(ParagraphStyle(ParagraphOf(node)));

@@ -41,6 +41,8 @@ class Formatting {
   int Highlight(pugi::xml_node node) const;
   /// A WdColor: red lowest, wdColorAutomatic for none. Of a theme colour, the value that the file has beside it.
   int Color(pugi::xml_node node) const;
+  /// In points.
+  double FontSize(pugi::xml_node node) const;
   /// What the characters would show without direct formatting.
   RunFormat InheritedRun(pugi::xml_node node) const;
 

@@ -142,6 +142,8 @@ std::optional<int> ReadHighlight(const XmlPart& part, pugi::xml_node element) {
   return {};
 }
 
+std::optional<int> ReadTwips(pugi::xml_attribute attribute) { return ReadMeasure(attribute, 20); }
+
 RunValues ReadRunValues(const XmlPart& part, pugi::xml_node rPr) {
   RunValues values;
   if (!rPr.first_child()) return values;

@@ -53,6 +53,8 @@ ParagraphValues ReadParagraphValues(const XmlPart& part, pugi::xml_node pPr);
 /// Readers of one property; empty for an empty node.
 std::optional<bool> ReadOnOff(const XmlPart& part, pugi::xml_node element);
 std::optional<int> ReadHighlight(const XmlPart& part, pugi::xml_node element);
+/// A length in twips, a plain number or one with its unit; empty for what is none.
+std::optional<int> ReadTwips(pugi::xml_attribute attribute);
 
 /// The w:val of a highlight. @throws std::out_of_range unless 0 <= colorIndex <= 16
 const char* HighlightName(int colorIndex);

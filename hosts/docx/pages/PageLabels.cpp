@@ -1,0 +1,74 @@
+#include "hosts/docx/pages/PageLabels.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <iterator>
+#include <utility>
+
+namespace docx {
+
+namespace {
+
+// Word's own page numbers end here; beyond, letters and Roman numerals would only grow without sense.
+constexpr int kLargest = 32767;
+
+std::u16string Decimal(int number) {
+  const std::string digits = std::to_string(number);
+  return std::u16string(digits.begin(), digits.end());
+}
+
+std::u16string Roman(int number) {
+  constexpr std::array<std::pair<int, std::u16string_view>, 13> kNumerals{{{1000, u"M"},
+                                                                           {900, u"CM"},
+                                                                           {500, u"D"},
+                                                                           {400, u"CD"},
+                                                                           {100, u"C"},
+                                                                           {90, u"XC"},
+                                                                           {50, u"L"},
+                                                                           {40, u"XL"},
+                                                                           {10, u"X"},
+                                                                           {9, u"IX"},
+                                                                           {5, u"V"},
+                                                                           {4, u"IV"},
+                                                                           {1, u"I"}}};
+  std::u16string roman;
+  for (const auto& [value, numeral] : kNumerals) {
+    for (; number >= value; number -= value) roman += numeral;
+  }
+  return roman;
+}
+
+/// A to Z, then AA, BB and so on.
+std::u16string Letters(int number) {
+  const auto times = static_cast<std::size_t>((number - 1) / 26 + 1);
+  return std::u16string(times, static_cast<char16_t>(u'A' + (number - 1) % 26));
+}
+
+std::u16string Lower(std::u16string text) {
+  for (char16_t& c : text) c = static_cast<char16_t>(c - u'A' + u'a');
+  return text;
+}
+
+}  // namespace
+
+std::u16string FormatPageNumber(std::string_view format, int number) {
+  if (format == "numberInDash") return u"- " + Decimal(number) + u" -";
+  if (format == "decimalZero" && number >= 0 && number < 10) return u"0" + Decimal(number);
+  if (number < 1 || number > kLargest) return Decimal(number);
+  if (format == "upperRoman") return Roman(number);
+  if (format == "lowerRoman") return Lower(Roman(number));
+  if (format == "upperLetter") return Letters(number);
+  if (format == "lowerLetter") return Lower(Letters(number));
+  return Decimal(number);
+}
+
+std::u16string PageLabel(const std::vector<PageNumbering>& numberings, int page) {
+  const auto after = std::upper_bound(numberings.begin(), numberings.end(), page,
+                                      [](int wanted, const PageNumbering& one) { return wanted < one.labelsFrom; });
+  if (after == numberings.begin()) return Decimal(page);
+  const PageNumbering& numbering = *std::prev(after);
+  return FormatPageNumber(numbering.format, numbering.NumberOf(page));
+}
+
+}  // namespace docx

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace docx {
+
+/// A page number as Word prints it.
+/// @param format the w:fmt of a w:pgNumType; decimal for one that is empty, unknown or cannot show the number
+std::u16string FormatPageNumber(std::string_view format, int number);
+
+/// The numbering of the pages from one section start to the next.
+struct PageNumbering {
+  int firstPage{1};   ///< the page that the section begins on, which may be another section's too
+  int labelsFrom{1};  ///< the first page whose label this section decides: the first that begins with its text
+  int number{1};      ///< of firstPage
+  std::string format;
+
+  int NumberOf(int page) const { return number + (page - firstPage); }
+};
+
+/// @param numberings in the order of the sections; pages before the first one are numbered from 1
+std::u16string PageLabel(const std::vector<PageNumbering>& numberings, int page);
+
+}  // namespace docx

@@ -1,0 +1,15 @@
+#include "hosts/docx/pages/Paginator.h"
+
+#include "hosts/docx/pages/FilePaginator.h"
+
+namespace docx {
+
+std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source) {
+  switch (source) {
+    case PageSource::kFile:
+      break;
+  }
+  return std::make_unique<FilePaginator>(parts);
+}
+
+}  // namespace docx

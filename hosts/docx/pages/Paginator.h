@@ -1,0 +1,40 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "hosts/docx/WordProcessor.h"
+#include "hosts/docx/story/Story.h"
+
+namespace docx {
+
+class DocumentParts;
+
+/// The pages of a document as it stood when the paginator was made; any change to its text or page set-up spoils it.
+/// Pages count from 1 through the whole document, whatever number is printed on them; blank pages that an odd or even
+/// section start leaves count.
+class Paginator {
+ public:
+  Paginator() = default;
+  Paginator(const Paginator&) = delete;
+  Paginator& operator=(const Paginator&) = delete;
+  virtual ~Paginator() = default;
+
+  /// At least 1.
+  virtual int PageCount() const = 0;
+  /// The page of the character at a position of a story of the document. For footnotes the page of the reference, for
+  /// endnotes the page at the end of the document or of the section, wherever the document collects them; 1 in every
+  /// other story but the main text.
+  virtual int PageOf(const Story& story, Position position) const = 0;
+  /// What is printed on a page as its number: in the format and with the restart of the page's section. Plain decimal
+  /// for a page that does not exist.
+  virtual std::u16string LabelOf(int page) const = 0;
+  /// What the numbers rest on, as a short English phrase for reports: "an estimate".
+  virtual std::string Basis() const = 0;
+};
+
+/// Never nullptr. @param parts outlives the paginator
+/// @throws PackageError when a part that the pages depend on cannot be read
+std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source);
+
+}  // namespace docx

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <pugixml.hpp>
+
+#include <cstdint>
+
+#include "hosts/docx/styles/Formatting.h"
+
+namespace docx {
+
+/// How much room a paragraph takes, estimated from its formatting without any font. Lengths in points.
+struct ParagraphShape {
+  double before{0};
+  double after{0};
+  double lineHeight{12};
+  double perLine{80};  ///< characters
+  bool pageBreakBefore{false};
+
+  /// Lines that so many characters fill; 0 for none.
+  int Lines(std::uint32_t characters) const;
+};
+
+/// @param run the first run with text; empty when there is none
+/// @param width of the column or cell
+ParagraphShape ShapeOf(const Formatting& formatting, pugi::xml_node p, pugi::xml_node run, double width);
+
+}  // namespace docx
