@@ -69,6 +69,9 @@ class ParagraphFormatProxy : public word::ParagraphFormat {
                                    "ParagraphFormat.Alignment"));
   }
   void SetAlignment(int value) override {
+    if (value < word::wdAlignParagraphLeft || value > word::wdAlignParagraphJustify) {
+      throw word::HostError(word::kCommandFailed, u"There is no such alignment.", "ParagraphFormat.Alignment");
+    }
     Change([&](const Formatting& formats, pugi::xml_node p) { docx::SetAlignment(formats, p, value); },
            "ParagraphFormat.Alignment");
   }

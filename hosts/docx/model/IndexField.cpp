@@ -9,7 +9,7 @@
 #include "hosts/docx/fields/FieldCode.h"
 #include "hosts/docx/fields/IndexContent.h"
 #include "hosts/docx/model/SectionBreaks.h"
-#include "hosts/docx/styles/RunProperties.h"
+#include "hosts/docx/styles/PropertyContainer.h"
 #include "platform/word/Constants.h"
 
 namespace docx {
@@ -64,15 +64,15 @@ std::u16string TextOf(const IndexParagraph& paragraph) {
   return text;
 }
 
-void FormatRuns(OpenDocument& document, Story& main, const Written& written) {
-  const Formatting& formats = document.Parts().Formats(main.Part());
+void FormatRuns(Story& main, const Written& written) {
   Position at = written.start;
   for (const IndexRun& run : written.paragraph->runs) {
     const Position end = at + static_cast<Position>(run.text.size());
     if (run.bold || run.italic) {
       for (const pugi::xml_node node : main.IsolateRuns(at, end)) {
-        if (run.bold) SetBold(formats, node, true);
-        if (run.italic) SetItalic(formats, node, true);
+        PropertyContainer properties = PropertyContainer::OfRun(main.Part(), node);
+        if (run.bold) properties.Ensure("b");
+        if (run.italic) properties.Ensure("i");
       }
     }
     at = end;
@@ -118,7 +118,7 @@ void UpdateIndexField(OpenDocument& document, const FieldSpan& given) {
   for (const Written& each : written) {
     const std::string style = document.Parts().EnsureIndexStyle(each.paragraph->level);
     FormatParagraph(part, main.ParagraphAt(each.start), style, tab);
-    FormatRuns(document, main, each);
+    FormatRuns(main, each);
   }
   part.Touch();
 }

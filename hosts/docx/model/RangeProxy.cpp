@@ -223,6 +223,9 @@ int RangeProxy::HighlightColorIndex() const {
 
 void RangeProxy::SetHighlightColorIndex(int value) {
   const std::shared_ptr<OpenDocument> document = Lock(document_, "Range.HighlightColorIndex");
+  if (value < word::wdNoHighlight || value > word::wdGray25) {
+    throw word::HostError(word::kCommandFailed, u"There is no such highlight colour.", "Range.HighlightColorIndex");
+  }
   document->BeforeChange("Range.HighlightColorIndex");
   Story& story = *anchor_.Of();
   const Formatting& formats = document->Parts().Formats(story.Part());

@@ -68,6 +68,7 @@ AtomSequence::Place AtomSequence::Append(const Atom& atom, std::u16string_view t
   if (BeginsField(atom)) ++chunk.fieldBegins;
   chunk.fieldDepth += DepthOf(atom);
   if (IsBookmark(atom)) bookmarks_[atom.element] = &chunk;
+  hint_.chunkEnd = -1;
   const Place place{chunks_.size() - 1, chunk.atoms.size() - 1, length_};
   length_ += static_cast<Position>(text.size());
   stale_ = true;
@@ -112,14 +113,27 @@ AtomSequence::Place AtomSequence::End() const { return {chunks_.size(), 0, lengt
 AtomSequence::Place AtomSequence::At(Position position) const {
   if (position >= length_) return End();
   Place place;
-  place.chunk = ChunkAt(position, place.start);
+  if (position >= hint_.place.start && position < hint_.chunkEnd) {
+    place = hint_.place;
+  } else {
+    place.chunk = ChunkAt(position, place.start);
+    hint_.chunkEnd = place.start + static_cast<Position>(chunks_[place.chunk]->text.size());
+  }
   const Chunk& chunk = *chunks_[place.chunk];
   while (true) {
     const Position length = static_cast<Position>(chunk.atoms[place.atom].length);
-    if (position < place.start + length) return place;
+    if (position < place.start + length) break;
     place.start += length;
     ++place.atom;
   }
+  hint_.place = place;
+  return place;
+}
+
+void AtomSequence::Remember(const Place& place) const {
+  hint_.chunkEnd = -1;
+  if (IsEnd(place) || stale_) return;
+  hint_ = {place, StartOf(place.chunk) + static_cast<Position>(chunks_[place.chunk]->text.size())};
 }
 
 std::u16string_view AtomSequence::Text(const Place& place) const {
@@ -278,6 +292,7 @@ AtomSequence::Place AtomSequence::Insert(const Place& before, const std::vector<
     place.atom -= chunks_[place.chunk]->atoms.size();
     ++place.chunk;
   }
+  Remember(place);
   return place;
 }
 
@@ -300,6 +315,7 @@ AtomSequence::Place AtomSequence::Remove(const Place& place) {
     ++next.chunk;
     next.atom = 0;
   }
+  Remember(next);
   return next;
 }
 
@@ -311,10 +327,12 @@ void AtomSequence::Divide(const Place& place, std::uint32_t units, pugi::xml_nod
   rest.length = first.length - units;
   first.length = units;
   chunk.atoms.insert(chunk.atoms.begin() + static_cast<std::ptrdiff_t>(place.atom) + 1, rest);
+  hint_.chunkEnd = -1;
   SplitWhenLarge(place.chunk);
 }
 
 void AtomSequence::Join(const Place& first) {
+  hint_.chunkEnd = -1;
   const Place next = Next(first);
   const std::uint32_t length = Get(next).length;
   if (next.chunk == first.chunk) {

@@ -101,6 +101,14 @@ class AtomSequence {
   mutable bool stale_{true};
   void Rebuild() const;
   std::unordered_map<const pugi::xml_node_struct*, Chunk*> bookmarks_;
+
+  /// Where the last look-up or edit was: the next one is mostly near and behind it.
+  struct Hint {
+    Place place;
+    Position chunkEnd{-1};  ///< -1: there is none
+  };
+  mutable Hint hint_;
+  void Remember(const Place& place) const;
 };
 
 /// Reads a story's text character by character, remembering where it was.
