@@ -140,15 +140,17 @@ class Reader {
   }
 
   void AddSearch(CLI::App& command) {
-    SearchOptions& search = options_.search;
-    AddValue(command, "--search", search.search, "what counts as a term: quoted",
-             CLI::Validator(&CheckSearch, "quoted"));
-    AddSwitch(command, "bold", search.bold, "take quoted terms only where they are bold");
-    AddSwitch(command, "ignore-numbers", search.ignoreNumbers, "leave out words with digits");
+    unattended::IndexOptions& index = options_.index;
+    command
+        .add_option_function<std::string>(
+            "--search", [&index](const std::string&) { index.search = unattended::IndexOptions::Search::kQuoted; },
+            "what counts as a term: quoted")
+        ->check(CLI::Validator(&CheckSearch, "quoted"));
+    AddSwitch(command, "bold", index.bold, "take quoted terms only where they are bold");
+    AddSwitch(command, "ignore-numbers", index.ignoreNumbers, "leave out words with digits");
     const std::set<int> quotes{147, 148, 132, 171, 187};
-    AddValue(command, "--open-quote", search.openQuote, "Windows-1252 code of the opening quote",
-             CLI::IsMember(quotes));
-    AddValue(command, "--close-quote", search.closeQuote, "and of the closing one", CLI::IsMember(quotes));
+    AddValue(command, "--open-quote", index.openQuote, "Windows-1252 code of the opening quote", CLI::IsMember(quotes));
+    AddValue(command, "--close-quote", index.closeQuote, "and of the closing one", CLI::IsMember(quotes));
   }
 
   void AddPages(CLI::App& command) {
@@ -178,7 +180,7 @@ class Reader {
     AddInputs(command, true);
     AddOutput(command, true);
     AddSearch(command);
-    IndexOptions& index = options_.index;
+    unattended::IndexOptions& index = options_.index;
     AddSwitch(command, "highlight", index.highlight, "highlight what was marked");
     AddSwitch(command, "case", index.matchCase, "match case");
     AddSwitch(command, "caps", index.caps, "take a term in capitals for the term");
@@ -187,8 +189,15 @@ class Reader {
     AddSwitch(command, "tab", index.tab, "end the separator with a tab");
     AddSwitch(command, "not-used", index.notUsed, "list terms that are used once only");
     AddSwitch(command, "not-found", index.notFound, "list terms that are not found");
-    AddValue(command, "--what", index.what, "all occurrences, or definitions only",
-             CLI::IsMember({"all", "definitions"}));
+    command
+        .add_option_function<std::string>(
+            "--what",
+            [&index](const std::string& given) {
+              using What = unattended::IndexOptions::What;
+              index.what = given == "all" ? What::kAll : What::kDefinitions;
+            },
+            "all occurrences, or definitions only")
+        ->check(CLI::IsMember({"all", "definitions"}));
     command.add_option("--add", index.add, "index this term too (may be repeated)")
         ->type_name("TERM")
         ->allow_extra_args(false);

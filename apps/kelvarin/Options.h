@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "hosts/unattended/IndexAnswers.h"
+
 /// The command line, once it is known to be right. What is absent leaves the choice to the settings or the defaults.
 
 /// Where the cursor stands when the command begins.
@@ -14,30 +16,6 @@ struct CursorPlace {
   Kind kind{Kind::kEnd};
   std::string text{};        ///< the bookmark's name or the text, UTF-8
   std::int32_t position{0};  ///< for kCharacter: from the start of the main text
-};
-
-/// What the search for candidate terms takes.
-struct SearchOptions {
-  std::optional<std::string> search{};  ///< "quoted" or "capitals"
-  std::optional<bool> bold{};
-  std::optional<bool> ignoreNumbers{};
-  std::optional<int> openQuote{};
-  std::optional<int> closeQuote{};
-};
-
-struct IndexOptions {
-  std::optional<bool> highlight{};
-  std::optional<bool> matchCase{};
-  std::optional<bool> caps{};
-  std::optional<int> columns{};
-  std::optional<std::string> separator{};
-  std::optional<bool> tab{};
-  std::optional<bool> notUsed{};
-  std::optional<bool> notFound{};
-  std::optional<std::string> what{};  ///< "all" or "definitions"
-  std::vector<std::string> add{};
-  std::vector<std::string> exclude{};
-  bool onlyAdded{false};
 };
 
 struct OutputOptions {
@@ -53,9 +31,8 @@ struct Options {
   std::string runCommand{};  ///< of kRun: the command that is run
   std::vector<std::filesystem::path> inputs{};
 
-  SearchOptions search{};
-  IndexOptions index{};
-  std::optional<CursorPlace> at{};
+  unattended::IndexOptions index{};
+  std::optional<CursorPlace> at{};  ///< absent: the end, or where the answers file says
   bool json{false};
   OutputOptions output{};
 

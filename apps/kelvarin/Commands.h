@@ -1,0 +1,15 @@
+#pragma once
+
+#include <filesystem>
+
+#include "apps/kelvarin/Batch.h"
+#include "apps/kelvarin/Options.h"
+
+/// Each command's work on one input. Reasons why it did not come to its end are said on standard error.
+/// @throws docx::PackageError, Failure
+
+FileResult IndexFile(const Options& options, const std::filesystem::path& input);
+FileResult ListTerms(const Options& options, const std::filesystem::path& input);
+FileResult RemoveIndexing(const Options& options, const std::filesystem::path& input);
+FileResult RunCommand(const Options& options, const std::filesystem::path& input);
+FileResult InspectFile(const Options& options, const std::filesystem::path& input);

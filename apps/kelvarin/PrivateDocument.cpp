@@ -1,0 +1,34 @@
+#include "apps/kelvarin/PrivateDocument.h"
+
+#include <system_error>
+#include <utility>
+
+#include "apps/kelvarin/Output.h"
+#include "apps/kelvarin/Status.h"
+#include "hosts/linux/Paths.h"
+#include "hosts/unattended/Text.h"
+#include "platform/word/HostError.h"
+
+PrivateDocument::PrivateDocument(std::filesystem::path input, std::filesystem::path copy)
+    : input_(std::move(input)), copy_(std::move(copy)) {}
+
+void PrivateDocument::Save(const docx::Package& package) { Write(package, copy_, "Document.Save"); }
+
+void PrivateDocument::SaveAs(std::u16string_view fileName, const docx::Package& package) {
+  const std::filesystem::path target = os::ToPosixPath(fileName);
+  std::error_code error;
+  if (std::filesystem::equivalent(target, input_, error) && !error) {
+    throw word::HostError(word::kCannotSaveFile, u"The document cannot replace the file that it was read from.",
+                          "Document.SaveAs");
+  }
+  Write(package, target, "Document.SaveAs");
+}
+
+void PrivateDocument::Write(const docx::Package& package, const std::filesystem::path& target,
+                            const char* member) const {
+  try {
+    WriteDocument(package, target);
+  } catch (const Failure& failure) {
+    throw word::HostError(word::kCannotSaveFile, unattended::FromUtf8(failure.what()), member);
+  }
+}

@@ -1,0 +1,37 @@
+#include "apps/kelvarin/Commands.h"
+#include "apps/kelvarin/FileRun.h"
+#include "apps/kelvarin/Output.h"
+#include "hosts/unattended/Answers.h"
+#include "hosts/unattended/FileAnswers.h"
+
+namespace {
+
+unattended::AnswersFile ReadAnswers(const Options& options) {
+  if (!options.answers) return {};
+  try {
+    return unattended::ParseAnswers(ReadFile(*options.answers));
+  } catch (const unattended::AnswersError& error) {
+    throw unattended::AnswersError(options.answers->string() + ": " + error.what());
+  }
+}
+
+}  // namespace
+
+FileResult RunCommand(const Options& options, const std::filesystem::path& input) {
+  return RunOnFile(options, input, [&](Report& report) {
+    const std::optional<std::filesystem::path> target = ChooseTarget(options.output, input);
+    unattended::AnswersFile file = ReadAnswers(options);
+    unattended::FileAnswers answers(std::move(file.answers), options.strict);
+    Session session(input, options, answers, file.state);
+    session.Run([](Connect& addIn) { addIn.ShowKVXForm(); });
+    answers.Finish();
+    const Status status = IndexingStatus(session, answers.Failure());
+    SayMessages(options, input, session, status, answers.Failure());
+    if (options.report) report.Fill(session);
+    if (target && session.HasDocument()) {
+      WriteDocument(session.Processor().Updated(), *target);
+      report.SetOutput(*target);
+    }
+    return Outcome{.status = status, .transcript = session.TranscriptText()};
+  });
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "hosts/unattended/UnattendedHost.h"
+
+/// Keeps what a run showed a person, and reports its progress.
+class RunWatch : public unattended::UnattendedObserver {
+ public:
+  struct ShownMessage {
+    std::u16string title;
+    std::u16string text;
+    os::Icon icon;
+  };
+
+  /// @param file what progress is shown for; empty: it is not
+  explicit RunWatch(std::filesystem::path file) : file_(std::move(file)) {}
+
+  void FormShown(const forms::Form& form) override;
+  void MessageShown(std::u16string_view title, std::u16string_view text, os::Icon icon, os::Pressed pressed) override;
+  void ProgressShown(const unattended::ProgressState& state, unattended::Transcript::Phase phase) override;
+
+  /// The terms dialog came.
+  bool TermsShown() const { return termsShown_; }
+  /// The terms that it offered when it came.
+  const std::vector<std::u16string>& Found() const { return found_; }
+  const std::vector<ShownMessage>& Messages() const { return messages_; }
+
+ private:
+  std::filesystem::path file_;
+  bool termsShown_{false};
+  std::vector<std::u16string> found_;
+  std::vector<ShownMessage> messages_;
+  std::string lastLine_;
+};

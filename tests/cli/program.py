@@ -1,0 +1,91 @@
+"""What the tests of whole runs share: a folder of their own, the program, and small documents made on the spot."""
+
+import json
+import os
+import pathlib
+import resource
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+import zipfile
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
+SAMPLES = ROOT / "samples"
+sys.path.insert(0, str(SAMPLES))
+import docx_writer  # noqa: E402
+
+KELVARIN = os.environ.get("KELVARIN", str(ROOT / "build/release/apps/kelvarin/kelvarin"))
+TWO_TERMS = """
+P “**Buyer**” means Acorn Limited and “**Seller**” means Bramble Limited.
+P The Buyer pays the Seller. The Buyer’s money is good. BUYER BEWARE.
+P Last words.
+"""
+
+
+def make_document(path, lines=TWO_TERMS):
+    document = docx_writer.Document("Test")
+    document.add(lines)
+    document.save(path)
+    return path
+
+
+def parts(path):
+    with zipfile.ZipFile(path) as package:
+        return {name: package.read(name) for name in package.namelist()}
+
+
+class Result:
+    def __init__(self, completed, peak):
+        self.status = completed.returncode
+        self.out = completed.stdout.decode("utf-8", "replace")
+        self.err = completed.stderr.decode("utf-8", "replace")
+        self.peak = peak  # bytes, of the largest child so far
+
+
+class Case(unittest.TestCase):
+    def setUp(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="kelvarin-test-"))
+        self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
+        self.home = self.folder / "home"
+        self.temporary = self.folder / "tmp"
+        self.home.mkdir()
+        self.temporary.mkdir()
+
+    def environment(self):
+        return {"PATH": os.environ["PATH"], "HOME": str(self.home), "TMPDIR": str(self.temporary), "LC_ALL": "C.UTF-8"}
+
+    def kelvarin(self, *arguments, prepare=None, cwd=None):
+        completed = subprocess.run([KELVARIN, *map(str, arguments)], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                   stderr=subprocess.PIPE, env=self.environment(), cwd=cwd or self.folder,
+                                   preexec_fn=prepare, timeout=120)
+        peak = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss * 1024
+        result = Result(completed, peak)
+        # A sanitizer's report is never what a test expects.
+        self.assertNotIn("Sanitizer", result.err)
+        return result
+
+    def check(self, *arguments, status=0):
+        """Runs the program, which must end with the status."""
+        result = self.kelvarin(*arguments)
+        self.assertEqual(result.status, status, f"{arguments}\n{result.out}\n{result.err}")
+        return result
+
+    def document(self, name="contract.docx", lines=TWO_TERMS):
+        return make_document(self.folder / name, lines)
+
+    def report(self, *arguments, status=0):
+        """The one report of a run."""
+        file = self.folder / "report.json"
+        self.check(*arguments, "--report", file, status=status)
+        return json.loads(file.read_text(encoding="utf-8"))
+
+    def inspect(self, path):
+        return json.loads(self.check("inspect", path).out)
+
+    def events(self, path):
+        return [json.loads(line) for line in path.read_text(encoding="utf-8").splitlines()]
+
+
+main = unittest.main

@@ -1,0 +1,60 @@
+import program
+
+
+class CommandLine(program.Case):
+    def wrong(self, *arguments):
+        result = self.check(*arguments, status=2)
+        self.assertTrue(result.err.startswith("kelvarin: "), result.err)
+        self.assertEqual(result.out, "")
+        return result.err
+
+    def test_version_and_help_are_results(self):
+        self.assertRegex(self.check("--version").out, r"^kelvarin \d+\.\d+\.\d+\n$")
+        for command in ("", "index", "terms", "remove", "run", "inspect"):
+            self.assertIn("Usage: kelvarin", self.check(*command.split(), "--help").out)
+
+    def test_what_is_wrong_is_said_with_status_2(self):
+        file = self.document()
+        self.wrong()
+        self.wrong("frobnicate", file)
+        self.wrong("index")
+        self.wrong("index", file, "-o", "out.docx", "--frobnicate")
+        self.wrong("index", file, "-o", "out.docx", "--columns", "5")
+        self.wrong("index", file, "-o", "out.docx", "--open-quote", "34")
+        self.wrong("index", file, "-o", "out.docx", "--what", "some")
+        self.wrong("index", file, "-o", "out.docx", "--at", "middle")
+        self.wrong("index", file, "-o", "out.docx", "--at", "char:-1")
+        self.wrong("index", file, "-o", "out.docx", "--jobs", "0")
+        self.wrong("inspect", file, file)
+        self.wrong("run", "frobnicate", file)
+
+    def test_a_result_needs_one_place_to_go(self):
+        file = self.document()
+        self.assertIn("-o OUT, --out-dir DIR or --in-place", self.wrong("index", file))
+        self.assertIn("only one", self.wrong("index", file, "-o", "out.docx", "--in-place"))
+        self.assertIn("takes one input", self.wrong("index", file, file, "-o", "out.docx"))
+
+    def test_two_inputs_of_one_name_do_not_go_to_one_folder(self):
+        (self.folder / "other").mkdir()
+        error = self.wrong("index", self.document(), self.document("other/contract.docx"), "--out-dir", "out")
+        self.assertIn("the same name", error)
+        self.assertFalse((self.folder / "out").exists())
+
+    def test_pages_that_this_build_cannot_work_out_are_refused(self):
+        file = self.document()
+        for source in ("layout", "libreoffice"):
+            self.assertIn("not available in this build", self.wrong("index", file, "-o", "out.docx", "--pages", source))
+        self.assertIn("none of", self.wrong("index", file, "-o", "out.docx", "--pages", "frobnicate"))
+
+    def test_a_search_that_this_build_does_not_have_is_refused(self):
+        self.assertIn("not available in this build",
+                      self.wrong("index", self.document(), "-o", "out.docx", "--search", "capitals"))
+
+    def test_the_last_of_two_switches_counts(self):
+        self.document()
+        report = self.report("index", "contract.docx", "-o", "out.docx", "--bold", "--no-bold")
+        self.assertEqual(report["found"], ["Buyer", "Seller"])
+
+
+if __name__ == "__main__":
+    program.main()
