@@ -58,7 +58,7 @@ class Checker {
 
   void Run() {
     if (StartsWith("\xEF\xBB\xBF")) p_ += 3;
-    if (StartsWith("<?xml") && p_ + 5 < end_ && Is(p_[5], kBlank)) SkipTo(p_ + 5, "?>");
+    if (StartsWith("<?xml") && p_ + 5 < end_ && Is(p_[5], kBlank)) XmlDeclaration();
     bool rootSeen = false;
     while (true) {
       if (open_.empty()) {
@@ -250,6 +250,23 @@ class Checker {
     open_.pop_back();
   }
 
+  void XmlDeclaration() {
+    p_ += 5;
+    SkipBlanks();
+    for (const std::string_view name : {"version", "encoding", "standalone"}) {
+      if (!StartsWith(name)) continue;
+      p_ += name.size();
+      SkipBlanks();
+      if (p_ == end_ || *p_ != '=') Fail("has a malformed XML declaration");
+      ++p_;
+      SkipBlanks();
+      Value();
+      SkipBlanks();
+    }
+    if (!StartsWith("?>")) Fail("has a malformed XML declaration");
+    p_ += 2;
+  }
+
   /// What a document type may hold is not even looked at.
   void Declaration() {
     if (StartsWith("<!--")) {
@@ -271,7 +288,7 @@ class Checker {
     if (target.size() == 3 && (target[0] | 0x20) == 'x' && (target[1] | 0x20) == 'm' && (target[2] | 0x20) == 'l') {
       Fail("has an XML declaration that is not at its beginning");
     }
-    if (p_ < end_ && !Is(*p_, kBlank) && *p_ != '?') Fail("has a malformed processing instruction");
+    if (p_ < end_ && !Is(*p_, kBlank) && !StartsWith("?>")) Fail("has a malformed processing instruction");
     SkipTo(p_, "?>");
   }
 

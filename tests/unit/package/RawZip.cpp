@@ -72,7 +72,8 @@ std::vector<std::byte> RawZip::Bytes() const {
     central += "PK\1\2";
     Put(central, 20, 2);  // version made by
     central += common;
-    Put(central, 0, 10);  // comment, disk, attributes
+    Put(central, 0, 6);  // comment, disk, attributes
+    Put(central, 0, 4);
     Put(central, local.size(), 4);
     central += part.name;
 

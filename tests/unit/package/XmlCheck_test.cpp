@@ -124,8 +124,13 @@ TEST(CheckXml, RefusesWhatTheParserMustNotSee) {
       {"<![CDATA[x]]><a/>", "malformed tag"},
       {"<a><!b></a>", "malformed tag"},
       {"<a><?b></a>", "processing instruction"},
+      {"<a><?b?c?></a>", "processing instruction"},
       {"<a><?b c></a>", "or instruction"},
       {"<a/><?xml version=\"1.0\"?>", "XML declaration"},
+      {"<?xml version?><a/>", "malformed XML declaration"},
+      {"<?xml encoding='UTF-8' version='1.0'?><a/>", "malformed XML declaration"},
+      {"<?xml version='1.0' other='x'?><a/>", "malformed XML declaration"},
+      {"<?xml version='1.0'><a/>", "malformed XML declaration"},
       {" <?xml version=\"1.0\"?><a/>", "XML declaration"},
       {"<?XML version=\"1.0\"?><a/>", "XML declaration"},
   };
