@@ -1,0 +1,124 @@
+import io
+import time
+import zipfile
+
+import program
+
+LIMIT_SECONDS = 2
+LIMIT_BYTES = 512 << 20
+TYPES = ('<?xml version="1.0"?><Types xmlns="http://schemas.openxmlformats.org/package/2006/content-types">'
+         '<Default Extension="rels" ContentType="application/vnd.openxmlformats-package.relationships+xml"/>'
+         '<Override PartName="/word/document.xml" ContentType="application/vnd.openxmlformats-officedocument.'
+         'wordprocessingml.document.main+xml"/></Types>')
+RELATIONS = ('<?xml version="1.0"?><Relationships xmlns="http://schemas.openxmlformats.org/package/2006/relationships">'
+             '<Relationship Id="rId1" Type="http://schemas.openxmlformats.org/officeDocument/2006/relationships/'
+             'officeDocument" Target="word/document.xml"/></Relationships>')
+W = 'xmlns:w="http://schemas.openxmlformats.org/wordprocessingml/2006/main"'
+
+
+def package(document, extra=(), leave_out=()):
+    parts = {"[Content_Types].xml": TYPES, "_rels/.rels": RELATIONS, "word/document.xml": document}
+    parts.update(extra)
+    out = io.BytesIO()
+    with zipfile.ZipFile(out, "w", zipfile.ZIP_DEFLATED) as archive:
+        for name, content in parts.items():
+            if name not in leave_out:
+                archive.writestr(name, content)
+    return out.getvalue()
+
+
+def body(content):
+    return f'<?xml version="1.0"?><w:document {W}><w:body>{content}</w:body></w:document>'
+
+
+GOOD = body('<w:p><w:r><w:t>“Buyer” is the Buyer.</w:t></w:r></w:p>')
+
+
+class Hostile(program.Case):
+    def refused(self, content):
+        """The file gets one clear message and status 3, from every command, in bounded time and memory."""
+        (self.folder / "bad.docx").write_bytes(content)
+        messages = set()
+        for command in (("index", "bad.docx", "-o", "out.docx"), ("remove", "bad.docx", "-o", "out.docx"),
+                        ("terms", "bad.docx"), ("inspect", "bad.docx"), ("run", "index", "bad.docx")):
+            start = time.monotonic()
+            result = self.check(*command, status=3)
+            self.assertLess(time.monotonic() - start, LIMIT_SECONDS * self.slowness())
+            self.assertLess(result.peak, LIMIT_BYTES * self.slowness())
+            lines = result.err.splitlines()
+            self.assertEqual(len(lines), 1, result.err)
+            self.assertRegex(lines[0], r"^kelvarin: bad\.docx: \S")
+            self.assertEqual(result.out, "")
+            messages.add(lines[0])
+        self.assertEqual(len(messages), 1)
+        self.assertFalse((self.folder / "out.docx").exists())
+        return messages.pop()
+
+    def slowness(self):
+        """A sanitizer build is several times slower and larger."""
+        with open(program.KELVARIN, "rb") as file:
+            return 6 if b"__asan_init" in file.read() else 1
+
+    def test_the_good_one_is_taken(self):
+        (self.folder / "good.docx").write_bytes(package(GOOD))
+        self.check("index", "good.docx", "-o", "out.docx")
+
+    def test_not_a_zip(self):
+        self.refused(b"Dear Sir or Madam")
+        self.refused(b"")
+        self.refused(b"%PDF-1.7\n" + bytes(5000))
+
+    def test_an_encrypted_document(self):
+        # What a password makes of a document: a compound file.
+        self.assertIn("encrypted", self.refused(bytes.fromhex("D0CF11E0A1B11AE1") + bytes(4096)))
+
+    def test_truncated(self):
+        whole = package(GOOD)
+        for size in (10, len(whole) // 2, len(whole) - 10):
+            self.refused(whole[:size])
+
+    def test_parts_missing(self):
+        for name in ("[Content_Types].xml", "_rels/.rels", "word/document.xml"):
+            self.refused(package(GOOD, leave_out=(name,)))
+
+    def test_another_kind_of_office_document(self):
+        self.refused(package(GOOD, {"[Content_Types].xml": TYPES.replace("wordprocessingml.document", "spreadsheetml.sheet")}))
+
+    def test_malformed_xml(self):
+        for document in ("", "no xml", GOOD[:-20], GOOD.replace("</w:r>", "</w:x>"), GOOD.replace("Buyer", "Bu&yer;"),
+                         GOOD.replace("Buyer", "Bu\x01yer")):
+            self.refused(package(document))
+
+    def test_an_entity_bomb(self):
+        entities = '<!ENTITY a "ha">' + "".join(f'<!ENTITY {name} "{"&" + before + ";" * 1}{("&" + before + ";") * 9}">'
+                                                for before, name in zip("abcdefghi", "bcdefghij"))
+        self.refused(package(GOOD.replace('<?xml version="1.0"?>', f'<?xml version="1.0"?><!DOCTYPE x [{entities}]>')
+                             .replace("Buyer", "&j;")))
+
+    def test_an_external_entity(self):
+        secret = self.folder / "secret"
+        secret.write_text("secret words")
+        self.refused(package(GOOD.replace('<?xml version="1.0"?>',
+                                          f'<?xml version="1.0"?><!DOCTYPE x [<!ENTITY e SYSTEM "file://{secret}">]>')
+                             .replace("Buyer", "&e;")))
+
+    def test_a_zip_bomb(self):
+        self.refused(package(body("<w:p/>" + " " * (1 << 30))))
+
+    def test_a_hundred_thousand_nested_elements(self):
+        count = 100_000
+        self.refused(package(body("<w:p><w:r><w:t>x</w:t></w:r></w:p>" + "<w:sdt>" * count + "</w:sdt>" * count)))
+
+    def test_a_part_name_that_leaves_the_package(self):
+        for name in ("../evil.xml", "word/../../evil.xml", "/etc/evil.xml", "word\\..\\evil.xml"):
+            self.refused(package(GOOD, {name: "<x/>"}))
+
+    def test_a_file_that_is_not_there_or_not_a_file(self):
+        (self.folder / "folder.docx").mkdir()
+        for name in ("missing.docx", "folder.docx"):
+            result = self.check("index", name, "-o", "out.docx", status=3)
+            self.assertRegex(result.err, rf"^kelvarin: {name}: ")
+
+
+if __name__ == "__main__":
+    program.main()

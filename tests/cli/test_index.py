@@ -1,0 +1,138 @@
+import program
+
+
+class Index(program.Case):
+    def test_the_report_says_what_was_done(self):
+        file = self.document()
+        report = self.report("index", file, "-o", "out.docx", "--columns", "1")
+        self.assertEqual(report["file"], str(file))
+        self.assertEqual(report["output"], "out.docx")
+        self.assertEqual(report["status"], "done")
+        self.assertEqual(report["searchType"], "SearchFlagged")
+        self.assertEqual(report["pages"], 1)
+        self.assertIn("estimate", report["pagesFrom"])
+        self.assertEqual(report["found"], ["Buyer", "Seller"])
+        self.assertEqual(report["chosen"], ["Buyer", "Seller"])
+        # The form in capitals counts for the term.
+        self.assertEqual(report["terms"], [{"term": "Buyer", "count": 4, "pages": ["1"]},
+                                           {"term": "Seller", "count": 2, "pages": ["1"]}])
+        self.assertEqual(report["notUsed"], [])
+        self.assertEqual(report["notFound"], [])
+        self.assertEqual(report["messages"], [])
+        self.assertGreater(report["seconds"], 0)
+
+    def test_the_index_stands_at_the_end_unless_told_otherwise(self):
+        self.document()
+        for place, before in ((None, "Last words."), ("end", "Last words."), ("start", ""), ("after:Seller", "the Seller")):
+            arguments = [] if place is None else ["--at", place]
+            self.check("index", "contract.docx", "-o", "out.docx", "--force", "--columns", "1", "--no-highlight", *arguments)
+            shown = self.inspect(self.folder / "out.docx")
+            main_text = shown["stories"][0]["text"]
+            field = next(field for field in shown["fields"] if field["kind"] == "INDEX")
+            self.assertLess(field["start"], field["end"])
+            if place == "start":
+                self.assertEqual(main_text[:field["start"]].strip("\r"), "")
+            elif place == "after:Seller":
+                self.assertIn("Seller", main_text[:field["start"]])
+                self.assertNotIn("Last words", main_text[:field["start"]])
+            else:
+                self.assertIn("Last words", main_text[:field["start"]])
+
+    def test_a_place_that_the_document_does_not_have_stops_the_run(self):
+        self.document()
+        for place in ("bookmark:Nowhere", "after:No such text", "char:100000"):
+            self.check("index", "contract.docx", "-o", "out.docx", "--at", place, status=1)
+            self.assertFalse((self.folder / "out.docx").exists())
+
+    def test_a_bookmark_and_a_character_are_places(self):
+        self.document(lines="P A [[bm Here|place]] for it. “Buyer” is the Buyer.")
+        for place in ("bookmark:Here", "char:2"):
+            self.check("index", "contract.docx", "-o", "out.docx", "--force", "--columns", "1", "--at", place)
+            shown = self.inspect(self.folder / "out.docx")
+            field = next(field for field in shown["fields"] if field["kind"] == "INDEX")
+            self.assertTrue(shown["stories"][0]["text"].startswith("A "))
+            self.assertLessEqual(field["start"], 4, place)
+
+    def test_terms_are_added_and_left_out(self):
+        self.document()
+        def chosen(*arguments):
+            report = self.report("index", "contract.docx", "-o", "out.docx", "--force", *arguments)
+            return report["chosen"], report["notFound"]
+        self.assertEqual(chosen("--exclude", "Buyer"), (["Seller"], []))
+        self.assertEqual(chosen("--add", "money"), (["Buyer", "Seller", "money"], []))
+        self.assertEqual(chosen("--add", "Wombat", "--add", "Last"), (["Buyer", "Seller", "Wombat", "Last"], ["Wombat"]))
+        self.assertEqual(chosen("--only-added", "--add", "Seller"), (["Seller"], []))
+
+    def test_no_term_chosen_stops_the_run(self):
+        self.document()
+        result = self.check("index", "contract.docx", "-o", "out.docx", "--only-added", status=1)
+        self.assertIn("No terms were selected for indexing.", result.err)
+        self.assertFalse((self.folder / "out.docx").exists())
+        report = self.report("index", "contract.docx", "-o", "out.docx", "--only-added", status=1)
+        self.assertEqual((report["status"], report["output"]), ("stopped", None))
+        self.assertEqual(report["messages"][0]["title"], "Nothing selected")
+
+    def test_options_reach_the_index(self):
+        self.document()
+        self.check("index", "contract.docx", "-o", "out.docx", "--columns", "1", "--separator", " ... ", "--no-tab",
+                   "--no-caps", "--highlight")
+        shown = self.inspect(self.folder / "out.docx")
+        self.assertEqual(shown["index"]["columns"], 1)
+        self.assertEqual(shown["index"]["paragraphs"], ["Buyer ... 1", "Seller ... 1"])
+        self.assertEqual([entry["text"] for entry in shown["entries"]].count("Buyer"), 3)
+        self.assertTrue(all(entry["type"] == "DefinedTermsIndex" for entry in shown["entries"]))
+        self.assertEqual(len(shown["highlights"]), 5)
+
+    def test_definitions_only_marks_the_definitions(self):
+        self.document()
+        self.check("index", "contract.docx", "-o", "out.docx", "--what", "definitions")
+        entries = self.inspect(self.folder / "out.docx")["entries"]
+        self.assertEqual([entry["text"] for entry in entries], ["Buyer", "Seller"])
+
+    def test_bold_takes_only_bold_terms(self):
+        self.document(lines="P “**Buyer**” is bold and “Seller” is not.")
+        self.assertEqual(self.report("index", "contract.docx", "-o", "out.docx", "--bold")["found"], ["Buyer"])
+
+    def test_terms_used_once_are_listed_when_asked_for(self):
+        self.document(lines="P “Buyer” is defined. “Seller” is defined, and the Seller sells.")
+        for arguments, listed in (((), True), (("--no-not-used",), False)):
+            self.check("index", "contract.docx", "-o", "out.docx", "--force", *arguments)
+            shown = self.inspect(self.folder / "out.docx")
+            self.assertEqual("DEFINED BUT NOT USED / USED ONLY ONCE" in shown["stories"][0]["text"], listed)
+
+    def test_the_same_input_gives_the_same_bytes(self):
+        sample = program.SAMPLES / "share_purchase_agreement.docx"
+        self.check("index", sample, "-o", "one.docx")
+        self.check("index", sample, "-o", "two.docx")
+        self.assertEqual((self.folder / "one.docx").read_bytes(), (self.folder / "two.docx").read_bytes())
+
+    def test_parts_that_did_not_have_to_change_did_not(self):
+        sample = program.SAMPLES / "share_purchase_agreement.docx"
+        self.check("index", sample, "-o", "out.docx")
+        before, after = program.parts(sample), program.parts(self.folder / "out.docx")
+        self.assertEqual(set(before), set(after))
+        changed = {name for name in before if before[name] != after[name]}
+        self.assertLessEqual(changed, {"word/document.xml", "word/footnotes.xml", "word/endnotes.xml", "word/styles.xml"})
+
+    def test_progress_goes_to_standard_error_when_asked_for(self):
+        self.document()
+        self.assertEqual(self.check("index", "contract.docx", "-o", "out.docx").err, "")
+        self.assertIn("Indexing document", self.check("index", "contract.docx", "-o", "out2.docx", "--progress").err)
+        self.assertEqual(self.check("index", "contract.docx", "-o", "out3.docx", "--progress", "--quiet").err, "")
+
+
+class Terms(program.Case):
+    def test_terms_are_printed_one_a_line(self):
+        file = self.document()
+        before = file.read_bytes()
+        self.assertEqual(self.check("terms", file).out, "Buyer\nSeller\n")
+        self.assertIn('"term": "Buyer"', self.check("terms", file, "--json").out)
+        self.assertEqual(file.read_bytes(), before)
+
+    def test_a_document_without_terms_prints_nothing(self):
+        file = self.document(lines="P Nothing is defined here.")
+        self.assertEqual(self.check("terms", file).out, "")
+
+
+if __name__ == "__main__":
+    program.main()

@@ -1,0 +1,122 @@
+import json
+
+import program
+
+OK = [{"form": "frmKVXOptions", "do": [{"click": "cmdOK"}]}, {"form": "frmKVX_COM", "do": [{"click": "cmdOK"}]}]
+
+
+class Run(program.Case):
+    def run_index(self, answers=None, *arguments, state=None, status=0):
+        """Runs the command on the document; its transcript."""
+        given = []
+        if answers is not None:
+            content = {"answers": answers}
+            if state is not None:
+                content["state"] = state
+            (self.folder / "answers.json").write_text(json.dumps(content))
+            given = ["--answers", "answers.json"]
+        self.check("run", "index", "contract.docx", *given, "--transcript", "log.jsonl", *arguments, status=status)
+        return self.events(self.folder / "log.jsonl")
+
+    def setUp(self):
+        super().setUp()
+        self.document()
+
+    def test_without_answers_the_dialogs_are_confirmed(self):
+        events = self.run_index(None, "-o", "out.docx")
+        self.assertEqual([event["name"] for event in events if event["event"] == "form"], ["frmKVXOptions", "frmKVX_COM"])
+        self.assertEqual(len(self.inspect(self.folder / "out.docx")["entries"]), 6)
+
+    def test_the_calls_into_the_companion_come_in_their_order(self):
+        events = self.run_index(OK)
+        operations = [event["operation"] for event in events if event["event"] == "marker"]
+        self.assertEqual(operations, [
+            "OptionChanged", "AddTerm", "AddTerm",
+            "RemoveIndexEntries", "RemoveIndex", "RemoveTermHighlighting",
+            "BeginIndexing", "BuildTermTable", "MarkTermInStory", "MarkTermInStory", "MarkTermInStory", "MarkTermInStory",
+            "GetUnusedAndMissing", "InsertIndex", "EndIndexing", "FinishDocument"])
+
+    def test_puts_and_calls_into_word_are_listed_in_their_order(self):
+        events = self.run_index(OK)
+        members = [event["member"] for event in events if event["event"] == "word"]
+        def at(member, after=-1):
+            return members.index(member, after + 1)
+        first_bookmark = at("Bookmarks.Add")
+        second_bookmark = at("Bookmarks.Add", first_bookmark)
+        fast_save = at("Options.AllowFastSave", second_bookmark)
+        collapse = at("Selection.Collapse", fast_save)
+        show_all = at("View.ShowAll", collapse)
+        hidden = at("View.ShowHiddenText", show_all)
+        off = at("Application.ScreenUpdating", hidden)
+        on = at("Application.ScreenUpdating", off)
+        at("ScreenRefresh", on)
+        restore = [event for event in events if event["event"] == "word"
+                   and event["member"] in ("Options.CheckSpellingAsYouType", "Options.Pagination")]
+        self.assertEqual([event["value"] for event in restore], [True, True])
+        added = [event["value"]["name"] for event in events if event.get("member") == "Bookmarks.Add"]
+        self.assertEqual(added, ["ReturnHereBK", "IndexBKStart", "IndexBKStart"])
+
+    def test_the_last_event_is_the_state(self):
+        state = self.run_index(OK)[-1]
+        self.assertEqual(state["event"], "state")
+        self.assertEqual(state["displayOnConnect"], "1")
+        self.assertEqual(state["cursor"]["story"], 1)
+        self.assertFalse(state["options"]["AllowFastSave"])
+        self.assertEqual(state["wordProcesses"], 1)
+
+    def test_the_state_is_what_the_run_finds(self):
+        given = {"view": {"type": 6, "showHiddenText": True}, "options": {"AllowFastSave": True, "Pagination": False},
+                 "cursor": {"story": 1, "start": 3, "end": 3}}
+        cancel = [{"form": "frmKVXOptions", "do": [{"click": "cmdCancel"}]}]
+        state = self.run_index(cancel, state=given, status=1)[-1]
+        self.assertEqual(state["view"]["type"], 6)
+        self.assertTrue(state["view"]["showHiddenText"])
+        self.assertTrue(state["options"]["AllowFastSave"])
+        self.assertEqual(state["cursor"], {"story": 1, "start": 3, "end": 3})
+
+    def test_without_a_document_only_its_message_is_shown(self):
+        events = self.run_index([], "-o", "out.docx", state={"noDocument": True}, status=1)
+        self.assertEqual([event["event"] for event in events], ["message", "state"])
+        self.assertEqual(events[0]["title"], "No document to index")
+        self.assertEqual(events[0]["icon"], "information")
+        self.assertFalse((self.folder / "out.docx").exists())
+
+    def test_cancelling_leaves_the_document_as_it_was(self):
+        for form in ("frmKVXOptions", "frmKVX_COM"):
+            self.run_index([{"form": form, "do": [{"click": "cmdCancel"}]}], "-o", "out.docx", "--force", status=1)
+            self.assertEqual(program.parts(self.folder / "out.docx"), program.parts(self.folder / "contract.docx"), form)
+
+    def test_a_cursor_in_a_footnote_or_table_is_refused(self):
+        self.document(lines="P “Buyer”[[fn: The Buyer.]]\n| Head | Other |\n| cell | end |\nP Last.")
+        events = self.run_index([], "-o", "out.docx", state={"cursor": {"story": 2, "start": 2, "end": 2}}, status=1)
+        self.assertEqual([event["title"] for event in events if event["event"] == "message"], ["Cannot continue"])
+        events = self.run_index([], "--at", "after:cell", status=1)
+        self.assertEqual([event["title"] for event in events if event["event"] == "message"],
+                         ["Cannot continue - inside a table"])
+        # run writes what a person would then see.
+        self.assertTrue((self.folder / "out.docx").exists())
+
+    def test_strict_stops_at_a_dialog_that_was_not_expected(self):
+        (self.folder / "answers.json").write_text(json.dumps({"answers": [OK[1]]}))
+        result = self.check("run", "index", "contract.docx", "--answers", "answers.json", "--strict", status=1)
+        self.assertIn("frmKVXOptions", result.err)
+        self.assertIn("frmKVX_COM", result.err)
+
+    def test_answers_left_over_are_an_error_with_strict(self):
+        self.run_index(OK, "--strict")
+        more = OK + [{"message": "Done", "press": "OK"}]
+        self.run_index(more)
+        (self.folder / "answers.json").write_text(json.dumps({"answers": more}))
+        self.assertIn("Done", self.check("run", "index", "contract.docx", "--answers", "answers.json", "--strict", status=1).err)
+
+    def test_answers_that_are_none_are_status_3(self):
+        for content in ("", "no json", "[]", '{"answers": 1}', '{"answers": [{"frobnicate": 1}]}', '{"state": {"options": '
+                        '{"Frobnicate": true}}, "answers": []}'):
+            (self.folder / "answers.json").write_text(content)
+            result = self.check("run", "index", "contract.docx", "--answers", "answers.json", status=3)
+            self.assertIn("answers", result.err)
+        self.check("run", "index", "contract.docx", "--answers", "missing.json", status=3)
+
+
+if __name__ == "__main__":
+    program.main()

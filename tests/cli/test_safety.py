@@ -1,0 +1,76 @@
+import os
+import random
+import resource
+import signal
+import subprocess
+import time
+
+import program
+
+
+class Safety(program.Case):
+    def setUp(self):
+        super().setUp()
+        self.sample = program.SAMPLES / "share_purchase_agreement.docx"
+        self.out = self.folder / "out.docx"
+        self.check("index", self.sample, "-o", "whole.docx")
+        self.whole = (self.folder / "whole.docx").read_bytes()
+
+    def leftovers(self):
+        known = {"home", "tmp", "whole.docx", "out.docx"}
+        return [path.name for path in self.folder.iterdir() if path.name not in known]
+
+    def test_killed_at_any_moment_the_target_is_the_old_file_or_the_whole_new_one(self):
+        start = time.monotonic()
+        self.check("index", self.sample, "-o", self.out, "--force")
+        duration = time.monotonic() - start
+        pick = random.Random(4)
+        killed = 0
+        for _ in range(40):
+            self.out.write_bytes(b"the old file")
+            process = subprocess.Popen([program.KELVARIN, "index", self.sample, "-o", self.out, "--force"],
+                                       env=self.environment(), stderr=subprocess.DEVNULL)
+            # Most of the moments near the end, where the writing is.
+            time.sleep(duration * (1 - pick.random() ** 2 * 0.5))
+            process.send_signal(signal.SIGKILL)
+            killed += process.wait() == -signal.SIGKILL
+            self.assertIn(self.out.read_bytes(), (b"the old file", self.whole))
+        self.assertGreater(killed, 0)
+
+    def test_a_full_disk_leaves_the_old_file(self):
+        self.out.write_bytes(b"the old file")
+        for limit in (0, 100, len(self.whole) // 2, len(self.whole) - 1):
+            def small(limit=limit):
+                # As on a full disk, a write beyond the limit fails.
+                signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+                resource.setrlimit(resource.RLIMIT_FSIZE, (limit, limit))
+            result = self.kelvarin("index", self.sample, "-o", self.out, "--force", "--settings", "/dev/null", prepare=small)
+            self.assertIn(result.status, (1, 3), f"{limit}: {result.err}")
+            self.assertTrue(result.err)
+            self.assertEqual(self.out.read_bytes(), b"the old file")
+        self.assertEqual(self.leftovers(), [])
+
+    def test_a_full_disk_below_the_target_leaves_the_old_file(self):
+        mount = self.folder / "small"
+        mount.mkdir()
+        mounted = subprocess.run(["mount", "-t", "tmpfs", "-o", "size=24k", "tmpfs", mount], capture_output=True)
+        if mounted.returncode != 0:
+            self.skipTest("no file system can be mounted here")
+        self.addCleanup(subprocess.run, ["umount", mount])
+        target = mount / "out.docx"
+        target.write_bytes(b"the old file")
+        result = self.check("index", self.sample, "-o", target, "--force", status=3)
+        self.assertIn("No space left", result.err)
+        self.assertEqual(target.read_bytes(), b"the old file")
+        self.assertEqual([path.name for path in mount.iterdir()], ["out.docx"])
+
+    def test_a_folder_without_write_permission_is_status_3(self):
+        if os.geteuid() == 0:
+            self.skipTest("the superuser may write everywhere")
+        closed = self.folder / "closed"
+        closed.mkdir(0o500)
+        self.check("index", self.sample, "-o", closed / "out.docx", status=3)
+
+
+if __name__ == "__main__":
+    program.main()
