@@ -13,6 +13,7 @@ namespace {
 
 constexpr double kCellPadding = 10.8;  // points, both sides together
 constexpr int kWidowLines = 2;
+constexpr double kTolerance = 0.01;  // of a line
 
 /// The number of a section's first page, and whether a blank page comes before it.
 struct FirstNumber {
@@ -92,11 +93,12 @@ void PageWalk::Step(const FlowEvent& event) {
       stated_ = true;
       LayLines(event.position, 0);
       if (!at_.begun) NewPage(event.position);
-      at_.begun = true;
+      at_.begun = false;
       break;
     case FlowKind::kPageBreak:
-      stated_ = true;
       LayLines(event.position, lines_ ? 0 : 1);
+      if (!rows_.empty()) break;  // Word does not break pages so inside a table
+      stated_ = true;
       NewPage(event.position);
       breakEnds_ = true;
       break;
@@ -109,7 +111,8 @@ void PageWalk::Step(const FlowEvent& event) {
       }
       break;
     case FlowKind::kLineBreak:
-      LayLines(event.position, 1);
+      LayLines(event.position, filled_ > 0 ? 0 : 1);
+      filled_ = 0;
       break;
     case FlowKind::kNote:
       LayLines(event.position, 0);
@@ -144,14 +147,24 @@ void PageWalk::NoteText(const FlowEvent& event) {
   if (!measured_) HoldRows();
 }
 
+void PageWalk::MoveOuter(const Row& inner, Row& outer) {
+  if (!inner.moved || outer.text) return;
+  outer.start = outer.furthest = inner.start;
+  outer.moved = true;
+}
+
 void PageWalk::HoldRows() {
-  for (auto row = rows_.rbegin(); row != rows_.rend() && !row->text; ++row) row->text = true;
+  for (std::size_t i = rows_.size(); i-- > 0 && !rows_[i].text;) {
+    rows_[i].text = true;
+    if (i > 0) MoveOuter(rows_[i], rows_[i - 1]);
+  }
 }
 
 void PageWalk::BeginParagraph(const FlowEvent& event) {
   characters_ = 0;
   laid_ = event.position;
   lines_ = false;
+  filled_ = 0;
   breakEnds_ = false;
   if (measured_) {
     shape_ = ShapeOf(*formatting_, event.Node(), pugi::xml_node(event.run), width_);
@@ -174,10 +187,14 @@ void PageWalk::EndParagraph(const FlowEvent& event) {
 
 void PageWalk::LayLines(Position end, int least) {
   if (!measured_) return;
-  int lines = std::max(least, shape_.Lines(characters_));
+  double onOpenLine = filled_ > 0 ? shape_.perLine - filled_ : 0;
+  const double rest = std::max(0.0, characters_ - onOpenLine);
+  const int textLines = shape_.Lines(rest);
+  const double filled = rest > 0 ? rest - (textLines - 1) * shape_.perLine : filled_ + characters_;
+  int lines = std::max(least, textLines);
   if (lines > 0) lines_ = true;
   while (lines > 0) {
-    int fitting = static_cast<int>((Room() - at_.y) / shape_.lineHeight + 0.01);
+    int fitting = static_cast<int>((Room() - at_.y) / shape_.lineHeight + kTolerance);
     if (at_.y <= 0) fitting = std::max(fitting, 1);
     if (fitting >= lines || !EstimatedAt(laid_)) break;
     fitting = std::max(fitting, 0);
@@ -186,12 +203,11 @@ void PageWalk::LayLines(Position end, int least) {
       if (lines - fitting < kWidowLines) fitting = lines - kWidowLines;
       if (fitting < kWidowLines) fitting = 0;
     }
-    if (fitting > 0) {
-      HoldRows();
-      lines -= fitting;
-      const auto shown = static_cast<std::uint32_t>(fitting * shape_.perLine);
-      laid_ = std::min(end, PositionOfShown(*atoms_, laid_, shown));
-    }
+    if (fitting > 0) HoldRows();
+    lines -= fitting;
+    const double before = onOpenLine + fitting * shape_.perLine;
+    if (before >= 1) laid_ = std::min(end, PositionOfShown(*atoms_, laid_, static_cast<std::uint32_t>(before)));
+    onOpenLine = 0;
     estimated_ = true;
     NewPage(laid_);
     at_.begun = false;
@@ -201,6 +217,7 @@ void PageWalk::LayLines(Position end, int least) {
     HoldRows();
     at_.empty = false;
   }
+  filled_ = filled < shape_.perLine ? filled : 0;
   characters_ = 0;
   laid_ = end;
 }
@@ -209,7 +226,11 @@ void PageWalk::NewPage(Position position) {
   Spot next;
   next.page = at_.page + 1;
   GoTo(next, position);
-  for (auto row = rows_.rbegin(); row != rows_.rend() && !row->text; ++row) row->start = row->furthest = next;
+  filled_ = 0;
+  if (rows_.empty() || rows_.back().text) return;
+  // The rows around it follow once it has text or ends.
+  rows_.back().start = rows_.back().furthest = next;
+  rows_.back().moved = true;
 }
 
 void PageWalk::GoTo(const Spot& spot, Position position) {
@@ -255,6 +276,7 @@ void PageWalk::EndRow(const FlowEvent& event) {
   if (rows_.empty()) return;
   const Row row = rows_.back();
   rows_.pop_back();
+  if (!rows_.empty() && !row.text) MoveOuter(row, rows_.back());
   width_ = row.outerWidth;
   Spot end = row.furthest;
   end.after = 0;

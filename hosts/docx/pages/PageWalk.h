@@ -64,12 +64,13 @@ class PageWalk {
     double y{0};       ///< from the top of the text, in points
     double after{0};   ///< space that the paragraph before wants behind it
     bool empty{true};  ///< nothing stands on the page yet
-    bool begun{true};  ///< the page's beginning is known, and no text has come since
+    bool begun{true};  ///< a mark of Word's last layout would only repeat that the page begins here
   };
   struct Row {
     Spot start;
     Spot furthest;
     bool text{false};
+    bool moved{false};     ///< its start went to another page with all that was in it, which was no text
     double cellWidth{0};   ///< of a cell that does not say
     double outerWidth{0};  ///< around the table
   };
@@ -85,6 +86,7 @@ class PageWalk {
   void NoteText(const FlowEvent& event);
   /// The rows begun have got text: a page that begins now divides them.
   void HoldRows();
+  static void MoveOuter(const Row& inner, Row& outer);
   /// Lays the paragraph's text so far. @param least lines that it takes at least
   void LayLines(Position end, int least);
   void NewPage(Position position);
@@ -111,6 +113,7 @@ class PageWalk {
   ParagraphShape shape_;
   std::uint32_t characters_{0};  // of the paragraph that are not laid yet
   Position laid_{0};             // where they begin
+  double filled_{0};             // characters on the line laid last, when it has room left
   bool lines_{false};            // the paragraph has got a line
   bool breakEnds_{false};        // a page break is the last of the paragraph so far
 

@@ -19,7 +19,7 @@ constexpr double kAutoLine = 240;
 
 }  // namespace
 
-int ParagraphShape::Lines(std::uint32_t characters) const { return static_cast<int>(std::ceil(characters / perLine)); }
+int ParagraphShape::Lines(double characters) const { return static_cast<int>(std::ceil(characters / perLine)); }
 
 ParagraphShape ShapeOf(const Formatting& formatting, pugi::xml_node p, pugi::xml_node run, double width) {
   const XmlPart& part = formatting.Part();

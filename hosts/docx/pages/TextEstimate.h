@@ -2,8 +2,6 @@
 
 #include <pugixml.hpp>
 
-#include <cstdint>
-
 #include "hosts/docx/styles/Formatting.h"
 
 namespace docx {
@@ -17,7 +15,7 @@ struct ParagraphShape {
   bool pageBreakBefore{false};
 
   /// Lines that so many characters fill; 0 for none.
-  int Lines(std::uint32_t characters) const;
+  int Lines(double characters) const;
 };
 
 /// @param run the first run with text; empty when there is none

@@ -54,6 +54,21 @@ TEST(Formatting, PlainTextHasWordsDefaults) {
   EXPECT_FALSE(plain.formatting.PageBreakBefore(plain.p));
 }
 
+TEST(Formatting, TheNearestFontSizeCounts) {
+  const std::string sizes =
+      "<w:docDefaults><w:rPrDefault><w:rPr><w:sz w:val=\"22\"/></w:rPr></w:rPrDefault></w:docDefaults>"
+      "<w:style w:type=\"paragraph\" w:styleId=\"Big\"><w:rPr><w:sz w:val=\"40\"/></w:rPr></w:style>"
+      "<w:style w:type=\"character\" w:styleId=\"Small\"><w:rPr><w:sz w:val=\"15\"/></w:rPr></w:style>";
+  const std::string big = "<w:pStyle w:val=\"Big\"/>";
+  const std::string small = "<w:rStyle w:val=\"Small\"/>";
+  const auto sizeOf = [](const Sample& sample) { return sample.formatting.FontSize(sample.run); };
+  EXPECT_EQ(sizeOf(Sample("", "")), 10);
+  EXPECT_EQ(sizeOf(Sample("", "", sizes)), 11);
+  EXPECT_EQ(sizeOf(Sample(big, "", sizes)), 20);
+  EXPECT_EQ(sizeOf(Sample(big, small, sizes)), 7.5);
+  EXPECT_EQ(sizeOf(Sample(big, small + "<w:sz w:val=\"24\"/>", sizes)), 12);
+}
+
 TEST(Formatting, ADocumentWithoutStylesIsRead) {
   XmlPart part("word/document.xml", Document("<w:p><w:r><w:rPr><w:b/></w:rPr></w:r><w:r/></w:p>"));
   const docx::Styles none(nullptr);
