@@ -57,6 +57,7 @@ class PlainPattern : public Pattern {
 
   std::optional<Hit> FindFirst(VisibleText& text, std::size_t from) override {
     if (elements_.empty()) return std::nullopt;
+    from_ = from;
     std::size_t index = from;
     while (true) {
       const std::u16string_view rest = text.Rest(index);
@@ -78,7 +79,7 @@ class PlainPattern : public Pattern {
     if (elements_.empty() || text.SplitsCharacter(index)) return std::nullopt;
     std::size_t at = index;
     for (Element& element : elements_) {
-      if (!Take(element, text, at, index)) return std::nullopt;
+      if (!Take(element, text, at, at == index && index > from_)) return std::nullopt;
     }
     if (wholeWord_ && InsideWord(text, index, at)) return std::nullopt;
     return Hit{index, at, {}};
@@ -146,7 +147,8 @@ class PlainPattern : public Pattern {
   }
 
   /// Moves `at` behind what the element matches there.
-  static bool Take(Element& element, VisibleText& text, std::size_t& at, std::size_t matchStart) {
+  /// @param inner the match begins here, and a match that begins one character before was tried
+  static bool Take(Element& element, VisibleText& text, std::size_t& at, bool inner) {
     const CodePoint point = text.CharacterAt(at);
     if (point.value == VisibleText::kBarrier) return false;
     bool fits = false;
@@ -185,15 +187,15 @@ class PlainPattern : public Pattern {
         fits = point.value == word::kPageBreak && text.MarkAt(at) != MarkKind::kSectionBreak;
         break;
       case ElementKind::kWhiteSpace:
-        return TakeWhiteSpace(element, text, at, matchStart);
+        return TakeWhiteSpace(element, text, at, inner);
     }
     if (fits) at += point.units;
     return fits;
   }
 
-  static bool TakeWhiteSpace(Element& element, VisibleText& text, std::size_t& at, std::size_t matchStart) {
+  static bool TakeWhiteSpace(Element& element, VisibleText& text, std::size_t& at, bool inner) {
     // A match never begins inside a run: the run's own start was tried before and came to the same end.
-    if (at == matchStart && at > 0 && IsWhiteSpace(text.At(at - 1))) return false;
+    if (inner && IsWhiteSpace(text.At(at - 1))) return false;
     if (at < element.runStart || at >= element.runEnd) {
       element.runStart = at;
       element.runEnd = at;
@@ -212,6 +214,7 @@ class PlainPattern : public Pattern {
   std::vector<Element> elements_;
   std::array<bool, 128> beginsWith_{};
   bool wholeWord_{false};
+  std::size_t from_{0};
 };
 
 }  // namespace

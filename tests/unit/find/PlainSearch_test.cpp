@@ -127,6 +127,10 @@ TEST(PlainSearch, NeverCrossesACellMarkOrABarrier) { EXPECT_EQ(FoundPlain(u"a^?b
 
 TEST(PlainSearch, FindsNothingForAnEmptyText) { EXPECT_EQ(FoundPlain(u"", u"text"), (Texts{})); }
 
+TEST(PlainSearch, ARunOfBlanksMayBeginWhereTheMatchBeforeEnded) {
+  EXPECT_EQ(FoundPlain(u"^wx^s", u" x\u00A0 x\u00A0"), (Texts{u" x\u00A0", u" x\u00A0"}));
+}
+
 TEST(PlainSearch, MeasuresARunOfBlanksOnce) {
   MarkedText text(std::u16string(200'000, u' ') + u"y");
   EXPECT_FALSE(Search(text, {.text = u"^?^wx"}, 0, 0));
