@@ -28,11 +28,7 @@ void clsProgForm::UpdateProgress(std::u16string_view line1, std::u16string_view 
                                  std::int32_t completed, std::int32_t total, std::u16string_view caption) {
   if (!current_) return;
   if (!caption.empty()) current_->SetCaption(caption);
-  if (total != 0) {
-    current_->SetShare(completed, total);
-  } else {
-    current_->SetNoShare();
-  }
+  current_->SetPosition(completed, total);
   current_->lblLabel1.SetCaption(line1);
   current_->lblLabel2.SetCaption(line2);
   current_->lblLabel3.SetCaption(line3);

@@ -14,9 +14,10 @@ frmProgressForm::frmProgressForm(forms::FormHost& host) : Form(host, "frmProgres
   lblProgBarCompleted.SetVisible(false);
 }
 
-void frmProgressForm::SetShare(std::int32_t completed, std::int32_t total) {
+void frmProgressForm::SetPosition(std::int32_t completed, std::int32_t total) {
   completed_ = completed;
   total_ = total;
+  if (total == 0) return;
   const double percent = std::round(100.0 * completed / total);
   const std::string digits = std::to_string(std::lround(percent));
   lblProgBarCompleted.SetCaption(std::u16string(digits.begin(), digits.end()) + u"% completed");
@@ -24,8 +25,6 @@ void frmProgressForm::SetShare(std::int32_t completed, std::int32_t total) {
   lblProgBarCompleted.SetVisible(true);
   lblProgBarCompleted.SetWidth(static_cast<int>(std::lround(lblProgBarTotal.Width() * percent / 100.0)));
 }
-
-void frmProgressForm::SetNoShare() { completed_ = total_ = 0; }
 
 std::array<std::u16string, 3> frmProgressForm::Lines() const {
   return {lblLabel1.Caption(), lblLabel2.Caption(), lblLabel3.Caption()};

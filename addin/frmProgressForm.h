@@ -20,10 +20,8 @@ class frmProgressForm : public forms::Form, public forms::ProgressView {
   /// The filled share of it, with the percentage as its text; hidden until the first share is known.
   forms::Label lblProgBarCompleted{*this, "lblProgBarCompleted"};
 
-  /// Sets the bar to a share. @param total not 0
-  void SetShare(std::int32_t completed, std::int32_t total);
-  /// Leaves the bar as it is: the update did not say how far the step is.
-  void SetNoShare();
+  /// How far the step is. @param total 0: not known, and the bar stays as it is
+  void SetPosition(std::int32_t completed, std::int32_t total);
 
   std::array<std::u16string, 3> Lines() const override;
   std::int32_t Completed() const override { return completed_; }

@@ -7,6 +7,7 @@
 #include "settings/OptionSettings.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -15,6 +16,26 @@ std::u16string_view Trim(std::u16string_view text) {
   if (first == std::u16string_view::npos) return {};
   return text.substr(first, text.find_last_not_of(u' ') - first + 1);
 }
+
+/// A list as it was. Searching clears the list before it is known whether anything is found.
+class KeptList {
+ public:
+  explicit KeptList(const forms::ListBox& list) : current_(list.ListIndex()) {
+    for (int i = 0; i < list.ListCount(); ++i) entries_.emplace_back(list.List(i), list.Selected(i));
+  }
+  void PutBack(forms::ListBox& list) const {
+    list.Clear();
+    for (const auto& [text, selected] : entries_) {
+      list.AddItem(text);
+      list.SetSelected(list.ListCount() - 1, selected);
+    }
+    list.SetListIndex(current_);
+  }
+
+ private:
+  std::vector<std::pair<std::u16string, bool>> entries_;
+  int current_;
+};
 
 }  // namespace
 
@@ -124,8 +145,13 @@ void frmKVX_COM::cmdSetDefaults_Click() {
 
 void frmKVX_COM::SearchAgain() {
   if (KVXAddIn == nullptr) return;
+  const KeptList before(lstTermsInDoc);
   FoundTerms terms{u""};
-  if (FindTerms(terms) && AnyFound(terms)) ShowFoundTerms(terms);
+  if (FindTerms(terms) && AnyFound(terms)) {
+    ShowFoundTerms(terms);
+  } else {
+    before.PutBack(lstTermsInDoc);
+  }
 }
 
 bool frmKVX_COM::FindTerms(FoundTerms& terms) {

@@ -1,0 +1,127 @@
+#include "dialogs/frmKVX_COM.h"
+
+#include <nlohmann/json.hpp>
+
+#include "tests/forms/Dialogs.h"
+
+namespace {
+
+using Texts = std::vector<std::u16string>;
+using Json = nlohmann::ordered_json;
+
+class Refresh : public Dialogs {
+ protected:
+  Refresh() { word.stories = {{word::wdMainTextStory, u"The \"Seller\" sells to the \"Buyer\".\r", {{5, 11}}}}; }
+
+  std::vector<Json> Events(const std::string& kind) const {
+    std::vector<Json> events;
+    std::istringstream lines(transcriptText.str());
+    for (std::string line; std::getline(lines, line);) {
+      Json event = Json::parse(line);
+      if (event["event"] == kind) events.push_back(std::move(event));
+    }
+    return events;
+  }
+};
+
+TEST_F(Refresh, TheFoundTermsReplaceTheListSortedAndSelected) {
+  frmKVX_COM& dialog = StepsInTerms({u"old"}, R"({"click":"cmdRefresh"})");
+  EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*Buyer", u"*Seller"}));
+  EXPECT_EQ(dialog.lstTermsInDoc.ListIndex(), 0);
+  EXPECT_EQ(dialog.DefaultButton(), &dialog.cmdOK);
+}
+
+TEST_F(Refresh, ItEnablesOKAndCancel) {
+  Answer(R"({"form":"frmKVX_COM","do":[{"click":"cmdRefresh"},{"focus":"cmdOK"},{"click":"cmdCancel"}]})");
+  frmKVX_COM& dialog = MakeTerms();
+  dialog.cmdOK.SetEnabled(false);
+  dialog.cmdCancel.SetEnabled(false);
+  ShowToItsEnd(dialog);
+  EXPECT_TRUE(dialog.cmdOK.Enabled());
+  EXPECT_EQ(dialog.Tag(), u"Cancel");
+}
+
+TEST_F(Refresh, TheOptionsInTheDialogCountWithoutBeingSaved) {
+  frmKVX_COM& dialog = StepsInTerms({}, R"({"set":"chkBold","to":1},{"click":"cmdRefresh"})");
+  EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*Seller"}));
+  EXPECT_TRUE(profile.written.empty());
+}
+
+TEST_F(Refresh, TheChosenQuotesAreSearchedFor) {
+  frmKVX_COM& dialog =
+      StepsInTerms({u"old"}, R"({"set":"cmbOpenQuote","to":3},{"set":"cmbCloseQuote","to":4},{"click":"cmdRefresh"})",
+                   R"({"message":"Refresh terms list","press":"OK"})");
+  EXPECT_TRUE(log.Contains("Find.Text = ?*?"));
+  EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*old"}));
+}
+
+TEST_F(Refresh, TheSavedSearchTypeIsTheOneThatRuns) {
+  frmKVX_COM& dialog = StepsInTerms({}, R"({"click":["optSearchType",1]},{"click":"cmdRefresh"})",
+                                    R"({"message":"Refresh terms list","press":"OK"})");
+  EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*Buyer", u"*Seller"}));
+  EXPECT_FALSE(dialog.cmbOpenQuote.Enabled());
+}
+
+TEST_F(Refresh, AnEmptySearchLeavesListAndButtonsAsTheyWere) {
+  word.stories = {{word::wdMainTextStory, u"No terms here.\r", {}}};
+  Answer(R"({"form":"frmKVX_COM","do":[{"click":["lstTermsInDoc",1]},{"click":"cmdRefresh"}]})");
+  frmKVX_COM& dialog = MakeTerms({u"a", u"b"});
+  dialog.cmdOK.SetEnabled(false);
+  ShowToItsEnd(dialog);
+  EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*a", u"b"}));
+  EXPECT_EQ(dialog.lstTermsInDoc.ListIndex(), 1);
+  EXPECT_FALSE(dialog.cmdOK.Enabled());
+}
+
+TEST_F(Refresh, AFailedSearchIsReportedAndLeavesTheList) {
+  log.failAt = "Find.Text = \"*\"";
+  frmKVX_COM& dialog =
+      StepsInTerms({u"a"}, R"({"click":"cmdRefresh"})", R"({"message":"Get list of terms failed","press":"OK"})");
+  EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*a"}));
+  EXPECT_FALSE(dialog.lblLabel1.Visible());
+}
+
+TEST_F(Refresh, TheStatusLinesAreDrawnBeforeTheSearch) {
+  Answer(R"({"form":"frmKVX_COM","do":[{"click":"cmdRefresh"}]})");
+  frmKVX_COM& dialog = MakeTerms({u"a"});
+  dialog.lblTermsInDoc.SetCaption(u"old");
+  ShowToItsEnd(dialog);
+  const Json first = Events("controls").at(0)["changed"];
+  EXPECT_EQ(first["lblTermsInDoc"]["caption"], "");
+  EXPECT_EQ(first["lblLabel1"]["caption"], "Please wait");
+  EXPECT_EQ(first["lblLabel1"]["visible"], true);
+  EXPECT_EQ(first["lblLabel2"]["caption"], "Refreshing list...");
+  EXPECT_EQ(first["lblLabel2"]["visible"], true);
+  EXPECT_EQ(first["lblLabel3"]["caption"], "");
+  EXPECT_FALSE(first.contains("lstTermsInDoc"));
+  EXPECT_FALSE(dialog.lblLabel1.Visible());
+  EXPECT_FALSE(dialog.lblLabel2.Visible());
+}
+
+TEST_F(Refresh, ProgressGoesToTheStatusBar) {
+  StepsInTerms({}, R"({"click":"cmdRefresh"})");
+  const std::vector<Json> status = Events("status");
+  ASSERT_FALSE(status.empty());
+  EXPECT_EQ(status.front()["text"], "Please wait: Finding defined terms in document");
+  EXPECT_EQ(status.back()["text"], "");
+  EXPECT_TRUE(Events("progress").empty());
+}
+
+TEST_F(Refresh, SetAsDefaultsWritesEveryOptionInOrderAndSearches) {
+  frmKVX_COM& dialog = StepsInTerms({u"old"}, R"({"click":"cmdSetDefaults"})");
+  EXPECT_EQ(profile.written, (Texts{u"Bold", u"CaseSensitive", u"IndexAllCaps", u"Highlight", u"IgnoreWordsWithNums",
+                                    u"IncludeNotFound", u"IncludeNotUsed", u"IndexCols", u"IndexSep", u"OpenQuote",
+                                    u"CloseQuote", u"SearchType", u"IndexWhat"}));
+  EXPECT_EQ(profile[u"IndexSep"], u"\":  {TAB}\"");
+  EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*Buyer", u"*Seller"}));
+}
+
+TEST_F(Refresh, SetAsDefaultsSavesTheSearchTypeBeforeTheSearch) {
+  frmKVX_COM& dialog = StepsInTerms({u"old"}, R"({"click":["optSearchType",1]},{"click":"cmdSetDefaults"})",
+                                    R"({"message":"Refresh terms list","press":"OK"})");
+  EXPECT_EQ(profile[u"SearchType"], u"SearchInitCaps");
+  EXPECT_EQ(log.CountBeginning("Find.Text"), 0);
+  EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*old"}));
+}
+
+}  // namespace
