@@ -41,8 +41,8 @@ std::u16string Roman(int number) {
 
 /// A to Z, then AA, BB and so on.
 std::u16string Letters(int number) {
-  const auto times = static_cast<std::size_t>((number - 1) / 26 + 1);
-  return std::u16string(times, static_cast<char16_t>(u'A' + (number - 1) % 26));
+  const auto index = static_cast<std::size_t>(number - 1);
+  return std::u16string(index / 26 + 1, static_cast<char16_t>(u'A' + index % 26));
 }
 
 std::u16string Lower(std::u16string text) {

@@ -179,6 +179,25 @@ TEST(Estimate, AnIndexThatWordHasNotLaidOutTakesItsRoom) {
   EXPECT_EQ(large.Pages().Basis(), "breaks in the file and an estimate");
 }
 
+TEST(Estimate, BehindAnEstimatedIndexWordsBreaksHold) {
+  const std::string index = "<w:p>" + FieldMark("begin") + Code("INDEX") + FieldMark("separate") +
+                            InRun(Text("entry")) + FieldMark("end") + "</w:p>";
+  Document document(index + Lines(60) + Last() + P(kMark + Text("marked")));
+  EXPECT_EQ(document.PageOf(u"last"), 1);
+  EXPECT_EQ(document.PageOf(u"marked"), 2);
+}
+
+TEST(Estimate, NoLineOfAParagraphStandsAlone) {
+  const std::string wrapped = P(Text(Words(45) + "end"), kSpacing);
+  // Three lines at ten points; where two would fit, the last would stand alone, so all go.
+  Document alone(Lines(25) + wrapped);
+  EXPECT_EQ(alone.PageOf(u"word"), 2);
+  EXPECT_EQ(alone.PageOf(u"end"), 2);
+  Document fitting(Lines(24) + wrapped);
+  EXPECT_EQ(fitting.PageOf(u"word"), 1);
+  EXPECT_EQ(fitting.PageOf(u"end"), 1);
+}
+
 TEST(Estimate, ImpossiblePagesEnd) {
   const std::string tiny =
       "<w:sectPr><w:pgSz w:w=\"0\" w:h=\"-5\"/><w:pgMar w:top=\"99999\" w:left=\"99999\"/>"

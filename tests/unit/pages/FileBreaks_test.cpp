@@ -155,6 +155,14 @@ TEST(FileBreaks, ATableInARowTakesTheRowAlong) {
   EXPECT_EQ(document.PageOf(u"after"), 2);
 }
 
+TEST(FileBreaks, TablesInTablesTakeAllTheirRowsAlong) {
+  const std::string inner = Table(Row(Cell(P(kMark + Text("inner")))));
+  const std::string middle = Table(Row(Cell(inner + P("")) + Cell(P(Text("middle")))));
+  Document document(P(Text("a")) + Table(Row(Cell(middle + P("")) + Cell(P(Text("outer"))))));
+  EXPECT_EQ(document.PageOf(u"middle"), 2);
+  EXPECT_EQ(document.PageOf(u"outer"), 2);
+}
+
 TEST(FileBreaks, PageBreaksInTablesDoNotCount) {
   Document document(Table(Row(Cell(P(Text("a") + kBreak + Text("b"))))) + kMarked);
   EXPECT_EQ(document.PageOf(u"b"), 1);
