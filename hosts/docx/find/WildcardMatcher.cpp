@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -13,7 +14,7 @@ using Op = WildcardProgram::Op;
 using Instruction = WildcardProgram::Instruction;
 
 /// Each thread costs at each character; a pattern that makes very many of them on a very long text is given up.
-constexpr std::uint64_t kMaxSteps = 1'000'000'000;
+constexpr std::uint64_t kMaxSteps = 200'000'000;
 /// Only back references come near it: without them there is at most one thread an instruction.
 constexpr std::size_t kMaxThreads = 50'000;
 
@@ -171,7 +172,7 @@ class WildcardPatternMatcher : public Pattern {
     if (threads.counters.size() >= kMaxThreads) ThrowTooComplex();
     threads.counters.push_back(counter);
     threads.captures.insert(threads.captures.end(), registers_.begin(), registers_.end());
-    threads.offsets.push_back(offset);
+    if (program_.backReferences) threads.offsets.push_back(offset);
   }
 
   static std::pair<std::size_t, std::size_t> Group(const std::size_t* captures, std::uint32_t number) {
@@ -192,7 +193,7 @@ class WildcardPatternMatcher : public Pattern {
         return;
       }
       if (point.value == VisibleText::kBarrier || !Takes(instruction, point.value, text, captures, i)) continue;
-      registers_.assign(captures, captures + stride_);
+      std::copy_n(captures, stride_, registers_.begin());
       if (instruction.op == Op::kBackReference) {
         const auto [begin, end] = Group(captures, instruction.first);
         const std::size_t offset = current_.offsets[i] + point.units;
