@@ -83,9 +83,9 @@ def body():
                   '<w:proofErr w:type="spellStart"/>', run("ens", "<w:b/><w:i/>"), '<w:proofErr w:type="spellEnd"/>',
                   run("ee", "<w:b/>"), run("”"), run(").")),
         heading("Definitions"),
-        # Straight quotes, low quotes and angle quotes beside the curly ones.
-        paragraph(run('"Order" means an order form that both sides have signed; „Site“ means the Licensee’s premises at '
-                      "which the Software is used; «Territory» means the United Kingdom.")),
+        # Straight quotes, angle quotes and single quotes beside the curly ones.
+        paragraph(run('"Order" means an order form that both sides have signed; «Site» means the Licensee’s premises at '
+                      "which the Software is used; ‘Territory’ means the United Kingdom.")),
         # A term inserted with tracking, one deleted with tracking, and one of which a part was replaced.
         paragraph(run("“"), inserted(run("Software", "<w:b/>"), 201), run("” means the programs in the Order. "),
                   deleted("“Obsolete Term” means nothing any more. ", 202), run("“Support "), deleted("Hours", 203),

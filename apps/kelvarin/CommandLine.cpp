@@ -187,8 +187,9 @@ class Reader {
     AddValue(command, "--columns", index.columns, "columns of the index", CLI::Range(1, 4));
     AddValue(command, "--separator", index.separator, "what stands between a term and its pages");
     AddSwitch(command, "tab", index.tab, "end the separator with a tab");
-    AddSwitch(command, "not-used", index.notUsed, "list terms that are used once only");
-    AddSwitch(command, "not-found", index.notFound, "list terms that are not found");
+    AddSwitch(command, "not-used", index.notUsed,
+              "the setting of the list of terms that are used once only (this build writes no list)");
+    AddSwitch(command, "not-found", index.notFound, "the setting of the list of terms that are not found (the same)");
     command
         .add_option_function<std::string>(
             "--what",

@@ -86,8 +86,7 @@ class Inspector {
     for (const FieldParts& field : FieldsOf(text)) AddField(type, field);
     const marker::Stretch whole{range->Start(), range->End()};
     marker::ForEachColour(range, whole, [this, type](marker::Stretch stretch, int colour) {
-      if (colour == word::wdNoHighlight) return;
-      highlights_.push_back({{"story", type}, {"start", stretch.begin}, {"end", stretch.end}, {"color", colour}});
+      if (colour != word::wdNoHighlight) AddHighlight(type, stretch, colour);
     });
   }
 
@@ -105,6 +104,18 @@ class Inspector {
       entries_.push_back(std::move(entry));
     }
     if (index_.is_null() && marker::IsOurIndex(code)) index_ = IndexOf(parts);
+  }
+
+  /// Neighbours of one colour are one highlight.
+  void AddHighlight(int story, marker::Stretch stretch, int colour) {
+    if (!highlights_.empty()) {
+      Json& last = highlights_.back();
+      if (last["story"] == story && last["end"] == stretch.begin && last["color"] == colour) {
+        last["end"] = stretch.end;
+        return;
+      }
+    }
+    highlights_.push_back({{"story", story}, {"start", stretch.begin}, {"end", stretch.end}, {"color", colour}});
   }
 
   void AddBookmarks() {

@@ -3,7 +3,6 @@
 import json
 import os
 import pathlib
-import resource
 import shutil
 import subprocess
 import sys
@@ -37,11 +36,11 @@ def parts(path):
 
 
 class Result:
-    def __init__(self, completed, peak):
-        self.status = completed.returncode
-        self.out = completed.stdout.decode("utf-8", "replace")
-        self.err = completed.stderr.decode("utf-8", "replace")
-        self.peak = peak  # bytes, of the largest child so far
+    def __init__(self, status, out, err, peak):
+        self.status = status
+        self.out = out.decode("utf-8", "replace")
+        self.err = err.decode("utf-8", "replace")
+        self.peak = peak  # resident bytes at most
 
 
 class Case(unittest.TestCase):
@@ -57,11 +56,14 @@ class Case(unittest.TestCase):
         return {"PATH": os.environ["PATH"], "HOME": str(self.home), "TMPDIR": str(self.temporary), "LC_ALL": "C.UTF-8"}
 
     def kelvarin(self, *arguments, prepare=None, cwd=None):
-        completed = subprocess.run([KELVARIN, *map(str, arguments)], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                                   stderr=subprocess.PIPE, env=self.environment(), cwd=cwd or self.folder,
-                                   preexec_fn=prepare, timeout=120)
-        peak = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss * 1024
-        result = Result(completed, peak)
+        with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
+            process = subprocess.Popen([KELVARIN, *map(str, arguments)], stdin=subprocess.DEVNULL, stdout=out, stderr=err,
+                                       env=self.environment(), cwd=cwd or self.folder, preexec_fn=prepare)
+            _, ended, usage = os.wait4(process.pid, 0)
+            process.returncode = os.waitstatus_to_exitcode(ended)
+            out.seek(0)
+            err.seek(0)
+            result = Result(process.returncode, out.read(), err.read(), usage.ru_maxrss * 1024)
         # A sanitizer's report is never what a test expects.
         self.assertNotIn("Sanitizer", result.err)
         return result
