@@ -1,0 +1,43 @@
+#pragma once
+
+#include "hosts/docx/WordProcessor.h"
+
+#include <map>
+#include <memory>
+#include <string>
+
+/// A document open in the word processor of the .docx host, made of blocks of WordprocessingML.
+class DocxDocument {
+ public:
+  struct Parts {
+    std::string body;         ///< the blocks, with prefix "w"; section properties are added
+    std::string footnotes{};  ///< w:footnote elements; empty: no footnotes
+    std::string endnotes{};   ///< w:endnote elements
+    std::string section{};    ///< the content of the last w:sectPr
+    std::string styles{};     ///< w:style elements beside the default paragraph style
+    std::string settings{};   ///< the content of w:settings
+  };
+
+  explicit DocxDocument(const Parts& parts);
+  explicit DocxDocument(std::unique_ptr<docx::Package> package);
+
+  word::ApplicationPtr Application() const { return processor_.Application(); }
+  word::DocumentPtr Document() const { return Application()->ActiveDocument(); }
+  /// Every part as it is now, XML written anew so that only its content counts.
+  std::map<std::string, std::string> Canonical() const;
+  std::string Part(const std::string& name) const;
+  /// The text of a story, field codes included.
+  std::u16string Text(int storyType = 1) const;
+  /// nullptr when there is none.
+  word::RangePtr Story(int storyType = 1) const;
+
+ private:
+  class NoFile : public docx::DocumentFile {
+   public:
+    void Save(const docx::Package&) override {}
+    void SaveAs(std::u16string_view, const docx::Package&) override {}
+  };
+
+  NoFile file_;
+  docx::WordProcessor processor_;
+};

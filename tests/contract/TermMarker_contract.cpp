@@ -1,0 +1,361 @@
+#include "DocxDocument.h"
+
+#include "hosts/linux/IcuCharacters.h"
+#include "marker/MakeTermMarker.h"
+#include "platform/word/Bookmarks.h"
+#include "platform/word/Document.h"
+#include "platform/word/Fields.h"
+#include "platform/word/Format.h"
+#include "platform/word/HostError.h"
+#include "platform/word/Range.h"
+#include "platform/word/Selection.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+using Terms = std::vector<std::u16string>;
+
+std::string TextRun(const std::string& text, const std::string& properties = {}) {
+  const std::string formatting = properties.empty() ? "" : "<w:rPr>" + properties + "</w:rPr>";
+  return "<w:r>" + formatting + "<w:t xml:space=\"preserve\">" + text + "</w:t></w:r>";
+}
+
+std::string Paragraph(const std::string& content) { return "<w:p>" + content + "</w:p>"; }
+
+std::string FieldMark(const std::string& type) { return "<w:r><w:fldChar w:fldCharType=\"" + type + "\"/></w:r>"; }
+
+std::string Code(const std::string& code) {
+  return "<w:r><w:instrText xml:space=\"preserve\">" + code + "</w:instrText></w:r>";
+}
+
+std::string Field(const std::string& code, const std::string& result) {
+  return FieldMark("begin") + Code(code) + FieldMark("separate") + TextRun(result) + FieldMark("end");
+}
+
+std::string EntryField(const std::string& code) { return FieldMark("begin") + Code(code) + FieldMark("end"); }
+
+std::string Note(const std::string& kind, const std::string& content) {
+  return "<w:" + kind + " w:id=\"2\">" + Paragraph("<w:r><w:" + kind + "Ref/></w:r>" + content) + "</w:" + kind + ">";
+}
+
+constexpr std::string_view kTracked = " w:id=\"9\" w:author=\"A\" w:date=\"2025-01-01T00:00:00Z\"";
+
+std::string Tracked(const std::string& name, const std::string& content) {
+  return "<w:" + name + std::string(kTracked) + ">" + content + "</w:" + name + ">";
+}
+
+std::string DeletedRun(const std::string& text) {
+  return "<w:r><w:delText xml:space=\"preserve\">" + text + "</w:delText></w:r>";
+}
+
+std::u16string Entry(std::u16string_view text) {
+  return std::u16string(u"\u0013 XE \"").append(text).append(u"\" \\f \"DefinedTermsIndex\" \u0015");
+}
+
+class TermMarkerOnDocx : public testing::Test {
+ protected:
+  void Open(const DocxDocument::Parts& parts) { docx_.emplace(parts); }
+  void OpenParagraph(const std::string& content) { Open({.body = Paragraph(content)}); }
+
+  /// As the author of an index has it.
+  void OpenWithIndexStyle(const std::string& content) {
+    Open({.body = Paragraph(content),
+          .styles = "<w:style w:type=\"paragraph\" w:styleId=\"Index1\"><w:name w:val=\"index 1\"/></w:style>"});
+  }
+
+  TermTable Mark(const Terms& chosen) {
+    const word::DocumentPtr document = docx_->Document();
+    marker_->BeginIndexing(document);
+    TermTable table = marker_->BuildTermTable(docx_->Application(), document, chosen, true);
+    const word::StoryRangesPtr stories = document->StoryRanges();
+    for (int index = 1; index <= stories->Count(); ++index) {
+      const word::RangePtr story = stories->Item(index);
+      if (story->StoryType() >= word::wdCommentsStory) continue;
+      for (TermRow& row : table) {
+        row.count = marker_->MarkTermInStory(document, story, row.term, row.count, story->StoryType(), true, false,
+                                             u"IndexAll", u"");
+      }
+    }
+    marker_->EndIndexing(document);
+    return table;
+  }
+
+  void InsertIndexAt(word::Position position, int columns) {
+    const word::DocumentPtr document = docx_->Document();
+    document->Bookmarks()->Add(u"IndexBKStart", document->Range(position, position));
+    marker_->InsertIndex(docx_->Application(), document, columns, u":  \t");
+    document->Bookmarks()->Item(u"IndexBKStart")->Delete();
+  }
+
+  void RemoveAll() {
+    const word::DocumentPtr document = docx_->Document();
+    marker_->RemoveIndexEntries(docx_->Application(), document, false);
+    marker_->RemoveIndex(docx_->Application(), document, true);
+    marker_->RemoveTermHighlighting(document);
+  }
+
+  /// Marks one term, sees how often, and that taking all away gives the document back.
+  void ExpectMarkedAndGivenBack(const std::u16string& term, int count) {
+    const auto before = docx_->Canonical();
+    EXPECT_EQ(Mark({term})[0].count, count);
+    InsertIndexAt(0, 2);
+    RemoveAll();
+    ExpectSameParts(before);
+  }
+
+  void ExpectSameParts(const std::map<std::string, std::string>& before) {
+    const auto after = docx_->Canonical();
+    for (const auto& [name, content] : before) {
+      ASSERT_TRUE(after.contains(name)) << name;
+      EXPECT_EQ(after.at(name), content) << name;
+    }
+    EXPECT_EQ(after.size(), before.size());
+  }
+
+  os::IcuCharacters characters_;
+  std::unique_ptr<TermMarker> marker_ = MakeTermMarker(characters_);
+  std::optional<DocxDocument> docx_;
+};
+
+TEST_F(TermMarkerOnDocx, AnEntryStandsBehindItsOccurrence) {
+  OpenParagraph(TextRun("The Lender pays."));
+  EXPECT_EQ(Mark({u"Lender"})[0].count, 1);
+  EXPECT_EQ(docx_->Text(), u"The Lender" + Entry(u"Lender") + u" pays.\r");
+}
+
+TEST_F(TermMarkerOnDocx, MarkingAndRemovingGivesTheDocumentBack) {
+  OpenParagraph(TextRun("The Lender pays the Lender\u2019s costs."));
+  ExpectMarkedAndGivenBack(u"Lender", 2);
+}
+
+TEST_F(TermMarkerOnDocx, ATermSplitOverRunsIsOneOccurrence) {
+  OpenParagraph(TextRun("The Stock Pur", "<w:b/>") + TextRun("chase", "<w:i/>") + TextRun(" Price."));
+  ExpectMarkedAndGivenBack(u"Stock Purchase Price", 1);
+}
+
+TEST_F(TermMarkerOnDocx, BookmarksProofingMarksAndCommentsDoNotBreakATerm) {
+  OpenParagraph(TextRun("Stock ") + "<w:bookmarkStart w:id=\"5\" w:name=\"mine\"/>" +
+                "<w:proofErr w:type=\"spellStart\"/>" + TextRun("Pur") + "<w:bookmarkEnd w:id=\"5\"/>" +
+                "<w:r><w:commentReference w:id=\"1\"/></w:r>" + TextRun("chase"));
+  ExpectMarkedAndGivenBack(u"Stock Purchase", 1);
+}
+
+TEST_F(TermMarkerOnDocx, SoftHyphensAndNonBreakingCharactersReadAsTheirPlainOnes) {
+  OpenParagraph(TextRun("Stock\u00A0Pur") + "<w:r><w:softHyphen/></w:r>" + TextRun("chase") +
+                "<w:r><w:noBreakHyphen/></w:r>" + TextRun("Price"));
+  ExpectMarkedAndGivenBack(u"Stock Purchase-Price", 1);
+}
+
+TEST_F(TermMarkerOnDocx, ATermRunsAcrossTheAuthorsEntryWhichStays) {
+  OpenParagraph(TextRun("Stock ") + EntryField(" XE \"Stock\" ") + TextRun("Purchase"));
+  ExpectMarkedAndGivenBack(u"Stock Purchase", 1);
+}
+
+TEST_F(TermMarkerOnDocx, TablesNestedTablesControlsLinksAndSmartTagsHoldText) {
+  const std::string cell = "<w:tc>" + Paragraph(TextRun("Lender")) + "</w:tc>";
+  const std::string inner = "<w:tbl><w:tr>" + cell + "</w:tr></w:tbl>";
+  Open({.body = "<w:tbl><w:tr>" + cell + "<w:tc>" + inner + Paragraph("") + "</w:tc></w:tr></w:tbl>" +
+                Paragraph("<w:hyperlink w:anchor=\"x\">" + TextRun("Lender") + "</w:hyperlink>" + TextRun(" ") +
+                          "<w:smartTag w:element=\"y\">" + TextRun("Lender") + "</w:smartTag>" + TextRun(" ") +
+                          "<w:sdt><w:sdtContent>" + TextRun("Lender") + "</w:sdtContent></w:sdt>") +
+                "<w:sdt><w:sdtContent>" + Paragraph(TextRun("Lender")) + "</w:sdtContent></w:sdt>" +
+                Paragraph(TextRun("end"))});
+  const auto before = docx_->Canonical();
+  EXPECT_EQ(Mark({u"Lender"})[0].count, 6);
+  InsertIndexAt(docx_->Story()->End() - 1, 2);
+  RemoveAll();
+  ExpectSameParts(before);
+}
+
+TEST_F(TermMarkerOnDocx, ATermDoesNotRunFromOneCellIntoTheNext) {
+  const auto cell = [](const std::string& text) { return "<w:tc>" + Paragraph(TextRun(text)) + "</w:tc>"; };
+  Open({.body = "<w:tbl><w:tr>" + cell("Net") + cell("Income") + "</w:tr></w:tbl>" + Paragraph("")});
+  EXPECT_EQ(Mark({u"Net Income", u"Net", u"Income"})[0].count, 0);
+}
+
+TEST_F(TermMarkerOnDocx, NotesAreMarkedAndGivenBack) {
+  Open({.body = Paragraph(TextRun("Lender") + "<w:r><w:footnoteReference w:id=\"2\"/></w:r>" +
+                          "<w:r><w:endnoteReference w:id=\"2\"/></w:r>"),
+        .footnotes = Note("footnote", TextRun(" the Lender")),
+        .endnotes = Note("endnote", TextRun(" a Lender, another Lender"))});
+  ExpectMarkedAndGivenBack(u"Lender", 4);
+}
+
+TEST_F(TermMarkerOnDocx, TextBoxesAreNotMarked) {
+  OpenParagraph(TextRun("Lender") +
+                "<w:r><w:pict><v:shape xmlns:v=\"urn:schemas-microsoft-com:vml\"><v:textbox><w:txbxContent>" +
+                Paragraph(TextRun("Lender")) + "</w:txbxContent></v:textbox></v:shape></w:pict></w:r>");
+  ExpectMarkedAndGivenBack(u"Lender", 1);
+}
+
+TEST_F(TermMarkerOnDocx, TrackedInsertionsAreMarkedAndDeletionsAndMovesAreNot) {
+  OpenParagraph(Tracked("ins", TextRun("Lender ")) + Tracked("del", DeletedRun("Lender ")) +
+                Tracked("moveFrom", TextRun("Lender ")) + Tracked("moveTo", TextRun("Lender")));
+  ExpectMarkedAndGivenBack(u"Lender", 2);
+}
+
+TEST_F(TermMarkerOnDocx, ADeletionInsideATermStaysAsItIs) {
+  OpenParagraph(TextRun("Len") + Tracked("del", DeletedRun("xx")) + TextRun("der."));
+  const auto before = docx_->Canonical();
+  EXPECT_EQ(Mark({u"Lender"})[0].count, 1);
+  EXPECT_EQ(docx_->Text(), u"Lenxxder" + Entry(u"Lender") + u".\r");
+  RemoveAll();
+  ExpectSameParts(before);
+}
+
+TEST_F(TermMarkerOnDocx, HiddenTextIsNotMarked) {
+  OpenParagraph(TextRun("Lender ") + TextRun("Lender", "<w:vanish/>") + TextRun(" Lender"));
+  ExpectMarkedAndGivenBack(u"Lender", 2);
+}
+
+TEST_F(TermMarkerOnDocx, CodesAndResultsOfFieldsAreNotMarked) {
+  OpenWithIndexStyle(TextRun("Lender ") + Field(" REF Lender ", "Lender") + TextRun(" ") +
+                     Field(" TOC \\o ", "Lender 1") + "<w:fldSimple w:instr=\" TITLE \">" + TextRun("Lender") +
+                     "</w:fldSimple>" + Field(" INDEX \\c \"2\" ", "Lender, 1") + EntryField(" XE \"Lender\" ") +
+                     TextRun(" Lender"));
+  ExpectMarkedAndGivenBack(u"Lender", 2);
+}
+
+TEST_F(TermMarkerOnDocx, TheAuthorsHighlightComesBack) {
+  OpenParagraph(TextRun("see ") + TextRun("the Len", "<w:highlight w:val=\"green\"/>") +
+                TextRun("der", "<w:b/><w:highlight w:val=\"cyan\"/>") + TextRun(" and ") +
+                TextRun("Lender", "<w:highlight w:val=\"yellow\"/>") + TextRun(" x"));
+  ExpectMarkedAndGivenBack(u"Lender", 2);
+}
+
+TEST_F(TermMarkerOnDocx, RemovingHighlightsOnlyKeepsTheEntriesAndTheAuthorsHighlights) {
+  OpenParagraph(TextRun("the Lender and ") + TextRun("Lender", "<w:highlight w:val=\"yellow\"/>"));
+  Mark({u"Lender"});
+  const std::u16string marked = docx_->Text();
+  const word::RangePtr first = docx_->Document()->Range(4, 10);
+  EXPECT_EQ(first->HighlightColorIndex(), word::wdYellow);
+  marker_->RemoveTermHighlighting(docx_->Document());
+  EXPECT_EQ(docx_->Text(), marked);
+  EXPECT_EQ(first->HighlightColorIndex(), word::wdNoHighlight);
+  const auto second = static_cast<word::Position>(marked.rfind(u"Lender" + Entry(u"Lender")));
+  EXPECT_EQ(docx_->Document()->Range(second, second + 6)->HighlightColorIndex(), word::wdYellow);
+  RemoveAll();
+  EXPECT_EQ(docx_->Document()->Range(15, 21)->HighlightColorIndex(), word::wdYellow);
+}
+
+TEST_F(TermMarkerOnDocx, TheEntryHasNoHighlight) {
+  OpenParagraph(TextRun("Lender."));
+  Mark({u"Lender"});
+  EXPECT_EQ(docx_->Document()->Range(6, 8)->HighlightColorIndex(), word::wdNoHighlight);
+}
+
+TEST_F(TermMarkerOnDocx, SpecialCharactersSurviveInTheEntry) {
+  OpenParagraph(TextRun("the A:B;C\\D\"E, F fee"));
+  const auto before = docx_->Canonical();
+  EXPECT_EQ(Mark({u"A:B;C\\D\"E, F"})[0].count, 1);
+  EXPECT_NE(docx_->Text().find(u"XE \"A\\:B\\;C\\\\D\\\"E, F\" \\f"), std::u16string::npos);
+  InsertIndexAt(0, 1);
+  EXPECT_NE(docx_->Text().find(u"A:B;C\\D\"E, F:  \t"), std::u16string::npos);
+  RemoveAll();
+  ExpectSameParts(before);
+}
+
+class IndexPlaces : public TermMarkerOnDocx, public testing::WithParamInterface<std::pair<word::Position, int>> {};
+
+TEST_P(IndexPlaces, InsertingAndRemovingTheIndexGivesTheDocumentBack) {
+  const auto [position, columns] = GetParam();
+  Open({.body = Paragraph(TextRun("one Lender")) + Paragraph("") + Paragraph(TextRun("two Buyer two")),
+        .section = "<w:pgSz w:w=\"11906\" w:h=\"16838\"/>"});
+  const auto before = docx_->Canonical();
+  const word::DocumentPtr document = docx_->Document();
+  document->Bookmarks()->Add(u"IndexBKStart", document->Range(position, position));
+  Mark({u"Lender", u"Buyer"});
+  marker_->InsertIndex(docx_->Application(), document, columns, u":  \t");
+  document->Bookmarks()->Item(u"IndexBKStart")->Delete();
+  const word::RangePtr index = document->Bookmarks()->Item(u"DefinedTermsIndex")->Range();
+  const std::u16string text = docx_->Text().substr(static_cast<std::size_t>(index->Start()),
+                                                   static_cast<std::size_t>(index->End() - index->Start()));
+  EXPECT_EQ(text.front(), word::kFieldBegin);
+  EXPECT_EQ(text.back(), word::kFieldEnd);
+  EXPECT_NE(text.find(u"Buyer:  \t1"), std::u16string::npos);
+  EXPECT_EQ(docx_->Application()->Selection()->Range()->Start(), index->End());
+  RemoveAll();
+  ExpectSameParts(before);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, IndexPlaces,
+                         testing::Values(std::pair{0, 1}, std::pair{0, 3}, std::pair{4, 1}, std::pair{4, 2},
+                                         std::pair{11, 1}, std::pair{11, 2}, std::pair{12, 1}, std::pair{12, 4},
+                                         std::pair{25, 1}, std::pair{25, 2}));
+
+TEST_F(TermMarkerOnDocx, AnotherAuthorsEntriesAndIndexStay) {
+  OpenWithIndexStyle(TextRun("Lender") + EntryField(" XE \"Lender\" \\f \"D\" ") +
+                     Field(" INDEX \\f \"D\" ", "Lender, 1"));
+  ExpectMarkedAndGivenBack(u"Lender", 1);
+}
+
+TEST_F(TermMarkerOnDocx, UpdatingBringsANewOccurrencesPageIn) {
+  OpenParagraph(TextRun("Lender"));
+  Mark({u"Lender"});
+  InsertIndexAt(docx_->Story()->End() - 1, 2);
+  EXPECT_EQ(docx_->Text().find(u"Buyer"), std::u16string::npos);
+  const word::RangePtr start = docx_->Document()->Range(0, 0);
+  docx_->Document()->Fields()->Add(start,
+                                   {.Text = u"XE \"Buyer\" \\f \"DefinedTermsIndex\"", .PreserveFormatting = false});
+  marker_->UpdateIndex(docx_->Document());
+  EXPECT_NE(docx_->Text().find(u"Buyer:  \t1"), std::u16string::npos);
+}
+
+TEST_F(TermMarkerOnDocx, AProtectedDocumentIsLeftAlone) {
+  Open({.body = Paragraph(TextRun("Lender")),
+        .settings = "<w:documentProtection w:edit=\"readOnly\" w:enforcement=\"1\"/>"});
+  const auto before = docx_->Canonical();
+  EXPECT_THROW(Mark({u"Lender"}), word::HostError);
+  ExpectSameParts(before);
+}
+
+TEST_F(TermMarkerOnDocx, RemovingFromADocumentNeverMarkedChangesNothing) {
+  OpenParagraph(TextRun("Lender", "<w:highlight w:val=\"yellow\"/>") + FieldMark("begin") + Code(" REF x ") +
+                TextRun("open"));
+  const auto before = docx_->Canonical();
+  RemoveAll();
+  ExpectSameParts(before);
+}
+
+/// Writes a list as the dialog does behind an anchor and covers it with its bookmark.
+void WriteList(const word::DocumentPtr& document, const word::RangePtr& anchor, const std::u16string& heading,
+               const std::u16string& note, const std::u16string& list, const std::u16string& bookmark) {
+  anchor->SetStart(anchor->End());
+  anchor->InsertParagraphBefore();
+  anchor->Collapse(word::wdCollapseEnd);
+  anchor->SetText(heading);
+  anchor->Font()->SetBold(-1);
+  anchor->Collapse(word::wdCollapseEnd);
+  anchor->SetText(note + u"\r\n");
+  anchor->Font()->SetBold(0);
+  anchor->Collapse(word::wdCollapseEnd);
+  anchor->SetText(list + u"\r\n\r\n");
+  anchor->MoveStart(word::wdParagraph, -2);
+  document->Bookmarks()->Add(bookmark, anchor);
+}
+
+TEST_F(TermMarkerOnDocx, TheExtraListsGoWithTheIndex) {
+  for (const int columns : {1, 2}) {
+    Open({.body = Paragraph(TextRun("one Lender")) + Paragraph(TextRun("two"))});
+    const auto before = docx_->Canonical();
+    Mark({u"Lender"});
+    InsertIndexAt(docx_->Story()->End() - 4, columns);
+    const word::DocumentPtr document = docx_->Document();
+    const word::BookmarksPtr bookmarks = document->Bookmarks();
+    WriteList(document, bookmarks->Item(u"DefinedTermsIndex")->Range(), u"DEFINED BUT NOT USED / USED ONLY ONCE",
+              u" (see Index above for page number)", u"Buyer\r\nNote", u"DefinedTermsIndexNotUsedList");
+    WriteList(document, bookmarks->Item(u"DefinedTermsIndexNotUsedList")->Range(), u"NOT FOUND", u"", u"Gone",
+              u"DefinedTermsIndexNotFoundList");
+    RemoveAll();
+    ExpectSameParts(before);
+  }
+}
+
+}  // namespace
