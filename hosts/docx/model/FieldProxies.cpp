@@ -15,14 +15,16 @@ class FieldProxy : public word::Field {
   /// @param mark covers the field's begin mark
   explicit FieldProxy(RangeProxyPtr mark) : mark_(std::move(mark)) {}
 
+  // A field that a broken file begins and never ends is no field of any type, but whoever walks all fields comes by it.
   int Type() const override {
-    const FieldSpan field = Span("Field.Type");
-    return FieldType(FieldCodeText(mark_->StoryOf("Field.Type"), field));
+    const std::optional<FieldSpan> field = Find("Field.Type");
+    return field ? FieldType(FieldCodeText(mark_->StoryOf("Field.Type"), *field)) : word::wdFieldEmpty;
   }
 
   word::RangePtr Code() const override {
-    const FieldSpan field = Span("Field.Code");
-    return Stretch(field.CodeStart(), field.separator, true);
+    const std::optional<FieldSpan> field = Find("Field.Code");
+    if (!field) return Stretch(mark_->Place().end, mark_->Place().end, true);
+    return Stretch(field->CodeStart(), field->separator, true);
   }
 
   word::RangePtr Result() const override {
@@ -53,12 +55,16 @@ class FieldProxy : public word::Field {
   }
 
  private:
-  FieldSpan Span(std::string_view member) const {
+  std::optional<FieldSpan> Find(std::string_view member) const {
     const AtomSequence& atoms = mark_->StoryOf(member).Atoms();
     if (mark_->Place().start == mark_->Place().end) {
       throw word::HostError(word::kObjectDeleted, u"Object has been deleted.", member);
     }
-    const std::optional<FieldSpan> field = FieldAt(atoms, atoms.At(mark_->Place().start));
+    return FieldAt(atoms, atoms.At(mark_->Place().start));
+  }
+
+  FieldSpan Span(std::string_view member) const {
+    const std::optional<FieldSpan> field = Find(member);
     if (!field) throw word::HostError(word::kCommandFailed, u"The field has no end.", member);
     return *field;
   }

@@ -107,6 +107,8 @@ class Story {
   void RemoveEmptied(pugi::xml_node run);
   void EraseBookmarksWithin(Position start, Position end);
   bool EraseSimpleField(const AtomSequence::Place& begin, Position& left);
+  /// Of the marks of separate runs in front of a run one at most is wanted, and none at a paragraph's start.
+  void DropStrayMarks(Position position);
   void RejoinAt(Position position);
   void MoveAnchors(Position at, Position removed, Position inserted);
 

@@ -380,6 +380,7 @@ void Story::Erase(Position start, Position end) {
     }
   }
   part_->Touch();
+  DropStrayMarks(start);
   RejoinAt(start);
 }
 
@@ -427,6 +428,19 @@ std::vector<pugi::xml_node> Story::IsolateRuns(Position start, Position end) {
 void Story::RejoinRuns(Position start, Position end) {
   RejoinAt(end);
   RejoinAt(start);
+}
+
+void Story::DropStrayMarks(Position position) {
+  const AtomSequence::Place place = atoms_.At(position);
+  if (atoms_.IsEnd(place) || place.start != position || !atoms_.Get(place).InRun()) return;
+  pugi::xml_node mark = atoms_.Get(place).Node().parent().previous_sibling();
+  while (IsApart(mark)) {
+    const pugi::xml_node before = mark.previous_sibling();
+    const bool startsParagraph = !before || part_->Is(before, Tag::kPPr);
+    if (!startsParagraph && !IsApart(before)) return;
+    mark.parent().remove_child(mark);
+    mark = before;
+  }
 }
 
 void Story::RejoinAt(Position position) {
