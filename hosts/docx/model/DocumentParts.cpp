@@ -214,7 +214,9 @@ bool DocumentParts::Changed() const {
 
 const Package& DocumentParts::Updated() {
   for (const auto& [name, part] : parts_) {
-    if (part->Changed()) package_->Replace(name, part->Serialize());
+    if (!part->Changed()) continue;
+    const XmlPart& changed = *part;
+    package_->Replace(name, [&changed](const TextSink& sink) { changed.Write(sink); });
   }
   return *package_;
 }

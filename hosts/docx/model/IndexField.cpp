@@ -8,6 +8,7 @@
 
 #include "hosts/docx/fields/FieldCode.h"
 #include "hosts/docx/fields/IndexContent.h"
+#include "hosts/docx/fields/IndexSyntax.h"
 #include "hosts/docx/model/SectionBreaks.h"
 #include "hosts/docx/styles/PropertyContainer.h"
 #include "platform/word/Constants.h"
@@ -37,7 +38,7 @@ std::vector<IndexEntry> CollectEntries(OpenDocument& document) {
         const std::u16string code = FieldCodeText(*story, field);
         if (FieldType(code) != word::wdFieldIndexEntry) continue;
         const int page = pages.PageOf(*story, field.begin);
-        entries.push_back({ParseIndexEntry(code), page, pages.LabelOf(page)});
+        entries.push_back({.mark = ParseIndexEntry(code), .page = page, .label = pages.LabelOf(page)});
       }
     }
   }

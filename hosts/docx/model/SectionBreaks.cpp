@@ -74,16 +74,40 @@ void MakeContinuous(XmlPart& part, pugi::xml_node section) {
   part.SetAttribute(InsertOrdered(part, section, "type"), "val", "continuous");
 }
 
-/// A copy of section properties in a paragraph's properties, in the place that their order wants.
-pugi::xml_node CopyInto(XmlPart& part, pugi::xml_node paragraph, pugi::xml_node section) {
-  pugi::xml_node properties = part.Child(paragraph, Tag::kPPr);
-  if (!properties) properties = paragraph.prepend_child(part.Name("pPr"));
-  const pugi::xml_node change = properties.child(part.Name("pPrChange"));
-  if (!section) {
-    return change ? properties.insert_child_before(part.Name("sectPr"), change)
-                  : properties.append_child(part.Name("sectPr"));
+/// States what a copy would leave out although the schema asks for it.
+void CompleteMargins(XmlPart& part, pugi::xml_node section) {
+  pugi::xml_node margins = section.child(part.Name("pgMar"));
+  if (!margins) return;
+  for (const char* local : {"top", "right", "bottom", "left"}) {
+    if (!part.Attribute(margins, local)) part.SetAttribute(margins, local, "1440");
   }
-  return change ? properties.insert_copy_before(section, change) : properties.append_copy(section);
+  for (const char* local : {"header", "footer"}) {
+    if (!part.Attribute(margins, local)) part.SetAttribute(margins, local, "720");
+  }
+  if (!part.Attribute(margins, "gutter")) part.SetAttribute(margins, "gutter", "0");
+}
+
+/// Where section properties belong among a paragraph's properties: in front of this, or at the end without it.
+pugi::xml_node PropertyBehindSection(XmlPart& part, pugi::xml_node& properties, pugi::xml_node paragraph) {
+  properties = part.Child(paragraph, Tag::kPPr);
+  if (!properties) properties = paragraph.prepend_child(part.Name("pPr"));
+  return properties.child(part.Name("pPrChange"));
+}
+
+pugi::xml_node CopyInto(XmlPart& part, pugi::xml_node paragraph, pugi::xml_node section) {
+  pugi::xml_node properties;
+  const pugi::xml_node behind = PropertyBehindSection(part, properties, paragraph);
+  return behind ? properties.insert_copy_before(section, behind) : properties.append_copy(section);
+}
+
+void MoveInto(XmlPart& part, pugi::xml_node paragraph, pugi::xml_node section) {
+  pugi::xml_node properties;
+  const pugi::xml_node behind = PropertyBehindSection(part, properties, paragraph);
+  if (behind) {
+    properties.insert_move_before(section, behind);
+  } else {
+    properties.append_move(section);
+  }
 }
 
 }  // namespace
@@ -111,8 +135,12 @@ void EncloseInSection(Story& main, Position firstMark, Position secondMark, int 
     around.append_child(pugi::node_pi).set_name("kelvarin");
     around.first_child().set_value("added");
   }
-  CopyInto(part, main.ParagraphAt(firstMark), around);
+  // The element itself goes to the stretch before, whose properties it holds; what goes on is a copy.
+  const pugi::xml_node original = around;
+  around = original.parent().insert_copy_after(original, original);
+  MoveInto(part, main.ParagraphAt(firstMark), original);
   MakeContinuous(part, around);
+  CompleteMargins(part, around);
   pugi::xml_node own = CopyInto(part, main.ParagraphAt(secondMark), around);
   pugi::xml_node cols = InsertOrdered(part, own, "cols");
   while (cols.first_child()) cols.remove_child(cols.first_child());

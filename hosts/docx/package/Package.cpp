@@ -140,7 +140,7 @@ struct Package::Entry {
   /// In the archive that was opened; absent when added since.
   std::optional<zip_uint64_t> archived;
   /// What takes the place of the archived bytes.
-  std::optional<std::string> content;
+  std::unique_ptr<Deflated> content;
   bool folder = false;
   bool removed = false;
   /// Its size is part of inflated_.
@@ -258,7 +258,7 @@ bool Package::Has(std::string_view name) const { return Find(name) != nullptr; }
 
 std::string Package::Read(std::string_view name) const {
   Entry& entry = At(name);
-  return entry.content ? *entry.content : Inflate(entry);
+  return entry.content ? entry.content->Content() : Inflate(entry);
 }
 
 std::string Package::ReadXml(std::string_view name) const {
@@ -298,25 +298,29 @@ std::string Package::Inflate(Entry& entry) const {
   return bytes;
 }
 
-void Package::Replace(std::string_view name, std::string content) { Put(At(name), std::move(content)); }
+void Package::Replace(std::string_view name, std::string_view content) { Put(At(name), content); }
 
-void Package::Put(Entry& entry, std::string content) {
-  // A content that is what the archive holds undoes earlier changes, so the part is copied again, not packed.
-  if (entry.archived && entry.size == content.size() && entry.checksum == Checksum(content) &&
-      Inflate(entry) == content) {
-    entry.content.reset();
-  } else {
-    entry.content = std::move(content);
-  }
+void Package::Put(Entry& entry, std::string_view content) {
+  Put(entry, [content](const TextSink& sink) { sink(content); });
 }
 
-void Package::Add(std::string_view name, std::string content, std::string_view contentType) {
+void Package::Replace(std::string_view name, const TextProducer& produce) { Put(At(name), produce); }
+
+void Package::Put(Entry& entry, const TextProducer& produce) {
+  auto packed = std::make_unique<Deflated>(produce);
+  // A content that is what the archive holds undoes earlier changes, so the part is copied again, not packed.
+  const bool same = entry.archived && entry.size == packed->Size() && entry.checksum == packed->Checksum() &&
+                    Inflate(entry) == packed->Content();
+  entry.content = same ? nullptr : std::move(packed);
+}
+
+void Package::Add(std::string_view name, std::string_view content, std::string_view contentType) {
   if (Has(name)) throw std::invalid_argument("there is a part " + Printable(name) + " already");
-  Append(name, std::move(content));
+  Append(name, content);
   AddContentType(name, contentType);
 }
 
-Package::Entry& Package::Append(std::string_view name, std::string content) {
+Package::Entry& Package::Append(std::string_view name, std::string_view content) {
   if (!IsSafePartName(name)) throw std::invalid_argument("no name for a part: " + Printable(name));
   // A part removed before comes back to its place.
   const auto former = std::find_if(entries_.begin(), entries_.end(),
@@ -327,7 +331,7 @@ Package::Entry& Package::Append(std::string_view name, std::string content) {
     entry->name = name;
     entry->modified = mainDocument_.empty() ? 0 : At(mainDocument_).modified;
   }
-  Put(*entry, std::move(content));
+  Put(*entry, content);
   index_.emplace(FoldPartName(name), entry);
   return *entry;
 }
@@ -350,7 +354,7 @@ void Package::Drop(Entry& entry) {
 
 bool Package::Changed() const {
   return std::any_of(entries_.begin(), entries_.end(), [](const auto& entry) {
-    return entry->archived ? entry->removed || entry->content.has_value() : !entry->removed;
+    return entry->archived ? entry->removed || entry->content != nullptr : !entry->removed;
   });
 }
 
@@ -361,7 +365,6 @@ void Package::Write(const Sink& sink) const {
   }
   // libzip copies untouched entries without unpacking them and keeps the order.
   ZipMemory memory(file_);
-  std::vector<std::unique_ptr<Deflated>> packed;
   ZipPtr zip = OpenZip(memory, 0);
   const auto check = [&zip](bool good) {
     if (!good) throw PackageError(std::string("cannot be written: ") + zip_strerror(zip.get()));
@@ -373,8 +376,7 @@ void Package::Write(const Sink& sink) const {
       continue;
     }
     if (!entry.content) continue;
-    zip_source_t* const content =
-        packed.emplace_back(std::make_unique<Deflated>(*entry.content, entry.modified))->MakeSource(zip.get());
+    zip_source_t* const content = entry.content->MakeSource(zip.get(), entry.modified);
     check(content != nullptr);
     zip_int64_t added = 0;
     if (entry.archived) {

@@ -202,10 +202,10 @@ std::string Package::AddRelationship(std::string_view part, std::string_view typ
                                Escaped(external ? std::string(target) : MakeTarget(part, target)) + "\"" +
                                (external ? " TargetMode=\"External\"" : ""));
   if (fresh) {
-    Append(listPart, std::move(text));
+    Append(listPart, text);
     AddContentType(listPart, kRelationshipsType);
   } else {
-    Put(At(listPart), std::move(text));
+    Put(At(listPart), text);
   }
   return id;
 }
@@ -220,7 +220,7 @@ void Package::RemoveRelationship(std::string_view part, std::string_view id) {
       RemoveContentType(listPart);
       Drop(At(listPart));
     } else {
-      Put(At(listPart), std::move(text));
+      Put(At(listPart), text);
     }
     return;
   }

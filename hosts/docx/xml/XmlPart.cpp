@@ -146,7 +146,8 @@ void ForEachDescendant(pugi::xml_node root, Visit visit) {
 
 }  // namespace
 
-XmlPart::XmlPart(std::string name, std::string bytes) : name_(std::move(name)), bytes_(ToUtf8(std::move(bytes), name_)) {
+XmlPart::XmlPart(std::string name, std::string bytes)
+    : name_(std::move(name)), bytes_(ToUtf8(std::move(bytes), name_)) {
   CheckXml(bytes_, name_);
   constexpr unsigned kFlags = (pugi::parse_full | pugi::parse_ws_pcdata) & ~pugi::parse_doctype;
   const pugi::xml_parse_result result =
@@ -248,26 +249,32 @@ void XmlPart::SetAttribute(pugi::xml_node node, const char* local, const char* v
 
 namespace {
 
-struct StringWriter : pugi::xml_writer {
-  std::string text;
-  void write(const void* data, std::size_t size) override { text.append(static_cast<const char*>(data), size); }
+struct SinkWriter : pugi::xml_writer {
+  explicit SinkWriter(const TextSink& to) : sink(to) {}
+  void write(const void* data, std::size_t size) override { sink({static_cast<const char*>(data), size}); }
+  const TextSink& sink;
 };
 
 }  // namespace
 
-std::string XmlPart::Serialize() const {
-  StringWriter writer;
-  writer.text.reserve(bytes_.size() + bytes_.size() / 4);
-  document_.save(writer, "", pugi::format_raw | pugi::format_no_declaration, pugi::encoding_utf8);
+void XmlPart::Write(const TextSink& sink) const {
   // The declaration is written anew: the text is UTF-8 now, whatever it was.
   std::string declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"";
   const pugi::xml_node given = document_.first_child();
   if (given.type() == pugi::node_declaration && given.attribute("standalone")) {
     declaration += std::string(" standalone=\"") + given.attribute("standalone").value() + "\"";
   }
-  declaration += "?>\r\n";
-  if (writer.text.starts_with("<?xml ")) writer.text.erase(0, writer.text.find("?>") + 2);
-  return declaration + writer.text;
+  sink(declaration + "?>\r\n");
+  SinkWriter writer(sink);
+  for (const pugi::xml_node node : document_.children()) {
+    if (node.type() != pugi::node_declaration) node.print(writer, "", pugi::format_raw, pugi::encoding_utf8);
+  }
+}
+
+std::string XmlPart::Serialize() const {
+  std::string text;
+  Write([&](std::string_view piece) { text += piece; });
+  return text;
 }
 
 }  // namespace docx

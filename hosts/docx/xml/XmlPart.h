@@ -6,6 +6,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "hosts/docx/package/Deflated.h"
 #include "hosts/docx/xml/Names.h"
 
 namespace docx {
@@ -40,6 +41,8 @@ class XmlPart {
   /// The part was changed and has to be written.
   bool Changed() const { return changed_; }
   void Touch() { changed_ = true; }
+  /// Hands out the part in UTF-8, piece by piece.
+  void Write(const TextSink& sink) const;
   std::string Serialize() const;
 
  private:
