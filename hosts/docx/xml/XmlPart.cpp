@@ -146,9 +146,22 @@ void ForEachDescendant(pugi::xml_node root, Visit visit) {
 
 }  // namespace
 
+namespace {
+
+/// A line end as Word writes it where there is no declaration.
+std::string BlanksAfterDeclaration(std::string_view xml) {
+  const std::size_t end = xml.starts_with("<?xml") ? xml.find("?>") : std::string_view::npos;
+  if (end == std::string_view::npos) return "\r\n";
+  const std::string_view rest = xml.substr(end + 2);
+  return std::string(rest.substr(0, rest.find_first_not_of(" \t\r\n")));
+}
+
+}  // namespace
+
 XmlPart::XmlPart(std::string name, std::string bytes)
     : name_(std::move(name)), bytes_(ToUtf8(std::move(bytes), name_)) {
   CheckXml(bytes_, name_);
+  afterDeclaration_ = BlanksAfterDeclaration(bytes_);
   constexpr unsigned kFlags = (pugi::parse_full | pugi::parse_ws_pcdata) & ~pugi::parse_doctype;
   const pugi::xml_parse_result result =
       document_.load_buffer_inplace(bytes_.data(), bytes_.size(), kFlags, pugi::encoding_utf8);
@@ -264,7 +277,7 @@ void XmlPart::Write(const TextSink& sink) const {
   if (given.type() == pugi::node_declaration && given.attribute("standalone")) {
     declaration += std::string(" standalone=\"") + given.attribute("standalone").value() + "\"";
   }
-  sink(declaration + "?>\r\n");
+  sink(declaration + "?>" + afterDeclaration_);
   SinkWriter writer(sink);
   for (const pugi::xml_node node : document_.children()) {
     if (node.type() != pugi::node_declaration) node.print(writer, "", pugi::format_raw, pugi::encoding_utf8);

@@ -50,7 +50,8 @@ class XmlPart {
   void ReadNamespaces();
 
   std::string name_;
-  std::string bytes_;  // pugixml parses in place: names and values point into it
+  std::string bytes_;             // pugixml parses in place: names and values point into it
+  std::string afterDeclaration_;  // the blanks there, which pugixml does not keep
   pugi::xml_document document_;
   std::string prefix_;  // of WordprocessingML, with its colon; empty for the default namespace
   bool strict_{false};
