@@ -332,13 +332,13 @@ void AtomSequence::Divide(const Place& place, std::uint32_t units, pugi::xml_nod
 }
 
 void AtomSequence::Join(const Place& first) {
-  hint_.chunkEnd = -1;
   const Place next = Next(first);
   const std::uint32_t length = Get(next).length;
   if (next.chunk == first.chunk) {
     Chunk& chunk = *chunks_[first.chunk];
     chunk.atoms.erase(chunk.atoms.begin() + static_cast<std::ptrdiff_t>(next.atom));
     chunk.atoms[first.atom].length += length;
+    hint_.chunkEnd = -1;
     return;
   }
   // The first is the last of its chunk, so its text ends the chunk's.
@@ -348,6 +348,7 @@ void AtomSequence::Join(const Place& first) {
   chunk.text += text;
   chunk.atoms[first.atom].length += length;
   Grew(first.chunk, static_cast<Position>(length), 0, 0);
+  hint_.chunkEnd = -1;
 }
 
 void AtomSequence::SetDeleted(const Place& place, bool deleted) {
