@@ -56,6 +56,14 @@ void CollectOurOwn(const word::DocumentPtr& document, const word::RangePtr& stor
   }
 }
 
+/// Where the index will go: no occurrence is to be torn apart by it. -1 when that is not in the story.
+word::Position IndexPlace(const word::DocumentPtr& document, const word::RangePtr& story) {
+  const word::BookmarksPtr bookmarks = document->Bookmarks();
+  if (!bookmarks->Exists(kIndexStartBookmark)) return -1;
+  const word::RangePtr place = bookmarks->Item(kIndexStartBookmark)->Range();
+  return place->StoryType() == story->StoryType() ? place->Start() : -1;
+}
+
 /// Walks sorted stretches, which may overlap, along ascending positions.
 class StretchWalk {
  public:
@@ -120,16 +128,17 @@ StoryText::StoryText(const word::DocumentPtr& document, const word::RangePtr& st
   }
   SortByBegin(barriers);
   SortByBegin(gaps);
-  Build(text, start, barriers, gaps);
+  Build(text, start, barriers, gaps, IndexPlace(document, story));
 }
 
 void StoryText::Build(std::u16string_view text, word::Position start, const std::vector<Stretch>& barriers,
-                      const std::vector<Stretch>& gaps) {
+                      const std::vector<Stretch>& gaps, word::Position indexPlace) {
   plain_.reserve(text.size());
   StretchWalk barrier(barriers);
   StretchWalk gap(gaps);
   for (std::size_t index = 0; index < text.size(); ++index) {
     const word::Position position = start + static_cast<word::Position>(index);
+    if (position == indexPlace) Append(kBarrier, position);
     const bool isBarrier = barrier.Covers(position);
     char16_t plain = kBarrier;
     if (gap.Covers(position) || (!isBarrier && !ReadsAs(text[index], plain))) continue;

@@ -33,7 +33,8 @@ std::u16string TextByPosition(const word::RangePtr& range);
 ///
 /// What is left out as if it were not there, so that a term may run across it: fields without a result (the
 /// author's index entries among them), tracked deletions and what was moved away, and hidden text. What is
-/// left out as a barrier: code and result of every other field, and our own index and lists.
+/// left out as a barrier: code and result of every other field, and our own index and lists. Another barrier
+/// stands where the index will go.
 class StoryText {
  public:
   enum class Hidden { kLeftOut, kKept };
@@ -61,7 +62,7 @@ class StoryText {
   };
 
   void Build(std::u16string_view text, word::Position start, const std::vector<Stretch>& barriers,
-             const std::vector<Stretch>& gaps);
+             const std::vector<Stretch>& gaps, word::Position indexPlace);
   void Append(char16_t character, word::Position position);
 
   std::u16string plain_;

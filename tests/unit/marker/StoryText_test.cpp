@@ -65,6 +65,15 @@ TEST(StoryText, LeavesOutOurOwnIndexAndLists) {
   EXPECT_EQ(PlainOf(document), u"one\r" + kBar + u"two\r");
 }
 
+TEST(StoryText, HasABarrierWhereTheIndexWillGo) {
+  const auto document = Of(u"Stock Purchase");
+  document->SetBookmark(u"IndexBKStart", 6, 6);
+  const StoryText text(document, document->Story(), StoryText::Hidden::kLeftOut);
+  EXPECT_EQ(text.Plain(), u"Stock " + kBar + u"Purchase\r");
+  EXPECT_EQ(text.PositionOf(7), 6);
+  EXPECT_EQ(text.PositionOf(14), 13);
+}
+
 TEST(StoryText, CountsACellMarkAsOnePosition) {
   const auto document = Of(u"a\u0007Lender\u0007\u0007b");
   const StoryText text(document, document->Story(), StoryText::Hidden::kLeftOut);
