@@ -29,7 +29,7 @@ void BookmarkIndex::Read(Story& story) {
     const Atom& atom = atoms.Get(place);
     if (atom.kind != AtomKind::kBookmarkStart && atom.kind != AtomKind::kBookmarkEnd) continue;
     const std::string id = part.Attribute(atom.Node(), "id").value();
-    lastId_ = std::max(lastId_, std::atoi(id.c_str()));
+    ids_.insert(std::atoi(id.c_str()));
     if (atom.kind == AtomKind::kBookmarkStart) {
       Mark mark{&story, ToUtf16(part.Attribute(atom.Node(), "name").value()), atom.Node(), {}};
       const std::u16string key = Key(mark.name);
@@ -50,7 +50,10 @@ void BookmarkIndex::Read(Story& story) {
     keys_.erase(mark->second.first.internal_object());
     marks_.erase(mark);
   }
-  story.bookmarkRemoved = [this](pugi::xml_node start) {
+  story.bookmarkRemoved = [this, &part](pugi::xml_node start) {
+    const int id = part.Attribute(start, "id").as_int();
+    ids_.erase(id);
+    lowestFree_ = std::min(lowestFree_, id);
     const auto found = keys_.find(start.internal_object());
     if (found == keys_.end()) return;
     Forget(found->second);
@@ -94,7 +97,10 @@ void BookmarkIndex::Remove(std::u16string_view name) {
 
 void BookmarkIndex::Add(Story& story, Position start, Position end, std::u16string_view name) {
   Remove(name);
-  const Story::BookmarkElements elements = story.InsertBookmark(start, end, ToUtf8(name), ++lastId_);
+  while (ids_.contains(lowestFree_)) ++lowestFree_;
+  const int id = lowestFree_;
+  ids_.insert(id);
+  const Story::BookmarkElements elements = story.InsertBookmark(start, end, ToUtf8(name), id);
   const std::u16string key = Key(name);
   keys_[elements.first.internal_object()] = key;
   marks_[key] = {&story, std::u16string(name), elements.first, elements.last};

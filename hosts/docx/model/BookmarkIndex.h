@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -48,7 +49,10 @@ class BookmarkIndex {
   std::map<std::u16string, Mark> marks_;
   std::unordered_map<const pugi::xml_node_struct*, std::u16string> keys_;
   mutable std::vector<const std::u16string*> order_;  // the keys of marks_; empty while it has to be made anew
-  int lastId_{0};
+  // A new bookmark gets the lowest free id, so that the same steps on a document that was marked before, or never, give
+  // the same ids.
+  std::set<int> ids_;
+  int lowestFree_{0};
 };
 
 }  // namespace docx

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <set>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
@@ -190,8 +191,24 @@ std::string DocumentParts::EnsureIndexStyle(int level) {
   return id;
 }
 
+bool DocumentParts::UsesIndexStyle() const {
+  std::set<std::string> ids;
+  for (int level = 1; level <= 9; ++level) {
+    if (const Style* style = styles_->ByName("index " + std::to_string(level))) ids.insert(style->id);
+  }
+  bool uses = false;
+  ForEachElement(mainPart_->Root(), [&](pugi::xml_node node) {
+    if (mainPart_->Is(node, Tag::kPPr)) {
+      uses = uses || ids.contains(mainPart_->Attribute(mainPart_->Child(node, "pStyle"), "val").value());
+    }
+    const Tag tag = mainPart_->TagOf(node);
+    return !uses && tag != Tag::kR && tag != Tag::kPPr;
+  });
+  return uses;
+}
+
 void DocumentParts::RemoveAddedIndexStyles() {
-  if (!stylesPart_) return;
+  if (!stylesPart_ || UsesIndexStyle()) return;
   const RemovedIndexStyles removed = docx::RemoveAddedIndexStyles(*stylesPart_);
   if (!removed.wholePart) {
     if (removed.changed) styles_->Read(stylesPart_.get());
@@ -213,6 +230,9 @@ bool DocumentParts::Changed() const {
 }
 
 const Package& DocumentParts::Updated() {
+  for (const auto& [type, stories] : stories_) {
+    for (const auto& story : stories) story->DropApartMarks();
+  }
   for (const auto& [name, part] : parts_) {
     if (!part->Changed()) continue;
     const XmlPart& changed = *part;

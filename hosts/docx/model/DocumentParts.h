@@ -38,7 +38,7 @@ class DocumentParts {
   XmlPart* Settings();
   /// Makes sure that the paragraph style "index n" exists. @return its id
   std::string EnsureIndexStyle(int level);
-  /// Takes away the styles that EnsureIndexStyle added, in this session or an earlier one.
+  /// Takes away the styles that EnsureIndexStyle added, now or in an earlier run, unless a paragraph still has one.
   void RemoveAddedIndexStyles();
 
   /// Whether anything would be written differently from what was opened.
@@ -50,6 +50,7 @@ class DocumentParts {
   std::shared_ptr<XmlPart> LoadRelated(const char* typeEnding);
   std::shared_ptr<XmlPart> Load(const std::string& name);
   std::string RelatedName(const char* typeEnding) const;
+  bool UsesIndexStyle() const;
   void LoadNotes(int type);
   void LoadComments();
   void LoadTextBoxes();

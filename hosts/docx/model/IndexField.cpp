@@ -128,11 +128,7 @@ void DeleteIndexField(OpenDocument& document, const FieldSpan& given) {
   Story& main = document.Parts().Main();
   const FieldSpan field = RemoveResult(main, given);
   main.Erase(field.begin, field.Behind());
-  const std::vector<FieldSpan> left = AllFields(main.Atoms());
-  const bool another = std::any_of(left.begin(), left.end(), [&](const FieldSpan& each) {
-    return FieldType(FieldCodeText(main, each)) == word::wdFieldIndex;
-  });
-  if (!another) document.Parts().RemoveAddedIndexStyles();
+  document.Parts().RemoveAddedIndexStyles();
 }
 
 }  // namespace docx

@@ -25,7 +25,7 @@ Anchor::~Anchor() {
 
 Story::Story(std::shared_ptr<XmlPart> part, int type, const std::vector<pugi::xml_node>& containers)
     : part_(std::move(part)), type_(type) {
-  StoryBuilder builder(*part_, atoms_);
+  StoryBuilder builder(*part_, atoms_, apart_);
   for (const pugi::xml_node container : containers) builder.AddBlocks(container);
 }
 

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "hosts/docx/story/AtomSequence.h"
@@ -71,6 +72,9 @@ class Story {
   std::vector<pugi::xml_node> IsolateRuns(Position start, Position end);
   /// After runs between changed their formatting: joins neighbours that were divided and have become equal again.
   void RejoinRuns(Position start, Position end);
+  /// Takes away the marks that keep equal runs apart, where those are neighbours again. Until then they hold, so that
+  /// the order in which changes are taken back does not matter.
+  void DropApartMarks();
   struct BookmarkElements {
     pugi::xml_node first;
     pugi::xml_node last;
@@ -108,7 +112,6 @@ class Story {
   void EraseBookmarksWithin(Position start, Position end);
   bool EraseSimpleField(const AtomSequence::Place& begin, Position& left);
   /// Of the marks of separate runs in front of a run one at most is wanted, and none at a paragraph's start.
-  void DropStrayMarks(Position position);
   void RejoinAt(Position position);
   void MoveAnchors(Position at, Position removed, Position inserted);
 
@@ -116,6 +119,9 @@ class Story {
   int type_;
   AtomSequence atoms_;
   std::vector<Anchor*> anchors_;
+  std::vector<pugi::xml_node> apart_;
+  /// Runs that were made for inserted text: nothing is lost when they are joined with a neighbour.
+  std::unordered_set<const pugi::xml_node_struct*> inserted_;
 };
 
 }  // namespace docx

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <string>
 
+#include "hosts/docx/story/ApartMark.h"
 #include "hosts/docx/story/TextElement.h"
 #include "hosts/docx/xml/Utf.h"
 #include "platform/word/Constants.h"
@@ -238,7 +239,10 @@ void StoryBuilder::AddCell(pugi::xml_node cell, bool deleted) {
 
 void StoryBuilder::AddInlines(pugi::xml_node parent, bool deleted) {
   for (const pugi::xml_node child : parent.children()) {
-    if (!IsElement(child)) continue;
+    if (!IsElement(child)) {
+      if (IsApartMark(child)) apart_.push_back(child);
+      continue;
+    }
     switch (part_.TagOf(child)) {
       case Tag::kR:
         AddRun(child, deleted);

@@ -3,6 +3,7 @@
 #include <pugixml.hpp>
 
 #include <string_view>
+#include <vector>
 
 #include "hosts/docx/story/AtomSequence.h"
 #include "hosts/docx/xml/XmlPart.h"
@@ -12,7 +13,9 @@ namespace docx {
 /// Reads blocks of XML into the atoms of a story.
 class StoryBuilder {
  public:
-  StoryBuilder(const XmlPart& part, AtomSequence& atoms) : part_(part), atoms_(atoms) {}
+  /// @param apart gets the marks that keep equal runs apart
+  StoryBuilder(const XmlPart& part, AtomSequence& atoms, std::vector<pugi::xml_node>& apart)
+      : part_(part), atoms_(atoms), apart_(apart) {}
   void AddBlocks(pugi::xml_node container) { AddBlocks(container, false); }
 
   /// What an element of a run's content contributes; of kind kText with length 0 when nothing.
@@ -33,6 +36,7 @@ class StoryBuilder {
 
   const XmlPart& part_;
   AtomSequence& atoms_;
+  std::vector<pugi::xml_node>& apart_;
   /// The last paragraph mark, which becomes the cell's mark when the cell ends behind it.
   AtomSequence::Place lastMark_;
   bool lastIsMark_{false};

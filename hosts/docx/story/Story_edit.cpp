@@ -2,6 +2,7 @@
 #include <cstring>
 #include <utility>
 
+#include "hosts/docx/story/ApartMark.h"
 #include "hosts/docx/story/Story.h"
 #include "hosts/docx/story/StoryBuilder.h"
 #include "hosts/docx/story/TextElement.h"
@@ -34,22 +35,6 @@ struct Story::InsertionPoint {
 };
 
 namespace {
-
-// Between two runs that are equal and stood next to each other before anything was put between them. Runs that
-// become neighbours again are joined only where this does not stand, so that a file gets back the runs it had.
-constexpr const char* kApartTarget = "kelvarin";
-constexpr const char* kApartData = "apart";
-
-bool IsApart(pugi::xml_node node) {
-  return node.type() == pugi::node_pi && std::strcmp(node.name(), kApartTarget) == 0 &&
-         std::strcmp(node.value(), kApartData) == 0;
-}
-
-void PutApartBehind(pugi::xml_node run) {
-  pugi::xml_node apart = run.parent().insert_child_after(pugi::node_pi, run);
-  apart.set_name(kApartTarget);
-  apart.set_value(kApartData);
-}
 
 bool IsJoinable(const Atom& atom) { return atom.kind == AtomKind::kText || atom.kind == AtomKind::kCharacter; }
 
@@ -99,8 +84,9 @@ void Story::DivideRunsAt(Position position) {
   if (before == after) {
     DivideRun(place);
   } else if (before.next_sibling() == after && IsJoinable(previous) && IsJoinable(next) &&
+             !inserted_.contains(before.internal_object()) && !inserted_.contains(after.internal_object()) &&
              SameRunFormatting(*part_, before, after)) {
-    PutApartBehind(before);
+    apart_.push_back(PutApartMark(before));
   }
 }
 
@@ -167,6 +153,7 @@ void Story::InsertRunText(Position at, std::u16string_view text) {
   InsertionPoint point = PrepareInsertion(at);
   const pugi::xml_node model = FormattingRun(point.before);
   pugi::xml_node run = point.Add(*part_, "r");
+  inserted_.insert(run.internal_object());
   if (const pugi::xml_node properties = part_->Child(model, Tag::kRPr)) {
     run.append_copy(properties).remove_child(part_->Name("rPrChange"));
   }
@@ -310,6 +297,7 @@ void Story::RemoveEmptied(pugi::xml_node run) {
   pugi::xml_node node = run;
   while (true) {
     pugi::xml_node parent = node.parent();
+    inserted_.erase(node.internal_object());
     parent.remove_child(node);
     const Tag tag = part_->TagOf(parent);
     const bool container = tag == Tag::kIns || tag == Tag::kHyperlink || tag == Tag::kSmartTag || tag == Tag::kMoveTo;
@@ -380,7 +368,6 @@ void Story::Erase(Position start, Position end) {
     }
   }
   part_->Touch();
-  DropStrayMarks(start);
   RejoinAt(start);
 }
 
@@ -430,19 +417,6 @@ void Story::RejoinRuns(Position start, Position end) {
   RejoinAt(start);
 }
 
-void Story::DropStrayMarks(Position position) {
-  const AtomSequence::Place place = atoms_.At(position);
-  if (atoms_.IsEnd(place) || place.start != position || !atoms_.Get(place).InRun()) return;
-  pugi::xml_node mark = atoms_.Get(place).Node().parent().previous_sibling();
-  while (IsApart(mark)) {
-    const pugi::xml_node before = mark.previous_sibling();
-    const bool startsParagraph = !before || part_->Is(before, Tag::kPPr);
-    if (!startsParagraph && !IsApart(before)) return;
-    mark.parent().remove_child(mark);
-    mark = before;
-  }
-}
-
 void Story::RejoinAt(Position position) {
   const AtomSequence::Place place = atoms_.At(position);
   if (atoms_.IsEnd(place) || atoms_.IsBegin(place) || place.start != position) return;
@@ -453,19 +427,14 @@ void Story::RejoinAt(Position position) {
   pugi::xml_node run = first.Node().parent();
   pugi::xml_node other = second.Node().parent();
   if (run == other) return;
-  const pugi::xml_node between = run.next_sibling();
-  const bool apart = IsApart(between);
-  if ((apart ? between.next_sibling() : between) != other || !SameRunFormatting(*part_, run, other)) return;
+  if (run.next_sibling() != other || !SameRunFormatting(*part_, run, other)) return;
   part_->Touch();
-  if (apart) {
-    run.parent().remove_child(between);
-    return;
-  }
   for (pugi::xml_node child = other.first_child(); child;) {
     const pugi::xml_node next = child.next_sibling();
     if (!part_->Is(child, Tag::kRPr)) run.append_move(child);
     child = next;
   }
+  inserted_.erase(other.internal_object());
   run.parent().remove_child(other);
   const pugi::xml_node text = first.Node();
   const pugi::xml_node next = text.next_sibling();
@@ -474,6 +443,22 @@ void Story::RejoinAt(Position position) {
     JoinText(text, next);
     atoms_.Join(before);
   }
+}
+
+void Story::DropApartMarks() {
+  const auto holdsField = [this](pugi::xml_node run) {
+    return part_->Child(run, Tag::kFldChar) || part_->Child(run, Tag::kInstrText);
+  };
+  std::erase_if(apart_, [&](pugi::xml_node mark) {
+    const pugi::xml_node before = mark.previous_sibling();
+    const pugi::xml_node after = mark.next_sibling();
+    const bool neighbours = part_->Is(before, Tag::kR) && part_->Is(after, Tag::kR) && !holdsField(before) &&
+                            !holdsField(after) && SameRunFormatting(*part_, before, after);
+    if (!neighbours) return false;
+    mark.parent().remove_child(mark);
+    part_->Touch();
+    return true;
+  });
 }
 
 Story::BookmarkElements Story::InsertBookmark(Position start, Position end, std::string_view name, int id) {

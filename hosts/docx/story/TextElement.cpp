@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string>
 
 #include "hosts/docx/xml/Utf.h"
 
@@ -56,6 +57,30 @@ void Preserve(pugi::xml_node element) {
   space.set_value("preserve");
 }
 
+// A text may say "preserve" without need. Divided, its parts say it where they need it; in front of the first stands an
+// instruction with the length of the whole, and when the parts are joined to that length, the text says it again.
+constexpr const char* kTarget = "kelvarin";
+constexpr std::string_view kPreserve = "preserve ";
+
+/// The instruction in front of a text; empty when there is none.
+pugi::xml_node PreserveMark(pugi::xml_node element) {
+  const pugi::xml_node mark = element.previous_sibling();
+  const bool is = mark.type() == pugi::node_pi && std::strcmp(mark.name(), kTarget) == 0 &&
+                  std::string_view(mark.value()).starts_with(kPreserve);
+  return is ? mark : pugi::xml_node();
+}
+
+void PutPreserveMark(pugi::xml_node element, std::size_t bytes) {
+  pugi::xml_node mark = element.parent().insert_child_before(pugi::node_pi, element);
+  mark.set_name(kTarget);
+  mark.set_value((std::string(kPreserve) + std::to_string(bytes)).c_str());
+}
+
+void PreserveWhereNeeded(pugi::xml_node element, std::string_view text) {
+  element.remove_attribute(kSpace);
+  if (HasBlankEdge(text)) Preserve(element);
+}
+
 }  // namespace
 
 std::u16string TextOf(pugi::xml_node element) {
@@ -79,22 +104,28 @@ void SetText(pugi::xml_node element, std::string_view utf8) {
 pugi::xml_node DivideText(pugi::xml_node element, std::size_t units) {
   const std::string text = RawText(element);
   const std::size_t bytes = Utf8Prefix(text, units);
+  if (element.attribute(kSpace) && !HasBlankEdge(text)) PutPreserveMark(element, text.size());
   pugi::xml_node second = element.parent().insert_child_after(element.name(), element);
   for (const pugi::xml_attribute attribute : element.attributes()) second.append_copy(attribute);
-  SetText(element, std::string_view(text).substr(0, bytes));
-  SetText(second, std::string_view(text).substr(bytes));
+  const auto fill = [](pugi::xml_node part, std::string_view piece) {
+    ReplaceText(part, piece);
+    PreserveWhereNeeded(part, piece);
+  };
+  fill(element, std::string_view(text).substr(0, bytes));
+  fill(second, std::string_view(text).substr(bytes));
   return second;
 }
 
 void JoinText(pugi::xml_node first, pugi::xml_node second) {
-  // A text that said "preserve" before it was divided says it in both halves; one that did not says it at most in the
-  // half that has its blank at the cut.
-  const bool preserved = first.attribute(kSpace) && second.attribute(kSpace);
   const std::string text = RawText(first) + RawText(second);
   first.parent().remove_child(second);
   ReplaceText(first, text);
-  if (!preserved) first.remove_attribute(kSpace);
-  if (HasBlankEdge(text)) Preserve(first);
+  PreserveWhereNeeded(first, text);
+  const pugi::xml_node mark = PreserveMark(first);
+  if (mark && mark.value() == std::string(kPreserve) + std::to_string(text.size())) {
+    Preserve(first);
+    first.parent().remove_child(mark);
+  }
 }
 
 }  // namespace docx
