@@ -25,12 +25,23 @@ bool IsParagraphStart(const word::DocumentPtr& document, word::Position position
   return !before.empty() && (before.back() == word::kParagraphMark || before.back() == word::kPageBreak);
 }
 
+/// An entry written right at the place has come to stand behind it: the index shall not part it from its word.
+word::Position BehindEntriesAt(const word::DocumentPtr& document, word::Position position) {
+  while (true) {
+    const word::FieldsPtr fields = document->Range(position, position + 1)->Fields();
+    if (fields->Count() == 0) return position;
+    const word::RangePtr code = fields->Item(1)->Code();
+    if (!IsOurEntry(ParseFieldCode(code->Text()))) return position;
+    position = code->End() + 1;
+  }
+}
+
 }  // namespace
 
 word::RangePtr InsertIndexField(const word::DocumentPtr& document, int columns, std::u16string_view separator) {
   const word::BookmarksPtr bookmarks = document->Bookmarks();
   // An empty range: a bookmark over text must not cost that text.
-  const word::Position at = bookmarks->Item(kIndexStartBookmark)->Range()->Start();
+  const word::Position at = BehindEntriesAt(document, bookmarks->Item(kIndexStartBookmark)->Range()->Start());
   const int wanted = std::clamp(columns, 1, kMostColumns);
   const bool isPlain = wanted == 1 && IsParagraphStart(document, at);
   const word::FieldPtr field = document->Fields()->Add(

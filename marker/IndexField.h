@@ -6,9 +6,9 @@
 
 namespace marker {
 
-/// Puts the index at the start of the bookmark "IndexBKStart" and covers it with "DefinedTermsIndex".
-/// One column at the start of a paragraph stays in the section it stands in. Any other index gets a section of
-/// its own, since its entries need paragraphs of their own.
+/// Puts the index at the start of the bookmark "IndexBKStart", behind entries of ours that begin there, and covers it
+/// with "DefinedTermsIndex". One column at the start of a paragraph stays in the section it stands in. Any other index
+/// gets a section of its own, since its entries need paragraphs of their own.
 /// @param columns brought into 1 to 4
 /// @return the range of the index
 /// @throws HostError kMemberDoesNotExist without the bookmark

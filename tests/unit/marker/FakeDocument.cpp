@@ -248,11 +248,11 @@ class PlacedField : public word::Field {
 
 class StoryFields : public word::Fields {
  public:
-  StoryFields(StatePtr state, Story& story) : state_(std::move(state)), story_(story) {}
-  int Count() const override { return static_cast<int>(FieldsIn(story_).size()); }
+  StoryFields(StatePtr state, Story& story, Span span) : state_(std::move(state)), story_(story), span_(span) {}
+  int Count() const override { return static_cast<int>(Inside().size()); }
   word::FieldPtr Item(int index) const override {
     ++state_->calls["Fields.Item"];
-    return std::make_shared<PlacedField>(state_, story_, FieldsIn(story_).at(static_cast<std::size_t>(index - 1)));
+    return std::make_shared<PlacedField>(state_, story_, Inside().at(static_cast<std::size_t>(index - 1)));
   }
   word::FieldPtr Add(const word::RangePtr& range, const word::FieldArguments& arguments) override {
     ++state_->calls["Fields.Add"];
@@ -272,8 +272,16 @@ class StoryFields : public word::Fields {
   }
 
  private:
+  std::vector<FieldPlace> Inside() const {
+    std::vector<FieldPlace> fields = FieldsIn(story_);
+    std::erase_if(fields,
+                  [&](const FieldPlace& field) { return field.begin < span_.begin || field.begin >= span_.end; });
+    return fields;
+  }
+
   StatePtr state_;
   Story& story_;
+  Span span_;
 };
 
 class PlacedBookmark : public word::Bookmark {
@@ -339,7 +347,7 @@ class AllStories : public word::StoryRanges {
 
 }  // namespace
 
-word::FieldsPtr StoryRange::Fields() const { return std::make_shared<StoryFields>(state_, story_); }
+word::FieldsPtr StoryRange::Fields() const { return std::make_shared<StoryFields>(state_, story_, span); }
 word::RevisionsPtr StoryRange::Revisions() const { return std::make_shared<Deletions>(state_, story_); }
 word::FontPtr StoryRange::Font() const { return std::make_shared<HiddenFont>(state_, story_, span); }
 

@@ -379,6 +379,22 @@ TEST_F(TermMarkerTest, DeletingAnIndexAtTheStartByHandKeepsTheRecordOfHighlights
   EXPECT_EQ(document_->Highlights().find('7'), std::string::npos);
 }
 
+TEST_F(TermMarkerTest, TheIndexDoesNotComeBetweenAWordAndItsEntry) {
+  Open(u"the Lender pays");
+  document_->SetBookmark(u"IndexBKStart", 10, 10);
+  Mark({u"Lender"});
+  marker_->InsertIndex({}, document_, 1, u", ");
+  EXPECT_EQ(document_->Text().find(u"the Lender" + Entry(u"Lender") + u"\u0013 INDEX "), 0U);
+  marker_->RemoveTermHighlighting(document_);
+  EXPECT_EQ(document_->Highlights().find('7'), std::string::npos);
+}
+
+TEST_F(TermMarkerTest, ATermThatTheIndexWillTearApartIsNotMarked) {
+  Open(u"Stock Purchase Stock Purchase");
+  document_->SetBookmark(u"IndexBKStart", 6, 6);
+  EXPECT_EQ(Mark({u"Stock Purchase"})[0].count, 1);
+}
+
 TEST_F(TermMarkerTest, WithoutThePlaceThereIsNoIndex) {
   Open(u"one");
   EXPECT_THROW(marker_->InsertIndex({}, document_, 2, u", "), word::HostError);
