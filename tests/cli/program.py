@@ -1,5 +1,6 @@
 """What the tests of whole runs share: a folder of their own, the program, and small documents made on the spot."""
 
+import concurrent.futures
 import json
 import os
 import pathlib
@@ -9,6 +10,7 @@ import sys
 import tempfile
 import unittest
 import zipfile
+from xml.etree import ElementTree
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 SAMPLES = ROOT / "samples"
@@ -35,6 +37,13 @@ def parts(path):
         return {name: package.read(name) for name in package.namelist()}
 
 
+def canonical(path):
+    """The parts, XML in the one spelling that the canonical form allows."""
+    def spell(name, content):
+        return ElementTree.canonicalize(content, with_comments=True) if name.endswith((".xml", ".rels")) else content
+    return {name: spell(name, content) for name, content in parts(path).items()}
+
+
 class Result:
     def __init__(self, status, out, err, peak):
         self.status = status
@@ -56,14 +65,15 @@ class Case(unittest.TestCase):
         return {"PATH": os.environ["PATH"], "HOME": str(self.home), "TMPDIR": str(self.temporary), "LC_ALL": "C.UTF-8"}
 
     def kelvarin(self, *arguments, prepare=None, cwd=None):
-        with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
-            process = subprocess.Popen([KELVARIN, *map(str, arguments)], stdin=subprocess.DEVNULL, stdout=out, stderr=err,
-                                       env=self.environment(), cwd=cwd or self.folder, preexec_fn=prepare)
+        process = subprocess.Popen([KELVARIN, *map(str, arguments)], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                   stderr=subprocess.PIPE, env=self.environment(), cwd=cwd or self.folder,
+                                   preexec_fn=prepare)
+        with process, concurrent.futures.ThreadPoolExecutor() as readers:
+            texts = [readers.submit(pipe.read) for pipe in (process.stdout, process.stderr)]
+            out, err = (text.result() for text in texts)
             _, ended, usage = os.wait4(process.pid, 0)
             process.returncode = os.waitstatus_to_exitcode(ended)
-            out.seek(0)
-            err.seek(0)
-            result = Result(process.returncode, out.read(), err.read(), usage.ru_maxrss * 1024)
+        result = Result(process.returncode, out, err, usage.ru_maxrss * 1024)
         # A sanitizer's report is never what a test expects.
         self.assertNotIn("Sanitizer", result.err)
         return result

@@ -14,7 +14,7 @@ class Remove(program.Case):
             self.check("index", sample, "-o", indexed)
             self.assertNotEqual(program.parts(indexed), program.parts(sample))
             self.check("remove", indexed, "-o", out)
-            before, after = program.parts(sample), program.parts(out)
+            before, after = program.canonical(sample), program.canonical(out)
             self.assertEqual(list(before), list(after), sample.name)
             for name, content in before.items():
                 self.assertEqual(after[name], content, f"{sample.name}: {name}")
