@@ -94,9 +94,11 @@ def make(pages, count, path):
                 'w:header="708" w:footer="708" w:gutter="0"/></w:sectPr></w:body></w:document>')
     parts = {"word/document.xml": (document, TYPE + "document.main+xml"),
              "word/styles.xml": (styles_xml(), TYPE + "styles+xml"),
-             "word/numbering.xml": (numbering_xml(0), TYPE + "numbering+xml")}
-    write_package(path, "Framework Agreement", parts, [("rId1", RELATIONSHIP + "styles", "styles.xml"),
-                                                       ("rId2", RELATIONSHIP + "numbering", "numbering.xml")])
+             "word/numbering.xml": (numbering_xml(0), TYPE + "numbering+xml"),
+             "word/settings.xml": (HEADER + f"<w:settings {NAMESPACES}/>", TYPE + "settings+xml")}
+    relations = [(f"rId{number}", RELATIONSHIP + kind, kind + ".xml")
+                 for number, kind in enumerate(("styles", "numbering", "settings"), 1)]
+    write_package(path, "Framework Agreement", parts, relations)
 
 
 if __name__ == "__main__":
