@@ -175,7 +175,11 @@ const Formatting& DocumentParts::Formats(XmlPart& part) {
   return *formats;
 }
 
-XmlPart* DocumentParts::Settings() { return LoadRelated(kSettings).get(); }
+XmlPart* DocumentParts::Settings() {
+  // Asked for at every change, and looked up through all relationships.
+  if (!settingsPart_) settingsPart_ = LoadRelated(kSettings);
+  return settingsPart_->get();
+}
 
 std::string DocumentParts::EnsureIndexStyle(int level) {
   if (!stylesPart_) {

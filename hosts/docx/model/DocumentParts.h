@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -61,6 +62,7 @@ class DocumentParts {
   std::map<std::string, std::shared_ptr<XmlPart>> parts_;
   std::shared_ptr<XmlPart> mainPart_;
   std::shared_ptr<XmlPart> stylesPart_;
+  std::optional<std::shared_ptr<XmlPart>> settingsPart_;  // empty until it was asked for
   std::unique_ptr<Styles> styles_;
   std::map<const XmlPart*, std::unique_ptr<Formatting>> formats_;
   Story* main_{nullptr};
