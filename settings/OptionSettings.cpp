@@ -1,7 +1,7 @@
 #include "settings/OptionSettings.h"
 
 #include "addin/modCommonErrorMsgs.h"
-#include "settings/AnsiText.h"
+#include "platform/AnsiText.h"
 #include "settings/Defaults.h"
 
 #include <cmath>

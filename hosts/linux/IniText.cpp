@@ -2,7 +2,7 @@
 
 #include <unicode/uchar.h>
 
-#include "settings/AnsiText.h"
+#include "platform/AnsiText.h"
 
 #include <algorithm>
 

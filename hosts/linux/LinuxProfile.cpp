@@ -3,7 +3,7 @@
 #include "hosts/linux/AtomicFile.h"
 #include "hosts/linux/IniText.h"
 #include "hosts/linux/Paths.h"
-#include "settings/AnsiText.h"
+#include "platform/AnsiText.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -2,7 +2,7 @@
 // what is written reads back.
 
 #include "hosts/linux/IniText.h"
-#include "settings/AnsiText.h"
+#include "platform/AnsiText.h"
 
 #include <cstddef>
 #include <cstdint>

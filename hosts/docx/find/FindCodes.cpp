@@ -5,7 +5,7 @@
 
 #include "hosts/docx/find/FindSettings.h"
 #include "platform/word/HostError.h"
-#include "settings/AnsiText.h"
+#include "platform/AnsiText.h"
 
 namespace docx {
 

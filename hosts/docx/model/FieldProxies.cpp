@@ -106,7 +106,7 @@ class FieldsProxy : public word::Fields {
     if (arguments.PreserveFormatting) code += u" \\* MERGEFORMAT ";
     story.InsertField(at, code);
     const word::FieldPtr field = At(story, at);
-    if (field->Type() == word::wdFieldIndex) field->Update();
+    if (FieldType(code) == word::wdFieldIndex) field->Update();
     return field;
   }
 

@@ -14,6 +14,7 @@ OpenDocument::OpenDocument(std::unique_ptr<Package> package, DocumentSettings se
     for (const auto& story : parts_.Stories(type)) bookmarks_.Read(*story);
   }
   Select(parts_.Main(), 0, 0);
+  protected_ = ReadProtection();
 }
 
 void OpenDocument::Select(Story& story, Position start, Position end) {
@@ -30,7 +31,7 @@ void OpenDocument::SaveAs(std::u16string_view fileName) {
   settings_.name = fileName.substr(bare ? 0 : separator + 1);
 }
 
-bool OpenDocument::IsProtected() {
+bool OpenDocument::ReadProtection() {
   XmlPart* settings = parts_.Settings();
   if (settings == nullptr) return false;
   const pugi::xml_node protection = settings->Child(settings->Root(), "documentProtection");
@@ -42,7 +43,7 @@ bool OpenDocument::IsProtected() {
 }
 
 void OpenDocument::BeforeChange(std::string_view member) {
-  if (IsProtected()) {
+  if (protected_) {
     throw word::HostError(word::kMethodNotAvailable,
                           u"This method or property is not available because the document is a protected document.",
                           member);

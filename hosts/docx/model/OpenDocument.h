@@ -38,7 +38,7 @@ class OpenDocument {
   bool showSpellingErrors{true};
 
  private:
-  bool IsProtected();
+  bool ReadProtection();
 
   DocumentSettings settings_;
   DocumentFile& file_;
@@ -46,6 +46,7 @@ class OpenDocument {
   BookmarkIndex bookmarks_;
   std::unique_ptr<Anchor> selection_;
   std::unique_ptr<Paginator> pages_;
+  bool protected_{false};
 };
 
 }  // namespace docx

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <future>
 #include <memory>
 #include <new>
 
@@ -16,6 +17,7 @@ constexpr int kLevel = 3;
 
 /// How much is packed at a time.
 constexpr std::size_t kPiece = 256 << 10;
+constexpr std::size_t kSmallest = 512;
 
 struct Reader {
   const std::vector<unsigned char>* bytes;
@@ -23,7 +25,8 @@ struct Reader {
   std::size_t position = 0;
 };
 
-/// A running compression. What it is given may be gone when the call returns.
+/// A running compression. Pieces are packed in a thread of their own while the next are being made, from the second
+/// on: most parts are too small to gain by it.
 class Deflater {
  public:
   explicit Deflater(std::vector<unsigned char>& packed) : packed_(packed) {
@@ -32,17 +35,45 @@ class Deflater {
       throw std::bad_alloc();
     }
   }
-  ~Deflater() { deflateEnd(&stream_); }
+  ~Deflater() {
+    if (running_.valid()) running_.wait();
+    deflateEnd(&stream_);
+  }
   Deflater(const Deflater&) = delete;
   Deflater& operator=(const Deflater&) = delete;
 
-  void Feed(std::string_view text, int flush) {
+  /// Takes the piece and leaves an empty one with room for the next.
+  void Feed(std::string& piece) {
+    Wait();
+    current_.swap(piece);
+    piece.clear();
+    piece.reserve(kPiece);
+    running_ = std::async(std::launch::async, [this] { Pack(current_, Z_NO_FLUSH); });
+  }
+
+  void Finish(const std::string& last) {
+    Wait();
+    Pack(last, Z_FINISH);
+  }
+
+  std::uint64_t Size() const { return size_; }
+  std::uint32_t Checksum() const { return checksum_; }
+
+ private:
+  void Wait() {
+    if (running_.valid()) running_.get();
+  }
+
+  void Pack(const std::string& text, int flush) {
+    size_ += text.size();
+    checksum_ = static_cast<std::uint32_t>(
+        crc32_z(checksum_, reinterpret_cast<const Bytef*>(text.data()), static_cast<z_size_t>(text.size())));
     stream_.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(text.data()));
     stream_.avail_in = static_cast<uInt>(text.size());
     int status = Z_OK;
     do {
       const std::size_t used = packed_.size();
-      packed_.resize(used + kPiece / 4);
+      packed_.resize(used + std::min(kPiece / 4, text.size() + kSmallest));
       stream_.next_out = packed_.data() + used;
       stream_.avail_out = static_cast<uInt>(packed_.size() - used);
       status = deflate(&stream_, flush);
@@ -50,9 +81,12 @@ class Deflater {
     } while (flush == Z_FINISH ? status != Z_STREAM_END : stream_.avail_in != 0 || stream_.avail_out == 0);
   }
 
- private:
   z_stream stream_{};
   std::vector<unsigned char>& packed_;
+  std::string current_;  // what the thread packs
+  std::uint64_t size_{0};
+  std::uint32_t checksum_{0};
+  std::future<void> running_;
 };
 
 }  // namespace
@@ -60,23 +94,17 @@ class Deflater {
 Deflated::Deflated(const TextProducer& produce) {
   Deflater deflater(bytes_);
   std::string waiting;
-  waiting.reserve(kPiece);
-  const auto pack = [&](int flush) {
-    size_ += waiting.size();
-    checksum_ = static_cast<std::uint32_t>(
-        crc32_z(checksum_, reinterpret_cast<const Bytef*>(waiting.data()), static_cast<z_size_t>(waiting.size())));
-    deflater.Feed(waiting, flush);
-    waiting.clear();
-  };
   produce([&](std::string_view piece) {
     while (!piece.empty()) {
       const std::size_t taken = std::min(piece.size(), kPiece - waiting.size());
       waiting += piece.substr(0, taken);
       piece.remove_prefix(taken);
-      if (waiting.size() == kPiece) pack(Z_NO_FLUSH);
+      if (waiting.size() == kPiece) deflater.Feed(waiting);
     }
   });
-  pack(Z_FINISH);
+  deflater.Finish(waiting);
+  size_ = deflater.Size();
+  checksum_ = deflater.Checksum();
   bytes_.shrink_to_fit();
 }
 

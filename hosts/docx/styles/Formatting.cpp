@@ -60,7 +60,11 @@ bool Formatting::Hidden(pugi::xml_node node) const {
 
 int Formatting::Highlight(pugi::xml_node node) const {
   const std::optional<int> direct = ReadHighlight(part_, part_.Child(DirectRun(node), "highlight"));
-  return direct ? *direct : InheritedRun(node).highlight;
+  return direct ? *direct : InheritedHighlight(node);
+}
+
+int Formatting::InheritedHighlight(pugi::xml_node node) const {
+  return styles_.AnyHighlight() ? InheritedRun(node).highlight : word::wdNoHighlight;
 }
 
 int Formatting::Color(pugi::xml_node node) const {

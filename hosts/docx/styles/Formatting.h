@@ -39,6 +39,8 @@ class Formatting {
   bool Hidden(pugi::xml_node node) const;
   /// A WdColorIndex; wdNoHighlight for none.
   int Highlight(pugi::xml_node node) const;
+  /// What Highlight would say without direct formatting.
+  int InheritedHighlight(pugi::xml_node node) const;
   /// A WdColor: red lowest, wdColorAutomatic for none. Of a theme colour, the value that the file has beside it.
   int Color(pugi::xml_node node) const;
   /// In points.

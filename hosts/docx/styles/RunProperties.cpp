@@ -77,7 +77,7 @@ bool SetHighlight(const Formatting& formatting, pugi::xml_node node, int colorIn
   const char* name = HighlightName(colorIndex);
   if (formatting.Highlight(node) == colorIndex) return false;
   XmlPart& part = formatting.Part();
-  const int inherited = formatting.InheritedRun(node).highlight;
+  const int inherited = formatting.InheritedHighlight(node);
   PropertyContainer rPr = PropertyContainer::OfRun(part, node);
   const pugi::xml_node mark = FindMark(rPr.Node(), kHighlight);
   const pugi::xml_node existing = rPr.Find(kHighlight);

@@ -32,6 +32,7 @@ void Styles::Read(const XmlPart* part) {
   runDefaults_ = {};
   paragraphDefaults_ = {};
   anyHidden_ = false;
+  anyHighlight_ = false;
   if (part == nullptr) return;
 
   const pugi::xml_node root = part->Root();
@@ -39,6 +40,7 @@ void Styles::Read(const XmlPart* part) {
   runDefaults_ = ReadRunValues(*part, part->Child(part->Child(defaults, "rPrDefault"), Tag::kRPr));
   paragraphDefaults_ = ReadParagraphValues(*part, part->Child(part->Child(defaults, "pPrDefault"), Tag::kPPr));
   anyHidden_ = Hides(runDefaults_);
+  anyHighlight_ = runDefaults_.highlight.has_value();
 
   std::vector<std::string> basedOn;
   for (const pugi::xml_node node : root.children(part->Name("style"))) {
@@ -49,6 +51,7 @@ void Styles::Read(const XmlPart* part) {
     style.run = ReadRunValues(*part, part->Child(node, Tag::kRPr));
     style.paragraph = ReadParagraphValues(*part, part->Child(node, Tag::kPPr));
     anyHidden_ = anyHidden_ || Hides(style.run);
+    anyHighlight_ = anyHighlight_ || style.run.highlight.has_value();
 
     const std::size_t index = styles_.size();
     byId_.emplace(style.id, index);

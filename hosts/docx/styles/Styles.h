@@ -47,6 +47,8 @@ class Styles {
   const ParagraphValues& ParagraphDefaults() const { return paragraphDefaults_; }
   /// Whether any style or the defaults hide text.
   bool AnyHidden() const { return anyHidden_; }
+  /// Likewise for highlighting.
+  bool AnyHighlight() const { return anyHighlight_; }
 
  private:
   const Style* OfType(std::string_view id, StyleType type, std::optional<std::size_t> fallback) const;
@@ -60,6 +62,7 @@ class Styles {
   RunValues runDefaults_;
   ParagraphValues paragraphDefaults_;
   bool anyHidden_{false};
+  bool anyHighlight_{false};
 };
 
 }  // namespace docx

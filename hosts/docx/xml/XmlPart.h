@@ -30,11 +30,21 @@ class XmlPart {
   /// The first child with that tag; an empty node when there is none.
   pugi::xml_node Child(pugi::xml_node parent, Tag tag) const;
   /// A WordprocessingML child by local name, such as "vanish".
-  pugi::xml_node Child(pugi::xml_node parent, const char* local) const { return parent.child(Name(local)); }
+  template <typename Local>
+  pugi::xml_node Child(pugi::xml_node parent, const Local& local) const {
+    return parent.child(Name(local));
+  }
   /// A WordprocessingML attribute by local name, such as "val"; an empty attribute when there is none.
   pugi::xml_attribute Attribute(pugi::xml_node node, const char* local) const;
   /// A WordprocessingML name as this part writes it. @return valid until the part goes
   const char* Name(std::string_view local) const;
+  /// The same for a literal, which is looked up by its address: names are asked for at every edit.
+  template <std::size_t size>
+  const char* Name(const char (&literal)[size]) const {
+    const char*& name = literals_[literal];
+    if (name == nullptr) name = Name(std::string_view(literal));
+    return name;
+  }
   /// Sets or adds a WordprocessingML attribute.
   void SetAttribute(pugi::xml_node node, const char* local, const char* value);
 
@@ -57,8 +67,16 @@ class XmlPart {
   bool strict_{false};
   bool scoped_{false};  // a prefix means different things in different places
   bool changed_{false};
-  mutable std::unordered_map<std::string_view, Tag> tags_;
+  /// Element names are short and few: length and two characters tell most of them apart.
+  struct NameHash {
+    std::size_t operator()(std::string_view name) const {
+      const auto at = [&](std::size_t i) { return static_cast<std::size_t>(static_cast<unsigned char>(name[i])); };
+      return name.empty() ? 0 : name.size() * 31 + at(name.size() - 1) * 257 + at(name.size() / 2) * 8191;
+    }
+  };
+  std::unordered_map<std::string_view, Tag, NameHash> tags_;
   mutable std::unordered_map<std::string, std::string> names_;
+  mutable std::unordered_map<const char*, const char*> literals_;
 };
 
 }  // namespace docx

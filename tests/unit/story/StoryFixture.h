@@ -20,6 +20,7 @@ class StoryFixture {
   std::string Text() const { return docx::ToUtf8(story->Text(0, story->Length())); }
   /// The body's content as it would be written now.
   std::string Body() const {
+    if (story) story->DropApartMarks();
     const std::string xml = part->Serialize();
     const std::size_t from = xml.find("<w:body>") + 8;
     return xml.substr(from, xml.find("</w:body>") - from);

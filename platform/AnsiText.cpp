@@ -1,4 +1,4 @@
-#include "settings/AnsiText.h"
+#include "platform/AnsiText.h"
 
 #include <algorithm>
 #include <array>
