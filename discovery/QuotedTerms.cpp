@@ -1,12 +1,12 @@
 #include "discovery/QuotedTerms.h"
 
 #include "addin/clsProgForm.h"
+#include "platform/AnsiText.h"
 #include "platform/word/Application.h"
 #include "platform/word/Find.h"
 #include "platform/word/Format.h"
 #include "platform/word/Options.h"
 #include "platform/word/Range.h"
-#include "settings/AnsiText.h"
 
 #include <algorithm>
 #include <utility>

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "hosts/docx/find/FindSettings.h"
-#include "platform/word/HostError.h"
 #include "platform/AnsiText.h"
+#include "platform/word/HostError.h"
 
 namespace docx {
 

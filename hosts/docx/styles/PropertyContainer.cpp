@@ -1,8 +1,10 @@
 #include "hosts/docx/styles/PropertyContainer.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include "hosts/docx/styles/Marks.h"
 
@@ -24,10 +26,23 @@ constexpr std::string_view kParagraphOrder =
     " snapToGrid spacing ind contextualSpacing mirrorIndents suppressOverlap jc textDirection textAlignment"
     " textboxTightWrap outlineLvl divId cnfStyle * rPr sectPr pPrChange ";
 
+/// The places of the names in an order; of "*" what is not listed.
+using Ranks = std::unordered_map<std::string_view, std::size_t>;
+
+Ranks Number(std::string_view order) {
+  Ranks ranks;
+  while (!order.empty()) {
+    const std::size_t end = std::min(order.find(' '), order.size());
+    if (end != 0) ranks.emplace(order.substr(0, end), ranks.size());
+    order.remove_prefix(std::min(end + 1, order.size()));
+  }
+  return ranks;
+}
+
 /// Greater for what stands later.
-std::size_t Rank(std::string_view order, std::string_view local) {
-  const std::size_t listed = order.find(" " + std::string(local) + " ");
-  return listed == std::string_view::npos ? order.find('*') : listed;
+std::size_t Rank(const Ranks& ranks, std::string_view local) {
+  const auto listed = ranks.find(local);
+  return listed == ranks.end() ? ranks.at("*") : listed->second;
 }
 
 /// The name without the prefix of WordprocessingML; empty for names of other namespaces.
@@ -72,7 +87,9 @@ pugi::xml_node PropertyContainer::Ensure(const char* local) {
 }
 
 pugi::xml_node PropertyContainer::Add(pugi::xml_node container, const char* local) {
-  const std::string_view order = tag_ == Tag::kRPr ? kRunOrder : kParagraphOrder;
+  static const Ranks runRanks = Number(kRunOrder);
+  static const Ranks paragraphRanks = Number(kParagraphOrder);
+  const Ranks& order = tag_ == Tag::kRPr ? runRanks : paragraphRanks;
   const std::size_t rank = Rank(order, local);
   for (const pugi::xml_node child : container.children()) {
     if (child.type() == pugi::node_element && Rank(order, Local(part_, child)) > rank) {

@@ -128,6 +128,15 @@ const NamespaceUri* Resolve(std::string_view prefix, pugi::xml_node node) {
   return nullptr;
 }
 
+/// Whether namespaces are declared below the root too, which is seldom and costs a walk through everything. May say
+/// yes for nothing.
+bool DeclaresBelowRoot(std::string_view xml) {
+  std::size_t root = xml.find('<');
+  while (root + 1 < xml.size() && (xml[root + 1] == '?' || xml[root + 1] == '!')) root = xml.find('<', root + 1);
+  const std::size_t end = xml.find('>', root);
+  return end != std::string_view::npos && xml.find("xmlns", end) != std::string_view::npos;
+}
+
 /// Visits every element below a node without recursion.
 template <typename Visit>
 void ForEachDescendant(pugi::xml_node root, Visit visit) {
@@ -162,16 +171,17 @@ XmlPart::XmlPart(std::string name, std::string bytes)
     : name_(std::move(name)), bytes_(ToUtf8(std::move(bytes), name_)) {
   CheckXml(bytes_, name_);
   afterDeclaration_ = BlanksAfterDeclaration(bytes_);
+  const bool declaresBelowRoot = DeclaresBelowRoot(bytes_);
   constexpr unsigned kFlags = (pugi::parse_full | pugi::parse_ws_pcdata) & ~pugi::parse_doctype;
   const pugi::xml_parse_result result =
       document_.load_buffer_inplace(bytes_.data(), bytes_.size(), kFlags, pugi::encoding_utf8);
   if (!result || !document_.document_element()) {
     throw PackageError("is damaged: its part " + name_ + " is not well-formed XML");
   }
-  ReadNamespaces();
+  ReadNamespaces(declaresBelowRoot);
 }
 
-void XmlPart::ReadNamespaces() {
+void XmlPart::ReadNamespaces(bool declaresBelowRoot) {
   const pugi::xml_node root = Root();
   std::unordered_map<std::string_view, std::string_view> declared;
   bool found = false;
@@ -186,15 +196,16 @@ void XmlPart::ReadNamespaces() {
     strict_ = known->strict;
     found = true;
   }
-  ForEachDescendant(root, [&](pugi::xml_node node) {
-    for (const pugi::xml_attribute attribute : node.attributes()) {
-      const char* prefix = DeclaredPrefix(attribute);
-      if (prefix == nullptr) continue;
-      const auto [at, added] = declared.try_emplace(prefix, attribute.value());
-      if (!added && at->second != attribute.value()) scoped_ = true;
-      if (added && FindUri(attribute.value()) == nullptr) continue;
-    }
-  });
+  if (declaresBelowRoot) {
+    ForEachDescendant(root, [&](pugi::xml_node node) {
+      for (const pugi::xml_attribute attribute : node.attributes()) {
+        const char* prefix = DeclaredPrefix(attribute);
+        if (prefix == nullptr) continue;
+        const auto [at, added] = declared.try_emplace(prefix, attribute.value());
+        if (!added && at->second != attribute.value()) scoped_ = true;
+      }
+    });
+  }
   // A prefix that is declared below the root only means one thing wherever it is used, unless scoped_.
   for (const auto& [prefix, uri] : declared) {
     const NamespaceUri* known = FindUri(uri);

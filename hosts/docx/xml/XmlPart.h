@@ -57,7 +57,7 @@ class XmlPart {
 
  private:
   Tag Lookup(std::string_view qualified, pugi::xml_node node) const;
-  void ReadNamespaces();
+  void ReadNamespaces(bool declaresBelowRoot);
 
   std::string name_;
   std::string bytes_;             // pugixml parses in place: names and values point into it
