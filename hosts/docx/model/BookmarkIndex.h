@@ -40,7 +40,6 @@ class BookmarkIndex {
   static Position End(const Mark& mark) { return mark.story->Atoms().OfBookmark(mark.last).start; }
   /// @return whether Word takes it: a letter or "_" first, then letters, digits and "_", at most 40 in all
   static bool IsName(std::u16string_view name);
-  static bool IsHidden(std::u16string_view name) { return !name.empty() && name.front() == u'_'; }
 
  private:
   static std::u16string Key(std::u16string_view name);

@@ -133,6 +133,7 @@ void DocumentParts::LoadComments() {
 }
 
 void DocumentParts::LoadTextBoxes() {
+  if (!mainPart_->HasTextBoxes()) return;
   std::vector<pugi::xml_node> boxes;
   ForEachElement(mainPart_->Root(), [&](pugi::xml_node node) {
     const Tag tag = mainPart_->TagOf(node);
@@ -152,7 +153,8 @@ void DocumentParts::LoadHeadersAndFooters() {
     }
   }
   ForEachElement(mainPart_->Root(), [&](pugi::xml_node node) {
-    if (!mainPart_->Is(node, Tag::kSectPr)) return true;
+    const Tag tag = mainPart_->TagOf(node);
+    if (tag != Tag::kSectPr) return tag != Tag::kR && tag != Tag::kRPr && tag != Tag::kTbl;
     for (const char* local : {"headerReference", "footerReference"}) {
       const bool header = local[0] == 'h';
       for (const pugi::xml_node reference : node.children(mainPart_->Name(local))) {

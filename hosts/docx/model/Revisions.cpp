@@ -54,6 +54,7 @@ class RevisionsProxy : public word::Revisions {
  public:
   explicit RevisionsProxy(RangeProxyPtr range) : range_(std::move(range)) {
     const Story& story = range_->StoryOf("Range.Revisions");
+    if (!story.HasRevisions()) return;
     const AtomSequence& atoms = story.Atoms();
     pugi::xml_node last;
     for (AtomSequence::Place place = atoms.At(range_->Start()); !atoms.IsEnd(place) && place.start < range_->End();

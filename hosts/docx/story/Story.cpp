@@ -27,6 +27,7 @@ Story::Story(std::shared_ptr<XmlPart> part, int type, const std::vector<pugi::xm
     : part_(std::move(part)), type_(type) {
   StoryBuilder builder(*part_, atoms_, apart_);
   for (const pugi::xml_node container : containers) builder.AddBlocks(container);
+  hasRevisions_ = builder.HasRevisions();
 }
 
 Story::~Story() {

@@ -49,6 +49,8 @@ class Story {
   XmlPart& Part() const { return *part_; }
   const AtomSequence& Atoms() const { return atoms_; }
   Position Length() const { return atoms_.Length(); }
+  /// Whether anything in it was a tracked insertion, deletion or move when it was read.
+  bool HasRevisions() const { return hasRevisions_; }
   /// One unit a position. @pre 0 <= start <= end <= Length()
   std::u16string Text(Position start, Position end) const;
 
@@ -118,6 +120,7 @@ class Story {
   std::shared_ptr<XmlPart> part_;
   int type_;
   AtomSequence atoms_;
+  bool hasRevisions_{false};
   std::vector<Anchor*> anchors_;
   std::vector<pugi::xml_node> apart_;
   /// Runs that were made for inserted text: nothing is lost when they are joined with a neighbour.

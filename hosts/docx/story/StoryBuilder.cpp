@@ -136,6 +136,7 @@ StoryBuilder::Piece StoryBuilder::ReadRunContent(const XmlPart& part, pugi::xml_
 void StoryBuilder::Add(pugi::xml_node element, AtomKind kind, std::u16string_view text, bool deleted) {
   const Atom atom{element.internal_object(), static_cast<std::uint32_t>(text.size()), kind, deleted};
   const AtomSequence::Place place = atoms_.Append(atom, text);
+  hasRevisions_ = hasRevisions_ || deleted;
   if (text.empty()) return;
   lastIsMark_ = kind == AtomKind::kParagraphMark;
   if (lastIsMark_) lastMark_ = place;
@@ -154,9 +155,12 @@ void StoryBuilder::AddBlocks(pugi::xml_node container, bool deleted) {
       case Tag::kSdt:
         AddBlocks(part_.Child(child, Tag::kSdtContent), deleted);
         break;
-      case Tag::kCustomXml:
       case Tag::kIns:
       case Tag::kMoveTo:
+        hasRevisions_ = true;
+        AddBlocks(child, deleted);
+        break;
+      case Tag::kCustomXml:
         AddBlocks(child, deleted);
         break;
       case Tag::kDel:
@@ -205,9 +209,12 @@ void StoryBuilder::AddTable(pugi::xml_node table, bool deleted) {
       case Tag::kSdt:
         AddTable(part_.Child(child, Tag::kSdtContent), deleted);
         break;
-      case Tag::kCustomXml:
       case Tag::kIns:
       case Tag::kMoveTo:
+        hasRevisions_ = true;
+        AddTable(child, deleted);
+        break;
+      case Tag::kCustomXml:
         AddTable(child, deleted);
         break;
       case Tag::kDel:
@@ -247,13 +254,16 @@ void StoryBuilder::AddInlines(pugi::xml_node parent, bool deleted) {
       case Tag::kR:
         AddRun(child, deleted);
         break;
+      case Tag::kIns:
+      case Tag::kMoveTo:
+        hasRevisions_ = true;
+        AddInlines(child, deleted);
+        break;
       case Tag::kHyperlink:
       case Tag::kSmartTag:
       case Tag::kCustomXml:
       case Tag::kDir:
       case Tag::kBdo:
-      case Tag::kIns:
-      case Tag::kMoveTo:
         AddInlines(child, deleted);
         break;
       case Tag::kDel:

@@ -17,6 +17,8 @@ class StoryBuilder {
   StoryBuilder(const XmlPart& part, AtomSequence& atoms, std::vector<pugi::xml_node>& apart)
       : part_(part), atoms_(atoms), apart_(apart) {}
   void AddBlocks(pugi::xml_node container) { AddBlocks(container, false); }
+  /// Whether a tracked insertion, deletion or move came by.
+  bool HasRevisions() const { return hasRevisions_; }
 
   /// What an element of a run's content contributes; of kind kText with length 0 when nothing.
   struct Piece {
@@ -40,6 +42,7 @@ class StoryBuilder {
   /// The last paragraph mark, which becomes the cell's mark when the cell ends behind it.
   AtomSequence::Place lastMark_;
   bool lastIsMark_{false};
+  bool hasRevisions_{false};
 };
 
 /// The branch of mc:AlternateContent that a reader of today takes; empty when there is none.

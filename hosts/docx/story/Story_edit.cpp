@@ -38,6 +38,14 @@ namespace {
 
 bool IsJoinable(const Atom& atom) { return atom.kind == AtomKind::kText || atom.kind == AtomKind::kCharacter; }
 
+/// Whether an element follows in the same container; white space between elements is nothing.
+bool HasElementBehind(pugi::xml_node node) {
+  do {
+    node = node.next_sibling();
+  } while (node && node.type() != pugi::node_element);
+  return !node.empty();
+}
+
 /// The text of an element of run content that was just made, as an atom.
 Atom MakeAtom(pugi::xml_node element, AtomKind kind, std::size_t length) {
   return {element.internal_object(), static_cast<std::uint32_t>(length), kind, false};
@@ -111,7 +119,7 @@ Story::InsertionPoint Story::PrepareInsertion(Position at) {
   for (pugi::xml_node up = point.after.parent(); up != paragraph; up = up.parent()) {
     const Tag tag = part_->TagOf(up);
     if (tag != Tag::kDel && tag != Tag::kMoveFrom) continue;
-    if (point.after.next_sibling()) DivideContainer(up, point.after);
+    if (HasElementBehind(point.after)) DivideContainer(up, point.after);
     point.after = up;
   }
   point.parent = point.after.parent();
@@ -229,7 +237,7 @@ void Story::InsertParagraphMark(Position at) {
   const pugi::xml_node paragraph = ParagraphOf(point.before);
   // Containers around the place, such as a hyperlink, are divided with the paragraph.
   for (pugi::xml_node up = point.parent; up != paragraph; up = up.parent()) {
-    if (point.after && point.after.next_sibling()) DivideContainer(up, point.after);
+    if (point.after && HasElementBehind(point.after)) DivideContainer(up, point.after);
     point.after = up;
   }
   pugi::xml_node first = paragraph.parent().insert_child_before(paragraph.name(), paragraph);

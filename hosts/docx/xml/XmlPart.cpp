@@ -1,6 +1,8 @@
 #include "hosts/docx/xml/XmlPart.h"
 
+#include <algorithm>
 #include <array>
+#include <functional>
 #include <utility>
 
 #include "hosts/docx/package/Package.h"
@@ -128,13 +130,19 @@ const NamespaceUri* Resolve(std::string_view prefix, pugi::xml_node node) {
   return nullptr;
 }
 
+/// Much faster than find() in XML, where the first letter of any word is everywhere.
+bool Holds(std::string_view text, std::string_view word) {
+  return std::search(text.begin(), text.end(), std::boyer_moore_horspool_searcher(word.begin(), word.end())) !=
+         text.end();
+}
+
 /// Whether namespaces are declared below the root too, which is seldom and costs a walk through everything. May say
 /// yes for nothing.
 bool DeclaresBelowRoot(std::string_view xml) {
   std::size_t root = xml.find('<');
   while (root + 1 < xml.size() && (xml[root + 1] == '?' || xml[root + 1] == '!')) root = xml.find('<', root + 1);
   const std::size_t end = xml.find('>', root);
-  return end != std::string_view::npos && xml.find("xmlns", end) != std::string_view::npos;
+  return end != std::string_view::npos && Holds(xml.substr(end), "xmlns");
 }
 
 /// Visits every element below a node without recursion.
@@ -171,7 +179,9 @@ XmlPart::XmlPart(std::string name, std::string bytes)
     : name_(std::move(name)), bytes_(ToUtf8(std::move(bytes), name_)) {
   CheckXml(bytes_, name_);
   afterDeclaration_ = BlanksAfterDeclaration(bytes_);
+  // Parsing in place spoils the bytes, and a look at them is far cheaper than a walk through the elements.
   const bool declaresBelowRoot = DeclaresBelowRoot(bytes_);
+  hasTextBoxes_ = Holds(bytes_, "txbxContent");
   constexpr unsigned kFlags = (pugi::parse_full | pugi::parse_ws_pcdata) & ~pugi::parse_doctype;
   const pugi::xml_parse_result result =
       document_.load_buffer_inplace(bytes_.data(), bytes_.size(), kFlags, pugi::encoding_utf8);
@@ -273,6 +283,13 @@ void XmlPart::SetAttribute(pugi::xml_node node, const char* local, const char* v
 
 namespace {
 
+bool IsUtf8(std::string_view encoding) {
+  constexpr std::string_view kUtf8 = "utf-8";
+  return std::equal(encoding.begin(), encoding.end(), kUtf8.begin(), kUtf8.end(), [](char given, char known) {
+    return (given >= 'A' && given <= 'Z' ? given - 'A' + 'a' : given) == known;
+  });
+}
+
 struct SinkWriter : pugi::xml_writer {
   explicit SinkWriter(const TextSink& to) : sink(to) {}
   void write(const void* data, std::size_t size) override { sink({static_cast<const char*>(data), size}); }
@@ -282,16 +299,20 @@ struct SinkWriter : pugi::xml_writer {
 }  // namespace
 
 void XmlPart::Write(const TextSink& sink) const {
-  // The declaration is written anew: the text is UTF-8 now, whatever it was.
-  std::string declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"";
-  const pugi::xml_node given = document_.first_child();
-  if (given.type() == pugi::node_declaration && given.attribute("standalone")) {
-    declaration += std::string(" standalone=\"") + given.attribute("standalone").value() + "\"";
-  }
-  sink(declaration + "?>" + afterDeclaration_);
   SinkWriter writer(sink);
   for (const pugi::xml_node node : document_.children()) {
-    if (node.type() != pugi::node_declaration) node.print(writer, "", pugi::format_raw, pugi::encoding_utf8);
+    if (node.type() != pugi::node_declaration) {
+      node.print(writer, "", pugi::format_raw, pugi::encoding_utf8);
+      continue;
+    }
+    // The text is UTF-8 now, whatever it was.
+    sink("<?xml");
+    for (const pugi::xml_attribute attribute : node.attributes()) {
+      const bool encoding = std::string_view(attribute.name()) == "encoding";
+      const std::string value = encoding && !IsUtf8(attribute.value()) ? "UTF-8" : attribute.value();
+      sink(std::string(" ") + attribute.name() + "=\"" + value + "\"");
+    }
+    sink("?>" + afterDeclaration_);
   }
 }
 

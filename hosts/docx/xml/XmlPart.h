@@ -25,6 +25,9 @@ class XmlPart {
   pugi::xml_node Root() const { return document_.document_element(); }
   bool Strict() const { return strict_; }
 
+  /// Whether there was a text box in it when it was read. May say yes for nothing.
+  bool HasTextBoxes() const { return hasTextBoxes_; }
+
   Tag TagOf(pugi::xml_node node) const;
   bool Is(pugi::xml_node node, Tag tag) const { return TagOf(node) == tag; }
   /// The first child with that tag; an empty node when there is none.
@@ -65,6 +68,7 @@ class XmlPart {
   pugi::xml_document document_;
   std::string prefix_;  // of WordprocessingML, with its colon; empty for the default namespace
   bool strict_{false};
+  bool hasTextBoxes_{false};
   bool scoped_{false};  // a prefix means different things in different places
   bool changed_{false};
   /// Element names are short and few: length and two characters tell most of them apart.
