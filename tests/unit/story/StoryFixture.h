@@ -14,13 +14,13 @@ class StoryFixture {
  public:
   explicit StoryFixture(const std::string& body, const std::string& rootAttributes = {})
       : part(std::make_shared<docx::XmlPart>("document.xml", Wrap(body, rootAttributes))),
-        before(Body()),
-        story(std::make_unique<docx::Story>(part, 1, std::vector{Node()})) {}
+        story(std::make_unique<docx::Story>(part, 1, std::vector{Node()})),
+        before(Body()) {}
 
   std::string Text() const { return docx::ToUtf8(story->Text(0, story->Length())); }
   /// The body's content as it would be written now.
   std::string Body() const {
-    if (story) story->DropApartMarks();
+    story->DropApartMarks();
     const std::string xml = part->Serialize();
     const std::size_t from = xml.find("<w:body>") + 8;
     return xml.substr(from, xml.find("</w:body>") - from);
@@ -48,8 +48,8 @@ class StoryFixture {
   }
 
   std::shared_ptr<docx::XmlPart> part;
-  std::string before;
   std::unique_ptr<docx::Story> story;
+  std::string before;
 
  private:
   static std::string Wrap(const std::string& body, const std::string& rootAttributes) {
