@@ -115,11 +115,15 @@ Story::InsertionPoint Story::PrepareInsertion(Position at) {
     return point;
   }
   point.after = previous.InRun() ? previous.Node().parent() : previous.Node();
-  // What is inserted behind deleted text is no part of the deletion.
+  // What is inserted behind deleted text is no part of the deletion, and behind the last of a container not in it.
   for (pugi::xml_node up = point.after.parent(); up != paragraph; up = up.parent()) {
     const Tag tag = part_->TagOf(up);
-    if (tag != Tag::kDel && tag != Tag::kMoveFrom) continue;
-    if (HasElementBehind(point.after)) DivideContainer(up, point.after);
+    // The end mark of a simple field stands behind its content; what stands beside a branch is only another branch.
+    if (tag == Tag::kFldSimple) break;
+    if (tag != Tag::kAlternateContent && HasElementBehind(point.after)) {
+      if (tag != Tag::kDel && tag != Tag::kMoveFrom) break;
+      DivideContainer(up, point.after);
+    }
     point.after = up;
   }
   point.parent = point.after.parent();

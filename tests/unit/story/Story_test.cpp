@@ -176,6 +176,30 @@ TEST(Story, WhatIsInsertedBehindADeletionIsNoPartOfIt) {
   f.ExpectFresh();
 }
 
+TEST(Story, WhatIsInsertedBehindTheLastOfAHyperlinkIsNoPartOfIt) {
+  StoryFixture f(P("<w:hyperlink>" + R("link") + "</w:hyperlink>" + R("b")));
+  f.story->InsertText(4, u"N");
+  EXPECT_EQ(f.Body(), P("<w:hyperlink>" + R("link") + "</w:hyperlink>" + R("N") + R("b")));
+  f.ExpectFresh();
+}
+
+TEST(Story, WhatIsInsertedBehindTheLastOfASimpleFieldStaysBeforeItsEnd) {
+  StoryFixture f(P("<w:fldSimple w:instr=\"PAGE\">" + R("3") + "</w:fldSimple>"));
+  f.story->InsertText(7, u"N");
+  EXPECT_EQ(f.Text(),
+            "\x13PAGE\x14"
+            "3N\x15\r");
+  f.ExpectFresh();
+}
+
+TEST(Story, AParagraphMarkAtTheEndOfAControlLeavesTheControlWhole) {
+  StoryFixture f(P("<w:sdt><w:sdtContent>" + R("in") + "\n</w:sdtContent></w:sdt>"));
+  f.story->InsertText(2, u"\r");
+  f.ExpectFresh();
+  f.story->Erase(2, 3);
+  EXPECT_EQ(f.Body(), f.before);
+}
+
 TEST(Story, ABookmarkGoesWithItsWholeText) {
   StoryFixture f(
       P(R("ab") + "<w:bookmarkStart w:id=\"1\" w:name=\"B\"/>" + R("cd") + "<w:bookmarkEnd w:id=\"1\"/>" + R("ef")));
