@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -74,17 +76,24 @@ void MakeContinuous(XmlPart& part, pugi::xml_node section) {
   part.SetAttribute(InsertOrdered(part, section, "type"), "val", "continuous");
 }
 
-/// States what a copy would leave out although the schema asks for it.
-void CompleteMargins(XmlPart& part, pugi::xml_node section) {
+/// Makes a copy's page set-up one that the schema takes, as Word reads it anyway: what it asks for is there, and
+/// measures are whole.
+void CompletePageSetup(XmlPart& part, pugi::xml_node section) {
   pugi::xml_node margins = section.child(part.Name("pgMar"));
-  if (!margins) return;
-  for (const char* local : {"top", "right", "bottom", "left"}) {
-    if (!part.Attribute(margins, local)) part.SetAttribute(margins, local, "1440");
+  if (margins) {
+    for (const char* local : {"top", "right", "bottom", "left"}) {
+      if (!part.Attribute(margins, local)) part.SetAttribute(margins, local, "1440");
+    }
+    for (const char* local : {"header", "footer"}) {
+      if (!part.Attribute(margins, local)) part.SetAttribute(margins, local, "720");
+    }
+    if (!part.Attribute(margins, "gutter")) part.SetAttribute(margins, "gutter", "0");
   }
-  for (const char* local : {"header", "footer"}) {
-    if (!part.Attribute(margins, local)) part.SetAttribute(margins, local, "720");
+  for (const pugi::xml_node node : {margins, section.child(part.Name("pgSz"))}) {
+    for (pugi::xml_attribute attribute : node.attributes()) {
+      if (std::strchr(attribute.value(), '.') != nullptr) attribute.set_value(std::lround(attribute.as_double()));
+    }
   }
-  if (!part.Attribute(margins, "gutter")) part.SetAttribute(margins, "gutter", "0");
 }
 
 /// Where section properties belong among a paragraph's properties: in front of this, or at the end without it.
@@ -140,7 +149,7 @@ void EncloseInSection(Story& main, Position firstMark, Position secondMark, int 
   around = original.parent().insert_copy_after(original, original);
   MoveInto(part, main.ParagraphAt(firstMark), original);
   MakeContinuous(part, around);
-  CompleteMargins(part, around);
+  CompletePageSetup(part, around);
   pugi::xml_node own = CopyInto(part, main.ParagraphAt(secondMark), around);
   pugi::xml_node cols = InsertOrdered(part, own, "cols");
   while (cols.first_child()) cols.remove_child(cols.first_child());
