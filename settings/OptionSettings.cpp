@@ -4,17 +4,19 @@
 #include "platform/AnsiText.h"
 #include "settings/Defaults.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <exception>
+#include <limits>
 #include <optional>
 #include <string>
+#include <system_error>
 
 namespace {
 
 constexpr std::u16string_view kTabMarker = u"{TAB}";
 constexpr int kQuoteCodes[] = {147, 148, 132, 171, 187};
-/// The largest 16-bit number; a code beyond it cannot be meant.
-constexpr double kLargestCode = 32767;
 
 /// While it lives, option controls raise no rules of their dialog.
 class SuppressEvents {
@@ -39,28 +41,25 @@ std::u16string Digits(int number) {
   return {digits.begin(), digits.end()};
 }
 
-/// Decimal text as a whole number, halves to the even one.
+/// A decimal number, with or without sign, fraction and exponent, as a whole one: halves to the even one, and what is
+/// too large or too small to the last one there is.
 std::optional<int> WholeNumber(std::u16string_view text) {
-  std::size_t i = 0;
-  double sign = 1;
-  if (i < text.size() && (text[i] == u'-' || text[i] == u'+')) sign = text[i++] == u'-' ? -1 : 1;
+  constexpr double kLeast = std::numeric_limits<int>::min();
+  constexpr double kMost = std::numeric_limits<int>::max();
+  if (text.find_first_not_of(u"0123456789+-.eE") != std::u16string_view::npos) return std::nullopt;
+  if (text.starts_with(u"+") && !text.starts_with(u"+-")) text.remove_prefix(1);
+  const std::string digits(text.begin(), text.end());
+  const char* end = digits.data() + digits.size();
   double value = 0;
-  double place = 0;
-  bool digits = false;
-  for (; i < text.size(); ++i) {
-    if (text[i] == u'.' && place == 0) {
-      place = 1;
-    } else if (text[i] >= u'0' && text[i] <= u'9') {
-      digits = true;
-      value = value * 10 + (text[i] - u'0');
-      place *= 10;
-    } else {
-      return std::nullopt;
-    }
+  const auto [last, error] = std::from_chars(digits.data(), end, value);
+  if (last != end || error == std::errc::invalid_argument) return std::nullopt;
+  if (error == std::errc::result_out_of_range) {
+    // Too close to nothing, or beyond every whole number; the value does not tell.
+    const std::size_t exponent = digits.find_first_of("eE");
+    const bool tiny = exponent != std::string::npos && digits.at(exponent + 1) == '-';
+    value = tiny ? 0 : digits.front() == '-' ? kLeast : kMost;
   }
-  value = sign * std::nearbyint(place > 1 ? value / place : value);
-  if (!digits || std::abs(value) > kLargestCode) return std::nullopt;
-  return static_cast<int>(value);
+  return static_cast<int>(std::clamp(std::nearbyint(value), kLeast, kMost));
 }
 
 void WriteDefaults(modIniFile& ini, os::Messages& messages) {

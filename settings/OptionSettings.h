@@ -15,8 +15,8 @@ bool LoadSettingsIntoDialog(modIniFile& ini, os::Messages& messages, const Optio
 /// Writes what the controls show. An error is shown and ends it; what was written before stays.
 void SaveOptionsToIni(modIniFile& ini, os::Messages& messages, const OptionControls& options);
 
-/// A quote code as the settings keep it. What is no whole number of a sensible size reads as the default, which is
-/// then written back.
+/// A quote code as the settings keep it: any decimal number, which need not be the code of a quote, rounded to a whole
+/// one and brought into the range of int. What is no number reads as the default, which is then written back.
 /// @param key "OpenQuote" or "CloseQuote"
 int ReadQuoteCode(modIniFile& ini, std::u16string_view key, std::u16string_view defaultCode);
 

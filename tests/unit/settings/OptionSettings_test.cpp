@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
+
 #include "settings/Defaults.h"
 #include "tests/fakes/FakeFormHost.h"
 #include "tests/fakes/FakeServices.h"
@@ -35,7 +37,28 @@ TEST_F(OptionSettings, WithoutAFileEveryKeyIsWrittenWithItsDefaultInOrder) {
                                          u"IndexAllCaps", u"OpenQuote", u"CloseQuote", u"IndexCols", u"IndexSep",
                                          u"IncludeNotUsed", u"IncludeNotFound", u"ShowFormatReminder",
                                          u"ShowSearchChooser", u"ShowHelp", u"IndexWhat"}));
-  EXPECT_EQ(profile[u"IndexSep"], u"\":  {TAB}\"");
+}
+
+TEST_F(OptionSettings, WithoutAFileEachKeyGetsItsFactoryDefault) {
+  ASSERT_TRUE(Load());
+  const std::pair<std::u16string_view, std::u16string_view> defaults[] = {{u"SearchType", u"SearchFlagged"},
+                                                                          {u"Bold", u"False"},
+                                                                          {u"Highlight", u"True"},
+                                                                          {u"IgnoreWordsWithNums", u"True"},
+                                                                          {u"CaseSensitive", u"True"},
+                                                                          {u"IndexAllCaps", u"True"},
+                                                                          {u"OpenQuote", u"147"},
+                                                                          {u"CloseQuote", u"148"},
+                                                                          {u"IndexCols", u"2"},
+                                                                          {u"IndexSep", u"\":  {TAB}\""},
+                                                                          {u"IncludeNotUsed", u"True"},
+                                                                          {u"IncludeNotFound", u"True"},
+                                                                          {u"ShowFormatReminder", u"True"},
+                                                                          {u"ShowSearchChooser", u"True"},
+                                                                          {u"ShowHelp", u"True"},
+                                                                          {u"IndexWhat", u"IndexAll"}};
+  EXPECT_EQ(profile.values.size(), std::size(defaults));
+  for (const auto& [key, value] : defaults) EXPECT_EQ(profile[key], value) << fakes::Plain(key);
 }
 
 TEST_F(OptionSettings, WithoutAFileTheDialogShowsTheDefaults) {
@@ -150,23 +173,36 @@ TEST_F(OptionSettings, AQuoteThatIsNoNumberBecomesTheDefaultInTheFileToo) {
   EXPECT_EQ(form.cmbOpenQuote.ItemData(form.cmbOpenQuote.ListIndex()), 147);
 }
 
-TEST_F(OptionSettings, QuoteCodesAreWholeNumbersAsDecimalText) {
-  const std::pair<std::u16string_view, int> cases[] = {{u"171", 171},  {u"34", 34},    {u"147.4", 147}, {u"146.5", 146},
-                                                       {u"+187", 187}, {u"-1", -1},    {u"1.2.3", 147}, {u".", 147},
-                                                       {u"12a", 147},  {u"99999", 147}};
+TEST_F(OptionSettings, QuoteCodesAreNumbersAsDecimalText) {
+  const std::pair<std::u16string_view, int> cases[] = {
+      {u"171", 171},  {u"34", 34},         {u"147.4", 147},      {u"146.5", 146},          {u".5e1", 5},
+      {u"+187", 187}, {u"-1", -1},         {u"99999", 99999},    {u"4294967296", INT_MAX}, {u"-4294967296", INT_MIN},
+      {u"1e3", 1000}, {u"1e999", INT_MAX}, {u"-1e999", INT_MIN}, {u"1e-999", 0},           {u"2147483647", INT_MAX}};
   for (const auto& [text, code] : cases) {
     Keep(u"OpenQuote", text);
     EXPECT_EQ(ReadQuoteCode(ini, u"OpenQuote", u"147"), code) << fakes::Plain(text);
+    EXPECT_EQ(profile[u"OpenQuote"], text);
+  }
+}
+
+TEST_F(OptionSettings, WhatIsNoNumberIsNoQuoteCode) {
+  for (const std::u16string_view text : {u"1.2.3", u".", u"12a", u"", u"-", u"+-1", u"e3", u"1e", u"inf", u"nan"}) {
+    Keep(u"OpenQuote", text);
+    EXPECT_EQ(ReadQuoteCode(ini, u"OpenQuote", u"147"), 147) << fakes::Plain(text);
+    EXPECT_EQ(profile[u"OpenQuote"], u"147");
   }
 }
 
 TEST_F(OptionSettings, AQuoteThatIsNotOfferedLeavesTheFirstChoices) {
-  Keep(u"OpenQuote", u"34");
-  Keep(u"CloseQuote", u"34");
-  ASSERT_TRUE(Load());
-  EXPECT_EQ(form.cmbOpenQuote.ListIndex(), 0);
-  EXPECT_EQ(form.cmbCloseQuote.ListIndex(), 1);
-  EXPECT_EQ(profile[u"OpenQuote"], u"34");
+  for (const std::u16string_view code : {u"34", u"99999", u"1e30"}) {
+    Keep(u"OpenQuote", code);
+    Keep(u"CloseQuote", code);
+    ASSERT_TRUE(Load());
+    EXPECT_EQ(form.cmbOpenQuote.ListIndex(), 0);
+    EXPECT_EQ(form.cmbCloseQuote.ListIndex(), 1);
+    EXPECT_EQ(profile[u"OpenQuote"], code);
+    EXPECT_EQ(profile[u"CloseQuote"], code);
+  }
 }
 
 TEST_F(OptionSettings, WhatFollowsTheTabMarkerIsLost) {
