@@ -53,10 +53,17 @@ TEST_F(TermList, WithoutQuotesTheLabelSaysSo) {
   word.stories = {{1, u"plain\r", {}}};
   ASSERT_TRUE(Build());
   EXPECT_FALSE(AnyFound(terms));
-  const std::u16string& label = form.lblTermsInDoc.Caption();
-  EXPECT_EQ(label.find(u"No defined terms were found in this document.  Defined terms must be enclosed in double"), 0u);
-  EXPECT_NE(label.find(u"in the Options section below.\r\nIf the defined terms"), std::u16string::npos);
-  EXPECT_NE(label.find(u"they won't be listed.\r\nYou can type a list"), std::u16string::npos);
+  EXPECT_EQ(form.lblTermsInDoc.Caption(),
+            u"No defined terms were found in this document.  Defined terms must be enclosed in double quotes where "
+            u"they are defined to be recognized - they will be indexed no matter how they are formatted.  Choose the "
+            u"style of open and close quotes in your document in the Options section below.\r\n"
+            u"If the defined terms in your document are in double quotes, check the search options panel below to see "
+            u"whether 'Defined terms in bold' is ticked - untick it, click 'Find terms and refresh list' and they "
+            u"should be listed. If the defined terms in your document aren't bold and that option is ticked, they "
+            u"won't be listed.\r\n"
+            u"You can type a list of terms to index in the 'Add terms for indexing' section below, or click Cancel, "
+            u"and make sure that your defined terms are enclosed in double quotation marks where they are defined so "
+            u"that they can be recognized.");
 }
 
 TEST_F(TermList, AnErrorIsShownAndLeavesTheTermsAlone) {
