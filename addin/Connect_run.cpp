@@ -63,7 +63,6 @@ bool Connect::Run() {
   run_.ActiveIndexDocument = LookUpActiveDocument();
   run_.viewType = TypedView(run_.ActiveIndexDocument)->Type();
   if (!HasIndex(run_.ActiveIndexDocument) && !CursorMayTakeIndex()) return false;
-  RequireTermMarker();
   ReadWordState();
   if (!ShowOptionsDialog()) return false;
 
@@ -158,6 +157,8 @@ void Connect::MarkPlaces() {
 }
 
 bool Connect::Search(frmKVX_COM& dialog) {
+  // Without a search, too, the terms dialog and the clean-up after it need the companion.
+  RequireTermMarker();
   const std::u16string searchType = ini_.ReadIniValue(kDefaultsSection, u"SearchType");
   if (searchType != u"SearchFlagged" && searchType != u"SearchInitCaps") return true;
   const bool quotedTerms = searchType == u"SearchFlagged";
@@ -281,8 +282,8 @@ void Connect::LeaveEarly() {
     wordApp_->ScreenRefresh();
   });
   TrapErrors(host_.messages, kRunTitle, [&] {
-    if (run_.OptionsAccepted) DeleteBookmark(document, kIndexStartBookmark);
-    // One that an interrupted run left is no place to return to.
+    // Those that an interrupted run left go too; they are no place to return to.
+    DeleteBookmark(document, kIndexStartBookmark);
     if (!run_.returnMarked) DeleteBookmark(document, kReturnBookmark);
     ReturnToMark(document);
   });

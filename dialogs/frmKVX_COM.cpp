@@ -112,7 +112,7 @@ void frmKVX_COM::cmdOK_Click() {
   if (!txtAddTerm.Text().empty()) OfferPendingTerm();
   if (lstTermsInDoc.ListCount() == 0 && lstAddTerms.ListCount() == 0) return;
   if (!AnyTermSelected()) {
-    hostServices_.messages.Show(u"Nothing selected", u"No terms were selected for indexing.", os::Icon::kExclamation,
+    hostServices_.messages.Show(u"Nothing selected", u"No terms were selected for indexing.", os::Icon::kNone,
                                 os::Buttons::kOk);
     return;
   }

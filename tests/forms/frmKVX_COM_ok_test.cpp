@@ -85,6 +85,7 @@ TEST_F(TermsDialogEnd, TermsWithoutOneSelectedKeepTheDialogOpen) {
       StepsInTerms({u"Buyer"}, R"({"click":"cmdDeselectAllTermsInDoc"},{"click":"cmdOK"},{"click":"cmdCancel"})",
                    R"({"message":"Nothing selected","press":"OK"})");
   EXPECT_EQ(shown.at(0).text, u"No terms were selected for indexing.");
+  EXPECT_EQ(shown.at(0).icon, os::Icon::kNone);
   EXPECT_EQ(Marked(), "");
   EXPECT_EQ(dialog.Tag(), u"Cancel");
 }

@@ -57,6 +57,10 @@ class IndexerRun : public testing::Test {
     host.profile.Write(u"Defaults", key, value, kIni);
   }
   void HaveIndexAt(fakes::Place place) { host.word.bookmarks[u"DefinedTermsIndex"] = place; }
+  /// The index goes where no cursor and no bookmark of the run stands.
+  void InsertIndexBehindTheCursor() {
+    host.onInsertIndex = [this](const word::DocumentPtr&) { HaveIndexAt({0, 12, 14}); };
+  }
   bool Has(std::u16string_view bookmark) { return host.word.bookmarks.count(std::u16string(bookmark)) != 0; }
   void ExpectCursorAt(word::Position start) {
     EXPECT_EQ(host.word.selection.start, start);
@@ -115,11 +119,14 @@ TEST_F(IndexerRun, WithAnIndexTheCursorMayStandInATableOrANote) {
   HaveIndexAt({0, 10, 12});
   host.word.tables = 1;
   host.word.selection = {1, 2, 2};
+  InsertIndexBehindTheCursor();
   AcceptOptions();
   AcceptTerms();
   Run();
   EXPECT_TRUE(host.log.Contains("Bookmarks.Add IndexBKStart 1:10-10"));
   EXPECT_EQ(host.log.CountBeginning("InsertIndex"), 1);
+  EXPECT_EQ(host.word.selection.story, 0u);
+  ExpectCursorAt(12);
 }
 
 TEST_F(IndexerRun, CancelledOptionsLeaveNoBookmarkAndTheCursorWhereItWas) {
@@ -139,6 +146,16 @@ TEST_F(IndexerRun, CancelledOptionsDoNotReturnToAMarkThatAnInterruptedRunLeft) {
   Run();
   EXPECT_FALSE(Has(u"ReturnHereBK"));
   EXPECT_EQ(host.word.selection.start, 4);
+}
+
+TEST_F(IndexerRun, CancelledOptionsLeaveNoBookmarkOfAnInterruptedRun) {
+  host.word.bookmarks[u"ReturnHereBK"] = {0, 1, 1};
+  host.word.bookmarks[u"IndexBKStart"] = {0, 2, 2};
+  CancelOptions();
+  Run();
+  EXPECT_TRUE(host.word.bookmarks.empty());
+  EXPECT_EQ(host.word.selection.start, 4);
+  EXPECT_EQ(host.word.selection.end, 9);
 }
 
 TEST_F(IndexerRun, ClosingTheOptionsByTheirCloseBoxCancels) {
@@ -170,6 +187,7 @@ TEST_F(IndexerRun, AWholeRunMakesItsCallsInTheirOrder) {
   host.found = [](std::u16string_view, int) { return 1; };
   Set(u"IndexAllCaps", u"False");
   host.word.showAll = false;
+  InsertIndexBehindTheCursor();
   Run();
   const Calls expected = {
       "show frmKVXOptions",
@@ -248,7 +266,7 @@ TEST_F(IndexerRun, AWholeRunMakesItsCallsInTheirOrder) {
       "Pane.View.Type = 6",
   };
   EXPECT_EQ(host.log.calls, expected);
-  ExpectCursorAt(4);
+  ExpectCursorAt(12);
 }
 
 TEST_F(IndexerRun, WithoutHighlightTheHighlightsAreTakenAwayAfterMarking) {
@@ -461,6 +479,7 @@ TEST_F(IndexerRun, WithNothingSelectedTheTermsDialogStays) {
   Run();
   EXPECT_EQ(host.messages.shown.at(0).text, u"No terms were selected for indexing.");
   EXPECT_EQ(host.messages.shown.at(0).buttons, os::Buttons::kOk);
+  EXPECT_EQ(host.messages.shown.at(0).icon, os::Icon::kNone);
   EXPECT_EQ(host.log.Count("BeginIndexing"), 0);
 }
 

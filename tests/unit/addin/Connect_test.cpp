@@ -100,12 +100,35 @@ TEST_F(AddIn, LoadedLaterItMakesTheCompanionForItsFirstRun) {
   EXPECT_EQ(host.markersMade, 1);
 }
 
-TEST_F(AddIn, ARunInASecondWordProcessIsRefusedBeforeAnythingChanges) {
+TEST_F(AddIn, ARunInASecondWordProcessGoesAsFarAsItsSearch) {
   host.processes.names = {u"C:\\Office\\WINWORD.EXE", u"C:\\Office\\WINWORD.EXE"};
   Start();
+  host.forms.On("frmKVXOptions", [](fakes::FormDriver& d) { d.Click("cmdOK"); });
   host.messages.Expect(u"Find and index");
   connect.ShowKVXForm();
   EXPECT_EQ(host.messages.shown.at(0).text, u"Error: 91 Object variable or With block variable not set");
   EXPECT_EQ(host.markersMade, 0);
+  EXPECT_EQ(host.log.CountBeginning("Options."), 0);
+  EXPECT_EQ(host.log.Count("show frmKVX_COM"), 0);
+  EXPECT_TRUE(host.word.bookmarks.empty());
+}
+
+TEST_F(AddIn, InASecondWordProcessTheOptionsCanBeCancelled) {
+  host.processes.names = {u"C:\\Office\\WINWORD.EXE", u"C:\\Office\\WINWORD.EXE"};
+  Start();
+  host.forms.On("frmKVXOptions", [](fakes::FormDriver& d) { d.Click("cmdCancel"); });
+  connect.ShowKVXForm();
+  EXPECT_TRUE(host.messages.shown.empty());
+  EXPECT_EQ(host.markersMade, 0);
+}
+
+TEST_F(AddIn, InASecondWordProcessATermsDialogWithoutASearchIsNotShownEither) {
+  host.processes.names = {u"C:\\Office\\WINWORD.EXE", u"C:\\Office\\WINWORD.EXE"};
+  Start();
+  host.profile.Write(u"Defaults", u"SearchType", u"Anything", u"C:\\Data\\Brantholt\\Kelvarin\\kvx.ini");
+  host.forms.On("frmKVXOptions", [](fakes::FormDriver& d) { d.Click("cmdOK"); });
+  host.messages.Expect(u"Find and index");
+  connect.ShowKVXForm();
+  EXPECT_EQ(host.log.Count("show frmKVX_COM"), 0);
   EXPECT_TRUE(host.word.bookmarks.empty());
 }
