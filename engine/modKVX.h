@@ -68,9 +68,6 @@ class modKVX {
   bool RunIndexing(const word::ApplicationPtr& application, const word::DocumentPtr& document,
                    const std::vector<std::u16string>& chosen, IndexingDialog& dialog, const IndexingOptions& options);
 
-  /// What the last run found, as TermMarker::GetUnusedAndMissing tells it; empty before the first.
-  const std::vector<std::u16string>& UnusedAndMissing() const { return unusedAndMissing_; }
-
   /// Marks every term of the table in one story.
   /// @param storyType 1, 2 or 3
   /// @return the table with its counts raised
@@ -91,5 +88,4 @@ class modKVX {
   clsProgForm& progress_;
   os::Characters& characters_;
   os::Messages& messages_;
-  std::vector<std::u16string> unusedAndMissing_;
 };

@@ -56,7 +56,8 @@ void modKVX::Index(const word::ApplicationPtr& application, const word::Document
     }
   }
 
-  unusedAndMissing_ = marker_.GetUnusedAndMissing(table);
+  // No list is made of it here; who observes the marker reports it.
+  marker_.GetUnusedAndMissing(table);
   dialog.IndexInsertOrUpdate(application, document, false);
 
   if (document->Bookmarks()->Exists(kIndexBookmark)) {

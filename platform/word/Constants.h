@@ -13,7 +13,7 @@ enum WdStoryType : int {
 
 enum WdCollapseDirection : int { wdCollapseEnd = 0, wdCollapseStart = 1 };
 
-enum WdUnits : int { wdCharacter = 1, wdParagraph = 4, wdStory = 6 };
+enum WdUnits : int { wdParagraph = 4, wdStory = 6 };
 
 enum WdGoToItem : int { wdGoToBookmark = -1, wdGoToPage = 1 };
 enum WdGoToDirection : int { wdGoToFirst = 1 };

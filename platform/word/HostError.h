@@ -9,14 +9,12 @@ namespace word {
 /// The numbers a host raises. Where Word has a number for the case, it is Word's.
 enum ErrorNumber : int {
   kOutOfMemory = 7,
-  kSubscriptOutOfRange = 9,
   kPathNotFound = 76,
   kObjectNotSet = 91,
   kCommandFailed = 4198,
   kNoDocumentOpen = 4248,
   kMethodNotAvailable = 4605,  ///< also for a change to a protected document
   kBookmarkDoesNotExist = 5101,
-  kFileNotFound = 5174,
   kCannotSaveFile = 5155,
   kBadPattern = 5560,
   kObjectDeleted = 5825,
