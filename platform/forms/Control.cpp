@@ -324,6 +324,14 @@ bool ListBox::UserClickItem(int index) {
   return true;
 }
 
+void ListBox::TakeKey(char16_t character) {
+  if (character != u' ') {
+    Control::TakeKey(character);
+  } else if (Contains(ListCount(), listIndex_)) {
+    SetSelected(listIndex_, !Selected(listIndex_));
+  }
+}
+
 void TextBox::SetText(std::u16string_view value) {
   if (text_ == value) return;
   text_ = value;

@@ -279,6 +279,10 @@ class ListBox : public Control {
   /// A click on an entry makes it current and turns its selection over.
   bool UserClickItem(int index);
 
+ protected:
+  /// A blank turns the current entry's selection over.
+  void TakeKey(char16_t character) override;
+
  private:
   std::vector<ListItem> items_;
   int listIndex_{-1};

@@ -160,6 +160,31 @@ TEST(ListBox, AClickOnAnEntryMakesItCurrentAndTurnsItsSelectionOver) {
   EXPECT_FALSE(sample.form.lstItems.UserClickItem(3));
 }
 
+TEST(ListBox, ABlankTurnsTheCurrentEntrysSelectionOver) {
+  ShownSample sample;
+  for (const char16_t* text : {u"a", u"b", u"c"}) sample.form.lstItems.AddItem(text);
+  sample.form.lstItems.SetListIndex(1);
+  sample.form.lstItems.SetFocus();
+  sample.form.Take();
+  EXPECT_TRUE(sample.form.lstItems.UserKey(u' '));
+  EXPECT_TRUE(sample.form.lstItems.Selected(1));
+  EXPECT_EQ(sample.form.lstItems.SelCount(), 1);
+  EXPECT_EQ(sample.form.lstItems.ListIndex(), 1);
+  EXPECT_EQ(sample.form.Take(), "click lstItems");
+  EXPECT_TRUE(sample.form.lstItems.UserKey(u' '));
+  EXPECT_EQ(sample.form.lstItems.SelCount(), 0);
+}
+
+TEST(ListBox, WithoutACurrentEntryABlankDoesNothing) {
+  ShownSample sample;
+  sample.form.lstItems.AddItem(u"a");
+  sample.form.lstItems.SetFocus();
+  sample.form.Take();
+  EXPECT_TRUE(sample.form.lstItems.UserKey(u' '));
+  EXPECT_EQ(sample.form.lstItems.SelCount(), 0);
+  EXPECT_EQ(sample.form.Take(), "");
+}
+
 TEST(ListBox, RemovingEntriesKeepsTheCurrentOneOrLeavesNone) {
   ShownSample sample;
   for (const char16_t* text : {u"a", u"b", u"c"}) sample.form.lstItems.AddItem(text);
