@@ -70,6 +70,7 @@ class Writer {
     if (form_.DefaultButton() == &control) text_ += u" default";
     if (form_.CancelButton() == &control) text_ += u" cancel";
     if (!control.Caption().empty()) text_ += u' ' + Quoted(control.Caption());
+    if (!control.ToolTip().empty()) text_ += u" tip " + Quoted(control.ToolTip());
     text_ += u'\n';
     WriteEntries(control, depth + 1);
   }

@@ -9,7 +9,7 @@ namespace forms {
 /// A loaded form as text, for tests of forms and of what renders them: its name and caption, then one line a control in
 /// layout order, such as
 ///
-///   CheckBox chkIndexCaps=1 disabled "Treat full caps as upper&/lower"
+///   CheckBox chkCaseSensitive=1 disabled "Case sens&itive" tip "Search and mark exact matches only"
 ///
 /// indented below its frame, with the entries of lists and combo boxes below it ("*" before those selected or chosen).
 /// Controls that the layout does not place come last. Lines end in LF.

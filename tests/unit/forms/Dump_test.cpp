@@ -13,6 +13,8 @@ TEST(Dump, OneLineAControlInLayoutOrderWithEntriesBelow) {
   sample.form.txtName.SetText(u"Buyer");
   sample.form.chkBox.SetValue(1);
   sample.form.chkBox.SetEnabled(false);
+  sample.form.chkBox.SetToolTip(u"Tick it");
+  sample.form.txtFixed.SetToolTip(u"Read only");
   sample.form.optKind[1].SetValue(true);
   sample.form.cmbCode.AddItem(u"first");
   sample.form.cmbCode.AddItem(u"second");
@@ -25,10 +27,10 @@ TEST(Dump, OneLineAControlInLayoutOrderWithEntriesBelow) {
             "SampleForm \"Sample\"\n"
             "Frame fraOuter\n"
             "  TextBox txtName=\"Buyer\"\n"
-            "  CheckBox chkBox=1 disabled \"&Box\"\n"
+            "  CheckBox chkBox=1 disabled \"&Box\" tip \"Tick it\"\n"
             "  OptionButton optKind(0)=0\n"
             "  OptionButton optKind(1)=1\n"
-            "TextBox txtFixed=\"\"\n"
+            "TextBox txtFixed=\"\" tip \"Read only\"\n"
             "ComboBox cmbCode=1\n"
             "    first\n"
             "  * second\n"
