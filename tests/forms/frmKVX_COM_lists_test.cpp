@@ -85,6 +85,24 @@ TEST_F(TermLists, OfTwoEntriesWithTheSameTextEachSelectedCopyRemovesOne) {
   EXPECT_EQ(Entries(dialog.lstAddTerms), (Texts{u"b", u"*a"}));
 }
 
+TEST_F(TermLists, OfEqualEntriesAsManyGoAsAreSelected) {
+  Answer(R"({"form":"frmKVX_COM","do":[{"click":["lstAddTerms",0]},{"click":["lstAddTerms",2]},
+             {"click":"cmdDeleteTerm"}]},
+            {"message":"Confirm delete","press":"Yes"})");
+  frmKVX_COM& dialog = MakeTerms();
+  for (const char16_t* text : {u"a", u"b", u"a", u"a"}) dialog.lstAddTerms.AddItem(text);
+  ShowToItsEnd(dialog);
+  std::vector<std::u16string> left;
+  for (int i = 0; i < dialog.lstAddTerms.ListCount(); ++i) left.push_back(dialog.lstAddTerms.List(i));
+  EXPECT_EQ(left, (Texts{u"b", u"a"}));
+}
+
+TEST_F(TermLists, ABlankSelectsAndDeselectsTheCurrentTerm) {
+  frmKVX_COM& dialog = StepsInTerms({u"Buyer", u"Seller"}, R"({"click":["lstTermsInDoc",1]},
+                                                              {"key":"lstTermsInDoc","char":" "})");
+  EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*Buyer", u"*Seller"}));
+}
+
 TEST_F(TermLists, SelectAllAndDeselectAllKeepTheCurrentEntry) {
   Answer(R"({"form":"frmKVX_COM","do":[{"click":["lstTermsInDoc",1]},{"click":"cmdDeselectAllTermsInDoc"},
              {"click":"cmdSelectAllAddTerms"}]})");

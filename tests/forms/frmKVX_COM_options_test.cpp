@@ -42,6 +42,16 @@ TEST_F(TermsDialogOptions, ChoosingASearchTypeAppliesItsRuleAndRemindsEveryTime)
   EXPECT_EQ(shown[0].icon, os::Icon::kInformation);
 }
 
+TEST_F(TermsDialogOptions, ChoosingTermsInQuotesBringsTheirOptionsBack) {
+  frmKVX_COM& dialog = StepsInTerms({}, R"({"click":["optSearchType",1]},{"click":["optSearchType",0]})",
+                                    kReminderAnswer + "," + kReminderAnswer);
+  for (const forms::Control* control : std::initializer_list<const forms::Control*>{
+           &dialog.lblOpenQuote, &dialog.cmbOpenQuote, &dialog.lblCloseQuote, &dialog.cmbCloseQuote,
+           &dialog.optIndexWhat[0], &dialog.optIndexWhat[1]}) {
+    EXPECT_TRUE(control->Enabled()) << control->Name();
+  }
+}
+
 TEST_F(TermsDialogOptions, WhileEventsAreSuppressedASearchTypeSetFromCodeDoesNothing) {
   Answer("");
   frmKVX_COM& dialog = MakeTerms();
@@ -109,6 +119,22 @@ TEST_F(TermsDialogOptions, TheCaseRuleHoldsHereToo) {
   EXPECT_EQ(dialog.chkIndexCaps.Value(), 1);
   EXPECT_TRUE(StepsInTerms({}, R"({"set":"chkCaseSensitive","to":0},{"set":"chkCaseSensitive","to":1})")
                   .chkIndexCaps.Enabled());
+}
+
+TEST_F(TermsDialogOptions, TheTabFollowsTheIndexKindHereToo) {
+  EXPECT_EQ(StepsInTerms({}, R"({"tab":1},{"click":["optIndexWhat",1]},{"set":"chkTabSep","to":0},
+                                {"click":["optIndexWhat",0]},{"click":["optIndexWhat",1]})")
+                .chkTabSep.Value(),
+            1);
+  EXPECT_EQ(
+      StepsInTerms({}, R"({"tab":1},{"click":["optIndexWhat",1]},{"click":["optIndexWhat",0]})").chkTabSep.Value(), 0);
+}
+
+TEST_F(TermsDialogOptions, TheColumnsBoxTakesOneToFourAndBackspaceHereToo) {
+  frmKVX_COM& dialog = StepsInTerms(
+      {}, R"({"tab":1},{"key":"txtCols","char":"5"},{"key":"txtCols","char":"0"},{"key":"txtCols","char":"x"},
+             {"key":"txtCols","code":8},{"key":"txtCols","char":"1"},{"key":"txtCols","char":"4"})");
+  EXPECT_EQ(dialog.txtCols.Text(), u"14");
 }
 
 TEST_F(TermsDialogOptions, TheCloseBoxIsTakenAway) {
