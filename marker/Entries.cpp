@@ -3,6 +3,8 @@
 #include "marker/Letters.h"
 #include "marker/PlainText.h"
 
+#include <algorithm>
+
 namespace marker {
 namespace {
 
@@ -70,9 +72,7 @@ class CodeReader {
 
 std::u16string EntryText(std::u16string_view term) {
   std::u16string text = PlainTerm(term);
-  for (char16_t& character : text) {
-    if (character < u' ') character = u' ';
-  }
+  std::transform(text.begin(), text.end(), text.begin(), ShownAs);
   return std::u16string(Cut(text, kLongestEntry));
 }
 

@@ -13,7 +13,7 @@ inline constexpr std::u16string_view kEntryType = u"DefinedTermsIndex";
 /// so far merge in Word's index without a word.
 inline constexpr std::size_t kLongestEntry = 255;
 
-/// What an entry shows for a term: PlainTerm() with a blank for each tab, break and mark, cut at kLongestEntry.
+/// What an entry shows for a term: PlainTerm() with a blank for each control character, cut at kLongestEntry.
 std::u16string EntryText(std::u16string_view term);
 
 /// The code of an entry, without the blanks around it.
@@ -27,7 +27,7 @@ std::u16string EntryCode(std::u16string_view entryText, bool boldPage);
 /// @param columns 1 to 4; 0 leaves the switch out, and the index in the section it stands in
 std::u16string IndexCode(std::u16string_view separator, int columns);
 
-/// What a field code says, as far as we need it.
+/// What a field code says, as far as marking needs it.
 struct FieldCode {
   std::u16string keyword{};  ///< its first word
   std::u16string text{};     ///< the argument behind the keyword, escapes resolved

@@ -1,5 +1,6 @@
 #include "marker/HighlightedEntries.h"
 
+#include "marker/Entries.h"
 #include "marker/Highlights.h"
 #include "marker/PlainText.h"
 #include "marker/TermMatcher.h"
@@ -22,12 +23,30 @@ const HighlightedEntries::Spellings& HighlightedEntries::SpellingsOf(std::u16str
   return found->second;
 }
 
+// As an entry shows it, but for what parts terms: that is no part of an occurrence.
+std::u16string HighlightedEntries::Shown(std::size_t begin, std::size_t end) const {
+  std::u16string shown = letters_.Fold(std::u16string_view(text_.Plain()).substr(begin, end - begin));
+  for (char16_t& character : shown) {
+    if (!PartsTerms(character)) character = ShownAs(character);
+  }
+  return shown;
+}
+
 std::size_t HighlightedEntries::LengthBefore(std::size_t end, const Spellings& spellings) const {
   for (const std::u16string& spelling : {spellings.plain, spellings.upper}) {
     if (spelling.empty() || spelling.size() > end) continue;
-    const std::u16string_view before =
-        std::u16string_view(text_.Plain()).substr(end - spelling.size(), spelling.size());
-    if (letters_.Fold(before) == spelling) return spelling.size();
+    if (Shown(end - spelling.size(), end) == spelling) return spelling.size();
+  }
+  return 0;
+}
+
+std::size_t HighlightedEntries::LengthOfCutBefore(std::size_t end, const Spellings& spellings) const {
+  std::size_t begin = end;
+  while (begin > 0 && !PartsTerms(text_.Plain()[begin - 1])) --begin;
+  const std::u16string before = Shown(begin, end);
+  for (const std::u16string& spelling : {spellings.plain, spellings.upper}) {
+    const std::size_t found = before.rfind(spelling);
+    if (!spelling.empty() && found != std::u16string::npos) return before.size() - found;
   }
   return 0;
 }
@@ -51,7 +70,7 @@ std::vector<Stretch> HighlightedEntries::Yellow(const word::RangePtr& range, std
 std::vector<Stretch> HighlightedEntries::YellowTail(const word::RangePtr& range, std::size_t end,
                                                     std::size_t longest) const {
   std::size_t begin = end;
-  while (begin > 0 && end - begin < longest && text_.Plain()[begin - 1] >= u' ') --begin;
+  while (begin > 0 && end - begin < longest && !PartsTerms(text_.Plain()[begin - 1])) --begin;
   std::vector<Stretch> yellow = Yellow(range, begin, end);
   if (yellow.empty() || yellow.back().end != text_.PositionOf(end - 1) + 1) return {};
   // What lies before a stretch without highlight is not the occurrence any more.
@@ -70,6 +89,10 @@ std::vector<Stretch> HighlightedEntries::Before(const word::RangePtr& range, wor
   if (const std::size_t length = LengthBefore(end, spellings)) return Yellow(range, end - length, end);
   const std::size_t wordEnd = isPossessive ? end - kPossessive : end;
   if (const std::size_t length = LengthBefore(wordEnd, spellings)) return Yellow(range, wordEnd - length, wordEnd);
+  // An entry that was cut says how its occurrence begins; the cut may have spared half a surrogate pair.
+  if (entryText.size() + 1 >= kLongestEntry) {
+    if (const std::size_t length = LengthOfCutBefore(end, spellings)) return Yellow(range, end - length, end);
+  }
   return wordEnd == 0 ? std::vector<Stretch>{} : YellowTail(range, wordEnd, entryText.size());
 }
 

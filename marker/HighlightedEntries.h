@@ -31,7 +31,9 @@ class HighlightedEntries {
   };
 
   const Spellings& SpellingsOf(std::u16string_view entryText);
+  std::u16string Shown(std::size_t begin, std::size_t end) const;
   std::size_t LengthBefore(std::size_t end, const Spellings& spellings) const;
+  std::size_t LengthOfCutBefore(std::size_t end, const Spellings& spellings) const;
   std::vector<Stretch> Yellow(const word::RangePtr& range, std::size_t begin, std::size_t end) const;
   std::vector<Stretch> YellowTail(const word::RangePtr& range, std::size_t end, std::size_t longest) const;
 

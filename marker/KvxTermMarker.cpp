@@ -6,6 +6,7 @@
 #include "marker/HighlightedEntries.h"
 #include "marker/IndexField.h"
 #include "marker/MakeTermMarker.h"
+#include "marker/PlainText.h"
 #include "marker/StoryText.h"
 #include "platform/word/Application.h"
 #include "platform/word/Bookmarks.h"
@@ -15,6 +16,7 @@
 #include "platform/word/Range.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace marker {
 namespace {
@@ -33,9 +35,10 @@ std::vector<word::RangePtr> MarkedStories(const word::DocumentPtr& document) {
   return stories;
 }
 
+/// A term that holds a mark or a break is a line nevertheless.
 void AppendLine(std::u16string& lines, std::u16string_view line) {
   if (!lines.empty()) lines.append(u"\r\n");
-  lines.append(line);
+  std::transform(line.begin(), line.end(), std::back_inserter(lines), ShownAs);
 }
 
 }  // namespace

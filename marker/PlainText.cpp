@@ -2,6 +2,9 @@
 
 #include "platform/word/Constants.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace marker {
 
 bool ReadsAs(char16_t character, char16_t& plain) {
@@ -27,6 +30,26 @@ bool ReadsAs(char16_t character, char16_t& plain) {
   }
 }
 
+bool PartsTerms(char16_t character) {
+  switch (character) {
+    case kBarrier:
+    case word::kCellMark:
+    case word::kPageBreak:
+    case word::kParagraphMark:
+    case word::kColumnBreak:
+      return true;
+    default:
+      return false;
+  }
+}
+
+char16_t ShownAs(char16_t character) {
+  constexpr char16_t kDelete = 0x7F;
+  constexpr char16_t kLastControl = 0x9F;
+  const bool isControl = character < u' ' || (character >= kDelete && character <= kLastControl);
+  return isControl ? u' ' : character;
+}
+
 std::u16string PlainTerm(std::u16string_view term) {
   std::u16string text;
   text.reserve(term.size());
@@ -34,9 +57,10 @@ std::u16string PlainTerm(std::u16string_view term) {
     char16_t plain = 0;
     if (ReadsAs(character, plain) && plain != kBarrier) text.push_back(plain);
   }
-  const std::size_t first = text.find_first_not_of(u' ');
-  if (first == std::u16string::npos) return {};
-  return text.substr(first, text.find_last_not_of(u' ') - first + 1);
+  const auto isInside = [](char16_t character) { return PartsTerms(character) || ShownAs(character) != u' '; };
+  const auto first = std::find_if(text.begin(), text.end(), isInside);
+  const auto last = std::find_if(text.rbegin(), std::make_reverse_iterator(first), isInside).base();
+  return {first, last};
 }
 
 }  // namespace marker

@@ -1,5 +1,7 @@
 #include "marker/TermMatcher.h"
 
+#include "marker/PlainText.h"
+
 #include <algorithm>
 #include <array>
 
@@ -49,7 +51,8 @@ std::size_t PossessiveEnd(const Letters& letters, std::u16string_view text, std:
 TermMatcher::TermMatcher(const Letters& letters, std::vector<Form> forms)
     : letters_(letters), forms_(std::move(forms)) {
   for (std::size_t form = 0; form < forms_.size(); ++form) {
-    if (!forms_[form].text.empty()) Insert(form);
+    const std::u16string& text = forms_[form].text;
+    if (!text.empty() && std::none_of(text.begin(), text.end(), PartsTerms)) Insert(form);
   }
 }
 

@@ -13,7 +13,7 @@ namespace marker {
 
 /// One spelling that is looked for.
 struct Form {
-  std::u16string text;  ///< as PlainTerm() gives it; an empty one is never found
+  std::u16string text;  ///< as PlainTerm() gives it; an empty one, or one that holds what parts terms, is never found
   bool matchCase{false};
 };
 
@@ -29,6 +29,8 @@ struct Match {
 /// Finds the occurrences of many forms in one pass over a text. The time taken grows with the text, not with the
 /// number of forms. What an occurrence is:
 ///  - a letter, digit or combining mark stands on neither side of it;
+///  - it lies within one paragraph and page: a term that holds the mark of a paragraph or a cell, or a page, section
+///    or column break, can only be a misread pair of quotes, and has no occurrences;
 ///  - of occurrences that overlap the longest wins, of equally long ones the leftmost: in "Share Purchase Price
 ///    Schedule" the term "Purchase Price Schedule" wins over "Share Purchase", though that one starts first;
 ///  - of forms that match the very same stretch the one spelt exactly so wins, otherwise the first given;

@@ -273,6 +273,41 @@ TEST_F(TermMarkerTest, RemovingHighlightsOnlyKeepsTheEntries) {
   EXPECT_TRUE(document_->BookmarkNames().empty());
 }
 
+TEST_F(TermMarkerTest, AnEntryHoldsNoControlCharacterAndIsRecognisedNevertheless) {
+  const std::u16string text = u"the Net\tIncome, the Net\vLoss\u2019s and a\u0002 Note";
+  for (const bool highlightsOnly : {false, true}) {
+    Open(text);
+    EXPECT_EQ(Mark({u"Net\tIncome", u" \tNet\vLoss", u"a\u0002 Note"})[1].count, 1);
+    EXPECT_NE(document_->Text().find(u"Net\tIncome" + Entry(u"Net Income")), std::u16string::npos);
+    EXPECT_NE(document_->Text().find(u"Net\vLoss\u2019s" + Entry(u"Net Loss")), std::u16string::npos);
+    EXPECT_NE(document_->Text().find(Entry(u"a  Note")), std::u16string::npos);
+    if (highlightsOnly) {
+      marker_->RemoveTermHighlighting(document_);
+    } else {
+      RemoveAll();
+      EXPECT_EQ(document_->Text(), text + u"\r");
+    }
+    EXPECT_EQ(document_->Highlights().find('7'), std::string::npos);
+  }
+}
+
+TEST_F(TermMarkerTest, ATermOverTwoParagraphsIsNotFoundAndOneLineOfTheList) {
+  const std::u16string text = u"heading 2/>\r  <w";
+  Open(text);
+  EXPECT_EQ(Mark({text})[0].count, 0);
+  EXPECT_EQ(document_->Text(), text + u"\r");
+  EXPECT_EQ(lists_[1], u"heading 2/>   <w");
+}
+
+TEST_F(TermMarkerTest, AnOccurrenceLongerThanItsEntryLosesItsWholeHighlight) {
+  const std::u16string term = u"A" + std::u16string(300, u'b') + u" C";
+  Open(u"x " + term + u"\u2019s y");
+  EXPECT_EQ(Mark({term})[0].count, 1);
+  RemoveAll();
+  EXPECT_EQ(document_->Text(), u"x " + term + u"\u2019s y\r");
+  EXPECT_EQ(document_->Highlights().find('7'), std::string::npos);
+}
+
 TEST_F(TermMarkerTest, WhatTheAuthorHighlightsAfterOursAreGoneStays) {
   Open(u"the Lender");
   Mark({u"Lender"});

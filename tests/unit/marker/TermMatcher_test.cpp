@@ -36,6 +36,23 @@ class TermMatcherTest : public testing::Test {
   Letters letters_{characters_};
 };
 
+TEST_F(TermMatcherTest, ATermThatHoldsAMarkOrABreakHasNoOccurrences) {
+  for (const char16_t mark : {13, 7, 12, 14}) {
+    const std::u16string term = std::u16string(u"Net").append(1, mark).append(u"Income");
+    EXPECT_EQ(Found({term}, term), Terms{}) << static_cast<int>(mark);
+    EXPECT_EQ(Found({term + u"\r"}, u"x " + term + u"\r"), Terms{}) << static_cast<int>(mark);
+  }
+}
+
+TEST_F(TermMatcherTest, ATermRunsAcrossATabOrALineBreakThatItHolds) {
+  EXPECT_EQ(Found({u"Net\tIncome", u"Net\vLoss"}, u"Net\tIncome Net\vLoss Net Loss"),
+            (Terms{u"0:Net\tIncome", u"1:Net\vLoss"}));
+}
+
+TEST_F(TermMatcherTest, TabsAndLineBreaksAtTheEndsOfATermAreNoPartOfIt) {
+  EXPECT_EQ(Found({u"\t\v Lender\t"}, u"a\tLender."), Terms{u"0:Lender"});
+}
+
 TEST_F(TermMatcherTest, AWordInsideALongerWordIsNoOccurrence) {
   EXPECT_EQ(Found({u"Lender"}, u"Lenders, SubLender and Lender2 but Lender."), Terms{u"0:Lender"});
 }
