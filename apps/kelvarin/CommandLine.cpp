@@ -64,6 +64,12 @@ std::string CheckSearch(std::string& given) {
   return "\"" + given + "\" is no kind of search";
 }
 
+bool IsSameFile(const fs::path& one, const fs::path& other) {
+  std::error_code error;
+  if (fs::equivalent(one, other, error) && !error) return true;
+  return fs::weakly_canonical(fs::absolute(one), error) == fs::weakly_canonical(fs::absolute(other), error);
+}
+
 class Reader {
  public:
   Reader() : app_("Builds the index of defined terms of contracts in Word documents.", "kelvarin") {
@@ -264,6 +270,7 @@ class Reader {
     if (needsOutput && places == 0) throw CLI::RequiredError("-o OUT, --out-dir DIR or --in-place");
     if (output.file && options_.inputs.size() > 1) throw CLI::ValidationError("-o", "takes one input; use --out-dir");
     CheckNames();
+    CheckWritten();
   }
 
   /// Two inputs of one name would end in one file.
@@ -277,6 +284,36 @@ class Reader {
                                    other->second.string() + " and " + input.string() + " have the same name");
       }
     }
+  }
+
+  /// What is written must not be what is read, nor what something else is written to.
+  void CheckWritten() const {
+    struct File {
+      std::string name;
+      fs::path path;
+    };
+    std::vector<File> taken;
+    for (const fs::path& input : options_.inputs) taken.push_back({"the input", input});
+    if (options_.answers) taken.push_back({"--answers", *options_.answers});
+    const auto take = [&taken](const char* name, const fs::path& path) {
+      std::error_code error;
+      // Nothing is lost in a device.
+      if (fs::exists(path, error) && !fs::is_regular_file(path, error)) return;
+      for (const File& other : taken) {
+        if (!IsSameFile(path, other.path)) continue;
+        throw CLI::ValidationError(name, path.string() + " would replace " + other.name +
+                                             (other.name == "the input" ? "; only --in-place may" : ""));
+      }
+      taken.push_back({name, path});
+    };
+    const OutputOptions& output = options_.output;
+    if (output.file) take("-o", *output.file);
+    if (output.folder) {
+      for (const fs::path& input : options_.inputs) take("--out-dir", *output.folder / input.filename());
+    }
+    if (options_.settings) take("--settings", *options_.settings);
+    if (options_.report && *options_.report != "-") take("--report", *options_.report);
+    if (options_.transcript && *options_.transcript != "-") take("--transcript", *options_.transcript);
   }
 
   CLI::App app_;

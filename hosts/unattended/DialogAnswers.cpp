@@ -38,9 +38,33 @@ os::Pressed DialogAnswers::AnswerMessage(std::u16string_view title, os::Buttons 
 }
 
 void DialogAnswers::AnswerForm(forms::Form& form, const std::function<void()>& stepDone) {
-  if (failure_.empty()) WorkIn(form, stepDone);
-  if (!form.Visible()) return;
+  const int outer = formsWorkedIn_;
+  // Also when the host's own error leaves the form.
+  struct Restored {
+    int& count;
+    int value;
+    ~Restored() { count = value; }
+  };
+  {
+    const Restored restored{formsWorkedIn_, outer};
+    formsWorkedIn_ = outer + 1;
+    try {
+      if (failure_.empty()) WorkIn(form, stepDone);
+    } catch (const RunEnded&) {
+      // The failure is noted; the form is ended below.
+    }
+    // What comes while the form is ended is clean-up, which is not left.
+    formsWorkedIn_ = 0;
+    if (form.Visible()) EndForm(form, stepDone);
+  }
+  LeaveFailedStep();
+}
 
+void DialogAnswers::LeaveFailedStep() const {
+  if (!failure_.empty() && formsWorkedIn_ > 0) throw RunEnded();
+}
+
+void DialogAnswers::EndForm(forms::Form& form, const std::function<void()>& stepDone) {
   forms::Control* cancel = form.Find("cmdCancel");
   if (cancel != nullptr && cancel->UserClick()) stepDone();
   if (form.Visible()) form.UserClose();

@@ -9,6 +9,9 @@
 
 namespace unattended {
 
+/// Leaves a form's step whose work must not go on. No std::exception, so that nothing on the way shows it as an error.
+struct RunEnded {};
+
 /// Answers dialogs in a person's place. Once it has failed, it declines every dialog, so that the run comes to its own
 /// orderly end.
 class DialogAnswers {
@@ -22,11 +25,16 @@ class DialogAnswers {
 
   /// Works in a form that is shown, and leaves it ended: hidden or unloaded.
   /// @param stepDone called after each step
+  /// @throws RunEnded when it failed within a step of another form
   void AnswerForm(forms::Form& form, const std::function<void()>& stepDone);
 
   /// The first reason why a dialog could not be answered as wanted, one sentence, UTF-8; empty: none.
   const std::string& Failure() const { return failure_; }
   void Fail(const std::string& reason);
+
+  /// To be called once a dialog's answer was told of. @throws RunEnded when the run has failed within a form's step;
+  /// the form is then cancelled, so that the run still cleans up
+  void LeaveFailedStep() const;
 
  protected:
   virtual os::Pressed ChooseButton(std::u16string_view title, os::Buttons buttons) = 0;
@@ -38,7 +46,11 @@ class DialogAnswers {
   void WorkByDefault(forms::Form& form, const std::function<void()>& stepDone);
 
  private:
+  void EndForm(forms::Form& form, const std::function<void()>& stepDone);
+
   std::string failure_;
+  /// In how many forms a step may be under way that can be left.
+  int formsWorkedIn_{0};
 };
 
 }  // namespace unattended

@@ -54,12 +54,9 @@ os::Pressed FileAnswers::ChooseButton(std::u16string_view title, os::Buttons but
   Answer dialog;
   dialog.kind = Answer::Kind::kMessage;
   dialog.title = title;
-  if (NextFits(dialog)) {
-    const Answer answer = TakeNext();
-    if (HasButton(buttons, answer.press)) return answer.press;
-    Fail(Describe(answer) + " has no such button");
-    return AnswerMessage(title, buttons);
-  }
+  const bool titleFits = NextFits(dialog);
+  if (titleFits && HasButton(buttons, answers_.front().press)) return TakeNext().press;
+  if (titleFits && strict_) Fail(Describe(dialog) + " came, but one with another button was expected");
   if (Refuse(dialog)) return AnswerMessage(title, buttons);
   return DefaultButton(title, buttons);
 }

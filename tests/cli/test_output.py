@@ -93,6 +93,21 @@ class SeveralFiles(program.Case):
         self.check("index", "a.docx", "-o", "alone.docx")
         self.assertEqual((self.folder / "together/a.docx").read_bytes(), (self.folder / "alone.docx").read_bytes())
 
+    def test_nothing_is_written_over_what_is_read_or_written_otherwise(self):
+        before = self.document().read_bytes()
+        (self.folder / "link.json").symlink_to("contract.docx")
+        for arguments in (["--report", "contract.docx"], ["--transcript", "./contract.docx"], ["--settings", "contract.docx"],
+                          ["--report", "link.json"], ["--report", "out.docx"], ["--transcript", "sub/../out.docx"],
+                          ["--report", "log", "--transcript", "log"], ["--settings", "log", "--report", "log"]):
+            result = self.check("index", "contract.docx", "-o", "out.docx", "--force", *arguments, status=2)
+            self.assertIn("would replace", result.err)
+            self.assertEqual((self.folder / "contract.docx").read_bytes(), before)
+            self.assertFalse((self.folder / "out.docx").exists())
+        answers = self.folder / "answers.json"
+        answers.write_text('{"answers": []}')
+        self.check("run", "index", "contract.docx", "--answers", answers, "--report", answers, status=2)
+        self.assertEqual(answers.read_text(), '{"answers": []}')
+
 
 if __name__ == "__main__":
     program.main()

@@ -63,6 +63,21 @@ TEST_F(Unattended, AFormIsWrittenWhenShownAfterEachStepAndWhenItEnds) {
   EXPECT_EQ(Events().size(), 3u);
 }
 
+TEST_F(Unattended, AStepIsLeftAtAStrictMismatchAndItsFormCancelled) {
+  Use(R"({"form":"SampleForm","do":[{"click":"cmdOK"}]})");
+  SampleForm form(*host);
+  bool wentOn = false;
+  form.cmdOK.onClick = [&] {
+    host->Show(u"Surprise", u"Go on?", os::Icon::kQuestion, os::Buttons::kYesNo);
+    wentOn = true;
+  };
+  host->ShowModal(form);
+  EXPECT_FALSE(wentOn);
+  EXPECT_FALSE(form.Visible());
+  EXPECT_EQ(Story(), "form message formEnd");
+  EXPECT_EQ(answers->Failure(), "the message box \"Surprise\" came, but no answer was left");
+}
+
 TEST_F(Unattended, ARepaintWritesWhatChangedSoFar) {
   Use(R"({"form":"SampleForm","do":[{"click":"cmdOK"}]})");
   SampleForm form(*host);
