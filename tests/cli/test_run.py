@@ -4,6 +4,9 @@ import program
 
 OK = [{"form": "frmKVXOptions", "do": [{"click": "cmdOK"}]}, {"form": "frmKVX_COM", "do": [{"click": "cmdOK"}]}]
 
+CANCELS = [[{"form": "frmKVXOptions", "do": [{"click": "cmdCancel"}]}],
+           [OK[0], {"form": "frmKVX_COM", "do": [{"click": "cmdCancel"}]}]]
+
 
 class Run(program.Case):
     def run_index(self, answers=None, *arguments, state=None, status=0):
@@ -116,6 +119,58 @@ class Run(program.Case):
             result = self.check("run", "index", "contract.docx", "--answers", "answers.json", status=3)
             self.assertIn("answers", result.err)
         self.check("run", "index", "contract.docx", "--answers", "missing.json", status=3)
+
+    def test_with_an_index_the_cursor_may_stand_in_a_footnote_or_table(self):
+        self.document(lines="P “Buyer”[[fn: The Buyer.]] is a Buyer.\n| Head | Other |\n| cell | end |\nP Last.")
+        self.check("index", "contract.docx", "--in-place")
+        indexed = self.inspect(self.folder / "contract.docx")
+        start = next(mark["start"] for mark in indexed["bookmarks"] if mark["name"] == "DefinedTermsIndex")
+        for place, state in (([], {"cursor": {"story": 2, "start": 2, "end": 2}}), (["--at", "after:cell"], None)):
+            events = self.run_index(OK, "-o", "out.docx", "--force", *place, state=state)
+            self.assertEqual([event for event in events if event["event"] == "message"], [])
+            self.assertEqual(events[-1]["cursor"], {"story": 1, "start": start, "end": start})
+            self.assertEqual(self.inspect(self.folder / "out.docx"), indexed)
+
+    def test_the_cursor_ends_at_the_index_or_where_the_user_had_it(self):
+        given = {"cursor": {"story": 1, "start": 20, "end": 26}}
+        cursors = [self.run_index(answers, state=given, status=1)[-1]["cursor"] for answers in CANCELS]
+        self.assertEqual(cursors, [given["cursor"], {"story": 1, "start": 20, "end": 20}])
+        cursor = self.run_index(OK, "-o", "out.docx", state=given)[-1]["cursor"]
+        marks = {mark["name"]: mark for mark in self.inspect(self.folder / "out.docx")["bookmarks"]}
+        self.assertFalse({"ReturnHereBK", "IndexBKStart"} & marks.keys())
+        start = marks["DefinedTermsIndex"]["start"]
+        self.assertNotEqual(start, 20)
+        self.assertEqual(cursor, {"story": 1, "start": start, "end": start})
+
+    def test_the_view_of_before_is_the_view_after(self):
+        for view in (1, 6):
+            for answers, status in ((OK, 0), (CANCELS[0], 1), (CANCELS[1], 1)):
+                state = self.run_index(answers, state={"view": {"type": view}}, status=status)[-1]
+                self.assertEqual(state["view"]["type"], view, answers)
+
+    def test_an_unknown_search_type_shows_the_terms_dialog_without_a_search(self):
+        (self.folder / "my.ini").write_bytes(b"[Defaults]\r\nSearchType=Anything\r\n")
+        events = self.run_index(CANCELS[1], "--settings", "my.ini", status=1)
+        self.assertEqual([event["name"] for event in events if event["event"] == "form"], ["frmKVXOptions", "frmKVX_COM"])
+        self.assertEqual([event for event in events if event.get("member") == "Find.Text"], [])
+
+    def test_without_highlight_the_highlighting_goes_after_marking(self):
+        options = {"form": "frmKVXOptions", "do": [{"set": "chkHighlight", "to": 0}, {"click": "cmdOK"}]}
+        events = self.run_index([options, OK[1]], "-o", "out.docx")
+        shown = self.inspect(self.folder / "out.docx")
+        self.assertEqual((shown["highlights"], len(shown["entries"])), ([], 6))
+        operations = [event["operation"] for event in events if event["event"] == "marker"]
+        self.assertEqual(operations[-3:], ["EndIndexing", "RemoveTermHighlighting", "FinishDocument"])
+        places = [event["value"] for event in events if event.get("member") == "Selection.GoTo"]
+        index = {"What": -1, "Name": "DefinedTermsIndex"}
+        self.assertEqual(places, [index, {"What": 1, "Which": 1}, index])
+
+    def test_a_document_without_notes_is_indexed_in_its_main_text_only(self):
+        events = self.run_index(OK)
+        self.assertEqual({event["arguments"][4] for event in events if event.get("operation") == "MarkTermInStory"}, {1})
+        lines = [json.dumps(event) for event in events if event["event"] == "progress"]
+        self.assertTrue(any("Indexing document" in line for line in lines))
+        self.assertFalse(any("footnotes" in line or "endnotes" in line for line in lines))
 
 
 if __name__ == "__main__":
