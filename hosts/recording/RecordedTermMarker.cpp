@@ -65,8 +65,10 @@ class RecordedTermMarker : public TermMarker {
       : inner_(std::move(inner)), observer_(observer) {}
 
   void AddTerm(const word::RangePtr& range, std::vector<std::u16string>& terms) override {
-    // The result is how long the array became: its texts at every call would make a transcript as long as their square.
-    static_cast<void>(Ask(observer_, "AddTerm", Arguments(range), [&] {
+    // The array stands as its upper bound, and the result is how long it became: its texts at every call would make a
+    // transcript as long as their square.
+    const int upperBound = static_cast<int>(terms.size()) - 1;
+    static_cast<void>(Ask(observer_, "AddTerm", Arguments(range, upperBound), [&] {
       inner_->AddTerm(Unwrap(range), terms);
       return static_cast<int>(terms.size());
     }));

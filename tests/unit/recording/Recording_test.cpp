@@ -130,6 +130,22 @@ TEST_F(Recording, TheCompanionIsToldWithArgumentsAsTheyWereAndItsResult) {
                   R"(marker RemoveIndex ["Application","contract.docx",true] null)"}));
 }
 
+TEST_F(Recording, AFoundTermIsToldWithItsRangeAndTheBoundOfItsArray) {
+  auto marker = Record(std::make_unique<fakes::FakeTermMarker>(log), notes);
+  fake.stories = {{word::wdMainTextStory, u"The Buyer\r", {}}};
+  const word::DocumentPtr document = Document();
+  std::vector<std::u16string> terms{u""};
+  for (const word::Position end : {3, 9}) {
+    const word::RangePtr range = document->StoryRanges()->Item(1);
+    range->SetEnd(end);
+    notes.told.clear();
+    marker->AddTerm(range, terms);
+    const int bound = end == 3 ? 0 : 1;
+    EXPECT_EQ(notes.told, (Told{"marker AddTerm [{\"story\":1,\"start\":0,\"end\":" + std::to_string(end) + "}," +
+                                std::to_string(bound) + "] " + std::to_string(bound + 2)}));
+  }
+}
+
 TEST_F(Recording, WhatTheCompanionDoesInsideIsNotTold) {
   auto inner = std::make_unique<fakes::FakeTermMarker>(log);
   inner->onInsertIndex = [](const word::DocumentPtr& document) { document->UndoClear(); };
