@@ -117,6 +117,8 @@ bool WordProcessor::Select(const SelectionState& selection) {
   if (stories.empty()) return false;
   Story& story = *stories.front();
   if (selection.start < 0 || selection.start > selection.end || selection.end > story.Length()) return false;
+  // No insertion point stands behind a story's last mark.
+  if (selection.start == story.Length()) return false;
   state_->document->Select(story, selection.start, selection.end);
   return true;
 }
