@@ -87,6 +87,7 @@ class Reader {
 
   std::optional<Options> Read(int argc, const char* const* argv, int& status) {
     try {
+      CheckCommand(argc, argv);
       app_.parse(argc, argv);
       Check();
       if (!options_.progress) options_.progress = progress_.value_or(isatty(STDERR_FILENO) != 0);
@@ -103,6 +104,18 @@ class Reader {
 
  private:
   using Command = Options::Command;
+
+  /// The parser would only say that there is no command.
+  void CheckCommand(int argc, const char* const* argv) const {
+    const std::string name = argc < 2 ? "" : argv[1];
+    if (app_.get_option_no_throw(name) != nullptr) return;
+    if (name.empty() || name[0] == '-') {
+      throw CLI::ValidationError("a command is expected first; kelvarin --help lists them");
+    }
+    const auto named = [&name](const CLI::App* command) { return command->get_name() == name; };
+    if (!app_.get_subcommands(named).empty()) return;
+    throw CLI::ValidationError("\"" + name + "\" is no command; kelvarin --help lists them");
+  }
 
   CLI::App& AddCommand(const std::string& name, Command command, const std::string& help) {
     CLI::App* added = app_.add_subcommand(name, help);
@@ -153,6 +166,9 @@ class Reader {
             "what counts as a term: quoted")
         ->check(CLI::Validator(&CheckSearch, "quoted"));
     AddSwitch(command, "bold", index.bold, "take quoted terms only where they are bold");
+    AddSwitch(command, "case", index.matchCase, "match case");
+    AddSwitch(command, "caps", index.caps, "take a term in capitals for the term");
+    AddSwitch(command, "highlight", index.highlight, "highlight what was marked");
     AddSwitch(command, "ignore-numbers", index.ignoreNumbers, "leave out words with digits");
     const std::set<int> quotes{147, 148, 132, 171, 187};
     AddValue(command, "--open-quote", index.openQuote, "Windows-1252 code of the opening quote", CLI::IsMember(quotes));
@@ -187,9 +203,6 @@ class Reader {
     AddOutput(command, true);
     AddSearch(command);
     unattended::IndexOptions& index = options_.index;
-    AddSwitch(command, "highlight", index.highlight, "highlight what was marked");
-    AddSwitch(command, "case", index.matchCase, "match case");
-    AddSwitch(command, "caps", index.caps, "take a term in capitals for the term");
     AddValue(command, "--columns", index.columns, "columns of the index", CLI::Range(1, 4));
     AddValue(command, "--separator", index.separator, "what stands between a term and its pages");
     AddSwitch(command, "tab", index.tab, "end the separator with a tab");

@@ -15,8 +15,6 @@ class CommandLine(program.Case):
 
     def test_what_is_wrong_is_said_with_status_2(self):
         file = self.document()
-        self.wrong()
-        self.wrong("frobnicate", file)
         self.wrong("index")
         self.wrong("index", file, "-o", "out.docx", "--frobnicate")
         self.wrong("index", file, "-o", "out.docx", "--columns", "5")
@@ -27,6 +25,11 @@ class CommandLine(program.Case):
         self.wrong("index", file, "-o", "out.docx", "--jobs", "0")
         self.wrong("inspect", file, file)
         self.wrong("run", "frobnicate", file)
+
+    def test_a_command_that_is_none_is_named(self):
+        self.assertIn('"frobnicate" is no command', self.wrong("frobnicate", self.document()))
+        for arguments in ((), ("--frobnicate",), ("--quiet", "index", "contract.docx", "-o", "out.docx")):
+            self.assertIn("a command is expected", self.wrong(*arguments))
 
     def test_a_result_needs_one_place_to_go(self):
         file = self.document()
