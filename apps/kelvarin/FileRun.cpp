@@ -28,14 +28,14 @@ const char* Word(Status status) {
 }
 
 /// Turns what ends the work early into a status and a sentence.
-Outcome Guard(const std::filesystem::path& input, Report& report, const std::function<Outcome(Report&)>& work) {
+Status Guard(const std::filesystem::path& input, FileRecord& record, const std::function<Status(FileRecord&)>& work) {
   const auto fail = [&](Status status, const std::string& reason) {
     Say(input, reason);
-    report.AddReason(reason);
-    return Outcome{.status = status};
+    record.report.AddReason(reason);
+    return status;
   };
   try {
-    return work(report);
+    return work(record);
   } catch (const Failure& failure) {
     return fail(failure.Code(), failure.what());
   } catch (const docx::PackageError& error) {
@@ -54,20 +54,21 @@ Outcome Guard(const std::filesystem::path& input, Report& report, const std::fun
 }  // namespace
 
 FileResult RunOnFile(const Options& options, const std::filesystem::path& input,
-                     const std::function<Outcome(Report&)>& work) {
+                     const std::function<Status(FileRecord&)>& work) {
   const auto start = std::chrono::steady_clock::now();
-  Report report(input);
-  Outcome outcome = Guard(input, report, work);
-  report.SetStatus(Word(outcome.status));
+  FileRecord record{.report = Report(input)};
+  const Status status = Guard(input, record, work);
+  record.report.SetStatus(Word(status));
   const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
-  report.SetSeconds(seconds.count());
-  return {.status = outcome.status,
-          .report = options.report ? report.Line() : std::string(),
-          .transcript = std::move(outcome.transcript)};
+  record.report.SetSeconds(seconds.count());
+  return {.status = status,
+          .report = options.report ? record.report.Line() : std::string(),
+          .transcript = record.transcript.str()};
 }
 
-void SayMessages(const Options& options, const std::filesystem::path& input, Session& session, Status status,
-                 const std::string& failure) {
+void TellRun(const Options& options, const std::filesystem::path& input, Session& session, Status status,
+             const std::string& failure, Report& report) {
+  if (options.report) report.Fill(session);
   if (status == kDone && options.quiet) return;
   bool said = false;
   for (const RunWatch::ShownMessage& message : session.Watch().Messages()) {
@@ -75,12 +76,14 @@ void SayMessages(const Options& options, const std::filesystem::path& input, Ses
     Say(input, ToUtf8(message.title) + ": " + ToUtf8(message.text));
     said = true;
   }
-  if (!failure.empty()) {
-    Say(input, failure);
-  } else if (status != kDone && !said) {
+  std::string reason = failure;
+  if (reason.empty() && status != kDone && !said) {
     const bool nothingFound = session.Watch().TermsShown() && session.Watch().Found().empty();
-    Say(input, nothingFound ? "no defined terms were found, and none were added" : "nothing was indexed");
+    reason = nothingFound ? "no defined terms were found, and none were added" : "nothing was indexed";
   }
+  if (reason.empty()) return;
+  Say(input, reason);
+  report.AddReason(reason);
 }
 
 Status IndexingStatus(const Session& session, const std::string& failure) {

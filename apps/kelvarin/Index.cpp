@@ -3,18 +3,17 @@
 #include "apps/kelvarin/Output.h"
 
 FileResult IndexFile(const Options& options, const std::filesystem::path& input) {
-  return RunOnFile(options, input, [&](Report& report) {
+  return RunOnFile(options, input, [&](FileRecord& record) {
     const std::filesystem::path target = *ChooseTarget(options.output, input);
     unattended::IndexAnswers answers(options.index);
-    Session session(input, options, answers);
+    Session session(input, options, answers, {}, record.transcript);
     session.Run([](Connect& addIn) { addIn.ShowKVXForm(); });
     const Status status = IndexingStatus(session, answers.Failure());
-    SayMessages(options, input, session, status, answers.Failure());
-    if (options.report) report.Fill(session);
+    TellRun(options, input, session, status, answers.Failure(), record.report);
     if (status == kDone) {
       WriteDocument(session.Processor().Updated(), target);
-      report.SetOutput(target);
+      record.report.SetOutput(target);
     }
-    return Outcome{.status = status, .transcript = session.TranscriptText()};
+    return status;
   });
 }

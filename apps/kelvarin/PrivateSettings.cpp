@@ -23,8 +23,14 @@ fs::path SettingsFolderIn(const fs::path& applicationData) {
 
 }  // namespace
 
+fs::path PersonsApplicationData() {
+  const std::u16string own = os::LinuxFolders().SpecialFolder(os::kApplicationData, 0);
+  return own.empty() ? fs::path() : fs::path(os::ToPosixPath(own));
+}
+
 PrivateSettings::PrivateSettings(Source source) : source_(std::move(source)) {
-  if (source_.applicationData && !source_.file) {
+  const fs::path own = PersonsApplicationData();
+  if (source_.applicationData && *source_.applicationData != own && !source_.file) {
     applicationData_ = *source_.applicationData;
     return;
   }
@@ -37,9 +43,8 @@ PrivateSettings::PrivateSettings(Source source) : source_(std::move(source)) {
     CopyIn(*source_.file, File());
     return;
   }
-  const std::u16string own = os::LinuxFolders().SpecialFolder(os::kApplicationData, 0);
   if (own.empty()) return;
-  const fs::path folder = SettingsFolderIn(os::ToPosixPath(own));
+  const fs::path folder = SettingsFolderIn(own);
   CopyIn(folder / kSettingsName, File());
   CopyIn(folder / kUserValuesName, Folder() / kUserValuesName);
 }

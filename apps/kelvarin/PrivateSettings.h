@@ -6,6 +6,9 @@
 
 #include "apps/kelvarin/PrivateFolder.h"
 
+/// A person's own Application Data folder; empty when there is none.
+std::filesystem::path PersonsApplicationData();
+
 /// The settings file and the per-user values that one run reads and writes: a private copy of a person's, or of the
 /// file that was named, or those of a folder that stands for Application Data as it is.
 class PrivateSettings {
@@ -15,7 +18,7 @@ class PrivateSettings {
     std::optional<std::filesystem::path> file{};
     /// Whether what a run writes goes back to it.
     bool writeBack{false};
-    /// Application Data, UTF-8, to be used in place when no file is named.
+    /// Application Data, UTF-8, to be used in place when no file is named, unless it is the person's own.
     std::optional<std::string> applicationData{};
   };
 

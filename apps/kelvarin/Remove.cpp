@@ -3,14 +3,14 @@
 #include "apps/kelvarin/Output.h"
 
 FileResult RemoveIndexing(const Options& options, const std::filesystem::path& input) {
-  return RunOnFile(options, input, [&](Report& report) {
+  return RunOnFile(options, input, [&](FileRecord& record) {
     const std::filesystem::path target = *ChooseTarget(options.output, input);
     unattended::IndexAnswers answers(options.index);
-    Session session(input, options, answers);
+    Session session(input, options, answers, {}, record.transcript);
     session.RemoveIndexing();
-    if (options.report) report.Fill(session);
+    if (options.report) record.report.Fill(session);
     WriteDocument(session.Processor().Updated(), target);
-    report.SetOutput(target);
-    return Outcome{.status = kDone, .transcript = session.TranscriptText()};
+    record.report.SetOutput(target);
+    return kDone;
   });
 }

@@ -18,20 +18,19 @@ unattended::AnswersFile ReadAnswers(const Options& options) {
 }  // namespace
 
 FileResult RunCommand(const Options& options, const std::filesystem::path& input) {
-  return RunOnFile(options, input, [&](Report& report) {
+  return RunOnFile(options, input, [&](FileRecord& record) {
     const std::optional<std::filesystem::path> target = ChooseTarget(options.output, input);
     unattended::AnswersFile file = ReadAnswers(options);
     unattended::FileAnswers answers(std::move(file.answers), options.strict);
-    Session session(input, options, answers, file.state);
+    Session session(input, options, answers, file.state, record.transcript);
     session.Run([](Connect& addIn) { addIn.ShowKVXForm(); });
     answers.Finish();
     const Status status = IndexingStatus(session, answers.Failure());
-    SayMessages(options, input, session, status, answers.Failure());
-    if (options.report) report.Fill(session);
+    TellRun(options, input, session, status, answers.Failure(), record.report);
     if (target && session.HasDocument()) {
       WriteDocument(session.Processor().Updated(), *target);
-      report.SetOutput(*target);
+      record.report.SetOutput(*target);
     }
-    return Outcome{.status = status, .transcript = session.TranscriptText()};
+    return status;
   });
 }

@@ -4,9 +4,24 @@
 #include "hosts/unattended/Text.h"
 #include "platform/forms/Control.h"
 
+namespace {
+
+bool IsTermsDialog(const forms::Form& form) { return form.Name() == "frmKVX_COM"; }
+
+}  // namespace
+
 void RunWatch::FormShown(const forms::Form& form) {
-  if (form.Name() != "frmKVX_COM") return;
+  if (!IsTermsDialog(form)) return;
   termsShown_ = true;
+  ReadFound(form);
+}
+
+// The list may have been refreshed meanwhile.
+void RunWatch::FormEnded(const forms::Form& form) {
+  if (IsTermsDialog(form)) ReadFound(form);
+}
+
+void RunWatch::ReadFound(const forms::Form& form) {
   found_.clear();
   const auto& list = dynamic_cast<const forms::ListBox&>(*form.Find("lstTermsInDoc"));
   for (int i = 0; i < list.ListCount(); ++i) found_.push_back(list.List(i));
@@ -19,9 +34,10 @@ void RunWatch::MessageShown(std::u16string_view title, std::u16string_view text,
 void RunWatch::ProgressShown(const unattended::ProgressState& state, unattended::Transcript::Phase phase) {
   if (file_.empty()) return;
   if (phase == unattended::Transcript::Phase::kEnd) return EndProgressLine();
-  std::string line;
-  for (const std::u16string& part : state.lines) line += " " + unattended::ToUtf8(part);
-  line = file_.string() + ":" + line + " " + unattended::ToUtf8(state.bar);
+  std::u16string said = state.bar;
+  for (auto part = state.lines.rbegin(); part != state.lines.rend(); ++part) said = *part + u' ' + said;
+  if (said.find_first_not_of(u' ') == std::u16string::npos) return;
+  const std::string line = file_.string() + ": " + unattended::ToUtf8(said);
   // Where it is no terminal every line stays, so that each is to say something new.
   if (line == lastLine_) return;
   lastLine_ = line;

@@ -19,16 +19,19 @@ class RunWatch : public unattended::UnattendedObserver {
   explicit RunWatch(std::filesystem::path file) : file_(std::move(file)) {}
 
   void FormShown(const forms::Form& form) override;
+  void FormEnded(const forms::Form& form) override;
   void MessageShown(std::u16string_view title, std::u16string_view text, os::Icon icon, os::Pressed pressed) override;
   void ProgressShown(const unattended::ProgressState& state, unattended::Transcript::Phase phase) override;
 
   /// The terms dialog came.
   bool TermsShown() const { return termsShown_; }
-  /// The terms that it offered when it came.
+  /// The terms that it offered, as its last search found them.
   const std::vector<std::u16string>& Found() const { return found_; }
   const std::vector<ShownMessage>& Messages() const { return messages_; }
 
  private:
+  void ReadFound(const forms::Form& form);
+
   std::filesystem::path file_;
   bool termsShown_{false};
   std::vector<std::u16string> found_;

@@ -34,10 +34,15 @@ PrivateSettings::Source SettingsSource(const Options& options, const RunStateOpt
   return {.file = options.settings, .writeBack = options.inputs.size() == 1, .applicationData = state.appData};
 }
 
+/// Word loads the add-in when it starts, unless the state says otherwise.
+ConnectMode ConnectModeOf(const RunStateOptions& state) {
+  return static_cast<ConnectMode>(state.connectMode.value_or(static_cast<int>(ConnectMode::kStartup)));
+}
+
 }  // namespace
 
 Session::Session(const fs::path& input, const Options& options, unattended::DialogAnswers& answers,
-                 const RunStateOptions& state)
+                 const RunStateOptions& state, std::ostream& transcript)
     : options_(options),
       state_(state),
       settings_(SettingsSource(options, state)),
@@ -46,11 +51,22 @@ Session::Session(const fs::path& input, const Options& options, unattended::Dial
       folders_(settings_.ApplicationData().string()),
       processes_(state.wordProcesses.value_or(1)),
       userSettings_(profile_, os::ToWindowsPath(settings_.Folder().string())),
-      log_(options.transcript ? &transcript_.emplace(transcriptText_) : nullptr),
+      log_(options.transcript ? &transcript_.emplace(transcript) : nullptr),
       watch_(options.progress ? input : fs::path()),
       host_(answers, transcript_ ? &*transcript_ : nullptr, &watch_) {
-  if (!state_.noDocument) Open(input);
-  ApplyState();
+  Conduct([&] {
+    if (!state_.noDocument) Open(input);
+    ApplyState();
+  });
+}
+
+/// Does work whose failure ends the session.
+template <class Work>
+void Session::Conduct(Work work) try {
+  work();
+} catch (...) {
+  WriteState();
+  throw;
 }
 
 void Session::Open(const fs::path& input) {
@@ -67,7 +83,7 @@ void Session::Open(const fs::path& input) {
 }
 
 void Session::ApplyState() {
-  for (const auto& [name, value] : state_.options) ApplyOption(name, value);
+  std::erase_if(state_.options, [this](const auto& option) { return ApplyOption(option.first, option.second); });
   if (!HasDocument()) return;
   docx::WindowState& window = processor_.Window();
   window.viewType = state_.viewType.value_or(window.viewType);
@@ -76,7 +92,8 @@ void Session::ApplyState() {
   window.showAll = state_.viewShowAll.value_or(window.showAll);
 }
 
-void Session::ApplyOption(const std::string& name, const RunStateOptions::OptionValue& value) {
+/// @return false for an option that is none of the word processor's, and so is only kept
+bool Session::ApplyOption(const std::string& name, const RunStateOptions::OptionValue& value) {
   docx::OptionsState& options = processor_.Options();
   const std::pair<const char*, bool docx::OptionsState::*> known[] = {
       {"AutoFormatAsYouTypeReplaceQuotes", &docx::OptionsState::autoFormatAsYouTypeReplaceQuotes},
@@ -89,12 +106,13 @@ void Session::ApplyOption(const std::string& name, const RunStateOptions::Option
     if (name != knownName) continue;
     const bool* flag = std::get_if<bool>(&value);
     const int* number = std::get_if<int>(&value);
-    if (flag == nullptr && number == nullptr) break;
+    if (flag == nullptr && number == nullptr) {
+      throw Failure(kUnreadable, "the answers file sets the option " + name + " to a text; true or false is expected");
+    }
     options.*member = flag != nullptr ? *flag : *number != 0;
-    return;
+    return true;
   }
-  throw Failure(kUnreadable,
-                "the answers file sets the option " + name + ", which there is not, or not to such a value");
+  return false;
 }
 
 void Session::PlaceCursor() {
@@ -115,7 +133,14 @@ word::ApplicationPtr Session::Application() {
 }
 
 void Session::Run(const std::function<void(Connect&)>& command) {
-  if (HasDocument()) PlaceCursor();
+  Conduct([&] {
+    if (HasDocument()) PlaceCursor();
+    Command(command);
+  });
+  Finish();
+}
+
+void Session::Command(const std::function<void(Connect&)>& command) {
   const Host services{
       .forms = host_,
       .messages = host_,
@@ -127,37 +152,53 @@ void Session::Run(const std::function<void(Connect&)>& command) {
       .userSettings = userSettings_,
       .createTermMarker = [this] { return MakeMarker(); },
   };
-  {
-    Connect addIn(services);
-    addIn.OnConnection(Application(), static_cast<ConnectMode>(state_.connectMode.value_or(0)));
-    addIn.OnStartupComplete();
-    command(addIn);
-    addIn.OnDisconnection(DisconnectMode::kHostShutdown);
-  }
-  End();
+  Connect addIn(services);
+  addIn.OnConnection(Application(), ConnectModeOf(state_));
+  addIn.OnStartupComplete();
+  command(addIn);
+  addIn.OnDisconnection(DisconnectMode::kHostShutdown);
 }
 
 void Session::RemoveIndexing() {
-  const word::ApplicationPtr application = Application();
-  const word::DocumentPtr document = application->ActiveDocument();
-  const std::unique_ptr<TermMarker> marker = MakeMarker();
-  marker->RemoveIndexEntries(application, document, false);
-  document->UndoClear();
-  marker->RemoveIndex(application, document, true);
-  document->UndoClear();
-  marker->RemoveTermHighlighting(document);
-  document->UndoClear();
-  End();
+  Conduct([&] {
+    const word::ApplicationPtr application = Application();
+    const word::DocumentPtr document = application->ActiveDocument();
+    const std::unique_ptr<TermMarker> marker = MakeMarker();
+    marker->RemoveIndexEntries(application, document, false);
+    document->UndoClear();
+    marker->RemoveIndex(application, document, true);
+    document->UndoClear();
+    marker->RemoveTermHighlighting(document);
+    document->UndoClear();
+  });
+  Finish();
 }
 
-void Session::End() {
-  if (transcript_) transcript_->State(StateAtEnd());
+void Session::Finish() {
+  WriteState();
   settings_.WriteBack();
+}
+
+void Session::WriteState() {
+  if (transcript_) transcript_->State(StateAtEnd());
 }
 
 std::string Session::SearchType() {
   return unattended::ToUtf8(
       profile_.Read(kDefaultsSection, u"SearchType", u"", 255, os::ToWindowsPath(settings_.File().string())));
+}
+
+Json Session::OptionsAtEnd() const {
+  const docx::OptionsState& known = processor_.Options();
+  Json options = {{"AutoFormatAsYouTypeReplaceQuotes", known.autoFormatAsYouTypeReplaceQuotes},
+                  {"AllowFastSave", known.allowFastSave},
+                  {"CheckSpellingAsYouType", known.checkSpellingAsYouType},
+                  {"CheckGrammarAsYouType", known.checkGrammarAsYouType},
+                  {"Pagination", known.pagination}};
+  for (const auto& [name, value] : state_.options) {
+    std::visit([&options, &name = name](const auto& given) { options[name] = given; }, value);
+  }
+  return options;
 }
 
 Json Session::StateAtEnd() {
@@ -175,16 +216,11 @@ Json Session::StateAtEnd() {
   } else {
     state["noDocument"] = true;
   }
-  const docx::OptionsState& options = processor_.Options();
-  state["options"] = {{"AutoFormatAsYouTypeReplaceQuotes", options.autoFormatAsYouTypeReplaceQuotes},
-                      {"AllowFastSave", options.allowFastSave},
-                      {"CheckSpellingAsYouType", options.checkSpellingAsYouType},
-                      {"CheckGrammarAsYouType", options.checkGrammarAsYouType},
-                      {"Pagination", options.pagination}};
+  state["options"] = OptionsAtEnd();
   state["wordProcesses"] = state_.wordProcesses.value_or(1);
-  state["connectMode"] = state_.connectMode.value_or(0);
-  if (state_.addInFolder) state["addInFolder"] = *state_.addInFolder;
-  if (state_.appData) state["appData"] = *state_.appData;
+  state["connectMode"] = static_cast<int>(ConnectModeOf(state_));
+  state["addInFolder"] = state_.addInFolder.value_or(os::ProgramFolder());
+  state["appData"] = state_.appData.value_or(PersonsApplicationData().string());
   state["displayOnConnect"] = unattended::ToUtf8(userSettings_.Read(u"Settings", u"DisplayOnConnect", u"0"));
   return state;
 }

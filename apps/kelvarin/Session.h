@@ -4,7 +4,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <sstream>
+#include <ostream>
 #include <string>
 
 #include "addin/Connect.h"
@@ -28,9 +28,11 @@ class Session {
  public:
   /// Opens the document, unless the state says that there is none.
   /// @param answers outlives the session
+  /// @param transcript outlives the session, and gets the transcript when the options want one. Its last line is the
+  /// state, also when a member throws
   /// @throws docx::PackageError, Failure
   Session(const std::filesystem::path& input, const Options& options, unattended::DialogAnswers& answers,
-          const unattended::RunStateOptions& state = {});
+          const unattended::RunStateOptions& state, std::ostream& transcript);
 
   /// Connects the add-in as Word does, puts the cursor where the options say, gives the command, disconnects, and gives
   /// a named settings file what was written.
@@ -40,23 +42,28 @@ class Session {
   /// Takes away what an earlier run left in the document. @throws word::HostError
   void RemoveIndexing();
 
+  /// Ends a session that gave no command. @throws Failure kUnreadable
+  void Finish();
+
   bool HasDocument() const { return processor_.Document() != nullptr; }
   docx::WordProcessor& Processor() { return processor_; }
   const RunLog& Log() const { return log_; }
   const RunWatch& Watch() const { return watch_; }
   /// "SearchFlagged" or "SearchInitCaps", as the settings have it after the run.
   std::string SearchType();
-  /// Empty when no transcript is wanted.
-  std::string TranscriptText() const { return transcriptText_.str(); }
 
  private:
   void Open(const std::filesystem::path& input);
   void ApplyState();
-  void ApplyOption(const std::string& name, const unattended::RunStateOptions::OptionValue& value);
+  void Command(const std::function<void(Connect&)>& command);
+  bool ApplyOption(const std::string& name, const unattended::RunStateOptions::OptionValue& value);
   void PlaceCursor();
   word::ApplicationPtr Application();
   std::unique_ptr<TermMarker> MakeMarker();
-  void End();
+  template <class Work>
+  void Conduct(Work work);
+  void WriteState();
+  nlohmann::ordered_json OptionsAtEnd() const;
   nlohmann::ordered_json StateAtEnd();
 
   const Options& options_;
@@ -73,7 +80,6 @@ class Session {
   os::LinuxUserSettings userSettings_;
   os::IcuCharacters characters_;
 
-  std::ostringstream transcriptText_;
   std::optional<unattended::Transcript> transcript_;
   RunLog log_;
   RunWatch watch_;

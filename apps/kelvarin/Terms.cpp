@@ -20,16 +20,15 @@ std::string Printed(const std::vector<std::u16string>& terms, bool json) {
 }  // namespace
 
 FileResult ListTerms(const Options& options, const std::filesystem::path& input) {
-  return RunOnFile(options, input, [&](Report& report) {
+  return RunOnFile(options, input, [&](FileRecord& record) {
     unattended::IndexOptions search = options.index;
     search.searchOnly = true;
     unattended::IndexAnswers answers(search);
-    Session session(input, options, answers);
+    Session session(input, options, answers, {}, record.transcript);
     session.Run([](Connect& addIn) { addIn.ShowKVXForm(); });
     const Status status = session.Watch().TermsShown() && answers.Failure().empty() ? kDone : kStopped;
-    SayMessages(options, input, session, status, answers.Failure());
-    if (options.report) report.Fill(session);
+    TellRun(options, input, session, status, answers.Failure(), record.report);
     if (status == kDone) WriteText(Printed(session.Watch().Found(), options.json), "-");
-    return Outcome{.status = status, .transcript = session.TranscriptText()};
+    return status;
   });
 }

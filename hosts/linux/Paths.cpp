@@ -4,6 +4,8 @@
 #include <unicode/utf8.h>
 
 #include <cstdint>
+#include <filesystem>
+#include <system_error>
 
 namespace os {
 
@@ -60,6 +62,11 @@ std::u16string ToWindowsPath(std::string_view posixPath) {
     }
   }
   return path;
+}
+
+std::string ProgramFolder() {
+  std::error_code error;
+  return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();
 }
 
 }  // namespace os

@@ -13,4 +13,7 @@ namespace os {
 std::string ToPosixPath(std::u16string_view windowsPath);
 std::u16string ToWindowsPath(std::string_view posixPath);
 
+/// The folder of the running program, in POSIX form; empty when the system does not say.
+std::string ProgramFolder();
+
 }  // namespace os

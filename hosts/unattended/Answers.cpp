@@ -222,11 +222,15 @@ void ReadOptions(const Place& place, RunStateOptions& state) {
 }
 
 RunStateOptions ReadState(const Place& place) {
+  // The state line of a transcript can be given as it is: its other two members say nothing here.
   place.Object({"noDocument", "new", "attributes", "cursor", "view", "options", "wordProcesses", "connectMode",
-                "addInFolder", "appData"});
+                "addInFolder", "appData", "event", "displayOnConnect"});
   RunStateOptions state;
   if (place.Has("noDocument")) state.noDocument = place.At("noDocument").Flag();
-  if (state.noDocument && place.Value().size() > 1) place.Fail("\"noDocument\" stands alone");
+  for (const char* ofDocument : {"new", "attributes", "cursor", "view"}) {
+    if (!state.noDocument || !place.Has(ofDocument)) continue;
+    place.Fail(std::string("\"noDocument\" leaves no room for \"") + ofDocument + "\"");
+  }
   if (place.Has("new")) state.newDocument = place.At("new").Flag();
   if (place.Has("attributes")) state.attributes = place.At("attributes").Number(0);
   if (place.Has("cursor")) {

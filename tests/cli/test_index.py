@@ -1,3 +1,5 @@
+import json
+
 import program
 
 
@@ -72,6 +74,48 @@ class Index(program.Case):
         self.assertEqual((report["status"], report["output"]), ("stopped", None))
         self.assertEqual(report["messages"][0]["title"], "Nothing selected")
 
+    def test_a_run_that_stops_has_its_reason_in_the_report(self):
+        nothing = self.document("nothing.docx", "P Nothing is defined here.")
+        report = self.report("index", nothing, "-o", "out.docx", status=1)
+        self.assertEqual((report["status"], report["messages"]),
+                         ("stopped", [{"title": "", "text": "no defined terms were found, and none were added"}]))
+        report = self.report("index", nothing, "-o", "out.docx", "--at", "bookmark:Nowhere", status=1)
+        self.assertEqual(report["messages"], [{"title": "", "text": 'there is no bookmark "Nowhere"'}])
+
+    def test_the_reported_terms_are_those_of_the_last_search(self):
+        self.document(lines="P “**Buyer**” is bold and “Seller” is not; the Buyer pays the Seller.")
+        steps = [{"set": "chkBold", "to": 1}, {"click": "cmdRefresh"}, {"click": "cmdOK"}]
+        (self.folder / "answers.json").write_text(json.dumps({"answers": [{"form": "frmKVX_COM", "do": steps}]}))
+        report = self.report("run", "index", "contract.docx", "--answers", "answers.json")
+        self.assertEqual((report["found"], report["chosen"]), (["Buyer"], ["Buyer"]))
+
+    def test_headers_and_text_boxes_are_neither_searched_nor_marked(self):
+        box = ('<wps:txbx><w:txbxContent><w:p><w:r><w:t>“Box” for the Buyer and the Wombat</w:t></w:r></w:p>'
+               '</w:txbxContent></wps:txbx>')
+        document = program.docx_writer.Document("Test")
+        document.add("P “**Buyer**” pays the “**Seller**”. The Buyer and the Seller.")
+        document.body.append(
+            '<w:p><mc:AlternateContent xmlns:mc="http://schemas.openxmlformats.org/markup-compatibility/2006" '
+            'xmlns:wps="http://schemas.microsoft.com/office/word/2010/wordprocessingShape" '
+            'xmlns:v="urn:schemas-microsoft-com:vml"><mc:Choice Requires="wps"><w:r><w:drawing>' + box + '</w:drawing></w:r>'
+            '</mc:Choice><mc:Fallback><w:r><w:pict><v:shape><v:textbox>' + box.replace("wps:txbx>", "v:textbox>")
+            .replace("<v:textbox>", "").replace("</v:textbox>", "") + '</v:textbox></v:shape></w:pict></w:r></mc:Fallback>'
+            '</mc:AlternateContent></w:p>')
+        document.save(self.folder / "contract.docx", header="“Header”_for_the_Buyer_and_the_Dingo")
+        before = self.inspect(self.folder / "contract.docx")
+        self.assertEqual([story["type"] for story in before["stories"]], [1, 5, 7])
+        report = self.report("index", "contract.docx", "-o", "out.docx", "--add", "Wombat", "--add", "Dingo")
+        self.assertEqual(report["found"], ["Buyer", "Seller"])
+        self.assertEqual([(row["term"], row["count"]) for row in report["terms"]],
+                         [("Buyer", 2), ("Seller", 2), ("Wombat", 0), ("Dingo", 0)])
+        self.assertEqual(report["notFound"], ["Dingo", "Wombat"])
+        after = self.inspect(self.folder / "out.docx")
+        self.assertEqual({entry["story"] for entry in after["entries"]}, {1})
+        self.assertEqual({highlight["story"] for highlight in after["highlights"]}, {1})
+        self.assertEqual(after["stories"][1:], before["stories"][1:])
+        parts = [program.parts(self.folder / name)["word/header1.xml"] for name in ("contract.docx", "out.docx")]
+        self.assertEqual(parts[0], parts[1])
+
     def test_options_reach_the_index(self):
         self.document()
         self.check("index", "contract.docx", "-o", "out.docx", "--columns", "1", "--separator", " ... ", "--no-tab",
@@ -116,7 +160,9 @@ class Index(program.Case):
     def test_progress_goes_to_standard_error_when_asked_for(self):
         self.document()
         self.assertEqual(self.check("index", "contract.docx", "-o", "out.docx").err, "")
-        self.assertIn("Indexing document", self.check("index", "contract.docx", "-o", "out2.docx", "--progress").err)
+        lines = self.check("index", "contract.docx", "-o", "out2.docx", "--progress").err.splitlines()
+        self.assertTrue(any("Indexing document" in line for line in lines), lines)
+        self.assertTrue(all(line.startswith("contract.docx: ") for line in lines), lines)
         self.assertEqual(self.check("index", "contract.docx", "-o", "out3.docx", "--progress", "--quiet").err, "")
 
 
@@ -127,6 +173,12 @@ class Terms(program.Case):
         self.assertEqual(self.check("terms", file).out, "Buyer\nSeller\n")
         self.assertIn('"term": "Buyer"', self.check("terms", file, "--json").out)
         self.assertEqual(file.read_bytes(), before)
+
+    def test_the_search_options_of_index_are_taken(self):
+        file = self.document(lines="P “**Buyer**” is bold and “Seller” is not; „Tenant“ is low.")
+        self.assertEqual(self.check("terms", file, "--bold").out, "Buyer\n")
+        every = ("--case", "--no-caps", "--highlight", "--no-ignore-numbers", "--search", "quoted")
+        self.assertEqual(self.check("terms", file, "--open-quote", "132", "--close-quote", "147", *every).out, "Tenant\n")
 
     def test_a_document_without_terms_prints_nothing(self):
         file = self.document(lines="P Nothing is defined here.")

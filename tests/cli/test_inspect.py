@@ -47,6 +47,11 @@ class Inspect(program.Case):
         self.assertIn("DefinedTermsIndex", shown["index"]["code"])
         self.assertIn("DefinedTermsIndex", [bookmark["name"] for bookmark in shown["bookmarks"]])
 
+    def test_the_transcript_of_looking_is_the_state(self):
+        self.document()
+        self.check("inspect", "contract.docx", "--transcript", "log.jsonl")
+        self.assertEqual([event["event"] for event in self.events(self.folder / "log.jsonl")], ["state"])
+
 
 if __name__ == "__main__":
     program.main()

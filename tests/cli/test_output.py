@@ -55,6 +55,22 @@ class Output(program.Case):
         (self.folder / "folder.docx").mkdir()
         self.check("index", file, "-o", "folder.docx", "--force", status=3)
 
+    def test_a_result_that_cannot_be_written_leaves_the_transcript_of_its_run(self):
+        file = self.document()
+        for command in (("index", file), ("run", "index", file), ("remove", file)):
+            self.check(*command, "-o", "missing/out.docx", "--transcript", "log.jsonl", status=3)
+            events = self.events(self.folder / "log.jsonl")
+            self.assertIn("RemoveIndexEntries", [event.get("operation") for event in events])
+            self.assertEqual([event["event"] for event in events].count("state"), 1)
+            self.assertEqual(events[-1]["event"], "state")
+
+    def test_a_file_that_cannot_be_opened_leaves_a_state_without_a_document(self):
+        (self.folder / "bad.docx").write_bytes(b"no document")
+        self.check("index", "bad.docx", "-o", "out.docx", "--transcript", "log.jsonl", status=3)
+        events = self.events(self.folder / "log.jsonl")
+        self.assertEqual([event["event"] for event in events], ["state"])
+        self.assertTrue(events[0]["noDocument"])
+
     def test_names_with_blanks_and_odd_bytes_work(self):
         name = os.fsdecode(b"a b \xff \xc3\xa9.docx")
         self.document(name)

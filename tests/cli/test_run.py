@@ -1,4 +1,5 @@
 import json
+import pathlib
 
 import program
 
@@ -77,6 +78,42 @@ class Run(program.Case):
         self.assertTrue(state["options"]["AllowFastSave"])
         self.assertEqual(state["cursor"], {"story": 1, "start": 3, "end": 3})
 
+    def test_options_that_word_does_not_have_here_are_kept(self):
+        given = {"Frobnicate": True, "DefaultTab": 3, "UserName": "x"}
+        options = self.run_index(CANCELS[0], state={"options": given}, status=1)[-1]["options"]
+        self.assertEqual({name: options[name] for name in given}, given)
+
+    def test_the_state_at_the_end_is_a_state_to_begin_with(self):
+        self.run_index(OK, "-o", "out.docx")
+        for answers, state in ((CANCELS[0], {"new": True, "attributes": 33}), (CANCELS[0], {"noDocument": True})):
+            first = self.run_index(answers, state=state, status=1)[-1]
+            self.assertEqual(first["connectMode"], 1)
+            self.assertEqual(first["addInFolder"], str(pathlib.Path(program.KELVARIN).resolve().parent))
+            self.assertEqual(first["appData"], str(self.home / ".config"))
+            self.assertEqual(self.run_index(answers, state=first, status=1)[-1], first)
+        self.assertEqual(list(self.home.rglob("*.ini")), [])
+
+    def test_an_add_in_that_is_loaded_from_outside_adds_no_menu(self):
+        self.assertEqual(self.run_index(CANCELS[0], state={"connectMode": 2}, status=1)[-1]["connectMode"], 2)
+
+    def test_a_cursor_behind_the_last_mark_of_its_story_is_refused(self):
+        self.document(lines="P “Buyer”[[fn: The Buyer.]] is the Buyer.")
+        for story in self.inspect(self.folder / "contract.docx")["stories"]:
+            end = story["length"]
+            cursor = {"story": story["type"], "start": end - 1, "end": end}
+            self.assertEqual(self.run_index(CANCELS[0], state={"cursor": cursor}, status=1)[-1]["cursor"], cursor)
+            cursor["start"] = end
+            events = self.run_index(CANCELS[0], "--report", "report.json", state={"cursor": cursor}, status=1)
+            self.assertEqual([event["event"] for event in events], ["state"])
+            report = json.loads((self.folder / "report.json").read_text())
+            self.assertIn("no such place for the cursor", report["messages"][0]["text"])
+
+    def test_the_terms_found_are_given_to_the_companion_with_the_bound_of_their_array(self):
+        events = self.run_index(OK)
+        arguments = [event["arguments"] for event in events if event.get("operation") == "AddTerm"]
+        self.assertEqual([bound for _, bound in arguments], [0, 1])
+        self.assertEqual(arguments[0][0], {"story": 1, "start": 1, "end": 6})
+
     def test_without_a_document_only_its_message_is_shown(self):
         events = self.run_index([], "-o", "out.docx", state={"noDocument": True}, status=1)
         self.assertEqual([event["event"] for event in events], ["message", "state"])
@@ -105,6 +142,22 @@ class Run(program.Case):
         self.assertIn("frmKVXOptions", result.err)
         self.assertIn("frmKVX_COM", result.err)
 
+    def test_strict_ends_the_run_inside_a_form(self):
+        steps = [{"set": "txtAddTerm", "to": "Buyer"}, {"click": "cmdAddTerm"}, {"click": "cmdOK"}]
+        terms = {"form": "frmKVX_COM", "do": steps}
+        for expected in ([], [{"message": "Nothing deleted", "press": "OK"}]):
+            events = self.run_index([OK[0], terms, *expected], "--strict", "-o", "out.docx", "--force", status=1)
+            self.assertEqual([event["title"] for event in events if event["event"] == "message"], ["Already on list"])
+            self.assertEqual([event["name"] for event in events if event["event"] == "formEnd"],
+                             ["frmKVXOptions", "frmKVX_COM"])
+            self.assertNotIn("BeginIndexing", [event.get("operation") for event in events])
+            # The run has cleaned up behind itself.
+            shown = self.inspect(self.folder / "out.docx")
+            self.assertEqual((shown["entries"], shown["bookmarks"], shown["index"]), ([], [], None))
+        events = self.run_index([OK[0], terms, {"message": "Already on list", "press": "OK"},
+                                 {"message": "Add term?", "press": "No"}], "--strict")
+        self.assertIn("BeginIndexing", [event.get("operation") for event in events])
+
     def test_answers_left_over_are_an_error_with_strict(self):
         self.run_index(OK, "--strict")
         more = OK + [{"message": "Done", "press": "OK"}]
@@ -114,7 +167,7 @@ class Run(program.Case):
 
     def test_answers_that_are_none_are_status_3(self):
         for content in ("", "no json", "[]", '{"answers": 1}', '{"answers": [{"frobnicate": 1}]}', '{"state": {"options": '
-                        '{"Frobnicate": true}}, "answers": []}'):
+                        '{"Pagination": "x"}}, "answers": []}'):
             (self.folder / "answers.json").write_text(content)
             result = self.check("run", "index", "contract.docx", "--answers", "answers.json", status=3)
             self.assertIn("answers", result.err)

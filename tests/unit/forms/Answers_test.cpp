@@ -110,6 +110,16 @@ TEST(Answers, WithoutAStateEverythingStaysAsItIs) {
   EXPECT_TRUE(ParseAnswers(R"({"state":{"noDocument":true},"answers":[]})").state.noDocument);
 }
 
+TEST(Answers, TheStateLineOfATranscriptIsAState) {
+  const RunStateOptions state = ParseAnswers(R"({"state":{"event":"state","noDocument":true,
+      "options":{"Pagination":false},"wordProcesses":1,"connectMode":1,"addInFolder":"/usr/bin","appData":"/data",
+      "displayOnConnect":"0"},"answers":[]})")
+                                    .state;
+  EXPECT_TRUE(state.noDocument);
+  EXPECT_EQ(state.connectMode, 1);
+  EXPECT_EQ(state.appData, "/data");
+}
+
 TEST(Answers, WhatIsNoJsonIsRefusedWithItsPlace) {
   EXPECT_EQ(Problem(""), "no JSON: unexpected text at byte 1");
   EXPECT_EQ(Problem("{\"answers\":[}"), "no JSON: unexpected text at byte 13");
@@ -152,7 +162,8 @@ TEST(Answers, StepsThatMakeNoSenseAreNamed) {
 }
 
 TEST(Answers, AStateThatMakesNoSenseIsNamed) {
-  EXPECT_EQ(Problem(R"({"state":{"noDocument":true,"new":true},"answers":[]})"), "state: \"noDocument\" stands alone");
+  EXPECT_EQ(Problem(R"({"state":{"noDocument":true,"new":true},"answers":[]})"),
+            "state: \"noDocument\" leaves no room for \"new\"");
   EXPECT_EQ(Problem(R"({"state":{"cursor":{"story":1,"start":5,"end":4}},"answers":[]})"),
             "state.cursor.end: the number is out of range");
   EXPECT_EQ(Problem(R"({"state":{"options":{"A":null}},"answers":[]})"),
