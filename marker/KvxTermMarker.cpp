@@ -35,6 +35,19 @@ std::vector<word::RangePtr> MarkedStories(const word::DocumentPtr& document) {
   return stories;
 }
 
+/// Whether the document holds anything that an earlier run put there.
+bool IsMarked(const word::DocumentPtr& document) {
+  const word::BookmarksPtr bookmarks = document->Bookmarks();
+  for (const std::u16string_view name : {kIndexBookmark, kNotUsedBookmark, kNotFoundBookmark}) {
+    if (bookmarks->Exists(name)) return true;
+  }
+  if (HighlightRecord(document).IsLaidOn()) return true;
+  const std::vector<word::RangePtr> stories = MarkedStories(document);
+  return std::any_of(stories.begin(), stories.end(), [](const word::RangePtr& story) {
+    return story->Fields()->Count() > 0 && TextByPosition(story).find(kEntryType) != std::u16string::npos;
+  });
+}
+
 /// A term that holds a mark or a break is a line nevertheless.
 void AppendLine(std::u16string& lines, std::u16string_view line) {
   if (!lines.empty()) lines.append(u"\r\n");
@@ -56,7 +69,16 @@ void KvxTermMarker::AddTerm(const word::RangePtr& range, std::vector<std::u16str
 // Marking reads quotes of every style alike, so nothing here hangs on the option.
 void KvxTermMarker::OptionChanged(const word::DocumentPtr& /*document*/) {}
 
-void KvxTermMarker::BeginIndexing(const word::DocumentPtr& document) { run_.emplace(letters_, document); }
+// A run without a search, and one that follows a failed one in the same dialog, come with the earlier marking still in
+// the document: entries would stand twice, and our own highlights would count as the author's.
+void KvxTermMarker::BeginIndexing(const word::DocumentPtr& document) {
+  if (IsMarked(document)) {
+    RemoveIndexEntries(nullptr, document, false);
+    RemoveIndex(nullptr, document, true);
+    RemoveTermHighlighting(document);
+  }
+  run_.emplace(letters_, document);
+}
 
 void KvxTermMarker::EndIndexing(const word::DocumentPtr& /*document*/) { run_.reset(); }
 

@@ -31,6 +31,7 @@ class TermMarker {
   /// Told after Options.AutoFormatAsYouTypeReplaceQuotes was put. Changes no text.
   virtual void OptionChanged(const word::DocumentPtr& document) = 0;
 
+  /// Takes an earlier marking away where that was not done yet, as the three removals do.
   virtual void BeginIndexing(const word::DocumentPtr& document) = 0;
   virtual void EndIndexing(const word::DocumentPtr& document) = 0;
 

@@ -207,6 +207,20 @@ class Run(program.Case):
         self.assertEqual([event["name"] for event in events if event["event"] == "form"], ["frmKVXOptions", "frmKVX_COM"])
         self.assertEqual([event for event in events if event.get("member") == "Find.Text"], [])
 
+    def test_a_run_without_a_search_replaces_an_earlier_marking(self):
+        (self.folder / "my.ini").write_bytes(b"[Defaults]\r\nSearchType=Anything\r\nHighlight=True\r\n")
+        steps = [step for term in ("Buyer", "money") for step in ({"set": "txtAddTerm", "to": term}, {"click": "cmdAddTerm"})]
+        terms = {"form": "frmKVX_COM", "do": [*steps, {"click": "cmdOK"}]}
+        self.check("index", "contract.docx", "-o", "indexed.docx", "--highlight", "--at", "after:good.")
+        for name in ("contract.docx", "indexed.docx"):
+            (self.folder / "my.json").write_text(json.dumps({"answers": [OK[0], terms]}))
+            self.check("run", "index", name, "--answers", "my.json", "--settings", "my.ini", "-o", f"again-{name}",
+                       "--at", "after:good.")
+        once, twice = (program.canonical(self.folder / f"again-{name}.docx") for name in ("contract", "indexed"))
+        self.assertEqual(once, twice)
+        self.check("remove", "again-indexed.docx", "-o", "removed.docx")
+        self.assertEqual(program.canonical(self.folder / "removed.docx"), program.canonical(self.folder / "contract.docx"))
+
     def test_without_highlight_the_highlighting_goes_after_marking(self):
         options = {"form": "frmKVXOptions", "do": [{"set": "chkHighlight", "to": 0}, {"click": "cmdOK"}]}
         events = self.run_index([options, OK[1]], "-o", "out.docx")

@@ -290,6 +290,35 @@ INSTANTIATE_TEST_SUITE_P(All, IndexPlaces,
                                          std::pair{11, 1}, std::pair{11, 2}, std::pair{12, 1}, std::pair{12, 4},
                                          std::pair{25, 1}, std::pair{25, 2}));
 
+TEST_F(TermMarkerOnDocx, MarkingOverAnEarlierMarkingIsMarkingOnce) {
+  const std::string content = TextRun("The ") + TextRun("Lender", "<w:highlight w:val=\"cyan\"/>") +
+                              TextRun(" pays the Lender\u2019s Agent.") + EntryField(" XE \"Lender\" ");
+  const std::string note = Note("footnote", TextRun(" The Lender."));
+  const DocxDocument::Parts parts{
+      .body = Paragraph(content + "<w:r><w:footnoteReference w:id=\"2\"/></w:r>") + Paragraph(TextRun("End.")),
+      .footnotes = note};
+  Open(parts);
+  const auto before = docx_->Canonical();
+  Mark({u"Lender"});
+  const auto marked = docx_->Canonical();
+  InsertIndexAt(0, 2);
+  for (const Terms& chosen : {Terms{u"Lender", u"Agent"}, Terms{u"Agent"}, Terms{u"Lender"}}) {
+    EXPECT_EQ(Mark(chosen).back().count, chosen.back() == u"Agent" ? 1 : 3);
+    if (chosen.size() == 2) InsertIndexAt(0, 2);
+  }
+  ExpectSameParts(marked);
+  RemoveAll();
+  ExpectSameParts(before);
+}
+
+TEST_F(TermMarkerOnDocx, EntriesWithoutIndexAndHighlightAreAnEarlierMarking) {
+  OpenParagraph(TextRun("The Lender pays."));
+  Mark({u"Lender"});
+  marker_->RemoveTermHighlighting(docx_->Document());
+  Mark({u"Lender"});
+  EXPECT_EQ(docx_->Text(), u"The Lender" + Entry(u"Lender") + u" pays.\r");
+}
+
 TEST_F(TermMarkerOnDocx, AnotherAuthorsEntriesAndIndexStay) {
   OpenWithIndexStyle(TextRun("Lender") + EntryField(" XE \"Lender\" \\f \"D\" ") +
                      Field(" INDEX \\f \"D\" ", "Lender, 1"));
