@@ -55,6 +55,16 @@ class Index(program.Case):
             self.assertTrue(shown["stories"][0]["text"].startswith("A "))
             self.assertLessEqual(field["start"], 4, place)
 
+    def test_the_pages_are_those_of_the_document_with_its_index(self):
+        terms = [f"Term {chr(65 + one)}{chr(97 + other)}" for one in range(5) for other in range(26)]
+        self.document(lines="\nN\n".join(f"P “{term}” is the {term}." for term in terms))
+        self.check("index", "contract.docx", "-o", "out.docx", "--at", "start", "--columns", "1", "--separator", "=",
+                   "--no-tab")
+        shown = self.inspect(self.folder / "out.docx")
+        pages = {entry["text"]: entry["page"] for entry in shown["entries"]}
+        self.assertGreater(pages[terms[0]], 2)
+        self.assertEqual(shown["index"]["paragraphs"], [f"{term}={pages[term]}" for term in terms])
+
     def test_terms_are_added_and_left_out(self):
         self.document()
         def chosen(*arguments):

@@ -23,12 +23,16 @@ struct IndexRun {
   std::u16string text;
   bool bold{false};
   bool italic{false};
+
+  bool operator==(const IndexRun&) const = default;
 };
 
 struct IndexParagraph {
   int level{1};         ///< 1 to 9: the style "Index 1" to "Index 9"
   bool heading{false};  ///< a letter's heading, in style "Index Heading"
   std::vector<IndexRun> runs{};
+
+  bool operator==(const IndexParagraph&) const = default;
 };
 
 /// Lays out the result of an INDEX field as Word does. Never empty: without entries it is Word's sentence that says so.

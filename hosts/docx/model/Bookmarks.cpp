@@ -28,7 +28,7 @@ class BookmarkProxy : public word::Bookmark {
 
   void Delete() override {
     Mark("Bookmark.Delete");
-    document_.lock()->BeforeChange("Bookmark.Delete");
+    document_.lock()->BeforeBookmark("Bookmark.Delete");
     document_.lock()->Bookmarks().Remove(name_);
   }
 
@@ -73,7 +73,7 @@ class BookmarksProxy : public word::Bookmarks {
     if (!BookmarkIndex::IsName(name)) {
       throw word::HostError(word::kBadBookmarkName, u"Bad bookmark name.", "Bookmarks.Add");
     }
-    document->BeforeChange("Bookmarks.Add");
+    document->BeforeBookmark("Bookmarks.Add");
     RangeProxy& proxy = RangeProxy::Of(range);
     document->Bookmarks().Add(proxy.StoryOf("Bookmarks.Add"), proxy.Start(), proxy.End(), name);
     return Item(name);

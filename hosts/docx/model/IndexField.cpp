@@ -20,6 +20,9 @@ namespace {
 // Word sets the tab this far inside the column.
 constexpr int kTabInset = 10;
 
+// An index moves the pages behind it, and other numbers can make it longer. Where they never settle, the last are kept.
+constexpr int kMostLayouts = 5;
+
 /// What stands in one paragraph of the result, and where its text went.
 struct Written {
   const IndexParagraph* paragraph;
@@ -91,14 +94,11 @@ FieldSpan RemoveResult(Story& main, const FieldSpan& field) {
   return {field.begin, field.separator, field.separator};
 }
 
-}  // namespace
-
-void UpdateIndexField(OpenDocument& document, const FieldSpan& given) {
+/// Gives a field without a result one.
+void WriteResult(OpenDocument& document, const FieldSpan& field, const IndexOptions& options,
+                 const std::vector<IndexParagraph>& content) {
   Story& main = document.Parts().Main();
   XmlPart& part = main.Part();
-  const FieldSpan field = RemoveResult(main, given);
-  const IndexOptions options = ParseIndexOptions(FieldCodeText(main, field));
-  const std::vector<IndexParagraph> content = BuildIndexContent(CollectEntries(document), options);
   const bool ownSection = options.columns > 0;
 
   main.InsertFieldSeparator(field.end);
@@ -122,6 +122,25 @@ void UpdateIndexField(OpenDocument& document, const FieldSpan& given) {
     FormatRuns(main, each);
   }
   part.Touch();
+}
+
+}  // namespace
+
+void UpdateIndexField(OpenDocument& document, const FieldSpan& given) {
+  constexpr const char* kMember = "Field.Update";
+  Story& main = document.Parts().Main();
+  FieldSpan field = RemoveResult(main, given);
+  const IndexOptions options = ParseIndexOptions(FieldCodeText(main, field));
+  std::vector<IndexParagraph> content = BuildIndexContent(CollectEntries(document), options);
+  for (int layouts = 1;; ++layouts) {
+    document.BeforeChange(kMember);
+    WriteResult(document, field, options, content);
+    if (layouts == kMostLayouts) return;
+    std::vector<IndexParagraph> settled = BuildIndexContent(CollectEntries(document), options);
+    if (settled == content) return;
+    content = std::move(settled);
+    field = RemoveResult(main, *FieldAt(main.Atoms(), main.Atoms().At(field.begin)));
+  }
 }
 
 void DeleteIndexField(OpenDocument& document, const FieldSpan& given) {

@@ -43,12 +43,16 @@ bool OpenDocument::ReadProtection() {
 }
 
 void OpenDocument::BeforeChange(std::string_view member) {
+  BeforeBookmark(member);
+  pages_.reset();
+}
+
+void OpenDocument::BeforeBookmark(std::string_view member) const {
   if (protected_) {
     throw word::HostError(word::kMethodNotAvailable,
                           u"This method or property is not available because the document is a protected document.",
                           member);
   }
-  pages_.reset();
 }
 
 Paginator& OpenDocument::Pages() {

@@ -32,6 +32,8 @@ class OpenDocument {
   Paginator& Pages();
   /// Every change to the text passes here first. @throws HostError kMethodNotAvailable in a protected document
   void BeforeChange(std::string_view member);
+  /// The same for bookmarks, which take no room. @throws HostError likewise
+  void BeforeBookmark(std::string_view member) const;
 
   WindowState window;
   bool showGrammaticalErrors{true};
