@@ -7,6 +7,7 @@
 #include "addin/RunState.h"
 #include "addin/clsProgForm.h"
 #include "dialogs/KVXAddIn.h"
+#include "discovery/SearchResult.h"
 #include "engine/modKVX.h"
 #include "platform/Host.h"
 #include "platform/TermMarker.h"
@@ -20,9 +21,6 @@ class frmKVX_COM;
 enum class ConnectMode : int { kAfterStartup = 0, kStartup = 1, kExternal = 2, kCommandLine = 3 };
 /// Why Word lets the add-in go; Word's numbers.
 enum class DisconnectMode : int { kHostShutdown = 0, kUserClosed = 1 };
-
-/// What a search for terms came to.
-enum class SearchResult : int { kFailed = 0, kGoOn = 1, kStopQuietly = 2 };
 
 /// The add-in. Word creates one, hands it its application, and calls it back for each command. It owns the
 /// progress object and the companion from connection to disconnection. Its public members are entry points: no error
@@ -50,6 +48,7 @@ class Connect : public KVXAddIn {
   clsProgForm& Progress() override { return *progress_; }
   bool OptionsAccepted() const override { return run_.OptionsAccepted; }
   bool IndexStartMarked() const override { return run_.IndexStartMarked; }
+  bool SavedReplaceQuotes() const override { return run_.saved.SavedReplaceQuotes; }
 
   /// How many programs named "winword.exe" run.
   int CountWinwordProcesses() const;
@@ -60,7 +59,7 @@ class Connect : public KVXAddIn {
   bool DialogOpenedLastTime() const { return dialogOpenedLastTime_; }
 
  protected:
-  /// Finds the terms in quotes and fills the dialog's list with them.
+  /// Checks the quotation marks, finds the terms in quotes and fills the dialog's list with them.
   SearchResult SearchQuotedTerms(const word::DocumentPtr& document, frmKVX_COM& dialog);
   /// Finds the capitalised words and phrases and fills the dialog's list with them. There is no finder for
   /// them here, so this fails; a derived class brings one.

@@ -4,6 +4,7 @@
 #include "addin/modCommonErrorMsgs.h"
 #include "dialogs/frmKVXOptions.h"
 #include "dialogs/frmKVX_COM.h"
+#include "discovery/QuotedSearch.h"
 #include "discovery/TermList.h"
 #include "platform/forms/FormHost.h"
 #include "platform/word/Application.h"
@@ -183,12 +184,13 @@ bool Connect::Search(frmKVX_COM& dialog) {
 SearchResult Connect::SearchQuotedTerms(const word::DocumentPtr& document, frmKVX_COM& dialog) {
   const QuoteCodes codes{ReadQuoteCode(ini_, u"OpenQuote", u"147"), ReadQuoteCode(ini_, u"CloseQuote", u"148")};
   const TermSearch search{wordApp_, document, *termMarker_, *progress_, dialog.SearchControls(), ProgressMode::kWindow};
+  const QuotedSearch quoted{search, host_, ini_, dialog.Options(), SavedReplaceQuotes()};
   dialog.firstFillInProgress = true;
   FoundTerms terms(1);
-  const bool done = BuildQuotedTermList(search, host_.messages, codes, dialog.chkBold.Value() == 1, terms);
+  const SearchResult result = ::SearchQuotedTerms(quoted, codes, dialog.chkBold.Value() == 1, terms);
   FillFoundTerms(dialog.lstTermsInDoc, terms);
   dialog.firstFillInProgress = false;
-  return done ? SearchResult::kGoOn : SearchResult::kFailed;
+  return result;
 }
 
 SearchResult Connect::SearchCappedTerms(const word::DocumentPtr&, frmKVX_COM&) { return SearchResult::kFailed; }

@@ -24,4 +24,6 @@ class KVXAddIn {
   virtual bool OptionsAccepted() const = 0;
   /// This run placed the bookmark "IndexBKStart".
   virtual bool IndexStartMarked() const = 0;
+  /// Options.AutoFormatAsYouTypeReplaceQuotes as the run found it.
+  virtual bool SavedReplaceQuotes() const = 0;
 };

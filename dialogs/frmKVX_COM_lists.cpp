@@ -1,6 +1,7 @@
 #include "dialogs/frmKVX_COM.h"
 
 #include "addin/clsProgForm.h"
+#include "discovery/QuotedSearch.h"
 #include "discovery/TermList.h"
 #include "platform/forms/FormHost.h"
 #include "settings/Defaults.h"
@@ -162,7 +163,8 @@ bool frmKVX_COM::FindTerms(FoundTerms& terms) {
                           SearchControls(),    ProgressMode::kStatusBar};
   const QuoteCodes codes{cmbOpenQuote.ItemData(cmbOpenQuote.ListIndex()),
                          cmbCloseQuote.ItemData(cmbCloseQuote.ListIndex())};
-  return BuildQuotedTermList(search, hostServices_.messages, codes, chkBold.Value() == 1, terms);
+  const QuotedSearch quoted{search, hostServices_, Ini(), Options(), KVXAddIn->SavedReplaceQuotes()};
+  return SearchQuotedTerms(quoted, codes, chkBold.Value() == 1, terms) == SearchResult::kGoOn;
 }
 
 void frmKVX_COM::ShowFoundTerms(const FoundTerms& terms) {

@@ -13,10 +13,6 @@
 
 namespace {
 
-constexpr int kOpenCurly = 147;
-constexpr int kCloseCurly = 148;
-constexpr int kStraight = 34;
-
 bool IsBold(const word::RangePtr& character) { return character->Font()->Bold() == -1; }
 
 void ShowStep(const TermSearch& search, std::u16string_view inWindow, std::u16string_view inStatusBar) {
@@ -69,12 +65,12 @@ FoundTerms FindQuotedTerms(const TermSearch& search, const word::RangePtr& story
   if (search.progressMode == ProgressMode::kWindow) search.progress.ShowProgress(0);
   ShowStep(search, u"Finding defined terms in document", u"Please wait: Finding defined terms in document");
 
-  if (codes.open == kOpenCurly || codes.close == kCloseCurly) {
+  if (codes.open == kOpenCurlyQuote || codes.close == kCloseCurlyQuote) {
     search.application->Options()->SetAutoFormatAsYouTypeReplaceQuotes(false);
-    search.termMarker.OptionChanged(search.document);
+    search.termMarker.OptionChanged(search.document, nullptr);
   }
-  if (codes.open == kOpenCurly) codes.open = kStraight;
-  if (codes.close == kCloseCurly) codes.close = kStraight;
+  if (codes.open == kOpenCurlyQuote) codes.open = kStraightQuote;
+  if (codes.close == kCloseCurlyQuote) codes.close = kStraightQuote;
   const std::u16string pattern = {CharFromAnsiCode(codes.open), u'*', CharFromAnsiCode(codes.close)};
 
   const FoundTerms terms = ScanStory(search, story, pattern, bold);

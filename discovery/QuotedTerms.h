@@ -9,11 +9,16 @@
 
 class clsProgForm;
 
+/// Windows-1252 codes of the quotation marks that are treated in a way of their own.
+inline constexpr int kStraightQuote = 34;
+inline constexpr int kOpenCurlyQuote = 147;
+inline constexpr int kCloseCurlyQuote = 148;
+
 /// Windows-1252 codes of the quotation marks around a defined term. A straight quote (34) is searched for in
 /// the place of an open 147 and a close 148, which finds both styles.
 struct QuoteCodes {
-  int open{147};
-  int close{148};
+  int open{kOpenCurlyQuote};
+  int close{kCloseCurlyQuote};
 };
 
 /// The controls of the terms dialog that a search writes to.

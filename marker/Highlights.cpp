@@ -3,11 +3,13 @@
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Constants.h"
 #include "platform/word/Document.h"
+#include "platform/word/Find.h"
 #include "platform/word/HostError.h"
 #include "platform/word/Range.h"
 
 #include <algorithm>
 #include <optional>
+#include <set>
 #include <string_view>
 
 namespace marker {
@@ -112,6 +114,23 @@ void HighlightRecord::Keep(const word::RangePtr& range, int colour) {
     for (const Name& name : Names()) lastNumber_ = std::max(lastNumber_, name.number);
   }
   bookmarks_->Add(BookmarkName(colour, ++lastNumber_), range);
+}
+
+void HighlightRecord::KeepQuotes(const word::RangePtr& story, char16_t quote) {
+  std::set<word::Position> kept;
+  for (const Name& name : Names()) {
+    const word::RangePtr range = bookmarks_->Item(BookmarkName(name.colour, name.number))->Range();
+    if (range->StoryType() == story->StoryType()) kept.insert(range->Start());
+  }
+  const word::RangePtr range = story->Duplicate();
+  const word::FindPtr find = range->Find();
+  find->ClearFormatting();
+  find->SetText({&quote, 1});
+  while (find->Execute()) {
+    if (kept.contains(range->Start())) continue;
+    const int colour = range->HighlightColorIndex();
+    Keep(range, colour == word::wdUndefined ? word::wdNoHighlight : colour);
+  }
 }
 
 void HighlightRecord::PutBack() {

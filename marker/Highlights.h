@@ -17,7 +17,7 @@ void ForEachColour(const word::RangePtr& range, Stretch stretch, const std::func
 /// every edit and is saved with the document:
 ///  - "_KVXHighlighting" at the main text's start: highlights of ours stand directly before our entries;
 ///  - "_KVXHighlight_<colour>_<number>" over a stretch that is to have that colour again: the author's own below
-///    ours, or none (0) where the entry that told of it is gone.
+///    ours, or none (0) where the entry that told of it is gone, and under a quotation mark.
 /// A highlight of ours over none of the author's that still has its entry needs no bookmark of its own.
 class HighlightRecord {
  public:
@@ -31,6 +31,9 @@ class HighlightRecord {
   void KeepApartFrom(const word::RangePtr& inserted);
   /// @param range a range over the stretch
   void Keep(const word::RangePtr& range, int colour);
+  /// Keeps the colour of every quotation mark of a story that a search for this one finds. One that the record holds
+  /// already is passed over: it may have our highlight by now.
+  void KeepQuotes(const word::RangePtr& story, char16_t quote);
   /// Gives every recorded stretch its colour and takes the whole record away.
   void PutBack();
 

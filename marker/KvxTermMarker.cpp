@@ -66,8 +66,10 @@ void KvxTermMarker::AddTerm(const word::RangePtr& range, std::vector<std::u16str
   terms.emplace_back();
 }
 
-// Marking reads quotes of every style alike, so nothing here hangs on the option.
-void KvxTermMarker::OptionChanged(const word::DocumentPtr& /*document*/) {}
+// Marking reads quotes of every style alike, so nothing here hangs on the option itself.
+void KvxTermMarker::OptionChanged(const word::DocumentPtr& document, const QuoteHighlighting* next) {
+  if (next != nullptr) HighlightRecord(document).KeepQuotes(next->story, next->quote);
+}
 
 // A run without a search, and one that follows a failed one in the same dialog, come with the earlier marking still in
 // the document: entries would stand twice, and our own highlights would count as the author's.

@@ -16,7 +16,7 @@ class KvxTermMarker : public TermMarker {
   explicit KvxTermMarker(os::Characters& characters);
 
   void AddTerm(const word::RangePtr& range, std::vector<std::u16string>& terms) override;
-  void OptionChanged(const word::DocumentPtr& document) override;
+  void OptionChanged(const word::DocumentPtr& document, const QuoteHighlighting* next) override;
   void BeginIndexing(const word::DocumentPtr& document) override;
   void EndIndexing(const word::DocumentPtr& document) override;
   TermTable BuildTermTable(const word::ApplicationPtr& application, const word::DocumentPtr& document,

@@ -14,6 +14,12 @@ struct TermRow {
 };
 using TermTable = std::vector<TermRow>;
 
+/// Quotation marks that are about to be highlighted.
+struct QuoteHighlighting {
+  word::RangePtr story;  ///< the whole of it
+  char16_t quote{u'"'};  ///< a straight one stands for the curly ones too, as in a search
+};
+
 /// The companion that marks: it finds the occurrences of chosen terms, marks, counts and highlights them,
 /// builds the index and takes all of it away again. One instance serves the add-in for its whole life; a
 /// run is bracketed by BeginIndexing and EndIndexing. All members may throw word::HostError.
@@ -28,8 +34,11 @@ class TermMarker {
   /// the array's last, empty element and one empty element is added behind it.
   virtual void AddTerm(const word::RangePtr& range, std::vector<std::u16string>& terms) = 0;
 
-  /// Told after Options.AutoFormatAsYouTypeReplaceQuotes was put. Changes no text.
-  virtual void OptionChanged(const word::DocumentPtr& document) = 0;
+  /// Told after Options.AutoFormatAsYouTypeReplaceQuotes was put, and before each highlighting of quotation marks.
+  /// Changes no text.
+  /// @param next what will be highlighted: its present highlighting is recorded, for RemoveTermHighlighting to give it
+  ///     back; nullptr: nothing
+  virtual void OptionChanged(const word::DocumentPtr& document, const QuoteHighlighting* next) = 0;
 
   /// Takes an earlier marking away where that was not done yet, as the three removals do.
   virtual void BeginIndexing(const word::DocumentPtr& document) = 0;
@@ -65,7 +74,8 @@ class TermMarker {
                                   bool flag) = 0;
   /// Removes the index, its bookmark, and the two lists with theirs.
   virtual void RemoveIndex(const word::ApplicationPtr& application, const word::DocumentPtr& document, bool flag) = 0;
-  /// Takes away the highlights laid on by marking and puts the author's own back where they were.
+  /// Takes away the highlights laid on by marking and on quotation marks, and puts the author's own back where they
+  /// were.
   virtual void RemoveTermHighlighting(const word::DocumentPtr& document) = 0;
 
   /// The component's own clean-up at the end of a run: deletes "ReturnHereBK" when the document has an index.

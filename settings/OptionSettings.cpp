@@ -68,7 +68,7 @@ void WriteDefaults(modIniFile& ini, os::Messages& messages) {
   }
 }
 
-void FillQuotes(forms::ComboBox& list, int chosen) {
+void FillQuoteList(forms::ComboBox& list, int chosen) {
   list.Clear();
   for (const int code : kQuoteCodes) list.AddItem(std::u16string(1, CharFromAnsiCode(code)), code);
   list.SetListIndex(chosen);
@@ -85,8 +85,7 @@ void Tick(const modIniFile& ini, forms::CheckBox& box, std::u16string_view key) 
 }
 
 void Fill(modIniFile& ini, const OptionControls& options) {
-  FillQuotes(options.cmbOpenQuote, 0);
-  FillQuotes(options.cmbCloseQuote, 1);
+  FillQuotes(options.cmbOpenQuote, options.cmbCloseQuote);
 
   const std::u16string indexWhat = Read(ini, u"IndexWhat");
   options.optIndexWhat[0].SetValue(indexWhat == u"IndexAll" || indexWhat.empty());
@@ -101,7 +100,7 @@ void Fill(modIniFile& ini, const OptionControls& options) {
 
   const int openCode = ReadQuoteCode(ini, u"OpenQuote", u"147");
   const int closeCode = ReadQuoteCode(ini, u"CloseQuote", u"148");
-  SelectQuotes(options, openCode, closeCode);
+  SelectQuotes(options.cmbOpenQuote, options.cmbCloseQuote, openCode, closeCode);
 
   Tick(ini, options.chkBold, u"Bold");
   Tick(ini, options.chkIndexCaps, u"IndexAllCaps");
@@ -137,8 +136,7 @@ void Save(modIniFile& ini, const OptionControls& options) {
   if (options.chkTabSep.Value() != 0) separator += kTabMarker;
   Write(ini, u"IndexSep", separator + u"\"");
 
-  Write(ini, u"OpenQuote", ChosenCode(options.cmbOpenQuote));
-  Write(ini, u"CloseQuote", ChosenCode(options.cmbCloseQuote));
+  SaveQuotes(ini, options.cmbOpenQuote, options.cmbCloseQuote);
 
   if (options.optSearchType[0].Value() || options.optSearchType[1].Value()) {
     const bool quotedTerms = options.optSearchType[0].Value();
@@ -175,7 +173,18 @@ int ReadQuoteCode(modIniFile& ini, std::u16string_view key, std::u16string_view 
   return WholeNumber(defaultCode).value();
 }
 
-void SelectQuotes(const OptionControls& options, int openCode, int closeCode) {
-  SelectQuote(options.cmbOpenQuote, openCode);
-  SelectQuote(options.cmbCloseQuote, closeCode);
+void FillQuotes(forms::ComboBox& cmbOpenQuote, forms::ComboBox& cmbCloseQuote) {
+  FillQuoteList(cmbOpenQuote, 0);
+  FillQuoteList(cmbCloseQuote, 1);
+}
+
+void SelectQuotes(forms::ComboBox& cmbOpenQuote, forms::ComboBox& cmbCloseQuote, int openCode, int closeCode) {
+  SelectQuote(cmbOpenQuote, openCode);
+  SelectQuote(cmbCloseQuote, closeCode);
+}
+
+bool SaveQuotes(modIniFile& ini, const forms::ComboBox& cmbOpenQuote, const forms::ComboBox& cmbCloseQuote) {
+  const bool openWritten = ini.WriteIniValue(kDefaultsSection, u"OpenQuote", ChosenCode(cmbOpenQuote));
+  const bool closeWritten = ini.WriteIniValue(kDefaultsSection, u"CloseQuote", ChosenCode(cmbCloseQuote));
+  return openWritten && closeWritten;
 }

@@ -20,5 +20,12 @@ void SaveOptionsToIni(modIniFile& ini, os::Messages& messages, const OptionContr
 /// @param key "OpenQuote" or "CloseQuote"
 int ReadQuoteCode(modIniFile& ini, std::u16string_view key, std::u16string_view defaultCode);
 
+/// Fills both lists with the quotation marks that are offered and chooses the curly pair.
+void FillQuotes(forms::ComboBox& cmbOpenQuote, forms::ComboBox& cmbCloseQuote);
+
 /// Chooses the entries of both lists that carry the codes; a list without such an entry stays as it is.
-void SelectQuotes(const OptionControls& options, int openCode, int closeCode);
+void SelectQuotes(forms::ComboBox& cmbOpenQuote, forms::ComboBox& cmbCloseQuote, int openCode, int closeCode);
+
+/// Writes the codes of the chosen entries to the settings.
+/// @return false when one could not be written
+bool SaveQuotes(modIniFile& ini, const forms::ComboBox& cmbOpenQuote, const forms::ComboBox& cmbCloseQuote);

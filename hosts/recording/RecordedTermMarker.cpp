@@ -73,8 +73,14 @@ class RecordedTermMarker : public TermMarker {
       return static_cast<int>(terms.size());
     }));
   }
-  void OptionChanged(const word::DocumentPtr& document) override {
-    Tell(observer_, "OptionChanged", Arguments(document), [&] { inner_->OptionChanged(Unwrap(document)); });
+  void OptionChanged(const word::DocumentPtr& document, const QuoteHighlighting* next) override {
+    if (next == nullptr) {
+      Tell(observer_, "OptionChanged", Arguments(document), [&] { inner_->OptionChanged(Unwrap(document), nullptr); });
+      return;
+    }
+    const QuoteHighlighting inner{Unwrap(next->story), next->quote};
+    Tell(observer_, "OptionChanged", Arguments(document, next->story, std::u16string_view(&next->quote, 1)),
+         [&] { inner_->OptionChanged(Unwrap(document), &inner); });
   }
   void BeginIndexing(const word::DocumentPtr& document) override {
     Tell(observer_, "BeginIndexing", Arguments(document), [&] { inner_->BeginIndexing(Unwrap(document)); });

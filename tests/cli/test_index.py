@@ -185,10 +185,11 @@ class Terms(program.Case):
         self.assertEqual(file.read_bytes(), before)
 
     def test_the_search_options_of_index_are_taken(self):
-        file = self.document(lines="P “**Buyer**” is bold and “Seller” is not; „Tenant“ is low.")
+        file = self.document(lines="P “**Buyer**” is bold and “Seller” is not; „Tenant“ and „Lessor“ are low.")
         self.assertEqual(self.check("terms", file, "--bold").out, "Buyer\n")
         every = ("--case", "--no-caps", "--highlight", "--no-ignore-numbers", "--search", "quoted")
-        self.assertEqual(self.check("terms", file, "--open-quote", "132", "--close-quote", "147", *every).out, "Tenant\n")
+        self.assertEqual(self.check("terms", file, "--open-quote", "132", "--close-quote", "147", *every).out,
+                         "Lessor\nTenant\n")
 
     def test_a_document_without_terms_prints_nothing(self):
         file = self.document(lines="P Nothing is defined here.")

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <map>
@@ -46,7 +47,8 @@ class FakeFiles : public os::Files {
   std::vector<std::u16string> created;
 };
 
-/// One settings file in memory; writing makes it. Values lose one enclosing pair of quotes on reading.
+/// One settings file in memory; writing makes it. Values lose one enclosing pair of quotes on reading. Reading compares
+/// keys without regard to case.
 class FakeProfile : public os::Profile {
  public:
   explicit FakeProfile(FakeFiles& files) : files_(files) {}
@@ -54,7 +56,9 @@ class FakeProfile : public os::Profile {
   std::u16string Read(std::u16string_view section, std::u16string_view key, std::u16string_view defaultValue, int size,
                       std::u16string_view path) override {
     if (!files_.FileExists(path)) return std::u16string(defaultValue);
-    const auto found = values.find({std::u16string(section), std::u16string(key)});
+    const auto found = std::find_if(values.begin(), values.end(), [&](const auto& entry) {
+      return entry.first.first == section && SameKey(entry.first.second, key);
+    });
     std::u16string value = found == values.end() ? std::u16string(defaultValue) : found->second;
     if (value.size() >= 2 && value.front() == u'"' && value.back() == u'"') value = value.substr(1, value.size() - 2);
     return value.substr(0, static_cast<std::size_t>(size - 1));
@@ -79,6 +83,11 @@ class FakeProfile : public os::Profile {
   std::u16string lastPath;
 
  private:
+  static bool SameKey(std::u16string_view left, std::u16string_view right) {
+    const auto lower = [](char16_t unit) { return unit >= u'A' && unit <= u'Z' ? unit + 32 : +unit; };
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [&](char16_t a, char16_t b) { return lower(a) == lower(b); });
+  }
   FakeFiles& files_;
 };
 

@@ -24,7 +24,9 @@ class FakeTermMarker : public TermMarker {
     terms.back() = text;
     terms.emplace_back();
   }
-  void OptionChanged(const word::DocumentPtr&) override { log_.Add("OptionChanged"); }
+  void OptionChanged(const word::DocumentPtr&, const QuoteHighlighting* next) override {
+    log_.Add(next == nullptr ? "OptionChanged" : "OptionChanged for " + Plain(std::u16string_view(&next->quote, 1)));
+  }
   void BeginIndexing(const word::DocumentPtr&) override { log_.Add("BeginIndexing"); }
   void EndIndexing(const word::DocumentPtr&) override { log_.Add("EndIndexing"); }
   TermTable BuildTermTable(const word::ApplicationPtr&, const word::DocumentPtr&,

@@ -45,6 +45,8 @@ class FakeWord {
   std::u16string name{u"contract.docx"};
   std::vector<Story> stories{{word::wdMainTextStory, u"\r", {}}};
   std::map<std::u16string, Place> bookmarks;
+  /// What was highlighted, in that order.
+  std::vector<Place> highlights;
   Place selection;
   int tables{0};
 

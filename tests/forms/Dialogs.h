@@ -33,6 +33,7 @@ class FakeAddIn : public KVXAddIn {
   clsProgForm& Progress() override { return progress_; }
   bool OptionsAccepted() const override { return optionsAccepted; }
   bool IndexStartMarked() const override { return indexStartMarked; }
+  bool SavedReplaceQuotes() const override { return true; }
 
   bool optionsAccepted{true};
   bool indexStartMarked{true};

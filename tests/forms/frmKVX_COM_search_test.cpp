@@ -98,13 +98,38 @@ TEST_F(Refresh, TheStatusLinesAreDrawnBeforeTheSearch) {
   EXPECT_FALSE(dialog.lblLabel2.Visible());
 }
 
-TEST_F(Refresh, ProgressGoesToTheStatusBar) {
+TEST_F(Refresh, TheQuotationMarksAreCheckedFirst) {
+  word.stories[0].text = u"The \u201CSeller\u201D sells to the \u201CBuyer.\r";
+  frmKVX_COM& dialog = StepsInTerms({u"old"}, R"({"click":"cmdRefresh"})",
+                                    R"({"message":"Mis-matched double quotes","press":"No"},
+                                       {"message":"Mis-matched double quotes","press":"No"},
+                                       {"message":"Cannot index","press":"OK"})");
+  EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*old"}));
+  EXPECT_EQ(log.Count("Find.Text = \"*\""), 0);
+}
+
+TEST_F(Refresh, QuotationMarksChosenOnTheWayAreShownAndSearchedFor) {
+  word.stories[0].text = u"The \u00ABSeller\u00BB sells to the \u201CBuyer.\r";
+  frmKVX_COM& dialog = StepsInTerms({u"old"}, R"({"click":"cmdRefresh"})",
+                                    R"({"message":"Mis-matched double quotes","press":"No"},
+                                       {"message":"Mis-matched double quotes","press":"Yes"},
+                                       {"form":"frmKVXChangeQuotes","do":[{"set":"cmbOpenQuote","to":3},
+                                         {"set":"cmbCloseQuote","to":4},{"click":"cmdOK"}]})");
+  EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*Seller"}));
+  EXPECT_EQ(dialog.cmbOpenQuote.ListIndex(), 3);
+  EXPECT_EQ(dialog.cmbCloseQuote.ListIndex(), 4);
+}
+
+TEST_F(Refresh, ProgressOfTheSearchGoesToTheStatusBar) {
   StepsInTerms({}, R"({"click":"cmdRefresh"})");
   const std::vector<Json> status = Events("status");
   ASSERT_FALSE(status.empty());
   EXPECT_EQ(status.front()["text"], "Please wait: Finding defined terms in document");
   EXPECT_EQ(status.back()["text"], "");
-  EXPECT_TRUE(Events("progress").empty());
+  for (const Json& event : Events("progress")) {
+    const std::string line = event["lines"][0];
+    EXPECT_TRUE(line.empty() || line == "Checking quotation marks") << line;
+  }
 }
 
 TEST_F(Refresh, SetAsDefaultsWritesEveryOptionInOrderAndSearches) {

@@ -195,6 +195,12 @@ TEST_F(IndexerRun, AWholeRunMakesItsCallsInTheirOrder) {
       "unload frmKVXOptions",
       "Bookmarks.Add ReturnHereBK 1:4-4",
       "Bookmarks.Add IndexBKStart 1:4-9",
+      // The quotation marks are counted
+      "show frmProgressForm",
+      "Find.Text = ?",
+      "Find.Text = ?",
+      "hide frmProgressForm",
+      "unload frmProgressForm",
       // The search for quoted terms
       "show frmProgressForm",
       "Options.AutoFormatAsYouTypeReplaceQuotes = False",

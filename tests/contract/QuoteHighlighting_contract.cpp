@@ -1,0 +1,78 @@
+#include "DocxDocument.h"
+
+#include "hosts/linux/IcuCharacters.h"
+#include "marker/MakeTermMarker.h"
+#include "platform/word/Bookmarks.h"
+#include "platform/word/Document.h"
+#include "platform/word/Find.h"
+#include "platform/word/Range.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr char kParagraphs[] =
+    "<w:p><w:r><w:t xml:space=\"preserve\">The \u201CBuyer\u201D and the </w:t></w:r>"
+    "<w:r><w:rPr><w:highlight w:val=\"green\"/></w:rPr><w:t>\u201CSeller\u201D</w:t></w:r>"
+    "<w:r><w:rPr><w:highlight w:val=\"yellow\"/></w:rPr><w:t>\"Agent\"</w:t></w:r></w:p>";
+
+class HighlightedQuotes : public testing::Test {
+ protected:
+  void Highlight(char16_t quote) {
+    const QuoteHighlighting next{document.Story(), quote};
+    marker->OptionChanged(document.Document(), &next);
+    const word::FindPtr find = document.Story()->Find();
+    find->SetText({&quote, 1});
+    find->Replacement()->SetHighlight(-1);
+    find->Execute({.Replace = word::wdReplaceAll});
+    marker->OptionChanged(document.Document(), nullptr);
+  }
+  int ColourAt(word::Position position) {
+    const word::RangePtr range = document.Story();
+    range->SetRange(position, position + 1);
+    return range->HighlightColorIndex();
+  }
+
+  DocxDocument document{{.body = kParagraphs}};
+  os::IcuCharacters characters;
+  std::unique_ptr<TermMarker> marker{MakeTermMarker(characters)};
+};
+
+TEST_F(HighlightedQuotes, AreTakenAwayWithTheAuthorsHighlightingGivenBack) {
+  const auto before = document.Canonical();
+  Highlight(u'"');
+  for (std::size_t i = 0; i < document.Text().size(); ++i) {
+    const char16_t unit = document.Text()[i];
+    if (unit == u'"' || unit == 0x201C || unit == 0x201D) {
+      EXPECT_EQ(ColourAt(static_cast<word::Position>(i)), word::wdYellow);
+    }
+  }
+  marker->RemoveTermHighlighting(document.Document());
+  EXPECT_EQ(document.Canonical(), before);
+}
+
+TEST_F(HighlightedQuotes, TwiceGoAtOnce) {
+  const auto before = document.Canonical();
+  Highlight(u'"');
+  Highlight(u'"');
+  Highlight(0x201C);
+  marker->RemoveTermHighlighting(document.Document());
+  EXPECT_EQ(document.Canonical(), before);
+}
+
+TEST_F(HighlightedQuotes, GoAlsoWhereTheDocumentWasEditedSince) {
+  Highlight(u'"');
+  document.Document()->Range(0, 4)->Delete();
+  document.Document()->Range(5, 5)->SetText(u"x");
+  marker->RemoveTermHighlighting(document.Document());
+  EXPECT_EQ(document.Document()->Bookmarks()->Count(), 0);
+  for (word::Position position = 0; position < 17; ++position) EXPECT_EQ(ColourAt(position), word::wdNoHighlight);
+}
+
+TEST_F(HighlightedQuotes, WhatIsOnlyToldOfTheOptionLeavesTheDocumentAlone) {
+  const auto before = document.Canonical();
+  marker->OptionChanged(document.Document(), nullptr);
+  EXPECT_EQ(document.Canonical(), before);
+}
+
+}  // namespace
