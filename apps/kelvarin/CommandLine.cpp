@@ -58,6 +58,14 @@ std::optional<CursorPlace> ReadPlace(const std::string& text) {
   return kind == "char" && isNumber ? std::optional(place) : std::nullopt;
 }
 
+docx::PageSource ReadPages(const std::string& given) {
+  if (given == "auto") return docx::PageSource::kAuto;
+  if (given == "file") return docx::PageSource::kFile;
+  if (given == "layout") return docx::PageSource::kLayout;
+  const std::string problem = given == "libreoffice" ? "is not available in this build; use" : "is none of";
+  throw CLI::ValidationError("--pages", "\"" + given + "\" " + problem + " auto, file, layout");
+}
+
 std::string CheckSearch(std::string& given) {
   if (given == "quoted") return {};
   if (given == "capitals") return "\"capitals\" is not available in this build; use quoted";
@@ -178,11 +186,10 @@ class Reader {
   void AddPages(CLI::App& command) {
     command
         .add_option_function<std::string>(
-            "--pages", [this](const std::string& given) { pages_ = given; },
-            "what page numbers rest on: file (the breaks in the file and an estimate), or auto, the best at hand (in "
-            "this "
-            "build: file)")
-        ->type_name("auto|file");
+            "--pages", [this](const std::string& given) { options_.pages = ReadPages(given); },
+            "what page numbers rest on: file (the breaks in the file and an estimate), layout (the document is laid "
+            "out with the fonts at hand), or auto, the best at hand (layout)")
+        ->type_name("auto|file|layout");
   }
 
   void AddPlace(CLI::App& command) {
@@ -270,12 +277,6 @@ class Reader {
   }
 
   void Check() {
-    const std::vector<std::string> unavailable{"layout", "libreoffice"};
-    if (std::find(unavailable.begin(), unavailable.end(), pages_) != unavailable.end()) {
-      throw CLI::ValidationError("--pages", "\"" + pages_ + "\" is not available in this build; use auto or file");
-    }
-    if (pages_ != "auto" && pages_ != "file")
-      throw CLI::ValidationError("--pages", "\"" + pages_ + "\" is none of auto, file");
     const OutputOptions& output = options_.output;
     const int places = output.file.has_value() + output.folder.has_value() + output.inPlace;
     if (places > 1) throw CLI::ValidationError("-o, --out-dir, --in-place", "only one of them can be used");
@@ -332,7 +333,6 @@ class Reader {
   CLI::App app_;
   Options options_;
   std::optional<bool> progress_;
-  std::string pages_{"auto"};
 };
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "hosts/docx/WordProcessor.h"
 #include "hosts/unattended/IndexAnswers.h"
 
 /// The command line, once it is known to be right. What is absent leaves the choice to the settings or the defaults.
@@ -33,6 +34,7 @@ struct Options {
 
   unattended::IndexOptions index{};
   std::optional<CursorPlace> at{};  ///< absent: the end, or where the answers file says
+  docx::PageSource pages{docx::PageSource::kAuto};
   bool json{false};
   OutputOptions output{};
 

@@ -72,7 +72,7 @@ void Session::Conduct(Work work) try {
 void Session::Open(const fs::path& input) {
   std::error_code error;
   const fs::path absolute = fs::absolute(input, error);
-  docx::DocumentSettings settings;
+  docx::DocumentSettings settings{.name = {}, .path = {}, .pages = options_.pages};
   if (state_.newDocument) {
     settings.name = kNewDocumentName;
   } else {

@@ -14,7 +14,11 @@ class OpenDocument;
 struct WordProcessorState;
 
 /// What page numbers rest on.
-enum class PageSource { kFile };
+enum class PageSource {
+  kAuto,    ///< the best at hand
+  kFile,    ///< the breaks in the file, and an estimate
+  kLayout,  ///< the layout engine alone
+};
 
 /// What a document's window shows, and where its cursor stands.
 struct WindowState {

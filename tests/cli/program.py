@@ -93,8 +93,8 @@ class Case(unittest.TestCase):
         self.check(*arguments, "--report", file, status=status)
         return json.loads(file.read_text(encoding="utf-8"))
 
-    def inspect(self, path):
-        return json.loads(self.check("inspect", path).out)
+    def inspect(self, path, *arguments):
+        return json.loads(self.check("inspect", path, *arguments).out)
 
     def events(self, path):
         return [json.loads(line) for line in path.read_text(encoding="utf-8").splitlines()]

@@ -12,7 +12,7 @@ class Index(program.Case):
         self.assertEqual(report["status"], "done")
         self.assertEqual(report["searchType"], "SearchFlagged")
         self.assertEqual(report["pages"], 1)
-        self.assertIn("estimate", report["pagesFrom"])
+        self.assertIn("layout", report["pagesFrom"])
         self.assertEqual(report["found"], ["Buyer", "Seller"])
         self.assertEqual(report["chosen"], ["Buyer", "Seller"])
         # The form in capitals counts for the term.
@@ -22,6 +22,13 @@ class Index(program.Case):
         self.assertEqual(report["notFound"], [])
         self.assertEqual(report["messages"], [])
         self.assertGreater(report["seconds"], 0)
+
+    def test_pages_can_rest_on_the_file_or_on_the_layout(self):
+        file = self.document(lines="".join(f"P Line {number} of the agreement.\n" for number in range(200)))
+        for source, basis in (("file", "estimate"), ("layout", "layout"), ("auto", "layout")):
+            shown = self.inspect(file, "--pages", source)
+            self.assertIn(basis, shown["pagesFrom"])
+            self.assertGreater(shown["pages"], 3)
 
     def test_the_index_stands_at_the_end_unless_told_otherwise(self):
         self.document()

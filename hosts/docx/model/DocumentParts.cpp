@@ -183,6 +183,15 @@ XmlPart* DocumentParts::Settings() {
   return settingsPart_->get();
 }
 
+XmlPart* DocumentParts::ByRelationship(std::string_view id) {
+  for (const Relationship& relationship : package_->Relationships(package_->MainDocument())) {
+    if (relationship.id != id) continue;
+    if (relationship.external || !package_->Has(relationship.target)) return nullptr;
+    return Load(relationship.target).get();
+  }
+  return nullptr;
+}
+
 std::string DocumentParts::EnsureIndexStyle(int level) {
   if (!stylesPart_) {
     const std::string folder = mainPart_->PartName().substr(0, mainPart_->PartName().find_last_of('/') + 1);

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "hosts/docx/package/Package.h"
@@ -37,6 +38,11 @@ class DocumentParts {
   XmlPart& MainPart() { return *mainPart_; }
   /// The settings part; nullptr when there is none.
   XmlPart* Settings();
+  /// A part that the main document refers to; nullptr when there is none. @param typeEnding of the relationship's type,
+  /// such as "/numbering" @throws PackageError when the part cannot be read
+  XmlPart* Related(const char* typeEnding) { return LoadRelated(typeEnding).get(); }
+  /// The same by the relationship's id.
+  XmlPart* ByRelationship(std::string_view id);
   /// Makes sure that the paragraph style "index n" exists. @return its id
   std::string EnsureIndexStyle(int level);
   /// Takes away the styles that EnsureIndexStyle added, now or in an earlier run, unless a paragraph still has one.

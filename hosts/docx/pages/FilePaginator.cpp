@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 
 #include "hosts/docx/pages/PageFlow.h"
@@ -13,38 +15,11 @@ namespace docx {
 
 namespace {
 
-/// One footnote or endnote in its story.
-struct Note {
-  pugi::xml_node element;
-  Position start{0};
-};
-
-/// The notes of a story, in order.
-std::vector<Note> NotesOf(const Story& story) {
-  std::vector<Note> notes;
-  const XmlPart& part = story.Part();
-  const AtomSequence& atoms = story.Atoms();
-  Position start = 0;
-  for (AtomSequence::Place place = atoms.Begin(); !atoms.IsEnd(place); place = atoms.Next(place)) {
-    const Atom& atom = atoms.Get(place);
-    if (atom.kind != AtomKind::kParagraphMark) continue;
-    pugi::xml_node note = atom.Node();
-    while (note && !part.Is(note, Tag::kFootnote) && !part.Is(note, Tag::kEndnote)) note = note.parent();
-    if (note && (notes.empty() || notes.back().element != note)) notes.push_back({note, start});
-    start = place.start + static_cast<Position>(atom.length);
-  }
-  return notes;
-}
-
 std::vector<pugi::xml_node> ElementsOf(const std::vector<Note>& notes) {
   std::vector<pugi::xml_node> elements;
   elements.reserve(notes.size());
   for (const Note& note : notes) elements.push_back(note.element);
   return elements;
-}
-
-std::string IdOf(const XmlPart& part, pugi::xml_node noteOrReference) {
-  return part.Attribute(noteOrReference, "id").value();
 }
 
 /// What each footnote's lines take, in points, by the note's id.
@@ -63,7 +38,7 @@ std::unordered_map<std::string, double> NoteHeights(const Formatting& formatting
     }
     if (event.kind != FlowKind::kParagraphEnd) continue;
     const ParagraphShape shape = ShapeOf(formatting, event.Node(), run, width);
-    heights[IdOf(story.Part(), notes[at].element)] +=
+    heights[NoteId(story.Part(), notes[at].element)] +=
         std::max(1, shape.Lines(characters)) * shape.lineHeight + shape.after;
   }
   return heights;
@@ -107,7 +82,7 @@ FilePaginator::FilePaginator(DocumentParts& parts) {
     heights = NoteHeights(parts.Formats(footnotes->Part()), *footnotes, setups.front().columnWidth);
     options.noteHeight = [&](pugi::xml_node reference) {
       if (!part.Is(reference, Tag::kFootnoteReference)) return 0.0;
-      const auto height = heights.find(IdOf(part, reference));
+      const auto height = heights.find(NoteId(part, reference));
       return height == heights.end() ? 0.0 : height->second;
     };
   }
@@ -118,10 +93,10 @@ FilePaginator::FilePaginator(DocumentParts& parts) {
     NotePages pages;
     for (const PageWalk::NoteReference& reference : walk.NoteReferences()) {
       if (part.Is(reference.element, Tag::kFootnoteReference)) {
-        pages.emplace(IdOf(part, reference.element), reference.page);
+        pages.emplace(NoteId(part, reference.element), reference.page);
       }
     }
-    PlaceFootnotes(*footnotes, pages);
+    footnotes_ = PlaceNotes(*footnotes, pages);
   }
   PlaceEndnotes(parts, walk);
   count_ = walk.PageCount();
@@ -129,13 +104,6 @@ FilePaginator::FilePaginator(DocumentParts& parts) {
   numberings_ = walk.TakeNumberings();
   stated_ = walk.Stated();
   estimated_ = options.estimate || walk.Estimated();
-}
-
-void FilePaginator::PlaceFootnotes(const Story& story, const NotePages& pages) {
-  for (const Note& note : NotesOf(story)) {
-    const auto page = pages.find(IdOf(story.Part(), note.element));
-    if (page != pages.end()) footnotes_.push_back({note.start, page->second});
-  }
 }
 
 void FilePaginator::PlaceEndnotes(DocumentParts& parts, PageWalk& walk) {
@@ -151,30 +119,9 @@ void FilePaginator::PlaceEndnotes(DocumentParts& parts, PageWalk& walk) {
   const XmlPart& part = parts.MainPart();
   for (const PageWalk::NoteReference& reference : walk.NoteReferences()) {
     if (!part.Is(reference.element, Tag::kEndnoteReference)) continue;
-    pages.emplace(IdOf(part, reference.element), walk.SectionEnds()[reference.section]);
+    pages.emplace(NoteId(part, reference.element), walk.SectionEnds()[reference.section]);
   }
-  for (const Note& note : notes) {
-    const auto page = pages.find(IdOf(story->Part(), note.element));
-    if (page != pages.end()) endnotes_.push_back({note.start, page->second});
-  }
-}
-
-int FilePaginator::PageOf(const Story& story, Position position) const {
-  switch (story.Type()) {
-    case word::wdMainTextStory:
-      return PageAt(main_, position);
-    case word::wdFootnotesStory:
-      return PageAt(footnotes_, position);
-    case word::wdEndnotesStory:
-      return PageAt(endnotes_, position);
-    default:
-      return 1;
-  }
-}
-
-std::u16string FilePaginator::LabelOf(int page) const {
-  if (page < 1 || page > count_) return FormatPageNumber({}, page);
-  return PageLabel(numberings_, page);
+  endnotes_ = PlaceNotes(*story, pages);
 }
 
 std::string FilePaginator::Basis() const {

@@ -1,13 +1,10 @@
 #pragma once
 
-#include <memory>
 #include <string>
-#include <unordered_map>
-#include <vector>
 
 #include "hosts/docx/model/DocumentParts.h"
+#include "hosts/docx/pages/PageTable.h"
 #include "hosts/docx/pages/PageWalk.h"
-#include "hosts/docx/pages/Paginator.h"
 
 namespace docx {
 
@@ -16,27 +13,16 @@ namespace docx {
 /// does an index that Word has not laid out; what follows such an index keeps the breaks that Word left.
 ///
 /// All is computed at once, in time proportional to the document.
-class FilePaginator : public Paginator {
+class FilePaginator : public PageTable {
  public:
   /// @throws PackageError when a part that the pages depend on cannot be read
   explicit FilePaginator(DocumentParts& parts);
 
-  int PageCount() const override { return count_; }
-  int PageOf(const Story& story, Position position) const override;
-  std::u16string LabelOf(int page) const override;
   std::string Basis() const override;
 
  private:
-  using NotePages = std::unordered_map<std::string, int>;
-
-  void PlaceFootnotes(const Story& story, const NotePages& pages);
   void PlaceEndnotes(DocumentParts& parts, PageWalk& walk);
 
-  int count_{1};
-  std::vector<PageStart> main_;
-  std::vector<PageStart> footnotes_;
-  std::vector<PageStart> endnotes_;
-  std::vector<PageNumbering> numberings_;
   bool stated_{false};
   bool estimated_{false};
 };

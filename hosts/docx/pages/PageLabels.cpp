@@ -63,6 +63,27 @@ std::u16string FormatPageNumber(std::string_view format, int number) {
   return Decimal(number);
 }
 
+FirstNumber NumberAfter(int last, const PageSetup& setup) {
+  FirstNumber first;
+  first.number = setup.restart.value_or(last + 1);
+  if (setup.start != SectionStart::kOddPage && setup.start != SectionStart::kEvenPage) return first;
+  const int parity = setup.start == SectionStart::kOddPage ? 1 : 0;
+  if (first.number % 2 != parity) ++first.number;
+  first.blank = last % 2 == parity;
+  return first;
+}
+
+PageNumbering NumberFirstSection(const PageSetup& setup) {
+  // An even first page has no sheet before it that could stay blank.
+  return {1, 1, NumberAfter(0, setup).number, setup.numberFormat};
+}
+
+PageNumbering NumberNextSection(const PageNumbering& before, const PageSetup& setup, int page, bool beginsPage) {
+  const int number =
+      beginsPage ? NumberAfter(before.NumberOf(page - 1), setup).number : setup.restart.value_or(before.NumberOf(page));
+  return {page, beginsPage ? page : page + 1, number, setup.numberFormat};
+}
+
 std::u16string PageLabel(const std::vector<PageNumbering>& numberings, int page) {
   const auto after = std::upper_bound(numberings.begin(), numberings.end(), page,
                                       [](int wanted, const PageNumbering& one) { return wanted < one.labelsFrom; });

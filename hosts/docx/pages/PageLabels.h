@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "hosts/docx/pages/PageSetup.h"
+
 namespace docx {
 
 /// A page number as Word prints it.
@@ -19,6 +21,21 @@ struct PageNumbering {
 
   int NumberOf(int page) const { return number + (page - firstPage); }
 };
+
+/// The number of a section's first page, and whether a blank page comes before it.
+struct FirstNumber {
+  int number{1};
+  bool blank{false};
+};
+
+/// For a section that begins a page. @param last the number of the page before; 0 for none
+FirstNumber NumberAfter(int last, const PageSetup& setup);
+
+/// The numbering of a document's first section.
+PageNumbering NumberFirstSection(const PageSetup& setup);
+/// The numbering of a section that begins on a page.
+/// @param before the section before it @param beginsPage nothing of that section stands on the page
+PageNumbering NumberNextSection(const PageNumbering& before, const PageSetup& setup, int page, bool beginsPage);
 
 /// @param numberings in the order of the sections; pages before the first one are numbered from 1
 std::u16string PageLabel(const std::vector<PageNumbering>& numberings, int page);

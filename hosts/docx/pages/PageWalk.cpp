@@ -15,38 +15,14 @@ constexpr double kCellPadding = 10.8;  // points, both sides together
 constexpr int kWidowLines = 2;
 constexpr double kTolerance = 0.01;  // of a line
 
-/// The number of a section's first page, and whether a blank page comes before it.
-struct FirstNumber {
-  int number{1};
-  bool blank{false};
-};
-
-/// @param last the number of the page before
-FirstNumber NumberAfter(int last, const PageSetup& setup) {
-  FirstNumber first;
-  first.number = setup.restart.value_or(last + 1);
-  if (setup.start != SectionStart::kOddPage && setup.start != SectionStart::kEvenPage) return first;
-  const int parity = setup.start == SectionStart::kOddPage ? 1 : 0;
-  if (first.number % 2 != parity) ++first.number;
-  first.blank = last % 2 == parity;
-  return first;
-}
-
 }  // namespace
-
-int PageAt(const std::vector<PageStart>& starts, Position position) {
-  const auto after = std::upper_bound(starts.begin(), starts.end(), position,
-                                      [](Position wanted, const PageStart& one) { return wanted < one.position; });
-  return after == starts.begin() ? 1 : std::prev(after)->page;
-}
 
 PageWalk::PageWalk(const Formatting& formatting, std::vector<PageSetup> setups, Options options)
     : formatting_(&formatting), setups_(std::move(setups)), options_(std::move(options)) {}
 
 void PageWalk::WalkMain(const Story& story, const PageFlow& flow) {
   width_ = Setup().columnWidth;
-  // An even first page has no sheet before it that could stay blank.
-  numberings_.push_back({1, 1, NumberAfter(0, Setup()).number, Setup().numberFormat});
+  numberings_.push_back(NumberFirstSection(Setup()));
   Walk(story, flow);
   mainStarts_ = std::move(starts_);
   starts_.clear();
@@ -302,24 +278,8 @@ void PageWalk::EndSection(Position position) {
     // What stood in some columns is levelled out before others begin.
     at_.y = at_.y / ended.columns * begun.columns;
   }
-  NumberSection(section_);
+  numberings_.push_back(NumberNextSection(numberings_.back(), begun, at_.page, at_.empty));
   width_ = begun.columnWidth;
-}
-
-void PageWalk::NumberSection(std::size_t section) {
-  const PageSetup& setup = setups_[section];
-  const PageNumbering& before = numberings_.back();
-  PageNumbering numbering;
-  numbering.firstPage = at_.page;
-  numbering.labelsFrom = at_.empty ? at_.page : at_.page + 1;
-  numbering.format = setup.numberFormat;
-  if (at_.empty) {
-    const int last = before.NumberOf(at_.page - 1);
-    numbering.number = NumberAfter(last, setup).number;
-  } else {
-    numbering.number = setup.restart.value_or(before.NumberOf(at_.page));
-  }
-  numberings_.push_back(numbering);
 }
 
 }  // namespace docx

@@ -8,19 +8,10 @@
 #include "hosts/docx/pages/PageFlow.h"
 #include "hosts/docx/pages/PageLabels.h"
 #include "hosts/docx/pages/PageSetup.h"
+#include "hosts/docx/pages/PageTable.h"
 #include "hosts/docx/pages/TextEstimate.h"
 
 namespace docx {
-
-/// From a position on, up to the next such place, a story stands on a page. Pages need not ascend: the cells of a row
-/// that a break divides each begin on the row's first page.
-struct PageStart {
-  Position position{0};
-  int page{1};
-};
-
-/// @return 1 before the first of them
-int PageAt(const std::vector<PageStart>& starts, Position position);
 
 /// Carries a flow from page to page. The breaks in the file decide; estimated breaks come between them where Word has
 /// left none.
@@ -91,7 +82,6 @@ class PageWalk {
   void LayLines(Position end, int least);
   void NewPage(Position position);
   void GoTo(const Spot& spot, Position position);
-  void NumberSection(std::size_t section);
   const PageSetup& Setup() const { return setups_[section_]; }
   double Room() const { return Setup().textHeight * Setup().columns; }
   bool EstimatedAt(Position position);

@@ -1,0 +1,532 @@
+#include "hosts/docx/layout/BlockReader.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstring>
+#include <iterator>
+#include <utility>
+
+#include "hosts/docx/layout/Drawings.h"
+#include "hosts/docx/story/StoryBuilder.h"
+#include "hosts/docx/xml/Utf.h"
+#include "platform/word/Constants.h"
+
+namespace docx::layout {
+
+namespace {
+
+/// Tables nested deeper are left out; nobody could read them.
+constexpr int kDeepest = 40;
+constexpr int kMostColumns = 200;
+constexpr int kDefaultSideMargin = 115;
+
+bool IsElement(pugi::xml_node node) { return node.type() == pugi::node_element; }
+
+/// Which of a table style's conditional formats a w:tblLook asks for.
+struct TableLook {
+  bool firstRow{false};
+  bool lastRow{false};
+  bool firstColumn{false};
+  bool lastColumn{false};
+  bool rowBands{true};
+};
+
+TableLook ReadLook(const XmlPart& part, pugi::xml_node tblLook) {
+  TableLook look;
+  if (!tblLook) return look;
+  int bits = 0;
+  const std::string_view value = ValueOf(part, tblLook);
+  std::from_chars(value.data(), value.data() + value.size(), bits, 16);
+  const auto flag = [&](const char* name, int bit) {
+    const std::string_view text = part.Attribute(tblLook, name).value();
+    return text.empty() ? (bits & bit) != 0 : text == "1" || text == "true" || text == "on";
+  };
+  look.firstRow = flag("firstRow", 0x20);
+  look.lastRow = flag("lastRow", 0x40);
+  look.firstColumn = flag("firstColumn", 0x80);
+  look.lastColumn = flag("lastColumn", 0x100);
+  look.rowBands = !flag("noHBand", 0x200);
+  return look;
+}
+
+/// A preferred width: twips, or a share of the room.
+void ReadWidth(const XmlPart& part, pugi::xml_node width, double& twips, double& share) {
+  const std::string_view type = part.Attribute(width, "type").value();
+  const std::string_view text = part.Attribute(width, "w").value();
+  if (type == "pct" || text.ends_with('%')) {
+    double number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    share = std::clamp(text.ends_with('%') ? number / 100 : number / 5000, 0.0, 10.0);
+  } else if (type == "dxa" || type.empty()) {
+    twips = std::max(0, TwipsOf(part, width, "w").value_or(0));
+  }
+}
+
+int CountRows(const XmlPart& part, pugi::xml_node parent) {
+  int rows = 0;
+  for (const pugi::xml_node child : parent.children()) {
+    switch (part.TagOf(child)) {
+      case Tag::kTr:
+        ++rows;
+        break;
+      case Tag::kSdt:
+        rows += CountRows(part, part.Child(child, Tag::kSdtContent));
+        break;
+      case Tag::kCustomXml:
+      case Tag::kIns:
+      case Tag::kMoveTo:
+        rows += CountRows(part, child);
+        break;
+      default:
+        break;
+    }
+  }
+  return rows;
+}
+
+void AppendMathText(pugi::xml_node math, std::u16string& text) {
+  for (pugi::xml_node node = math.first_child(); node;) {
+    if (LocalName(node) == "t") text += ToUtf16(node.text().get());
+    if (node.first_child() && LocalName(node) != "t") {
+      node = node.first_child();
+      continue;
+    }
+    while (node != math && !node.next_sibling()) node = node.parent();
+    if (node == math) return;
+    node = node.next_sibling();
+  }
+}
+
+}  // namespace
+
+std::u16string NoteNumbers::Next(bool footnote) {
+  return footnote ? FormatListNumber(footnoteFormat_, ++footnotes_) : FormatListNumber(endnoteFormat_, ++endnotes_);
+}
+
+void NoteNumbers::SetFormats(std::string footnotes, std::string endnotes) {
+  if (!footnotes.empty()) footnoteFormat_ = std::move(footnotes);
+  if (!endnotes.empty()) endnoteFormat_ = std::move(endnotes);
+}
+
+BlockReader::BlockReader(Formats& formats, const XmlPart& part, const Story* story, NumberCounters& counters,
+                         NoteNumbers& notes)
+    : formats_(formats), part_(part), counters_(counters), notes_(notes) {
+  if (story == nullptr) return;
+  atoms_ = &story->Atoms();
+  place_ = atoms_->Begin();
+}
+
+std::vector<Block> BlockReader::Read(pugi::xml_node container) {
+  std::vector<Block> blocks;
+  open_.reset();
+  ReadBlocks(container, false, nullptr, blocks);
+  CloseParagraph(blocks);
+  return blocks;
+}
+
+void BlockReader::CloseParagraph(std::vector<Block>& into) {
+  if (open_ && (into.empty() || !open_->pieces.empty())) into.push_back({std::move(open_)});
+  open_.reset();
+}
+
+Position BlockReader::Meet(pugi::xml_node element) {
+  if (atoms_ == nullptr || atoms_->IsEnd(place_)) return 0;
+  const Position at = place_.start;
+  if (atoms_->Get(place_).element == element.internal_object()) place_ = atoms_->Next(place_);
+  return at;
+}
+
+void BlockReader::ReadBlocks(pugi::xml_node container, bool deleted, const TableValues* cell,
+                             std::vector<Block>& into) {
+  for (const pugi::xml_node child : container.children()) {
+    switch (part_.TagOf(child)) {
+      case Tag::kP:
+        ReadParagraph(child, deleted, cell, into);
+        break;
+      case Tag::kTbl: {
+        std::unique_ptr<Paragraph> open = std::move(open_);
+        auto table = ReadTable(child, deleted);
+        open_ = std::move(open);
+        if (!table->rows.empty()) into.push_back({std::move(table)});
+        break;
+      }
+      case Tag::kSdt:
+        ReadBlocks(part_.Child(child, Tag::kSdtContent), deleted, cell, into);
+        break;
+      case Tag::kCustomXml:
+      case Tag::kIns:
+      case Tag::kMoveTo:
+        ReadBlocks(child, deleted, cell, into);
+        break;
+      case Tag::kDel:
+      case Tag::kMoveFrom:
+        ReadBlocks(child, true, cell, into);
+        break;
+      case Tag::kAlternateContent:
+        ReadBlocks(ChosenBranch(part_, child), deleted, cell, into);
+        break;
+      case Tag::kBookmarkStart:
+      case Tag::kBookmarkEnd:
+        Meet(child);
+        break;
+      default:
+        break;
+    }
+  }
+}
+
+void BlockReader::ReadParagraph(pugi::xml_node element, bool deleted, const TableValues* cell,
+                                std::vector<Block>& into) {
+  const pugi::xml_node properties = part_.Child(element, Tag::kPPr);
+  const pugi::xml_node markProperties = part_.Child(properties, Tag::kRPr);
+  const bool goesOn = open_ != nullptr;
+  if (!goesOn) {
+    open_ = std::make_unique<Paragraph>();
+    open_->start = atoms_ == nullptr ? 0 : place_.start;
+  }
+  open_->look = formats_.Paragraph(part_, properties, cell);
+  ReadInlines(element, deleted);
+  open_->end = Meet(element);
+  open_->mark = &formats_.Text(part_, markProperties, open_->look);
+  const bool markGone =
+      deleted || part_.Child(markProperties, Tag::kDel) || part_.Child(markProperties, Tag::kMoveFrom);
+  open_->section = depth_ == 0 ? part_.Child(properties, Tag::kSectPr) : pugi::xml_node();
+  const bool separates = OnOffOf(part_, part_.Child(markProperties, "specVanish")).value_or(false);
+  if (markGone || ((open_->mark->hidden || separates) && !open_->section)) return;
+
+  const ParagraphLook& look = open_->look;
+  if (look.list != nullptr) {
+    const NumberLevel& level = look.list->levels[static_cast<std::size_t>(look.level)];
+    const std::string id =
+        look.format.numberId.value_or(look.style == nullptr ? "" : look.style->paragraph.numberId.value_or(""));
+    open_->label = counters_.Next(id, *look.list, look.level);
+    open_->labelStyle = &formats_.Label(part_, markProperties, look);
+    open_->suffix = level.suffix;
+    open_->labelAlignment = level.alignment;
+    if (level.format == "none" && open_->label.empty()) open_->labelStyle = nullptr;
+  }
+  if (const pugi::xml_node frame = part_.Child(properties, "framePr")) {
+    const std::string_view wrap = part_.Attribute(frame, "wrap").value();
+    open_->framed = wrap != "notBeside" && wrap != "none" && !part_.Attribute(frame, "dropCap");
+  }
+  into.push_back({std::move(open_)});
+}
+
+void BlockReader::ReadInlines(pugi::xml_node parent, bool deleted) {
+  for (const pugi::xml_node child : parent.children()) {
+    switch (part_.TagOf(child)) {
+      case Tag::kR:
+        ReadRun(child, deleted);
+        break;
+      case Tag::kHyperlink:
+      case Tag::kSmartTag:
+      case Tag::kCustomXml:
+      case Tag::kDir:
+      case Tag::kBdo:
+      case Tag::kIns:
+      case Tag::kMoveTo:
+        ReadInlines(child, deleted);
+        break;
+      case Tag::kDel:
+      case Tag::kMoveFrom:
+        ReadInlines(child, true);
+        break;
+      case Tag::kSdt:
+        ReadInlines(part_.Child(child, Tag::kSdtContent), deleted);
+        break;
+      case Tag::kAlternateContent:
+        ReadInlines(ChosenBranch(part_, child), deleted);
+        break;
+      case Tag::kFldSimple:
+        Meet(child);
+        ReadInlines(child, deleted);
+        Meet(child);
+        break;
+      case Tag::kBookmarkStart:
+      case Tag::kBookmarkEnd:
+        Meet(child);
+        break;
+      case Tag::kOMath:
+      case Tag::kOMathPara:
+        if (!deleted && Shows()) AddMath(child);
+        break;
+      default:
+        break;
+    }
+  }
+}
+
+void BlockReader::ReadRun(pugi::xml_node run, bool deleted) {
+  const pugi::xml_node properties = part_.Child(run, Tag::kRPr);
+  style_ = &formats_.Text(part_, properties, open_->look);
+  for (const pugi::xml_node child : run.children()) {
+    if (IsElement(child)) ReadContent(child, properties, deleted);
+  }
+}
+
+void BlockReader::FollowField(pugi::xml_node element, bool deleted) {
+  if (deleted) return;
+  const std::string_view type = part_.Attribute(element, "fldCharType").value();
+  if (type == "begin") {
+    inCode_.push_back(true);
+    ++codes_;
+  } else if (inCode_.empty()) {
+    return;
+  } else if (type == "separate") {
+    if (inCode_.back()) --codes_;
+    inCode_.back() = false;
+  } else if (type == "end") {
+    if (inCode_.back()) --codes_;
+    inCode_.pop_back();
+  }
+}
+
+void BlockReader::ReadContent(pugi::xml_node element, pugi::xml_node rPr, bool deleted) {
+  const Position position = Meet(element);
+  const Tag tag = part_.TagOf(element);
+  if (tag == Tag::kFldChar) {
+    FollowField(element, deleted);
+    return;
+  }
+  if (deleted || !Shows() || style_->hidden) return;
+  switch (tag) {
+    case Tag::kT:
+      AddText(StoryBuilder::ReadRunContent(part_, element, false).text, position);
+      break;
+    case Tag::kTab:
+    case Tag::kPTab:
+      AddText(u"\t", position, PieceKind::kTab);
+      break;
+    case Tag::kBr: {
+      const std::string_view type = part_.Attribute(element, "type").value();
+      // Word does not break pages so inside a table.
+      if (type == "page" && depth_ > 0) break;
+      AddText(u"\n", position,
+              type == "page"     ? PieceKind::kPageBreak
+              : type == "column" ? PieceKind::kColumnBreak
+                                 : PieceKind::kLineBreak);
+      break;
+    }
+    case Tag::kCr:
+      AddText(u"\n", position, PieceKind::kLineBreak);
+      break;
+    case Tag::kNoBreakHyphen:
+      AddText(u"\u2011", position);
+      break;
+    case Tag::kSoftHyphen:
+      AddText(u"\u00AD", position, PieceKind::kSoftHyphen);
+      break;
+    case Tag::kSym:
+      AddText(u"\uF0B7", position);
+      break;
+    case Tag::kFootnoteReference:
+    case Tag::kEndnoteReference: {
+      const bool own = part_.Attribute(element, "customMarkFollows");
+      AddText(own ? std::u16string() : notes_.Next(tag == Tag::kFootnoteReference), position, PieceKind::kNote,
+              element);
+      break;
+    }
+    case Tag::kFootnoteRef:
+    case Tag::kEndnoteRef:
+      AddText(noteMark_, position);
+      break;
+    case Tag::kDrawing:
+    case Tag::kPict:
+    case Tag::kObject:
+      ReadDrawing(element);
+      break;
+    case Tag::kAlternateContent:
+      for (const pugi::xml_node child : ChosenBranch(part_, element).children()) {
+        if (IsElement(child)) ReadContent(child, rPr, deleted);
+      }
+      break;
+    case Tag::kRuby: {
+      // The base is what takes the line's width.
+      for (const pugi::xml_node run : part_.Child(element, "rubyBase").children()) {
+        if (part_.Is(run, Tag::kR)) ReadRun(run, deleted);
+      }
+      break;
+    }
+    default:
+      break;
+  }
+}
+
+void BlockReader::AddText(std::u16string_view text, Position position, PieceKind kind, pugi::xml_node element) {
+  Piece piece;
+  piece.kind = kind;
+  piece.style = style_;
+  piece.position = position;
+  piece.start = static_cast<std::uint32_t>(open_->text.size());
+  piece.length = static_cast<std::uint32_t>(text.size());
+  piece.element = element.internal_object();
+  open_->text += text;
+  if (!text.empty() || kind == PieceKind::kNote) open_->pieces.push_back(piece);
+}
+
+void BlockReader::AddMath(pugi::xml_node math) {
+  if (style_ == nullptr || open_->pieces.empty()) style_ = &formats_.Text(part_, {}, open_->look);
+  std::u16string text;
+  AppendMathText(math, text);
+  AddText(text, atoms_ == nullptr ? 0 : place_.start);
+}
+
+void BlockReader::AddObject(double width, double height) {
+  AddText(u"\uFFFC", atoms_ == nullptr ? 0 : place_.start, PieceKind::kObject);
+  open_->pieces.back().width = static_cast<float>(width);
+  open_->pieces.back().height = static_cast<float>(height);
+}
+
+void BlockReader::ReadDrawing(pugi::xml_node element) {
+  for (const Drawing& drawing : ReadDrawings(part_, element)) {
+    if (drawing.inLine) {
+      AddObject(drawing.floating.width, drawing.floating.height);
+    } else {
+      open_->floats.push_back(drawing.floating);
+    }
+  }
+}
+
+std::unique_ptr<Table> BlockReader::ReadTable(pugi::xml_node element, bool deleted) {
+  auto table = std::make_unique<Table>();
+  table->start = atoms_ == nullptr ? 0 : place_.start;
+  if (depth_ >= kDeepest) return table;
+  const pugi::xml_node properties = part_.Child(element, "tblPr");
+  const SheetStyle* style = formats_.Styles().Table(ValueOf(part_, part_.Child(properties, "tblStyle")));
+  ReadWidth(part_, part_.Child(properties, "tblW"), table->width, table->widthShare);
+  table->fixed = std::string_view(part_.Attribute(part_.Child(properties, "tblLayout"), "type").value()) == "fixed";
+  table->indent = TwipsOf(part_, part_.Child(properties, "tblInd"), "w").value_or(0);
+  table->floating = static_cast<bool>(part_.Child(properties, "tblpPr"));
+  for (const pugi::xml_node column : part_.Child(element, "tblGrid").children(part_.Name("gridCol"))) {
+    if (table->grid.size() < kMostColumns) table->grid.push_back(std::max(0, TwipsOf(part_, column, "w").value_or(0)));
+  }
+  ++depth_;
+  ReadRows(element, deleted, style, *table, CountRows(part_, element));
+  --depth_;
+  return table;
+}
+
+void BlockReader::ReadRows(pugi::xml_node parent, bool deleted, const SheetStyle* style, Table& table, int rows) {
+  const pugi::xml_node tableNode = [&] {
+    pugi::xml_node node = parent;
+    while (node && !part_.Is(node, Tag::kTbl)) node = node.parent();
+    return node;
+  }();
+  const pugi::xml_node tblPr = part_.Child(tableNode, "tblPr");
+  const TableLook look = ReadLook(part_, part_.Child(tblPr, "tblLook"));
+  const pugi::xml_node borders = part_.Child(tblPr, "tblBorders");
+  for (const pugi::xml_node child : parent.children()) {
+    switch (part_.TagOf(child)) {
+      case Tag::kTr: {
+        const pugi::xml_node properties = part_.Child(child, Tag::kTrPr);
+        const bool gone = deleted || part_.Child(properties, Tag::kDel);
+        Row row;
+        row.start = atoms_ == nullptr ? 0 : place_.start;
+        const pugi::xml_node height = part_.Child(properties, "trHeight");
+        row.height = std::max(0, TwipsOf(part_, height, "val").value_or(0));
+        row.exact = std::string_view(part_.Attribute(height, "hRule").value()) == "exact";
+        row.cannotSplit = OnOffOf(part_, part_.Child(properties, "cantSplit")).value_or(false);
+        row.header = OnOffOf(part_, part_.Child(properties, "tblHeader")).value_or(false);
+        const int index = static_cast<int>(table.rows.size());
+        std::vector<const char*> places;
+        const bool first = look.firstRow && index == 0;
+        if (first) places.push_back("firstRow");
+        if (look.lastRow && index == rows - 1) places.push_back("lastRow");
+        if (look.rowBands && !first && style != nullptr) {
+          const int band = (index - (look.firstRow ? 1 : 0)) / style->rowBand;
+          places.push_back(band % 2 == 0 ? "band1Horz" : "band2Horz");
+        }
+        const auto border = [&](const char* name, std::optional<int> ofStyle) {
+          return BorderWidth(part_, part_.Child(borders, name)).value_or(ofStyle.value_or(0));
+        };
+        const TableValues none;
+        const TableValues& values = style == nullptr ? none : style->table;
+        row.border = index == 0 ? border("top", values.borderOutside) : border("insideH", values.borderInside);
+        table.bottomBorder = border("bottom", values.borderOutside);
+        int column = std::max(0, NumberOf(part_, part_.Child(properties, "gridBefore")).value_or(0));
+        ReadCells(child, gone, style, places, table, row, column);
+        Meet(child);
+        if (!gone && !row.cells.empty()) table.rows.push_back(std::move(row));
+        break;
+      }
+      case Tag::kSdt:
+        ReadRows(part_.Child(child, Tag::kSdtContent), deleted, style, table, rows);
+        break;
+      case Tag::kCustomXml:
+      case Tag::kIns:
+      case Tag::kMoveTo:
+        ReadRows(child, deleted, style, table, rows);
+        break;
+      case Tag::kDel:
+      case Tag::kMoveFrom:
+        ReadRows(child, true, style, table, rows);
+        break;
+      case Tag::kBookmarkStart:
+      case Tag::kBookmarkEnd:
+        Meet(child);
+        break;
+      default:
+        break;
+    }
+  }
+}
+
+void BlockReader::ReadCells(pugi::xml_node parent, bool deleted, const SheetStyle* style,
+                            const std::vector<const char*>& rowPlaces, Table& table, Row& row, int& column) {
+  for (const pugi::xml_node child : parent.children()) {
+    switch (part_.TagOf(child)) {
+      case Tag::kTc: {
+        const pugi::xml_node properties = part_.Child(child, "tcPr");
+        Cell cell;
+        cell.column = column;
+        cell.span = std::clamp(NumberOf(part_, part_.Child(properties, "gridSpan")).value_or(1), 1, kMostColumns);
+        column += cell.span;
+        std::vector<const char*> places = rowPlaces;
+        pugi::xml_node tbl = child.parent();
+        while (tbl && !part_.Is(tbl, Tag::kTbl)) tbl = tbl.parent();
+        const pugi::xml_node tblPr = part_.Child(tbl, "tblPr");
+        const TableLook look = ReadLook(part_, part_.Child(tblPr, "tblLook"));
+        const auto strongest = places.begin();
+        if (look.firstColumn && cell.column == 0) places.insert(strongest, "firstCol");
+        const TableValues* values = formats_.CellValues(style, places);
+        CellMargins margins = ReadCellMargins(part_, part_.Child(properties, "tcMar"));
+        margins.Inherit(ReadCellMargins(part_, part_.Child(tblPr, "tblCellMar")));
+        if (values != nullptr) margins.Inherit(values->margins);
+        cell.top = margins.top.value_or(0);
+        cell.bottom = margins.bottom.value_or(0);
+        cell.left = margins.left.value_or(kDefaultSideMargin);
+        cell.right = margins.right.value_or(kDefaultSideMargin);
+        if (const pugi::xml_node merge = part_.Child(properties, "vMerge")) {
+          cell.mergedBelow = ValueOf(part_, merge) == "restart";
+          cell.mergedAbove = !cell.mergedBelow;
+        }
+        const std::string_view direction = ValueOf(part_, part_.Child(properties, "textDirection"));
+        cell.sideways = direction == "btLr" || direction == "tbRl";
+        ReadWidth(part_, part_.Child(properties, "tcW"), cell.preferred, cell.preferredShare);
+        open_.reset();
+        ReadBlocks(child, deleted, values, cell.blocks);
+        CloseParagraph(cell.blocks);
+        Meet(child);
+        if (!deleted) row.cells.push_back(std::move(cell));
+        break;
+      }
+      case Tag::kSdt:
+        ReadCells(part_.Child(child, Tag::kSdtContent), deleted, style, rowPlaces, table, row, column);
+        break;
+      case Tag::kCustomXml:
+      case Tag::kIns:
+      case Tag::kMoveTo:
+        ReadCells(child, deleted, style, rowPlaces, table, row, column);
+        break;
+      case Tag::kBookmarkStart:
+      case Tag::kBookmarkEnd:
+        Meet(child);
+        break;
+      default:
+        break;
+    }
+  }
+}
+
+}  // namespace docx::layout

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <pugixml.hpp>
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "hosts/docx/layout/Content.h"
+#include "hosts/docx/story/Story.h"
+
+namespace docx::layout {
+
+/// Numbers of the notes, by the element that refers to them.
+class NoteNumbers {
+ public:
+  /// @param format the w:numFmt of the notes
+  std::u16string Next(bool footnote);
+  void SetFormats(std::string footnotes, std::string endnotes);
+
+ private:
+  int footnotes_{0};
+  int endnotes_{0};
+  std::string footnoteFormat_{"decimal"};
+  std::string endnoteFormat_{"lowerRoman"};
+};
+
+/// Reads the blocks of a part as they show in print: without field codes, hidden text and what tracked changes take
+/// away. Goes through the elements in the order in which the story does, so that everything gets its position.
+class BlockReader {
+ public:
+  /// @param story nullptr for parts that are no story; what is read has position 0 then
+  /// @param counters, notes go on from one reader to the next of a document
+  BlockReader(Formats& formats, const XmlPart& part, const Story* story, NumberCounters& counters, NoteNumbers& notes);
+
+  std::vector<Block> Read(pugi::xml_node container);
+  /// What stands in a note's text for its own number.
+  void SetNoteMark(std::u16string mark) { noteMark_ = std::move(mark); }
+
+ private:
+  void ReadBlocks(pugi::xml_node container, bool deleted, const TableValues* cell, std::vector<Block>& into);
+  void ReadParagraph(pugi::xml_node paragraph, bool deleted, const TableValues* cell, std::vector<Block>& into);
+  /// The last paragraph of its container has no next one to go on in.
+  void CloseParagraph(std::vector<Block>& into);
+  void ReadInlines(pugi::xml_node parent, bool deleted);
+  void ReadRun(pugi::xml_node run, bool deleted);
+  void ReadContent(pugi::xml_node element, pugi::xml_node rPr, bool deleted);
+  void ReadDrawing(pugi::xml_node element);
+  void AddObject(double width, double height);
+  void AddMath(pugi::xml_node math);
+  void AddText(std::u16string_view text, Position position, PieceKind kind = PieceKind::kText,
+               pugi::xml_node element = {});
+  std::unique_ptr<Table> ReadTable(pugi::xml_node table, bool deleted);
+  void ReadRows(pugi::xml_node parent, bool deleted, const SheetStyle* style, Table& table, int rows);
+  void ReadCells(pugi::xml_node parent, bool deleted, const SheetStyle* style, const std::vector<const char*>& places,
+                 Table& table, Row& row, int& column);
+  /// Moves on when the next atom is that element's. @return where it stands
+  Position Meet(pugi::xml_node element);
+  void FollowField(pugi::xml_node element, bool deleted);
+  bool Shows() const { return codes_ == 0; }
+
+  Formats& formats_;
+  const XmlPart& part_;
+  const AtomSequence* atoms_{nullptr};
+  AtomSequence::Place place_;
+  NumberCounters& counters_;
+  NoteNumbers& notes_;
+  std::u16string noteMark_;
+
+  /// A paragraph whose mark does not show goes on in the next one.
+  std::unique_ptr<Paragraph> open_;
+  const TextStyle* style_{nullptr};
+  std::vector<bool> inCode_;  // of the fields begun and not ended, outermost first
+  int codes_{0};
+  int depth_{0};
+};
+
+}  // namespace docx::layout

@@ -1,0 +1,120 @@
+#pragma once
+
+#include <pugixml.hpp>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "hosts/docx/layout/TextStyle.h"
+#include "platform/word/Types.h"
+
+namespace docx::layout {
+
+using word::Position;
+
+enum class PieceKind : std::uint8_t {
+  kText,
+  kTab,
+  kLineBreak,
+  kPageBreak,
+  kColumnBreak,
+  kObject,  ///< a picture in the line
+  kNote,    ///< a reference to a footnote or endnote; its number is the text
+  kSoftHyphen,
+};
+
+/// A picture or text box that does not stand in the line. Lengths in twips.
+struct Floating {
+  enum class Wrap : std::uint8_t { kNone, kSquare, kTopAndBottom };
+  Wrap wrap{Wrap::kNone};
+  double width{0};
+  double height{0};
+  double offset{0};  ///< down from the paragraph's top, when it goes with the paragraph
+  bool withParagraph{true};
+};
+
+/// A stretch of a paragraph that shows in one way.
+struct Piece {
+  PieceKind kind{PieceKind::kText};
+  const TextStyle* style{nullptr};
+  Position position{0};     ///< of its first unit in the story
+  std::uint32_t start{0};   ///< in the paragraph's text
+  std::uint32_t length{0};  ///< units of text
+  float width{0};           ///< of an object
+  float height{0};
+  pugi::xml_node_struct* element{nullptr};  ///< of a note's reference
+};
+
+struct Paragraph {
+  ParagraphLook look;
+  std::u16string text;
+  std::vector<Piece> pieces;
+  const TextStyle* mark{nullptr};
+  std::u16string label;
+  const TextStyle* labelStyle{nullptr};
+  NumberSuffix suffix{NumberSuffix::kTab};
+  Alignment labelAlignment{Alignment::kLeft};
+  std::vector<Floating> floats;
+  Position start{0};
+  Position end{0};  ///< of the mark
+  /// A w:sectPr that ends its section behind this paragraph.
+  pugi::xml_node section;
+  bool framed{false};  ///< stands in a frame beside the text
+};
+
+struct Block;
+
+struct Cell {
+  std::vector<Block> blocks;
+  int column{0};
+  int span{1};
+  bool mergedAbove{false};  ///< goes on with the cell above
+  bool mergedBelow{false};  ///< begins a stretch of merged cells
+  double top{0};            ///< margins
+  double left{0};
+  double bottom{0};
+  double right{0};
+  bool sideways{false};      ///< text that runs up or down
+  double preferred{0};       ///< width; 0 for none
+  double preferredShare{0};  ///< of the table's width
+};
+
+struct Row {
+  std::vector<Cell> cells;
+  double height{0};
+  bool exact{false};
+  bool cannotSplit{false};
+  bool header{false};
+  double border{0};  ///< that the row needs above its text
+  Position start{0};
+};
+
+struct Table {
+  std::vector<double> grid;
+  std::vector<Row> rows;
+  double width{0};       ///< preferred; 0 for none
+  double widthShare{0};  ///< preferred, of the text around
+  bool fixed{false};
+  double indent{0};
+  double bottomBorder{0};
+  bool floating{false};
+  Position start{0};
+};
+
+struct Block {
+  std::variant<std::unique_ptr<Paragraph>, std::unique_ptr<Table>> content;
+
+  Paragraph* AsParagraph() const {
+    const auto* paragraph = std::get_if<std::unique_ptr<Paragraph>>(&content);
+    return paragraph == nullptr ? nullptr : paragraph->get();
+  }
+  Table* AsTable() const {
+    const auto* table = std::get_if<std::unique_ptr<Table>>(&content);
+    return table == nullptr ? nullptr : table->get();
+  }
+};
+
+}  // namespace docx::layout

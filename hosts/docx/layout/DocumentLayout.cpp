@@ -1,0 +1,227 @@
+#include "hosts/docx/layout/DocumentLayout.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <utility>
+
+#include "hosts/docx/pages/PageTable.h"
+#include "platform/word/Constants.h"
+
+namespace docx::layout {
+
+namespace {
+
+constexpr const char* kTheme = "/theme";
+constexpr const char* kNumbering = "/numbering";
+constexpr const char* kStyles = "/styles";
+constexpr const char* kFontTable = "/fontTable";
+constexpr const char* kFootnotes = "/footnotes";
+constexpr const char* kEndnotes = "/endnotes";
+
+/// What a document without settings of its own is: one of Word 2007.
+constexpr int kOldestCompatibility = 12;
+
+FontClass ClassOf(std::string_view family, std::string_view pitch) {
+  if (family == "modern" || (pitch == "fixed" && family != "roman")) return FontClass::kModern;
+  return family == "roman" ? FontClass::kRoman : FontClass::kSwiss;
+}
+
+/// An r:id: the one attribute of a reference that is not WordprocessingML's.
+std::string_view RelationshipId(pugi::xml_node reference) {
+  for (const pugi::xml_attribute attribute : reference.attributes()) {
+    const std::string_view name = attribute.name();
+    if (name == "id" || name.ends_with(":id")) return attribute.value();
+  }
+  return {};
+}
+
+}  // namespace
+
+DocumentLayout::DocumentLayout(DocumentParts& parts)
+    : parts_(parts),
+      theme_(parts.Related(kTheme), parts.Settings()),
+      numbering_(parts.Related(kNumbering), parts.Related(kStyles), fonts_, theme_),
+      styles_(parts.Related(kStyles), numbering_, fonts_, theme_),
+      formats_(styles_, numbering_, fonts_, theme_),
+      lines_(lineSettings_) {
+  ReadSettings();
+  DescribeFonts();
+  const Story& main = parts_.Main();
+  const XmlPart& part = main.Part();
+  BlockReader reader(formats_, part, &main, counters_, noteNumbers_);
+  std::vector<Block> blocks = reader.Read(part.Child(part.Root(), Tag::kBody));
+  ReadSections(blocks);
+  LayOut(std::move(blocks));
+}
+
+void DocumentLayout::ReadSettings() {
+  lineSettings_.compatibility = kOldestCompatibility;
+  if (const XmlPart* settings = parts_.Settings()) {
+    const pugi::xml_node root = settings->Root();
+    lineSettings_.defaultTab = TwipsOf(*settings, settings->Child(root, "defaultTabStop"), "val").value_or(720);
+    options_.evenAndOdd = OnOffOf(*settings, settings->Child(root, "evenAndOddHeaders")).value_or(false);
+    const pugi::xml_node compat = settings->Child(root, "compat");
+    flowSettings_.addSpaces =
+        OnOffOf(*settings, settings->Child(compat, "doNotUseHTMLParagraphAutoSpacing")).value_or(false);
+    for (const pugi::xml_node setting : compat.children(settings->Name("compatSetting"))) {
+      const std::string_view name = settings->Attribute(setting, "name").value();
+      if (name == "compatibilityMode") lineSettings_.compatibility = NumberOf(*settings, setting).value_or(15);
+    }
+    const auto format = [&](const char* notes) {
+      return std::string(ValueOf(*settings, settings->Child(settings->Child(root, notes), "numFmt")));
+    };
+    noteNumbers_.SetFormats(format("footnotePr"), format("endnotePr"));
+  }
+  lines_.Settings() = lineSettings_;
+}
+
+void DocumentLayout::DescribeFonts() {
+  const XmlPart* table = parts_.Related(kFontTable);
+  if (table == nullptr) return;
+  for (const pugi::xml_node font : table->Root().children(table->Name("font"))) {
+    fonts_.Describe(
+        table->Attribute(font, "name").value(),
+        ClassOf(ValueOf(*table, table->Child(font, "family")), ValueOf(*table, table->Child(font, "pitch"))),
+        ValueOf(*table, table->Child(font, "altName")));
+  }
+}
+
+void DocumentLayout::ReadSections(const std::vector<Block>& blocks) {
+  const XmlPart& part = parts_.MainPart();
+  std::vector<pugi::xml_node> properties;
+  for (const Block& block : blocks) {
+    const Paragraph* paragraph = block.AsParagraph();
+    if (paragraph != nullptr && paragraph->section) properties.push_back(paragraph->section);
+  }
+  properties.push_back(part.Child(part.Child(part.Root(), Tag::kBody), Tag::kSectPr));
+  std::vector<pugi::xml_node> inherited(6);
+  for (const pugi::xml_node sectPr : properties) {
+    sections_.push_back(std::make_unique<SectionGeometry>(ReadSectionGeometry(part, sectPr)));
+    MeasureHeaders(*sections_.back(), sectPr, inherited);
+  }
+}
+
+void DocumentLayout::MeasureHeaders(SectionGeometry& section, pugi::xml_node sectPr,
+                                    std::vector<pugi::xml_node>& inherited) {
+  const XmlPart& main = parts_.MainPart();
+  for (const bool header : {true, false}) {
+    const std::size_t base = header ? 0 : 3;
+    for (const pugi::xml_node reference : sectPr.children(main.Name(header ? "headerReference" : "footerReference"))) {
+      const std::string_view type = main.Attribute(reference, "type").value();
+      inherited[base + (type == "first" ? 1 : type == "even" ? 2 : 0)] = reference;
+    }
+    for (std::size_t side = 0; side < 3; ++side) {
+      const pugi::xml_node reference = inherited[base + side];
+      if (!reference) continue;
+      XmlPart* part = parts_.ByRelationship(RelationshipId(reference));
+      if (part == nullptr) continue;
+      (header ? section.headerHeights : section.footerHeights)[side] =
+          HeightOf(*part, part->Root(), section.TextWidth());
+    }
+  }
+}
+
+double DocumentLayout::HeightOf(XmlPart& part, pugi::xml_node container, double width) {
+  NumberCounters counters;
+  NoteNumbers notes;
+  BlockReader reader(formats_, part, nullptr, counters, notes);
+  const std::vector<Block> blocks = reader.Read(container);
+  FlowBuilder builder(lines_, flowSettings_);
+  return builder.Build(blocks, width).Height();
+}
+
+double DocumentLayout::SeparatorHeight(XmlPart& part, Tag note, std::string_view type, double width) {
+  for (const pugi::xml_node child : part.Root().children()) {
+    if (part.Is(child, note) && part.Attribute(child, "type").value() == type) return HeightOf(part, child, width);
+  }
+  return 0;
+}
+
+void DocumentLayout::MeasureFootnotes(double width) {
+  const std::vector<std::unique_ptr<Story>>& stories = parts_.Stories(word::wdFootnotesStory);
+  if (stories.empty()) return;
+  const Story& story = *stories.front();
+  XmlPart& part = story.Part();
+  options_.noteSeparator = SeparatorHeight(part, Tag::kFootnote, "separator", width);
+  options_.noteContinuation = SeparatorHeight(part, Tag::kFootnote, "continuationSeparator", width);
+
+  std::unordered_map<std::string, NoteRoom> byId;
+  NoteNumbers numbers;
+  BlockReader reader(formats_, part, &story, counters_, numbers);
+  FlowBuilder builder(lines_, flowSettings_);
+  int number = 0;
+  for (const Note& note : NotesOf(story)) {
+    reader.SetNoteMark(FormatListNumber("decimal", ++number));
+    const Flow flow = builder.Build(reader.Read(note.element), width);
+    NoteRoom room;
+    room.height = flow.Height();
+    if (!flow.items.empty()) room.firstLine = flow.items.front().before + flow.items.front().height;
+    byId[NoteId(part, note.element)] = room;
+  }
+  const XmlPart& main = parts_.MainPart();
+  const AtomSequence& atoms = parts_.Main().Atoms();
+  for (AtomSequence::Place place = atoms.Begin(); !atoms.IsEnd(place); place = atoms.Next(place)) {
+    const Atom& atom = atoms.Get(place);
+    if (atom.kind != AtomKind::kCharacter || !main.Is(atom.Node(), Tag::kFootnoteReference)) continue;
+    const auto room = byId.find(NoteId(main, atom.Node()));
+    if (room != byId.end()) noteRooms_[atom.element] = room->second;
+  }
+}
+
+void DocumentLayout::AppendEndnotes(Flow& flow, double width) {
+  const std::vector<std::unique_ptr<Story>>& stories = parts_.Stories(word::wdEndnotesStory);
+  if (stories.empty()) return;
+  const Story& story = *stories.front();
+  XmlPart& part = story.Part();
+  FlowItem separator;
+  separator.height = SeparatorHeight(part, Tag::kEndnote, "separator", width);
+  separator.before = flow.after;
+  separator.position = -1;
+  flow.items.push_back(std::move(separator));
+  NoteNumbers numbers;
+  BlockReader reader(formats_, part, &story, counters_, numbers);
+  FlowBuilder builder(lines_, flowSettings_);
+  double after = 0;
+  int number = 0;
+  for (const Note& note : NotesOf(story)) {
+    reader.SetNoteMark(FormatListNumber("lowerRoman", ++number));
+    Flow notes = builder.Build(reader.Read(note.element), width);
+    for (FlowItem& item : notes.items) {
+      item.endnote = true;
+      item.before = std::max(item.before, std::exchange(after, 0));
+      flow.items.push_back(std::move(item));
+    }
+    after = notes.after;
+  }
+  flow.after = after;
+}
+
+void DocumentLayout::LayOut(std::vector<Block> blocks) {
+  const double width = sections_.front()->columns.front();
+  MeasureFootnotes(width);
+  filler_ = std::make_unique<PageFiller>(noteRooms_, options_);
+  FlowBuilder builder(lines_, flowSettings_);
+  std::size_t section = 0;
+  std::vector<Block> ofSection;
+  const auto finish = [&](bool last) {
+    const SectionGeometry& geometry = *sections_[section];
+    lines_.Settings().gridPitch = geometry.gridPitch;
+    Flow flow = builder.Build(ofSection, geometry.columns.front());
+    if (last) AppendEndnotes(flow, geometry.columns.front());
+    filler_->BeginSection(geometry);
+    const bool balanced = !last && sections_[section + 1]->setup.start == SectionStart::kContinuous;
+    filler_->Fill(flow, balanced, placed_);
+    ofSection.clear();
+    ++section;
+  };
+  for (Block& block : blocks) {
+    const Paragraph* paragraph = block.AsParagraph();
+    const bool ends = paragraph != nullptr && paragraph->section;
+    ofSection.push_back(std::move(block));
+    if (ends) finish(false);
+  }
+  finish(true);
+}
+
+}  // namespace docx::layout

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "hosts/docx/layout/BlockReader.h"
+#include "hosts/docx/layout/Flow.h"
+#include "hosts/docx/layout/PageFiller.h"
+#include "hosts/docx/layout/SectionGeometry.h"
+#include "hosts/docx/layout/TextStyle.h"
+#include "hosts/docx/layout/ThemeFonts.h"
+#include "hosts/docx/model/DocumentParts.h"
+
+namespace docx::layout {
+
+/// A whole document laid out: what stands on which page.
+class DocumentLayout {
+ public:
+  /// Lays out at once. @param parts outlives it
+  explicit DocumentLayout(DocumentParts& parts);
+  DocumentLayout(const DocumentLayout&) = delete;
+  DocumentLayout& operator=(const DocumentLayout&) = delete;
+
+  int PageCount() const { return filler_->Page(); }
+  /// In the order of placing.
+  const std::vector<PageFiller::Placed>& Placed() const { return placed_; }
+  const std::vector<PageNumbering>& Numberings() const { return filler_->Numberings(); }
+  /// By the elements that refer to them.
+  const std::unordered_map<const pugi::xml_node_struct*, int>& NotePages() const { return filler_->NotePages(); }
+
+ private:
+  void ReadSettings();
+  void DescribeFonts();
+  void ReadSections(const std::vector<Block>& blocks);
+  void MeasureHeaders(SectionGeometry& section, pugi::xml_node sectPr, std::vector<pugi::xml_node>& inherited);
+  double HeightOf(XmlPart& part, pugi::xml_node container, double width);
+  void MeasureFootnotes(double width);
+  /// The height of a note that only holds a line between text and notes. @param type its w:type
+  double SeparatorHeight(XmlPart& part, Tag note, std::string_view type, double width);
+  void AppendEndnotes(Flow& flow, double width);
+  void LayOut(std::vector<Block> blocks);
+
+  DocumentParts& parts_;
+  FontLibrary fonts_;
+  ThemeFonts theme_;
+  Numbering numbering_;
+  StyleSheet styles_;
+  Formats formats_;
+  NumberCounters counters_;
+  NoteNumbers noteNumbers_;
+  LineSettings lineSettings_;
+  LineMaker lines_;
+  FlowSettings flowSettings_;
+  PageFiller::Options options_;
+  std::vector<std::unique_ptr<SectionGeometry>> sections_;
+  NoteRooms noteRooms_;
+  std::unique_ptr<PageFiller> filler_;
+  std::vector<PageFiller::Placed> placed_;
+};
+
+}  // namespace docx::layout

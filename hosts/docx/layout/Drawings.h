@@ -1,0 +1,20 @@
+#pragma once
+
+#include <pugixml.hpp>
+
+#include <vector>
+
+#include "hosts/docx/layout/Content.h"
+
+namespace docx::layout {
+
+/// A picture, chart, shape or text box, and whether it stands in the line.
+struct Drawing {
+  bool inLine{true};
+  Floating floating;
+};
+
+/// @param element a w:drawing, w:pict or w:object
+std::vector<Drawing> ReadDrawings(const XmlPart& part, pugi::xml_node element);
+
+}  // namespace docx::layout

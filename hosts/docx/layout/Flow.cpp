@@ -1,0 +1,160 @@
+#include "hosts/docx/layout/Flow.h"
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+namespace docx::layout {
+
+namespace {
+
+constexpr double kAutomaticSpace = 280;  // twips, as HTML has it
+constexpr double kLeastCellWidth = 20;
+constexpr double kWideShare = 0.6;  // of the column: beside a wider picture there is no text
+
+bool SameBorders(const Paragraph& a, const Paragraph& b) {
+  const ParagraphFormat& one = a.look.format;
+  const ParagraphFormat& other = b.look.format;
+  return !one.borders->empty() && one.borders == other.borders && one.left == other.left && one.right == other.right;
+}
+
+bool SameStyle(const Paragraph& a, const Paragraph& b) { return a.look.style == b.look.style; }
+
+double SpaceBefore(const Paragraph& paragraph, const Paragraph* previous, bool inCell) {
+  const ParagraphFormat& format = paragraph.look.format;
+  if (*format.beforeAuto) {
+    if (previous == nullptr) return inCell ? 0 : kAutomaticSpace;
+    const bool bothListed = paragraph.look.list != nullptr && previous->look.list != nullptr;
+    return bothListed ? 0 : kAutomaticSpace;
+  }
+  if (previous != nullptr && *format.contextual && SameStyle(paragraph, *previous)) return 0;
+  if (format.beforeLines.value_or(0) > 0) return *format.beforeLines * 240 / 100.0;
+  return *format.before;
+}
+
+double SpaceAfter(const Paragraph& paragraph, const Paragraph* next, bool last) {
+  const ParagraphFormat& format = paragraph.look.format;
+  if (*format.afterAuto) {
+    if (last) return 0;
+    const bool bothListed = next != nullptr && paragraph.look.list != nullptr && next->look.list != nullptr;
+    return bothListed ? 0 : kAutomaticSpace;
+  }
+  if (next != nullptr && *format.contextual && SameStyle(paragraph, *next)) return 0;
+  if (format.afterLines.value_or(0) > 0) return *format.afterLines * 240 / 100.0;
+  return *format.after;
+}
+
+/// What pictures that push the text down take.
+double FloatingRoom(const Paragraph& paragraph, double width) {
+  double room = 0;
+  for (const Floating& floating : paragraph.floats) {
+    if (!floating.withParagraph) continue;
+    const bool pushes = floating.wrap == Floating::Wrap::kTopAndBottom ||
+                        (floating.wrap == Floating::Wrap::kSquare && floating.width > width * kWideShare);
+    if (pushes) room = std::max(room, floating.height + std::max(0.0, floating.offset));
+  }
+  return room;
+}
+
+Hold HoldOf(const Paragraph& paragraph, std::size_t line, std::size_t lines) {
+  if (*paragraph.look.format.keepLines) return Hold::kLines;
+  if (*paragraph.look.format.widowControl && (line == 1 || line + 1 == lines)) return Hold::kWidow;
+  return Hold::kNone;
+}
+
+}  // namespace
+
+double Flow::Height() const {
+  double height = after;
+  for (const FlowItem& item : items) height += item.before + item.height;
+  return height;
+}
+
+double RowFlow::Height() const {
+  double height = 0;
+  for (const CellFlow& cell : cells) {
+    double content = cell.top + cell.bottom + cell.flow.after;
+    for (std::size_t i = cell.next; i < cell.flow.items.size(); ++i) {
+      const FlowItem& item = cell.flow.items[i];
+      content += item.height + (i == cell.next && cell.next > 0 ? 0 : item.before);
+    }
+    height = std::max(height, content);
+  }
+  return exact ? least : std::max(height + border, least);
+}
+
+Flow FlowBuilder::Build(const std::vector<Block>& blocks, double width, bool inCell) {
+  Flow flow;
+  Before before;
+  for (std::size_t i = 0; i < blocks.size(); ++i) {
+    if (const Table* table = blocks[i].AsTable()) {
+      AddTable(*table, width, before, flow);
+      continue;
+    }
+    const Paragraph* next = i + 1 < blocks.size() ? blocks[i + 1].AsParagraph() : nullptr;
+    const Paragraph& paragraph = *blocks[i].AsParagraph();
+    AddParagraph(paragraph, next, width, inCell, before, flow);
+    before.after = SpaceAfter(paragraph, next, inCell && i + 1 == blocks.size());
+  }
+  flow.after = before.after;
+  return flow;
+}
+
+void FlowBuilder::AddParagraph(const Paragraph& paragraph, const Paragraph* next, double width, bool inCell,
+                               Before& before, Flow& flow) {
+  const ParagraphFormat& format = paragraph.look.format;
+  if (paragraph.framed) {
+    FlowItem item;
+    item.position = paragraph.start;
+    item.before = before.after;
+    before.after = 0;
+    flow.items.push_back(std::move(item));
+    return;
+  }
+  lines_.Make(paragraph, width, made_);
+  const double own = SpaceBefore(paragraph, before.paragraph, inCell);
+  const double space = settings_.addSpaces ? before.after + own : std::max(before.after, own);
+  const bool joinedAbove = before.paragraph != nullptr && SameBorders(*before.paragraph, paragraph);
+  const bool joinedBelow = next != nullptr && SameBorders(paragraph, *next);
+  made_.front().height += joinedAbove ? *format.borderBetween : *format.borderTop;
+  if (!joinedBelow) made_.back().height += *format.borderBottom;
+
+  BreakBefore forced = std::exchange(before.breakBehind, BreakBefore::kNone);
+  if (*format.pageBreakBefore && !inCell) forced = BreakBefore::kPage;
+  const double floating = FloatingRoom(paragraph, width);
+  Hold hold = before.keepNext ? Hold::kNext : Hold::kNone;
+  if (floating > 0) {
+    FlowItem item;
+    item.height = floating;
+    item.position = paragraph.start;
+    item.hold = std::exchange(hold, Hold::kWidow);
+    item.breakBefore = std::exchange(forced, BreakBefore::kNone);
+    flow.items.push_back(std::move(item));
+  }
+  for (std::size_t i = 0; i < made_.size(); ++i) {
+    Line& line = made_[i];
+    FlowItem item;
+    item.height = line.height;
+    item.position = line.start;
+    item.notes = std::move(line.notes);
+    if (i == 0) {
+      item.before = space;
+      item.beforeTop = own;
+      item.hold = hold;
+      item.breakBefore = forced;
+      item.sectionMark = paragraph.section && paragraph.text.empty() && paragraph.label.empty();
+    } else {
+      item.hold = HoldOf(paragraph, i, made_.size());
+      item.breakBefore = forced;
+    }
+    forced = line.behind == BreakBehind::kPage     ? BreakBefore::kPage
+             : line.behind == BreakBehind::kColumn ? BreakBefore::kColumn
+                                                   : BreakBefore::kNone;
+    flow.items.push_back(std::move(item));
+  }
+  before.breakBehind = forced;
+  before.keepNext = *format.keepNext;
+  before.paragraph = &paragraph;
+}
+
+}  // namespace docx::layout

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "hosts/docx/layout/FontNames.h"
+
+namespace docx::layout {
+
+/// One style of a font family, or what stands in for it. Measures in ems: times the font size they are lengths.
+class Font {
+ public:
+  /// A font file opened; one of its faces.
+  struct File;
+
+  /// @param file nullptr when nothing that could stand in is installed: widths are estimated then
+  Font(std::shared_ptr<File> file, double widthFactor, LineMetrics line);
+  ~Font();
+  Font(const Font&) = delete;
+  Font& operator=(const Font&) = delete;
+
+  const LineMetrics& Line() const { return line_; }
+  /// Whether the advances are the font's own, or of one made to its measures.
+  bool Exact() const { return exact_; }
+  void SetExact(bool exact) { exact_ = exact; }
+  /// 0 for characters that only modify others. Of one that the font lacks, what another font would take.
+  double Advance(char32_t character) const;
+  /// The advance of a text that has to be shaped: with ligatures and kerning, joined and reordered as its script wants.
+  double ShapedAdvance(std::u16string_view text, bool rightToLeft) const;
+
+ private:
+  double Measure(char32_t character) const;
+
+  std::shared_ptr<File> file_;
+  double widthFactor_;
+  LineMetrics line_;
+  bool exact_{true};
+  static constexpr std::size_t kDirect = 0x250;
+  mutable std::array<float, kDirect> direct_;
+  mutable std::unordered_map<char32_t, float> others_;
+};
+
+/// The fonts of one machine, found by name. Fonts stay valid as long as the library.
+class FontLibrary {
+ public:
+  FontLibrary();
+  ~FontLibrary();
+  FontLibrary(const FontLibrary&) = delete;
+  FontLibrary& operator=(const FontLibrary&) = delete;
+
+  /// What a document says of a family, should nobody know it.
+  void Describe(std::string_view family, FontClass kind, std::string_view otherName);
+  /// A number for a family name; equal for names that differ in ASCII case only.
+  int Family(std::string_view name);
+  const Font& Get(int family, bool bold, bool italic);
+
+ private:
+  struct Description {
+    FontClass kind{FontClass::kSwiss};
+    std::string otherName;
+  };
+
+  std::unique_ptr<Font> Make(const std::string& family, bool bold, bool italic);
+  std::shared_ptr<Font::File> Open(const std::string& family, bool bold, bool italic);
+
+  std::map<std::string, int, std::less<>> families_;
+  std::vector<std::string> names_;
+  std::map<std::string, Description, std::less<>> descriptions_;
+  std::unordered_map<int, std::unique_ptr<Font>> fonts_;
+  std::map<std::string, std::shared_ptr<Font::File>> files_;
+};
+
+}  // namespace docx::layout

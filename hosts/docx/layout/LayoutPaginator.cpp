@@ -1,0 +1,59 @@
+#include "hosts/docx/layout/LayoutPaginator.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "hosts/docx/layout/DocumentLayout.h"
+#include "hosts/docx/pages/PageTable.h"
+#include "platform/word/Constants.h"
+
+namespace docx::layout {
+
+namespace {
+
+class LayoutPaginator : public PageTable {
+ public:
+  explicit LayoutPaginator(DocumentParts& parts) {
+    const DocumentLayout layout(parts);
+    count_ = layout.PageCount();
+    numberings_ = layout.Numberings();
+    for (const PageFiller::Placed& placed : layout.Placed()) {
+      (placed.endnote ? endnotes_ : main_).push_back({placed.position, placed.page});
+    }
+    Compress(main_);
+    Compress(endnotes_);
+    const std::vector<std::unique_ptr<Story>>& footnotes = parts.Stories(word::wdFootnotesStory);
+    if (footnotes.empty()) return;
+    NotePages pages;
+    const XmlPart& part = parts.MainPart();
+    for (const auto& [reference, page] : layout.NotePages()) {
+      const pugi::xml_node node(const_cast<pugi::xml_node_struct*>(reference));
+      if (part.Is(node, Tag::kFootnoteReference)) pages.emplace(NoteId(part, node), page);
+    }
+    footnotes_ = PlaceNotes(*footnotes.front(), pages);
+  }
+
+  std::string Basis() const override { return "layout"; }
+
+ private:
+  static void Compress(std::vector<PageStart>& starts) {
+    std::stable_sort(starts.begin(), starts.end(),
+                     [](const PageStart& a, const PageStart& b) { return a.position < b.position; });
+    std::vector<PageStart> kept;
+    for (const PageStart& start : starts) {
+      if (!kept.empty() && kept.back().page == start.page) continue;
+      kept.push_back(start);
+    }
+    starts = std::move(kept);
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Paginator> MakeLayoutPaginator(DocumentParts& parts) {
+  return std::make_unique<LayoutPaginator>(parts);
+}
+
+}  // namespace docx::layout

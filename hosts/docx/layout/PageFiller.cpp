@@ -1,0 +1,322 @@
+#include "hosts/docx/layout/PageFiller.h"
+
+#include <algorithm>
+
+namespace docx::layout {
+
+namespace {
+
+constexpr double kSlack = 1;            // twips that sums of rounded heights may be too much
+constexpr double kLeastProgress = 240;  // twips of a footnote that each page takes at least
+constexpr int kBalanceSteps = 14;
+
+}  // namespace
+
+void PageFiller::BeginSection(const SectionGeometry& section) {
+  const bool first = section_ == nullptr;
+  const SectionGeometry* ended = section_;
+  section_ = &section;
+  const PageSetup& setup = section.setup;
+  if (first) {
+    numberings_.push_back(NumberFirstSection(setup));
+    MeasurePage();
+    return;
+  }
+  const bool samePaper = ended->width == section.width && ended->height == section.height;
+  const bool stays =
+      setup.start == SectionStart::kContinuous || (setup.start == SectionStart::kNextColumn && setup.columns > 1);
+  if (stays && samePaper) {
+    top_ += deepest_;
+    deepest_ = 0;
+  } else {
+    if (!pageEmpty_) NextPage();
+    if (NumberAfter(numberings_.back().NumberOf(page_ - 1), setup).blank) NextPage();
+    after_ = 0;
+  }
+  numberings_.push_back(NumberNextSection(numberings_.back(), setup, page_, pageEmpty_));
+  sectionPage_ = page_;
+  if (pageEmpty_) MeasurePage();
+}
+
+void PageFiller::NextPage() {
+  ++page_;
+  pageEmpty_ = true;
+  pageNotes_ = 0;
+  deepest_ = 0;
+  MeasurePage();
+}
+
+void PageFiller::MeasurePage() {
+  PageSide side = PageSide::kDefault;
+  if (section_->titlePage && page_ == sectionPage_) {
+    side = PageSide::kFirst;
+  } else if (options_.evenAndOdd && numberings_.back().NumberOf(page_) % 2 == 0) {
+    side = PageSide::kEven;
+  }
+  top_ = section_->BodyTop(side);
+  bottom_ = section_->BodyBottom(side);
+}
+
+NoteRoom PageFiller::RoomOfNotes(const FlowItem& item) const {
+  NoteRoom room;
+  const auto add = [&](const FlowItem& each) {
+    for (const pugi::xml_node_struct* reference : each.notes) {
+      const auto note = notes_.find(reference);
+      if (note == notes_.end()) continue;
+      // Only the last note may be divided.
+      room.firstLine = room.height + note->second.firstLine;
+      room.height += note->second.height;
+    }
+  };
+  add(item);
+  if (item.row && !notes_.empty()) {
+    for (const CellFlow& cell : item.row->cells) {
+      for (std::size_t i = cell.next; i < cell.flow.items.size(); ++i) {
+        const NoteRoom inner = RoomOfNotes(cell.flow.items[i]);
+        if (inner.height <= 0) continue;
+        room.firstLine = room.height + inner.firstLine;
+        room.height += inner.height;
+      }
+    }
+  }
+  return room;
+}
+
+double PageFiller::SpaceAtTop(const FlowItem& item, TopSpace top) const {
+  switch (top) {
+    case TopSpace::kNone:
+      return 0;
+    case TopSpace::kOwn:
+      return item.beforeTop;
+    case TopSpace::kBehindSection:
+      break;
+  }
+  return std::max(after_, item.beforeTop);
+}
+
+PageFiller::Fit PageFiller::FitColumn(const std::vector<FlowItem>& items, std::size_t begin, double height,
+                                      TopSpace top, double carried) {
+  Fit fit;
+  marks_.clear();
+  double used = 0;
+  double notes = 0;
+  if (carried > 0) {
+    // At least a line of the text stands above a note that goes on.
+    const double most = std::max(height - items[begin].height - options_.noteContinuation, kLeastProgress);
+    notes = options_.noteContinuation + std::min(carried, most);
+    fit.carried = std::max(0.0, carried - most);
+  }
+  std::size_t i = begin;
+  for (; i < items.size(); ++i) {
+    const FlowItem& item = items[i];
+    if (i > begin && item.breakBefore != BreakBefore::kNone) break;
+    double space = i == begin ? SpaceAtTop(item, top) : item.before;
+    if (i == begin && top == TopSpace::kNone) space += item.headerHeight;
+    const NoteRoom own = RoomOfNotes(item);
+    const double separator = own.height > 0 && notes <= 0 && pageNotes_ <= 0 ? options_.noteSeparator : 0;
+    const double rest = height - used - space - item.height - notes;
+    if (rest + kSlack < 0 && !(item.sectionMark && i > begin)) {
+      if (item.row && i >= begin) {
+        fit.room = height - used - space - notes - separator;
+        fit.divides = DivideRow(*item.row, fit.room, i == begin, nullptr);
+      }
+      if (!fit.divides) return Shorten(items, begin, i);
+      fit.end = i;
+      fit.used = height - notes;
+      fit.notes = notes;
+      return fit;
+    }
+    if (own.height > 0 && rest + kSlack < own.height + separator) {
+      if (rest + kSlack < own.firstLine + separator) {
+        if (i > begin) return Shorten(items, begin, i);
+      }
+      // The note goes on on the next page, and this one is full.
+      const double placed = std::max(0.0, rest - separator);
+      if (i + 1 < items.size() && items[i + 1].hold != Hold::kNone && i > begin) return Shorten(items, begin, i + 1);
+      fit.end = i + 1;
+      fit.used = used + space + item.height;
+      fit.notes = notes + separator + placed;
+      fit.carried = std::max(0.0, own.height - placed);
+      return fit;
+    }
+    used += space + item.height;
+    notes += own.height > 0 ? own.height + separator : 0;
+    marks_.push_back({used, notes});
+    if (fit.carried > 0) {
+      ++i;
+      break;
+    }
+  }
+  fit.end = i;
+  fit.used = used;
+  fit.notes = notes;
+  return fit;
+}
+
+PageFiller::Fit PageFiller::Shorten(const std::vector<FlowItem>& items, std::size_t begin, std::size_t overflow) const {
+  std::size_t end = 0;
+  // What holds on to what comes before goes along, unless that would leave nothing on the page.
+  for (const Hold most : {Hold::kNone, Hold::kNext, Hold::kLines, Hold::kWidow}) {
+    for (std::size_t j = overflow; j > begin && end == 0; --j) {
+      if (items[j].hold <= most) end = j;
+    }
+    if (end != 0) break;
+  }
+  Fit fit;
+  fit.end = std::max(end, begin + 1);
+  const std::size_t placed = fit.end - begin;
+  if (placed <= marks_.size()) {
+    fit.used = marks_[placed - 1].used;
+    fit.notes = marks_[placed - 1].notes;
+  } else {
+    fit.used = items[begin].height;
+  }
+  return fit;
+}
+
+double PageFiller::BalancedHeight(const std::vector<FlowItem>& items, std::size_t begin, double height, TopSpace top) {
+  const std::size_t columns = section_->columns.size();
+  double total = 0;
+  double highest = 0;
+  for (std::size_t i = begin; i < items.size(); ++i) {
+    if (i > begin && items[i].breakBefore != BreakBefore::kNone) return height;
+    total += items[i].height + items[i].before;
+    highest = std::max(highest, items[i].height);
+    if (total > height * static_cast<double>(columns)) return height;
+  }
+  const auto fits = [&](double wanted) {
+    std::size_t at = begin;
+    for (std::size_t column = 0; column < columns && at < items.size(); ++column) {
+      const Fit fit = FitColumn(items, at, wanted, column == 0 ? top : TopSpace::kNone, 0);
+      if (fit.divides || fit.used > wanted + kSlack) return false;
+      at = fit.end;
+    }
+    return at >= items.size();
+  };
+  if (!fits(height)) return height;
+  double low = total / static_cast<double>(columns) - highest;
+  double high = height;
+  for (int step = 0; step < kBalanceSteps; ++step) {
+    const double middle = (low + high) / 2;
+    (fits(middle) ? high : low) = middle;
+  }
+  return high;
+}
+
+void PageFiller::Place(const FlowItem& item, std::vector<Placed>& placed) {
+  if (item.position >= 0) placed.push_back({item.position, page_, item.endnote});
+  for (const pugi::xml_node_struct* reference : item.notes) notePages_.emplace(reference, page_);
+  if (!item.row) return;
+  for (const CellFlow& cell : item.row->cells) {
+    for (std::size_t i = cell.next; i < cell.flow.items.size(); ++i) Place(cell.flow.items[i], placed);
+  }
+  for (const FlowItem& beside : item.row->beside) Place(beside, placed);
+}
+
+bool PageFiller::DivideRow(RowFlow& row, double room, bool whatever, std::vector<Placed>* placed) {
+  if (row.exact || (row.cannotSplit && !whatever)) return false;
+  std::vector<std::size_t> ends;
+  bool rest = false;
+  bool some = false;
+  for (CellFlow& cell : row.cells) {
+    const std::vector<FlowItem>& items = cell.flow.items;
+    double left = room - row.border - cell.top;
+    std::size_t end = cell.next;
+    for (; end < items.size(); ++end) {
+      const double space = end == cell.next && cell.next > 0 ? 0 : items[end].before;
+      if (items[end].height + space > left + kSlack) break;
+      left -= items[end].height + space;
+    }
+    if (end < items.size()) {
+      rest = true;
+      std::size_t back = end;
+      while (back > cell.next && items[back].hold >= Hold::kLines) --back;
+      // A row is only divided where each of its cells leaves something on the page.
+      bool inner = false;
+      if (back == end && items[end].row) inner = DivideRow(*items[end].row, left, false, nullptr);
+      if (back == cell.next && !inner) {
+        if (!whatever) return false;
+        back = std::max(end, cell.next);
+      }
+      end = back;
+      some = some || inner;
+    }
+    some = some || end > cell.next;
+    ends.push_back(end);
+  }
+  if (!rest || !some) return false;
+  if (placed == nullptr) return true;
+  for (std::size_t c = 0; c < row.cells.size(); ++c) {
+    CellFlow& cell = row.cells[c];
+    double left = room - row.border - cell.top;
+    for (std::size_t i = cell.next; i < ends[c]; ++i) {
+      FlowItem& item = cell.flow.items[i];
+      left -= item.height + (i == cell.next && cell.next > 0 ? 0 : item.before);
+      Place(item, *placed);
+    }
+    cell.next = ends[c];
+    if (cell.next < cell.flow.items.size()) {
+      FlowItem& item = cell.flow.items[cell.next];
+      if (item.row && DivideRow(*item.row, left, false, placed)) item.height = item.row->Height();
+    }
+  }
+  for (const FlowItem& beside : row.beside) Place(beside, *placed);
+  row.beside.clear();
+  row.least = std::max(0.0, row.least - room);
+  return true;
+}
+
+void PageFiller::Fill(Flow& flow, bool balanced, std::vector<Placed>& placed) {
+  std::vector<FlowItem>& items = flow.items;
+  TopSpace top = pageEmpty_ ? TopSpace::kOwn : TopSpace::kBehindSection;
+  std::size_t column = 0;
+  double columnNotes = 0;
+  double height = 0;
+  for (std::size_t begin = 0; begin < items.size();) {
+    if (column == 0) {
+      height = bottom_ - top_ - pageNotes_;
+      if (top == TopSpace::kBehindSection && height < items[begin].height &&
+          items[begin].breakBefore == BreakBefore::kNone) {
+        NextPage();
+        top = TopSpace::kNone;
+        continue;
+      }
+      if (items[begin].breakBefore == BreakBefore::kPage && !pageEmpty_) {
+        NextPage();
+        top = TopSpace::kOwn;
+        height = bottom_ - top_;
+      }
+      if (balanced && section_->columns.size() > 1) height = BalancedHeight(items, begin, height, top);
+    }
+    Fit fit = FitColumn(items, begin, height, top, carried_);
+    for (std::size_t i = begin; i < fit.end; ++i) Place(items[i], placed);
+    if (fit.divides) {
+      FlowItem& item = items[fit.end];
+      if (item.position >= 0) placed.push_back({item.position, page_, item.endnote});
+      DivideRow(*item.row, fit.room, fit.end == begin, &placed);
+      item.height = item.row->Height();
+      item.before = item.beforeTop = 0;
+      item.hold = Hold::kNone;
+      item.breakBefore = BreakBefore::kNone;
+      item.position = -1;
+    }
+    pageEmpty_ = false;
+    begin = fit.end;
+    carried_ = fit.carried;
+    columnNotes = std::max(columnNotes, fit.notes);
+    deepest_ = std::max(deepest_, fit.used);
+    if (begin >= items.size()) break;
+    const BreakBefore wanted = fit.divides ? BreakBefore::kNone : items[begin].breakBefore;
+    top = wanted == BreakBefore::kNone ? TopSpace::kNone : TopSpace::kOwn;
+    ++column;
+    if (wanted == BreakBefore::kPage || column >= section_->columns.size()) {
+      NextPage();
+      column = 0;
+      columnNotes = 0;
+    }
+  }
+  pageNotes_ += columnNotes;
+  after_ = flow.after;
+}
+
+}  // namespace docx::layout

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <unordered_map>
+#include <vector>
+
+#include "hosts/docx/layout/Flow.h"
+#include "hosts/docx/layout/SectionGeometry.h"
+#include "hosts/docx/pages/PageLabels.h"
+
+namespace docx::layout {
+
+/// What a footnote takes at its page's foot.
+struct NoteRoom {
+  double height{0};
+  double firstLine{0};  ///< what has to stand on the page of the reference
+};
+
+using NoteRooms = std::unordered_map<const pugi::xml_node_struct*, NoteRoom>;
+
+/// Fills pages with the flows of sections, one after the other.
+class PageFiller {
+ public:
+  struct Options {
+    bool evenAndOdd{false};      ///< even pages have headers of their own
+    double noteSeparator{0};     ///< height of what stands above the notes of a page
+    double noteContinuation{0};  ///< the same where notes go on from the page before
+  };
+  /// A line or row and the page that it came to stand on.
+  struct Placed {
+    Position position{0};
+    int page{1};
+    bool endnote{false};
+  };
+
+  /// @param notes by the footnotes' references; outlives the filler
+  PageFiller(const NoteRooms& notes, Options options) : notes_(notes), options_(options) {}
+
+  /// @param section outlives the filler
+  void BeginSection(const SectionGeometry& section);
+  /// Places all of a section. @param balanced whether its columns shall end at the same height
+  /// @param placed gets what stands where
+  void Fill(Flow& flow, bool balanced, std::vector<Placed>& placed);
+
+  /// The last page so far.
+  int Page() const { return page_; }
+  /// Of every section begun.
+  const std::vector<PageNumbering>& Numberings() const { return numberings_; }
+  /// By the references of the notes placed, footnotes and endnotes.
+  const std::unordered_map<const pugi::xml_node_struct*, int>& NotePages() const { return notePages_; }
+
+ private:
+  /// What begins a column keeps the space above it, or part of it, for different reasons.
+  enum class TopSpace : std::uint8_t { kNone, kOwn, kBehindSection };
+
+  /// What fits into a column.
+  struct Fit {
+    std::size_t end{0};   ///< behind the last item that fits
+    double used{0};       ///< from the column's top
+    double notes{0};      ///< at its foot
+    double carried{0};    ///< of the notes, to the next column
+    bool divides{false};  ///< the row at the end fits in part
+    double room{0};       ///< for that part
+  };
+
+  Fit FitColumn(const std::vector<FlowItem>& items, std::size_t begin, double height, TopSpace top, double carried);
+  Fit Shorten(const std::vector<FlowItem>& items, std::size_t begin, std::size_t overflow) const;
+  double BalancedHeight(const std::vector<FlowItem>& items, std::size_t begin, double height, TopSpace top);
+  void Place(const FlowItem& item, std::vector<Placed>& placed);
+  bool DivideRow(RowFlow& row, double room, bool whatever, std::vector<Placed>* placed);
+  NoteRoom RoomOfNotes(const FlowItem& item) const;
+  double SpaceAtTop(const FlowItem& item, TopSpace top) const;
+  void NextPage();
+  void MeasurePage();
+
+  const NoteRooms& notes_;
+  Options options_;
+  const SectionGeometry* section_{nullptr};
+  int page_{1};
+  bool pageEmpty_{true};
+  int sectionPage_{1};   // that the section began on
+  double top_{0};        // of the section on this page, from the paper's upper edge
+  double bottom_{0};     // of the text on this page
+  double deepest_{0};    // how far the section's columns reach on this page, from top_
+  double after_{0};      // space that the section before wants behind it
+  double carried_{0};    // of footnotes, to the next column
+  double pageNotes_{0};  // at the page's foot, of the sections before
+  std::vector<PageNumbering> numberings_;
+  std::unordered_map<const pugi::xml_node_struct*, int> notePages_;
+
+  /// How a column stood behind each of its items, while it is being filled.
+  struct Mark {
+    double used{0};
+    double notes{0};
+  };
+  std::vector<Mark> marks_;
+};
+
+}  // namespace docx::layout

@@ -1,0 +1,314 @@
+#include "hosts/docx/layout/ParagraphLines.h"
+
+#include <unicode/uchar.h>
+#include <unicode/utf16.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "hosts/docx/layout/LineBreaks.h"
+
+namespace docx::layout {
+
+namespace {
+
+constexpr double kSlack = 0.5;  // twips that a line may be too long for reasons of arithmetic
+constexpr double kSmallCapsSize = 0.8;
+constexpr double kNarrowest = 20;  // twips: a column that is less still takes its text
+
+bool IsComplexScript(char16_t c) {
+  return (c >= 0x0590 && c < 0x0900) || (c >= 0x0900 && c < 0x1100) || (c >= 0x1780 && c < 0x1800) ||
+         (c >= 0xFB1D && c < 0xFE00) || (c >= 0xFE70 && c < 0xFEFF);
+}
+
+bool IsEastAsian(char16_t c) {
+  return (c >= 0x1100 && c < 0x1200) || (c >= 0x2E80 && c < 0xA4D0) || (c >= 0xAC00 && c < 0xD7B0) ||
+         (c >= 0xF900 && c < 0xFB00) || (c >= 0xFE30 && c < 0xFE50) || (c >= 0xFF00 && c < 0xFFF0);
+}
+
+}  // namespace
+
+Script ScriptOf(char16_t c, const TextStyle& style) {
+  if (IsComplexScript(c)) return Script::kComplex;
+  if (IsEastAsian(c)) return Script::kEastAsia;
+  if (style.complex && c < 0x80) return Script::kComplex;
+  if (c < 0x80) return Script::kAscii;
+  // Signs that Latin and eastern fonts share follow the run's hint.
+  if (style.eastAsiaHint && (c >= 0x2010 || c == 0xA7 || c == 0xB0 || c == 0xB1 || c == 0xD7 || c == 0xF7)) {
+    return Script::kEastAsia;
+  }
+  return Script::kHighAnsi;
+}
+
+void LineMaker::Measure(const Paragraph& paragraph) {
+  units_.assign(paragraph.text.size(), Unit{});
+  scripts_.assign(paragraph.text.size(), Script::kAscii);
+  for (std::uint32_t i = 0; i < paragraph.pieces.size(); ++i) {
+    const Piece& piece = paragraph.pieces[i];
+    for (std::size_t at = piece.start; at < piece.start + piece.length; ++at) units_[at].piece = i;
+    switch (piece.kind) {
+      case PieceKind::kText:
+      case PieceKind::kNote:
+        MeasureText(paragraph, piece, i);
+        break;
+      case PieceKind::kObject:
+        units_[piece.start].width = piece.width;
+        break;
+      default:
+        break;
+    }
+  }
+  FindBreaks(paragraph.text, breaks_);
+}
+
+void LineMaker::MeasureText(const Paragraph& paragraph, const Piece& piece, std::uint32_t /*index*/) {
+  const std::u16string_view text(paragraph.text);
+  const TextStyle& style = *piece.style;
+  const std::size_t end = piece.start + piece.length;
+  for (std::size_t i = piece.start; i < end;) {
+    const char16_t c = text[i];
+    const Script script = ScriptOf(c, style);
+    // What is joined, reordered or kerned has to be shaped as a word.
+    if (script == Script::kComplex || (style.kerned && script != Script::kEastAsia && c != u' ')) {
+      std::size_t to = i;
+      while (to < end && text[to] != u' ' && ScriptOf(text[to], style) == script) ++to;
+      if (to > i) {
+        MeasureShaped(text.substr(i, to - i), piece, script, i);
+        i = to;
+        continue;
+      }
+    }
+    scripts_[i] = script;
+    char32_t character = c;
+    std::size_t length = 1;
+    if (U16_IS_LEAD(c) && i + 1 < end && U16_IS_TRAIL(text[i + 1])) {
+      character = static_cast<char32_t>(U16_GET_SUPPLEMENTARY(c, text[i + 1]));
+      length = 2;
+    }
+    double size = style.SizeFor(script);
+    if (style.caps || style.smallCaps) {
+      const auto upper = static_cast<char32_t>(u_toupper(static_cast<UChar32>(character)));
+      if (upper != character && style.smallCaps && !style.caps) size *= kSmallCapsSize;
+      character = upper;
+    }
+    units_[i].width = static_cast<float>(style.FontFor(script).Advance(character) * size * style.scale + style.spacing);
+    i += length;
+  }
+}
+
+void LineMaker::MeasureShaped(std::u16string_view text, const Piece& piece, Script script, std::size_t from) {
+  const TextStyle& style = *piece.style;
+  std::u16string shown(text);
+  if (style.caps) {
+    for (char16_t& c : shown) c = static_cast<char16_t>(u_toupper(c));
+  }
+  const bool rightToLeft = script == Script::kComplex && text.front() >= 0x0590 && text.front() < 0x0900;
+  const double width = style.FontFor(script).ShapedAdvance(shown, rightToLeft) * style.SizeFor(script) * style.scale +
+                       style.spacing * static_cast<double>(text.size());
+  // Where a word is divided does not matter as long as it stays whole; each character gets an equal share.
+  for (std::size_t i = from; i < from + text.size(); ++i) {
+    units_[i].width = static_cast<float>(width / static_cast<double>(text.size()));
+    scripts_[i] = script;
+  }
+}
+
+double LineMaker::WidthOf(std::u16string_view text, const TextStyle& style) {
+  double width = 0;
+  for (const char16_t c : text) {
+    const Script script = ScriptOf(c, style);
+    const auto shown = style.caps ? static_cast<char32_t>(u_toupper(c)) : static_cast<char32_t>(c);
+    width += style.FontFor(script).Advance(shown) * style.SizeFor(script) * style.scale + style.spacing;
+  }
+  return width;
+}
+
+double LineMaker::NextTab(const Paragraph& paragraph, double x, double right, bool first, TabKind& kind) const {
+  const ParagraphFormat& format = paragraph.look.format;
+  constexpr double kPast = 0.5;
+  double stop = -1;
+  kind = TabKind::kLeft;
+  for (const TabStop& tab : format.tabs) {
+    if (tab.position > x + kPast) {
+      stop = tab.position;
+      kind = tab.kind;
+      break;
+    }
+  }
+  // A hanging indent is a stop of its own.
+  const double hanging = *format.left;
+  if (first && *format.firstLine < 0 && hanging > x + kPast && (stop < 0 || hanging < stop)) {
+    kind = TabKind::kLeft;
+    return hanging;
+  }
+  if (stop < 0) {
+    const double step = std::max(1.0, settings_.defaultTab);
+    stop = (std::floor((x + kPast) / step) + 1) * step;
+    kind = TabKind::kLeft;
+    return stop;
+  }
+  if (kind != TabKind::kLeft && stop > right) return std::max(right, x);
+  return stop;
+}
+
+double LineMaker::LabelEnd(const Paragraph& paragraph, double right) {
+  const ParagraphFormat& format = paragraph.look.format;
+  double x = *format.left + *format.firstLine;
+  if (paragraph.labelStyle == nullptr) return x;
+  const double width = WidthOf(paragraph.label, *paragraph.labelStyle);
+  switch (paragraph.labelAlignment) {
+    case Alignment::kRight:
+      break;
+    case Alignment::kCenter:
+      x += width / 2;
+      break;
+    default:
+      x += width;
+      break;
+  }
+  switch (paragraph.suffix) {
+    case NumberSuffix::kTab: {
+      TabKind kind = TabKind::kLeft;
+      return NextTab(paragraph, x, right, true, kind);
+    }
+    case NumberSuffix::kSpace:
+      return x + WidthOf(u" ", *paragraph.labelStyle);
+    case NumberSuffix::kNothing:
+      break;
+  }
+  return x;
+}
+
+std::size_t LineMaker::FindEnd(const Paragraph& paragraph, std::size_t from, double start, double right, bool first) {
+  const std::u16string_view text(paragraph.text);
+  double x = start;
+  // What stands at a centred, right or decimal tab moves to the left as it grows, as long as there is room.
+  double slack = 0;
+  TabKind pending = TabKind::kLeft;
+  std::size_t lastBreak = 0;
+  for (std::size_t i = from; i < text.size(); ++i) {
+    const Piece& piece = paragraph.pieces[units_[i].piece];
+    switch (piece.kind) {
+      case PieceKind::kLineBreak:
+      case PieceKind::kPageBreak:
+      case PieceKind::kColumnBreak:
+        return i + 1;
+      case PieceKind::kTab: {
+        TabKind kind = TabKind::kLeft;
+        const double stop = NextTab(paragraph, x, right, first, kind);
+        if (stop > right + kSlack && i > from && kind == TabKind::kLeft && lastBreak > from) return lastBreak;
+        if (kind == TabKind::kLeft) {
+          x = stop;
+          slack = 0;
+        } else {
+          slack = stop - x;
+          x = kind == TabKind::kCenter ? stop : stop;
+        }
+        pending = kind;
+        lastBreak = i + 1;
+        continue;
+      }
+      default:
+        break;
+    }
+    double width = units_[i].width;
+    if (slack > 0 && pending != TabKind::kLeft) {
+      if (pending == TabKind::kDecimal && text[i] == u'.') pending = TabKind::kLeft;
+      const double taken = std::min(slack, pending == TabKind::kCenter ? width / 2 : width);
+      if (pending != TabKind::kLeft) {
+        slack -= taken;
+        width -= taken;
+      }
+    }
+    if (!IsHangingBlank(text[i]) && x + width > right + kSlack) {
+      if (lastBreak > from) return lastBreak;
+      return std::max(i, from + 1);
+    }
+    x += width;
+    if (breaks_[i] != 0) lastBreak = i + 1;
+  }
+  return text.size();
+}
+
+void LineMaker::Include(Extent& extent, const TextStyle& style, Script script) {
+  const LineMetrics& line = style.FontFor(script).Line();
+  const double size = style.SizeFor(script);
+  extent.ascent = std::max(extent.ascent, line.ascent * size + style.raise);
+  extent.descent = std::max(extent.descent, (line.descent + line.gap) * size - style.raise);
+}
+
+double LineMaker::HeightOf(const Paragraph& paragraph, std::size_t from, std::size_t to, bool first, bool last) {
+  const ParagraphFormat& format = paragraph.look.format;
+  if (*format.lineRule == LineRule::kExact && *format.line > 0) return *format.line;
+  Extent extent;
+  const Piece* seen = nullptr;
+  Script script = Script::kAscii;
+  for (std::size_t i = from; i < to; ++i) {
+    const Piece& piece = paragraph.pieces[units_[i].piece];
+    if (&piece == seen && scripts_[i] == script) continue;
+    seen = &piece;
+    script = scripts_[i];
+    if (piece.kind == PieceKind::kObject) {
+      extent.ascent = std::max(extent.ascent, static_cast<double>(piece.height));
+    }
+    Include(extent, *piece.style, script);
+  }
+  if (last || from == to) Include(extent, *paragraph.mark, Script::kAscii);
+  if (first && paragraph.labelStyle != nullptr) {
+    Include(extent, *paragraph.labelStyle,
+            paragraph.label.empty() ? Script::kAscii : ScriptOf(paragraph.label.front(), *paragraph.labelStyle));
+  }
+  double height = extent.ascent + extent.descent;
+  if (settings_.gridPitch > 0 && *format.snapToGrid && *format.lineRule == LineRule::kAuto) {
+    height = std::ceil(height / settings_.gridPitch - 0.01) * settings_.gridPitch;
+  }
+  if (*format.lineRule == LineRule::kAuto) return *format.line > 0 ? height * *format.line / 240 : height;
+  return std::max<double>(height, *format.line);
+}
+
+void LineMaker::Make(const Paragraph& paragraph, double width, std::vector<Line>& lines) {
+  Measure(paragraph);
+  const ParagraphFormat& format = paragraph.look.format;
+  const double left = *format.left;
+  const double right = std::max(width - *format.right, left + kNarrowest);
+  lines.clear();
+  std::size_t from = 0;
+  const std::size_t size = paragraph.text.size();
+  do {
+    const bool first = lines.empty();
+    const double start = first ? LabelEnd(paragraph, right) : left;
+    const std::size_t to = FindEnd(paragraph, from, start, std::max(right, start + kNarrowest), first);
+    Line line;
+    line.start = first ? paragraph.start
+                       : paragraph.pieces[units_[from].piece].position +
+                             static_cast<Position>(from - paragraph.pieces[units_[from].piece].start);
+    bool more = to < size;
+    if (to > from) {
+      const PieceKind last = paragraph.pieces[units_[to - 1].piece].kind;
+      if (last == PieceKind::kPageBreak) line.behind = BreakBehind::kPage;
+      if (last == PieceKind::kColumnBreak) line.behind = BreakBehind::kColumn;
+      // The mark goes on the next line behind a line break, and stays with the others.
+      if (last == PieceKind::kLineBreak && to == size) {
+        line.height = HeightOf(paragraph, from, to, first, false);
+        lines.push_back(line);
+        Line empty;
+        empty.start = paragraph.end;
+        empty.height = HeightOf(paragraph, to, to, false, true);
+        lines.push_back(empty);
+        break;
+      }
+    }
+    line.height = HeightOf(paragraph, from, to, first, !more);
+    lines.push_back(std::move(line));
+    from = to;
+    if (!more) break;
+  } while (true);
+  // Notes go with the line that their reference stands on.
+  std::size_t at = 0;
+  for (const Piece& piece : paragraph.pieces) {
+    if (piece.kind != PieceKind::kNote) continue;
+    while (at + 1 < lines.size() && lines[at + 1].start <= piece.position) ++at;
+    lines[at].notes.push_back(piece.element);
+  }
+}
+
+}  // namespace docx::layout

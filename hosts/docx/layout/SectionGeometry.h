@@ -1,0 +1,44 @@
+#pragma once
+
+#include <pugixml.hpp>
+
+#include <array>
+#include <vector>
+
+#include "hosts/docx/pages/PageSetup.h"
+#include "hosts/docx/xml/XmlPart.h"
+
+namespace docx::layout {
+
+/// Which header and footer a page has.
+enum class PageSide : std::uint8_t { kDefault, kFirst, kEven };
+
+/// The room on a section's pages. Lengths in twips.
+struct SectionGeometry {
+  PageSetup setup;
+  double width{12240};
+  double height{15840};
+  double top{1440};  ///< negative when headers do not push the text
+  double bottom{1440};
+  double left{1440};
+  double right{1440};
+  double gutter{0};
+  double header{720};  ///< distances from the paper's edges
+  double footer{720};
+  std::vector<double> columns;  ///< their widths; at least one
+  bool titlePage{false};
+  double gridPitch{0};
+  /// By PageSide: what header and footer take, from their distance on.
+  std::array<double, 3> headerHeights{};
+  std::array<double, 3> footerHeights{};
+
+  double TextWidth() const;
+  /// From the paper's upper edge.
+  double BodyTop(PageSide side) const;
+  double BodyBottom(PageSide side) const;
+};
+
+/// @param sectPr may be empty
+SectionGeometry ReadSectionGeometry(const XmlPart& part, pugi::xml_node sectPr);
+
+}  // namespace docx::layout

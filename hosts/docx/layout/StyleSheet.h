@@ -1,0 +1,81 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "hosts/docx/layout/Numbering.h"
+#include "hosts/docx/layout/Values.h"
+
+namespace docx::layout {
+
+/// Distances of a cell's edges from its text, in twips.
+struct CellMargins {
+  std::optional<int> top;
+  std::optional<int> left;
+  std::optional<int> bottom;
+  std::optional<int> right;
+
+  void Inherit(const CellMargins& base);
+};
+
+/// What a table style says of its cells, of all or of those in one place.
+struct TableValues {
+  CharacterValues run;
+  ParagraphFormat paragraph;
+  CellMargins margins;
+  std::optional<int> borderInside;  ///< what horizontal borders take, in twips
+  std::optional<int> borderOutside;
+
+  void Inherit(const TableValues& base);
+};
+
+/// A style with what it has from the styles that it is based on.
+struct SheetStyle {
+  enum class Kind : std::uint8_t { kParagraph, kCharacter, kTable, kOther };
+  std::string id;
+  std::string name;
+  Kind kind{Kind::kParagraph};
+  CharacterValues run;
+  ParagraphFormat paragraph;
+  TableValues table;
+  std::map<std::string, TableValues, std::less<>> places;  ///< "firstRow" and so on
+  int rowBand{1};
+  int columnBand{1};
+};
+
+/// All of a document's styles, as far as they decide about room.
+class StyleSheet {
+ public:
+  /// @param part may be nullptr. Nothing of it is kept.
+  StyleSheet(const XmlPart* part, const Numbering& numbering, FontLibrary& fonts, const ThemeFonts& theme);
+
+  /// The default of the kind for an id that is empty, unknown or of another kind; nullptr without one.
+  const SheetStyle* Paragraph(std::string_view id) const;
+  const SheetStyle* Character(std::string_view id) const;
+  const SheetStyle* Table(std::string_view id) const;
+
+  const CharacterValues& RunDefaults() const { return runDefaults_; }
+  const ParagraphFormat& ParagraphDefaults() const { return paragraphDefaults_; }
+
+ private:
+  const SheetStyle* Find(std::string_view id, SheetStyle::Kind kind, const std::optional<std::size_t>& fallback) const;
+  void Resolve(const std::vector<std::string>& basedOn, const Numbering& numbering);
+
+  std::vector<SheetStyle> styles_;
+  std::map<std::string, std::size_t, std::less<>> byId_;
+  std::optional<std::size_t> defaultParagraph_;
+  std::optional<std::size_t> defaultCharacter_;
+  std::optional<std::size_t> defaultTable_;
+  CharacterValues runDefaults_;
+  ParagraphFormat paragraphDefaults_;
+};
+
+/// The margins that a w:tblCellMar or w:tcMar states. @param margins may be empty
+CellMargins ReadCellMargins(const XmlPart& part, pugi::xml_node margins);
+/// What one border takes, in twips; empty when it is not stated.
+std::optional<int> BorderWidth(const XmlPart& part, pugi::xml_node border);
+
+}  // namespace docx::layout
