@@ -1,0 +1,124 @@
+// Makes pictures of every form, for scripts/screenshots: qt_pictures FOLDER light|dark
+
+#include <QApplication>
+#include <QDir>
+#include <QMessageBox>
+#include <QPalette>
+#include <QStyleFactory>
+
+#include <iostream>
+
+#include "addin/frmKVXProgressFormKVXPreparing.h"
+#include "addin/frmProgressForm.h"
+#include "tests/qt/Windows.h"
+
+namespace {
+
+QString folder;
+
+QPalette DarkPalette() {
+  QPalette palette;
+  palette.setColor(QPalette::Window, QColor(0x2d, 0x2d, 0x30));
+  palette.setColor(QPalette::WindowText, Qt::white);
+  palette.setColor(QPalette::Base, QColor(0x1e, 0x1e, 0x1e));
+  palette.setColor(QPalette::AlternateBase, QColor(0x2d, 0x2d, 0x30));
+  palette.setColor(QPalette::Text, Qt::white);
+  palette.setColor(QPalette::Button, QColor(0x3c, 0x3c, 0x40));
+  palette.setColor(QPalette::ButtonText, Qt::white);
+  palette.setColor(QPalette::ToolTipBase, QColor(0x3c, 0x3c, 0x40));
+  palette.setColor(QPalette::ToolTipText, Qt::white);
+  palette.setColor(QPalette::Link, QColor(0x6c, 0xb4, 0xff));
+  palette.setColor(QPalette::Highlight, QColor(0x2f, 0x6f, 0xc0));
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    palette.setColor(QPalette::Disabled, role, QColor(0x80, 0x80, 0x80));
+  }
+  return palette;
+}
+
+void Keep(QWidget& window, const QString& name) {
+  QTest::qWait(50);
+  const QString path = folder + '/' + name + ".png";
+  EXPECT_TRUE(window.grab().save(path)) << path.toStdString();
+}
+
+class Pictures : public Windows {};
+
+TEST_F(Pictures, OfTheOptions) {
+  Show(MakeOptions(), [](QWidget& window) { Keep(window, "options"); });
+}
+
+TEST_F(Pictures, OfTheTerms) {
+  frmKVX_COM& form = MakeTerms({u"Accounts", u"Agreement", u"Business Day", u"Buyer", u"Completion", u"Completion Date",
+                                u"Confidential Information", u"Disclosure Letter", u"Encumbrance", u"Escrow Account",
+                                u"Long Stop Date", u"Purchase Price", u"Seller", u"Seller's Solicitors", u"Shares"});
+  form.lstTermsInDoc.SetSelected(2, false);
+  form.lstAddTerms.AddItem(u"Escrow");
+  form.lstAddTerms.AddItem(u"Target Group Company");
+  Show(form, [&](QWidget& window) {
+    for (const int tab : {0, 1, 2}) {
+      form.tbcTabs.SetSelectedTab(tab);
+      form.Repaint();
+      Keep(window, QString("terms_%1").arg(tab + 1));
+    }
+    form.tbcTabs.SetSelectedTab(0);
+    for (forms::Label* line : {&form.lblLabel1, &form.lblLabel2, &form.lblLabel3}) line->SetVisible(true);
+    form.SetStatusText(u"Looking for terms in quotes");
+    form.Repaint();
+    Keep(window, "terms_searching");
+  });
+}
+
+TEST_F(Pictures, OfTheProgressForms) {
+  clsProgForm progress(windows);
+  progress.ShowProgress(0);
+  progress.UpdateProgress(u"Please wait", u"Marking occurrences", u"Term 45 of 100: Confidential Information", 45, 100,
+                          u"Indexing document");
+  Keep(*FindWindow("frmProgressForm"), "progress");
+  progress.CloseProgress();
+  frmKVXProgressFormKVXPreparing preparing(windows,
+                                           [] { Keep(*FindWindow("frmKVXProgressFormKVXPreparing"), "preparing"); });
+  preparing.Load();
+  preparing.SetCaption(u"Kelvarin");
+  preparing.lblLabel1.SetCaption(u"Please wait");
+  preparing.lblLabel2.SetCaption(u"Preparing document...");
+  preparing.lblProgBarTotal.SetVisible(false);
+  preparing.lblProgBarCompleted.SetVisible(false);
+  windows.ShowModal(preparing);
+}
+
+TEST_F(Pictures, OfMessages) {
+  const auto show = [&](const char* name, os::Icon icon, os::Buttons buttons, std::u16string_view title,
+                        std::u16string_view text) {
+    person.Expect([name](QWidget& window) {
+      Keep(window, name);
+      window.hide();
+    });
+    messages.Show(title, text, icon, buttons);
+  };
+  show("message_information", os::Icon::kInformation, os::Buttons::kOk, u"Refresh terms list",
+       u"You'll need to click the 'Find terms and refresh list' button to refresh the 'Terms found in document' list.");
+  show("message_exclamation", os::Icon::kExclamation, os::Buttons::kOk, u"Nothing deleted",
+       u"No items were selected for deletion.");
+  show("message_question", os::Icon::kQuestion, os::Buttons::kYesNoCancel, u"Save all or selected?",
+       u"Save selected items only?  Click Yes to save only the selected items, click No to save all items in the "
+       u"additional terms list.");
+  show("message_critical", os::Icon::kCritical, os::Buttons::kOk, u"Error setting defaults", u"Error: 5 Cannot write");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  ::testing::InitGoogleTest(&argc, argv);
+  QApplication application(argc, argv);
+  if (argc != 3) {
+    std::cerr << "usage: qt_pictures FOLDER light|dark\n";
+    return 2;
+  }
+  folder = QString::fromLocal8Bit(argv[1]);
+  QDir().mkpath(folder);
+  QApplication::setStyle(QStringLiteral("Fusion"));
+  QApplication::setQuitOnLastWindowClosed(false);
+  if (QString::fromLocal8Bit(argv[2]) == "dark") QApplication::setPalette(DarkPalette());
+  return RUN_ALL_TESTS();
+}
