@@ -45,6 +45,9 @@ frmKVX_COM::frmKVX_COM(const Host& host, modIniFile& ini)
   cmdDeselectAllAddTerms.onClick = [this] { SelectAll(lstAddTerms, false); };
   cmdAddTerm.onClick = Trapped(u"Error adding term", [this] { cmdAddTerm_Click(); });
   cmdDeleteTerm.onClick = Trapped(u"Error deleting terms", [this] { cmdDeleteTerm_Click(); });
+  cmdLoadSavedList.onClick = Trapped(u"Error loading list", [this] { cmdLoadSavedList_Click(); });
+  cmdSaveList[0].onClick = Trapped(u"Error saving list", [this] { cmdSaveList_Click(lstTermsInDoc); });
+  cmdSaveList[1].onClick = Trapped(u"Error saving list", [this] { cmdSaveList_Click(lstAddTerms); });
   cmdRefresh.onClick = Trapped(u"Error refreshing list", [this] { cmdRefresh_Click(); });
   cmdSetDefaults.onClick = Trapped(u"Error setting defaults", [this] { cmdSetDefaults_Click(); });
   cmdOK.onClick = Trapped(u"Error indexing terms", [this] { cmdOK_Click(); });

@@ -94,12 +94,22 @@ class frmKVX_COM : public forms::Form, public OptionPanel, public IndexingDialog
   void cmdDeleteTerm_Click();
   void cmdRefresh_Click();
   void cmdSetDefaults_Click();
+  void cmdLoadSavedList_Click();
+  void cmdSaveList_Click(const forms::ListBox& list);
   void cmdOK_Click();
   void cmdCancel_Click();
 
   bool IsOnList(const forms::ListBox& list, std::u16string_view term);
   void SelectAll(forms::ListBox& list, bool selected);
   int WidestEntry(const forms::ListBox& list);
+
+  bool HasTextExtension(std::u16string_view name);
+  /// @return a path; empty: the user gave up
+  std::u16string ChooseListToLoad();
+  std::u16string ChooseListToSave();
+  /// Adds the terms that are not there yet, unselected.
+  void LoadList(std::u16string_view path);
+  void SaveList(const forms::ListBox& list, std::u16string_view path);
 
   void WatchForReminder();
   void RemindWhenChanged(bool changed);

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "platform/TermMarker.h"
 
@@ -11,11 +12,15 @@ class FormHost;
 
 namespace os {
 class Characters;
+class FileDialogs;
 class Files;
 class Folders;
+class Help;
+class Locale;
 class Messages;
 class Processes;
 class Profile;
+class Shell;
 class UserSettings;
 }  // namespace os
 
@@ -30,6 +35,13 @@ struct Host {
   os::Characters& characters;
   os::Processes& processes;
   os::UserSettings& userSettings;
+  os::FileDialogs& fileDialogs;
+  os::Shell& shell;
+  os::Help& help;
+  os::Locale& locale;
+  /// Where the add-in itself lies, with its help and its instructions: a path in Windows form, without a separator at
+  /// its end.
+  std::u16string addInFolder;
   /// Creates the companion; may throw word::HostError when it is not installed.
   std::function<std::unique_ptr<TermMarker>()> createTermMarker;
 };

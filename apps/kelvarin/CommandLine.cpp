@@ -228,6 +228,11 @@ class Reader {
     command.add_option("--add", index.add, "index this term too (may be repeated)")
         ->type_name("TERM")
         ->allow_extra_args(false);
+    command
+        .add_option_function<std::string>(
+            "--load", [&index](const std::string& given) { index.load = given; },
+            "index the terms of this list too, a .txt file with one term a line")
+        ->type_name("FILE");
     command.add_option("--exclude", index.exclude, "do not index this found term (may be repeated)")
         ->type_name("TERM")
         ->allow_extra_args(false);
@@ -309,6 +314,7 @@ class Reader {
     std::vector<File> taken;
     for (const fs::path& input : options_.inputs) taken.push_back({"the input", input});
     if (options_.answers) taken.push_back({"--answers", *options_.answers});
+    if (options_.index.load) taken.push_back({"--load", *options_.index.load});
     const auto take = [&taken](const char* name, const fs::path& path) {
       std::error_code error;
       // Nothing is lost in a device.

@@ -5,6 +5,8 @@
 FileResult IndexFile(const Options& options, const std::filesystem::path& input) {
   return RunOnFile(options, input, [&](FileRecord& record) {
     const std::filesystem::path target = *ChooseTarget(options.output, input);
+    // Said before any work is done.
+    if (options.index.load) static_cast<void>(ReadFile(*options.index.load));
     unattended::IndexAnswers answers(options.index);
     Session session(input, options, answers, {}, record.transcript);
     session.Run([](Connect& addIn) { addIn.ShowKVXForm(); });

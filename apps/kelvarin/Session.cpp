@@ -1,5 +1,6 @@
 #include "apps/kelvarin/Session.h"
 
+#include <algorithm>
 #include <system_error>
 #include <type_traits>
 
@@ -34,6 +35,26 @@ PrivateSettings::Source SettingsSource(const Options& options, const RunStateOpt
   return {.file = options.settings, .writeBack = options.inputs.size() == 1, .applicationData = state.appData};
 }
 
+unattended::PathNames LinuxPathNames() {
+  return {.toSystem =
+              [](std::u16string_view path) {
+                std::error_code failure;
+                const fs::path full = fs::absolute(unattended::ToUtf8(path), failure);
+                return os::ToWindowsPath(full.lexically_normal().string());
+              },
+          .toMachine =
+              [](std::u16string_view path) {
+                std::u16string name;
+                // Piece by piece, so that a doubled separator stays one.
+                for (std::size_t start = 0; start < path.size();) {
+                  const std::size_t end = std::min(path.find(u'\\', start), path.size() - 1) + 1;
+                  name += unattended::FromUtf8(os::ToPosixPath(path.substr(start, end - start)));
+                  start = end;
+                }
+                return name;
+              }};
+}
+
 /// Word loads the add-in when it starts, unless the state says otherwise.
 ConnectMode ConnectModeOf(const RunStateOptions& state) {
   return static_cast<ConnectMode>(state.connectMode.value_or(static_cast<int>(ConnectMode::kStartup)));
@@ -53,7 +74,8 @@ Session::Session(const fs::path& input, const Options& options, unattended::Dial
       userSettings_(profile_, os::ToWindowsPath(settings_.Folder().string())),
       log_(options.transcript ? &transcript_.emplace(transcript) : nullptr),
       watch_(options.progress ? input : fs::path()),
-      host_(answers, transcript_ ? &*transcript_ : nullptr, &watch_) {
+      host_(answers, transcript_ ? &*transcript_ : nullptr, &watch_),
+      services_(answers, transcript_ ? &*transcript_ : nullptr, LinuxPathNames()) {
   Conduct([&] {
     if (!state_.noDocument) Open(input);
     ApplyState();
@@ -150,6 +172,11 @@ void Session::Command(const std::function<void(Connect&)>& command) {
       .characters = characters_,
       .processes = processes_,
       .userSettings = userSettings_,
+      .fileDialogs = services_,
+      .shell = services_,
+      .help = services_,
+      .locale = locale_,
+      .addInFolder = os::ToWindowsPath(AddInFolder()),
       .createTermMarker = [this] { return MakeMarker(); },
   };
   Connect addIn(services);
@@ -178,6 +205,8 @@ void Session::Finish() {
   WriteState();
   settings_.WriteBack();
 }
+
+std::string Session::AddInFolder() const { return state_.addInFolder.value_or(os::ProgramFolder()); }
 
 void Session::WriteState() {
   if (transcript_) transcript_->State(StateAtEnd());
@@ -219,7 +248,7 @@ Json Session::StateAtEnd() {
   state["options"] = OptionsAtEnd();
   state["wordProcesses"] = state_.wordProcesses.value_or(1);
   state["connectMode"] = static_cast<int>(ConnectModeOf(state_));
-  state["addInFolder"] = state_.addInFolder.value_or(os::ProgramFolder());
+  state["addInFolder"] = AddInFolder();
   state["appData"] = state_.appData.value_or(PersonsApplicationData().string());
   state["displayOnConnect"] = unattended::ToUtf8(userSettings_.Read(u"Settings", u"DisplayOnConnect", u"0"));
   return state;

@@ -16,11 +16,13 @@
 #include "apps/kelvarin/RunWatch.h"
 #include "hosts/docx/WordProcessor.h"
 #include "hosts/linux/IcuCharacters.h"
+#include "hosts/linux/LinuxDesktop.h"
 #include "hosts/linux/LinuxProfile.h"
 #include "hosts/linux/LinuxServices.h"
 #include "hosts/unattended/RunStateOptions.h"
 #include "hosts/unattended/Transcript.h"
 #include "hosts/unattended/UnattendedHost.h"
+#include "hosts/unattended/UnattendedServices.h"
 
 /// One document and one run of the system on it: the hosts that stand for Word, for the operating system and for the
 /// person at the screen, put together for one input file.
@@ -63,6 +65,8 @@ class Session {
   template <class Work>
   void Conduct(Work work);
   void WriteState();
+  /// Where help and instructions are looked for.
+  std::string AddInFolder() const;
   nlohmann::ordered_json OptionsAtEnd() const;
   nlohmann::ordered_json StateAtEnd();
 
@@ -79,10 +83,12 @@ class Session {
   os::LinuxProcesses processes_;
   os::LinuxUserSettings userSettings_;
   os::IcuCharacters characters_;
+  os::LinuxLocale locale_;
 
   std::optional<unattended::Transcript> transcript_;
   RunLog log_;
   RunWatch watch_;
   unattended::UnattendedHost host_;
+  unattended::UnattendedServices services_;
   docx::WordProcessor processor_;
 };

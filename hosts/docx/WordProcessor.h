@@ -72,6 +72,8 @@ class WordProcessor {
 
   /// The object model.
   word::ApplicationPtr Application() const;
+  /// The menus that it then has; those of a host with windows, or of one that only keeps them.
+  void SetCommandBars(office::CommandBarsPtr commandBars);
 
   /// Opens a document and makes it the active one; one that was open is closed.
   /// @param file outlives the document

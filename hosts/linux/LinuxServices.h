@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,6 +19,11 @@ class LinuxFiles : public Files {
   bool FileExists(std::u16string_view path) override;
   bool FolderExists(std::u16string_view path) override;
   void CreateFolder(std::u16string_view path) override;
+  /// A lock that another program holds on the file, of either kind that Linux has, makes this fail.
+  void OpenForBinary(std::u16string_view path) override;
+  std::string Read(std::u16string_view path) override;
+  /// A new content takes the file's place in one step.
+  std::unique_ptr<OutputFile> OpenForOutput(std::u16string_view path) override;
 };
 
 /// Application Data is $XDG_CONFIG_HOME when that is an absolute path, else .config in the home folder. It is created

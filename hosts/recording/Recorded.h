@@ -57,6 +57,7 @@ word::ApplicationPtr Wrap(word::ApplicationPtr inner, CallObserver& observer);
 word::BookmarkPtr Wrap(word::BookmarkPtr inner, CallObserver& observer);
 word::BookmarksPtr Wrap(word::BookmarksPtr inner, CallObserver& observer);
 word::CharactersPtr Wrap(word::CharactersPtr inner, CallObserver& observer);
+word::CustomizationPtr Wrap(word::CustomizationPtr inner, CallObserver& observer);
 word::DocumentPtr Wrap(word::DocumentPtr inner, CallObserver& observer);
 word::DocumentsPtr Wrap(word::DocumentsPtr inner, CallObserver& observer);
 word::FieldPtr Wrap(word::FieldPtr inner, CallObserver& observer);

@@ -41,6 +41,14 @@ class RecordedOptions : public Recorded<word::Options> {
   }
 };
 
+class RecordedCustomization : public Recorded<word::Customization> {
+ public:
+  using Recorded::Recorded;
+  bool Saved() const override { return On("CustomizationContext.Saved").Saved(); }
+  void SetSaved(bool value) override { Put("CustomizationContext.Saved", value).SetSaved(value); }
+  void Save() override { Call("CustomizationContext.Save").Save(); }
+};
+
 class RecordedApplication : public Recorded<word::Application> {
  public:
   using Recorded::Recorded;
@@ -53,6 +61,11 @@ class RecordedApplication : public Recorded<word::Application> {
   bool ScreenUpdating() const override { return On("Application.ScreenUpdating").ScreenUpdating(); }
   void SetScreenUpdating(bool value) override { Put("Application.ScreenUpdating", value).SetScreenUpdating(value); }
   void ScreenRefresh() override { CallAs("Application.ScreenRefresh", "ScreenRefresh").ScreenRefresh(); }
+  // Menus tell of their changes themselves.
+  office::CommandBarsPtr CommandBars() const override { return On("Application.CommandBars").CommandBars(); }
+  word::CustomizationPtr CustomizationContext() const override {
+    return Wrap(On("Application.CustomizationContext").CustomizationContext(), Observer());
+  }
 };
 
 }  // namespace
@@ -62,6 +75,9 @@ word::DocumentsPtr Wrap(word::DocumentsPtr inner, CallObserver& observer) {
 }
 word::OptionsPtr Wrap(word::OptionsPtr inner, CallObserver& observer) {
   return WrapAs<RecordedOptions>(std::move(inner), observer);
+}
+word::CustomizationPtr Wrap(word::CustomizationPtr inner, CallObserver& observer) {
+  return WrapAs<RecordedCustomization>(std::move(inner), observer);
 }
 word::ApplicationPtr Wrap(word::ApplicationPtr inner, CallObserver& observer) {
   return WrapAs<RecordedApplication>(std::move(inner), observer);

@@ -37,6 +37,10 @@ os::Pressed DialogAnswers::AnswerMessage(std::u16string_view title, os::Buttons 
   return failure_.empty() ? ChooseButton(title, buttons) : DecliningButton(buttons);
 }
 
+std::u16string DialogAnswers::AnswerFile(std::u16string_view title) {
+  return failure_.empty() ? ChooseFile(title) : std::u16string();
+}
+
 void DialogAnswers::AnswerForm(forms::Form& form, const std::function<void()>& stepDone) {
   const int outer = formsWorkedIn_;
   // Also when the host's own error leaves the form.

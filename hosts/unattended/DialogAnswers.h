@@ -23,6 +23,10 @@ class DialogAnswers {
 
   os::Pressed AnswerMessage(std::u16string_view title, os::Buttons buttons);
 
+  /// @param title the one that the dialog shows
+  /// @return a path, as the machine spells it; empty: the dialog is cancelled
+  std::u16string AnswerFile(std::u16string_view title);
+
   /// Works in a form that is shown, and leaves it ended: hidden or unloaded.
   /// @param stepDone called after each step
   /// @throws RunEnded when it failed within a step of another form
@@ -38,6 +42,8 @@ class DialogAnswers {
 
  protected:
   virtual os::Pressed ChooseButton(std::u16string_view title, os::Buttons buttons) = 0;
+  /// Nothing unless a derived class has a file for the dialog.
+  virtual std::u16string ChooseFile(std::u16string_view title) { return static_cast<void>(title), std::u16string(); }
   /// May leave the form shown; it is then ended as a person ends it who gives up.
   virtual void WorkIn(forms::Form& form, const std::function<void()>& stepDone) = 0;
 

@@ -61,6 +61,15 @@ os::Pressed FileAnswers::ChooseButton(std::u16string_view title, os::Buttons but
   return DefaultButton(title, buttons);
 }
 
+std::u16string FileAnswers::ChooseFile(std::u16string_view title) {
+  Answer dialog;
+  dialog.kind = Answer::Kind::kFile;
+  dialog.title = title;
+  if (NextFits(dialog)) return TakeNext().path;
+  Refuse(dialog);
+  return {};
+}
+
 void FileAnswers::WorkIn(forms::Form& form, const std::function<void()>& stepDone) {
   Answer dialog;
   dialog.kind = Answer::Kind::kForm;

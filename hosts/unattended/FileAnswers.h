@@ -19,6 +19,7 @@ class FileAnswers : public DialogAnswers {
 
  protected:
   os::Pressed ChooseButton(std::u16string_view title, os::Buttons buttons) override;
+  std::u16string ChooseFile(std::u16string_view title) override;
   void WorkIn(forms::Form& form, const std::function<void()>& stepDone) override;
 
  private:

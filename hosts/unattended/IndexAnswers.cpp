@@ -9,6 +9,8 @@ namespace unattended {
 
 namespace {
 
+constexpr std::u16string_view kLoadTitle = u"Load terms list";
+
 /// Does steps in a form one by one.
 class Steps {
  public:
@@ -44,6 +46,13 @@ class Steps {
     step.control = {list};
     step.items = {item};
     step.on = on;
+    Do(step);
+  }
+  void SelectAll(const char* list) {
+    Step step;
+    step.kind = Step::Kind::kSelect;
+    step.control = {list};
+    step.select = Step::Select::kAll;
     Do(step);
   }
   bool Holds(const char* list, const std::u16string& item) {
@@ -98,6 +107,23 @@ os::Pressed IndexAnswers::ChooseButton(std::u16string_view title, os::Buttons bu
   return DefaultButton(title, buttons);
 }
 
+std::u16string IndexAnswers::ChooseFile(std::u16string_view title) {
+  if (title != kLoadTitle) return {};
+  if (!loadPending_) {
+    Fail("the term list " + *options_.load + " was not loaded");
+    return {};
+  }
+  loadPending_ = false;
+  return FromUtf8(*options_.load);
+}
+
+void IndexAnswers::LoadList(forms::Form& form, const std::function<void()>& stepDone) {
+  Steps steps(form, stepDone);
+  loadPending_ = true;
+  steps.Click("cmdLoadSavedList");
+  if (Failure().empty()) steps.SelectAll("lstAddTerms");
+}
+
 void IndexAnswers::WorkIn(forms::Form& form, const std::function<void()>& stepDone) {
   try {
     if (form.Name() == "frmKVXOptions") {
@@ -133,6 +159,8 @@ void IndexAnswers::SetOptions(forms::Form& form, const std::function<void()>& st
 }
 
 void IndexAnswers::ChooseTerms(forms::Form& form, const std::function<void()>& stepDone) {
+  if (options_.load) LoadList(form, stepDone);
+  if (!Failure().empty()) return;
   Steps steps(form, stepDone);
   if (options_.onlyAdded) steps.Click("cmdDeselectAllTermsInDoc");
   for (const std::string& term : options_.exclude) {

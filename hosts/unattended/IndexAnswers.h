@@ -33,6 +33,8 @@ struct IndexOptions {
 
   /// Terms to add; one that was found is selected instead.
   std::vector<std::string> add{};
+  /// A term list, as the machine spells its path; what it adds is selected.
+  std::optional<std::string> load{};
   /// Found terms to deselect.
   std::vector<std::string> exclude{};
   /// Deselect every found term first.
@@ -49,13 +51,17 @@ class IndexAnswers : public DialogAnswers {
 
  protected:
   os::Pressed ChooseButton(std::u16string_view title, os::Buttons buttons) override;
+  std::u16string ChooseFile(std::u16string_view title) override;
   void WorkIn(forms::Form& form, const std::function<void()>& stepDone) override;
 
  private:
   void SetOptions(forms::Form& form, const std::function<void()>& stepDone);
+  void LoadList(forms::Form& form, const std::function<void()>& stepDone);
   void ChooseTerms(forms::Form& form, const std::function<void()>& stepDone);
 
   IndexOptions options_;
+  /// The term list is still to be named.
+  bool loadPending_{false};
 };
 
 }  // namespace unattended

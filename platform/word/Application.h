@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/office/CommandBars.h"
 #include "platform/word/Types.h"
 
 namespace word {
@@ -11,6 +12,15 @@ class Documents : public Object {
   /// @param name the document's Name, compared without regard to case
   /// @throws HostError kMemberDoesNotExist when none has that name
   virtual DocumentPtr Item(std::u16string_view name) const = 0;
+};
+
+/// A template or document in which the word processor keeps what is changed of its menus.
+class Customization : public Object {
+ public:
+  /// Whether it has no change that is not saved.
+  virtual bool Saved() const = 0;
+  virtual void SetSaved(bool value) = 0;
+  virtual void Save() = 0;
 };
 
 /// The word processor.
@@ -25,6 +35,10 @@ class Application : public Object {
   virtual bool ScreenUpdating() const = 0;
   virtual void SetScreenUpdating(bool value) = 0;
   virtual void ScreenRefresh() = 0;
+  /// @throws HostError kMethodNotAvailable where there are no menus
+  virtual office::CommandBarsPtr CommandBars() const = 0;
+  /// Where changes of menus are kept.
+  virtual CustomizationPtr CustomizationContext() const = 0;
 };
 
 }  // namespace word

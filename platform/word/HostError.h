@@ -9,6 +9,11 @@ namespace word {
 /// The numbers a host raises. Where Word has a number for the case, it is Word's.
 enum ErrorNumber : int {
   kOutOfMemory = 7,
+  kFileNotFound = 53,
+  kDeviceError = 57,
+  kDiskFull = 61,
+  kPermissionDenied = 70,
+  kPathAccess = 75,  ///< the file cannot be opened in that way
   kPathNotFound = 76,
   kObjectNotSet = 91,
   kCommandFailed = 4198,

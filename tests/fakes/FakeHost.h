@@ -15,10 +15,11 @@ class FakeHost {
  public:
   FakeHost() { files.folders.insert(u"C:\\Data"); }
 
-  Host Make() {
-    return {forms,     messages,     profile,
-            files,     folders,      characters,
-            processes, userSettings, [this] { return MakeTermMarker(); }};
+  Host Make() { return Make(forms, messages); }
+  /// The same with windows and messages of another host.
+  Host Make(forms::FormHost& windows, os::Messages& boxes) {
+    return {windows,      boxes,       profile, files, folders, characters,      processes,
+            userSettings, fileDialogs, shell,   help,  locale,  u"C:\\Kelvarin", [this] { return MakeTermMarker(); }};
   }
 
   CallLog log;
@@ -30,6 +31,10 @@ class FakeHost {
   FakeCharacters characters;
   FakeProcesses processes;
   FakeUserSettings userSettings;
+  FakeFileDialogs fileDialogs;
+  FakeShell shell;
+  FakeHelp help;
+  FakeLocale locale;
   FakeWord word{log};
   /// Given to each companion that is made.
   std::function<int(std::u16string_view text, int storyType)> found;

@@ -6,16 +6,19 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "platform/os/Characters.h"
+#include "platform/os/FileDialogs.h"
 #include "platform/os/Files.h"
 #include "platform/os/Folders.h"
 #include "platform/os/Messages.h"
 #include "platform/os/Processes.h"
 #include "platform/os/Profile.h"
+#include "platform/os/Shell.h"
 #include "tests/fakes/CallLog.h"
 
 /// The operating system's services in memory.
@@ -41,10 +44,108 @@ class FakeFiles : public os::Files {
     created.push_back(folder);
     folders.insert(folder);
   }
+  void OpenForBinary(std::u16string_view path) override {
+    if (locked.count(Single(path)) != 0) {
+      throw word::HostError(word::kPermissionDenied, u"Permission denied", "OpenForBinary");
+    }
+    RequireFolder(path);
+    files.insert(Single(path));
+  }
+  std::string Read(std::u16string_view path) override {
+    if (!FileExists(path)) throw word::HostError(word::kFileNotFound, u"File not found", "Read");
+    if (unreadable.count(Single(path)) != 0) throw word::HostError(word::kDeviceError, u"Device I/O error", "Read");
+    return contents[Single(path)];
+  }
+  std::unique_ptr<os::OutputFile> OpenForOutput(std::u16string_view path) override {
+    RequireFolder(path);
+    return std::make_unique<Output>(*this, Single(path));
+  }
 
   std::set<std::u16string> files;
   std::set<std::u16string> folders;
   std::vector<std::u16string> created;
+  /// The bytes of files; one that is not here is empty.
+  std::map<std::u16string, std::string> contents;
+  std::set<std::u16string> locked;
+  std::set<std::u16string> unreadable;
+  /// How many bytes can still be written.
+  std::size_t space{1000000};
+
+ private:
+  class Output : public os::OutputFile {
+   public:
+    Output(FakeFiles& files, std::u16string path) : files_(files), path_(std::move(path)) {}
+    void Write(std::string_view bytes) override {
+      if (bytes.size() > files_.space) throw word::HostError(word::kDiskFull, u"Disk full", "Write");
+      files_.space -= bytes.size();
+      content_ += bytes;
+    }
+    void Close() override {
+      files_.files.insert(path_);
+      files_.contents[path_] = content_;
+    }
+
+   private:
+    FakeFiles& files_;
+    std::u16string path_;
+    std::string content_;
+  };
+
+  void RequireFolder(std::u16string_view path) {
+    const std::u16string file = Single(path);
+    if (!folders.count(file.substr(0, file.rfind(u'\\')))) {
+      throw word::HostError(word::kPathNotFound, u"Path not found", "FakeFiles");
+    }
+  }
+};
+
+/// Answers from a queue of paths; an empty queue cancels. Keeps what it was asked.
+class FakeFileDialogs : public os::FileDialogs {
+ public:
+  std::u16string Choose(const os::FileDialog& dialog) override {
+    asked.push_back(dialog);
+    if (paths.empty()) return {};
+    const std::u16string path = paths.front();
+    paths.pop_front();
+    return path;
+  }
+  std::deque<std::u16string> paths;
+  std::vector<os::FileDialog> asked;
+};
+
+/// Opens nothing, and keeps what it was asked.
+class FakeShell : public os::Shell {
+ public:
+  bool Open(std::u16string_view verb, std::u16string_view path, std::intptr_t owner) override {
+    opened.push_back({std::u16string(verb), std::u16string(path), owner});
+    return true;
+  }
+  struct Call {
+    std::u16string verb;
+    std::u16string path;
+    std::intptr_t owner;
+  };
+  std::vector<Call> opened;
+};
+
+class FakeHelp : public os::Help {
+ public:
+  void Show(std::u16string_view file, int command, int data, std::intptr_t owner) override {
+    shown.push_back({std::u16string(file), command, data, owner});
+  }
+  struct Call {
+    std::u16string file;
+    int command;
+    int data;
+    std::intptr_t owner;
+  };
+  std::vector<Call> shown;
+};
+
+class FakeLocale : public os::Locale {
+ public:
+  os::PaperSize Paper() override { return paper; }
+  os::PaperSize paper{os::PaperSize::kA4};
 };
 
 /// One settings file in memory; writing makes it. Values lose one enclosing pair of quotes on reading. Reading compares

@@ -467,6 +467,20 @@ class FakeOptions : public word::Options {
   FakeWord& word_;
 };
 
+class FakeCustomization : public word::Customization {
+ public:
+  explicit FakeCustomization(FakeWord& word) : word_(word) {}
+  bool Saved() const override { return word_.customizationSaved; }
+  void SetSaved(bool value) override {
+    word_.log.Add("CustomizationContext.Saved = " + Plain(value));
+    word_.customizationSaved = value;
+  }
+  void Save() override { word_.log.Add("CustomizationContext.Save"); }
+
+ private:
+  FakeWord& word_;
+};
+
 class FakeApplication : public word::Application {
  public:
   explicit FakeApplication(FakeWord& word) : word_(word) {}
@@ -483,6 +497,8 @@ class FakeApplication : public word::Application {
     word_.screenUpdating = value;
   }
   void ScreenRefresh() override { word_.log.Add("Application.ScreenRefresh"); }
+  office::CommandBarsPtr CommandBars() const override { return word_.menus.CommandBars(); }
+  word::CustomizationPtr CustomizationContext() const override { return std::make_shared<FakeCustomization>(word_); }
 
  private:
   FakeWord& word_;

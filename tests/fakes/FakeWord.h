@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "hosts/menus/MenuBars.h"
 #include "platform/word/Application.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Constants.h"
@@ -41,6 +42,8 @@ class FakeWord {
   word::RangePtr MakeStory(std::size_t story);
 
   CallLog& log;
+  menus::MenuBars menus;
+  bool customizationSaved{false};
   bool hasDocument{true};
   std::u16string name{u"contract.docx"};
   std::vector<Story> stories{{word::wdMainTextStory, u"\r", {}}};

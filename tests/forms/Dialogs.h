@@ -16,6 +16,7 @@
 #include "hosts/unattended/FileAnswers.h"
 #include "hosts/unattended/Transcript.h"
 #include "hosts/unattended/UnattendedHost.h"
+#include "hosts/unattended/UnattendedServices.h"
 #include "settings/OptionSettings.h"
 #include "tests/fakes/FakeServices.h"
 #include "tests/fakes/FakeTermMarker.h"
@@ -57,6 +58,12 @@ class Dialogs : public ::testing::Test, public unattended::UnattendedObserver {
 
   Dialogs() { ini.IniFilePath = u"C:\\Data\\kvx.ini"; }
 
+  /// Paths in answers and transcripts have the system's own form.
+  static unattended::PathNames AsTheyAre() {
+    const auto same = [](std::u16string_view path) { return std::u16string(path); };
+    return {.toSystem = same, .toMachine = same};
+  }
+
   /// @param answers the elements of the list of answers, as JSON
   void Answer(const std::string& answersJson) {
     answers = std::make_unique<unattended::FileAnswers>(
@@ -72,7 +79,21 @@ class Dialogs : public ::testing::Test, public unattended::UnattendedObserver {
     engine.reset();
     progress.reset();
     host = std::make_unique<unattended::UnattendedHost>(source, &transcript, this);
-    services.emplace(Host{*host, *host, profile, files, folders, characters, processes, userSettings, {}});
+    desktop = std::make_unique<unattended::UnattendedServices>(source, &transcript, AsTheyAre());
+    services.emplace(Host{*host,
+                          *host,
+                          profile,
+                          files,
+                          folders,
+                          characters,
+                          processes,
+                          userSettings,
+                          *desktop,
+                          *desktop,
+                          *desktop,
+                          locale,
+                          u"C:\\Kelvarin",
+                          {}});
     progress = std::make_unique<clsProgForm>(*host);
     engine = std::make_unique<modKVX>(marker, *progress, characters, *host);
     addIn = std::make_unique<FakeAddIn>(word, marker, *engine, *progress);
@@ -143,6 +164,7 @@ class Dialogs : public ::testing::Test, public unattended::UnattendedObserver {
   fakes::FakeCharacters characters;
   fakes::FakeProcesses processes;
   fakes::FakeUserSettings userSettings;
+  fakes::FakeLocale locale;
   modIniFile ini{profile, files};
   std::ostringstream transcriptText;
   unattended::Transcript transcript{transcriptText};
@@ -150,6 +172,7 @@ class Dialogs : public ::testing::Test, public unattended::UnattendedObserver {
 
   std::unique_ptr<unattended::FileAnswers> answers;
   std::unique_ptr<unattended::UnattendedHost> host;
+  std::unique_ptr<unattended::UnattendedServices> desktop;
   std::optional<Host> services;
   std::unique_ptr<clsProgForm> progress;
   std::unique_ptr<modKVX> engine;

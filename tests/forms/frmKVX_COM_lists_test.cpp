@@ -140,7 +140,8 @@ class ExtentHost : public unattended::UnattendedHost {
 TEST_F(TermLists, TheListScrollsAsFarAsItsWidestEntry) {
   unattended::FileAnswers none({}, false);
   ExtentHost wide(none, nullptr, nullptr);
-  const Host widely{wide, wide, profile, files, folders, characters, processes, userSettings, {}};
+  const Host widely{wide,         wide,     profile,  files,    folders, characters, processes,
+                    userSettings, *desktop, *desktop, *desktop, locale,  u"",        {}};
   frmKVX_COM dialog(widely, ini);
   wide.ShowModeless(dialog);
   EXPECT_TRUE(dialog.txtAddTerm.UserSetText(u"abcd"));

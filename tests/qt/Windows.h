@@ -53,8 +53,7 @@ class Windows : public ::testing::Test {
   fakes::FakeHost fake;
   qt::QtFormHost windows;
   qt::QtMessages messages{windows};
-  Host services{windows,        messages,          fake.profile,          fake.files, fake.folders, fake.characters,
-                fake.processes, fake.userSettings, [] { return nullptr; }};
+  Host services{fake.Make(windows, messages)};
   modIniFile ini{fake.profile, fake.files};
   Person person;
   std::unique_ptr<frmKVXOptions> options;

@@ -58,6 +58,18 @@ class DocumentsProxy : public word::Documents {
   StatePtr state_;
 };
 
+/// Menus are not kept from one run to the next, so there is nothing to write.
+class CustomizationProxy : public word::Customization {
+ public:
+  explicit CustomizationProxy(StatePtr state) : state_(std::move(state)) {}
+  bool Saved() const override { return state_->customizationSaved; }
+  void SetSaved(bool value) override { state_->customizationSaved = value; }
+  void Save() override { state_->customizationSaved = true; }
+
+ private:
+  StatePtr state_;
+};
+
 class ApplicationProxy : public word::Application {
  public:
   explicit ApplicationProxy(StatePtr state) : state_(std::move(state)) {}
@@ -69,6 +81,12 @@ class ApplicationProxy : public word::Application {
   void SetScreenUpdating(bool value) override { state_->screenUpdating = value; }
   // There is no screen: nothing to draw anew.
   void ScreenRefresh() override {}
+  office::CommandBarsPtr CommandBars() const override {
+    if (state_->commandBars) return state_->commandBars;
+    throw word::HostError(word::kMethodNotAvailable, u"This method or property is not available.",
+                          "Application.CommandBars");
+  }
+  word::CustomizationPtr CustomizationContext() const override { return std::make_shared<CustomizationProxy>(state_); }
 
  private:
   const std::shared_ptr<OpenDocument>& Open(std::string_view member) const {
@@ -88,6 +106,8 @@ WordProcessor::WordProcessor() : state_(std::make_shared<WordProcessorState>()) 
 WordProcessor::~WordProcessor() { Close(); }
 
 word::ApplicationPtr WordProcessor::Application() const { return std::make_shared<ApplicationProxy>(state_); }
+
+void WordProcessor::SetCommandBars(office::CommandBarsPtr commandBars) { state_->commandBars = std::move(commandBars); }
 
 void WordProcessor::Open(std::unique_ptr<Package> package, DocumentSettings settings, DocumentFile& file) {
   Close();

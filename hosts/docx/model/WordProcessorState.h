@@ -12,6 +12,9 @@ struct WordProcessorState {
   std::shared_ptr<OpenDocument> document;
   OptionsState options;
   bool screenUpdating{true};
+  /// nullptr: there are no menus.
+  office::CommandBarsPtr commandBars;
+  bool customizationSaved{true};
 };
 
 }  // namespace docx

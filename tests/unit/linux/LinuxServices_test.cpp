@@ -5,38 +5,13 @@
 #include "hosts/linux/LinuxProfile.h"
 #include "hosts/linux/Paths.h"
 #include "platform/word/HostError.h"
+#include "tests/unit/linux/Environment.h"
 #include "tests/unit/linux/TempFolder.h"
 
-#include <cstdlib>
-#include <optional>
 #include <string>
 #include <vector>
 
 namespace {
-
-/// An environment variable for one test.
-class Environment {
- public:
-  Environment(const char* name, const std::optional<std::string>& value) : name_(name) {
-    if (const char* const before = std::getenv(name)) before_ = before;
-    Set(value);
-  }
-  Environment(const Environment&) = delete;
-  Environment& operator=(const Environment&) = delete;
-  ~Environment() { Set(before_); }
-
- private:
-  void Set(const std::optional<std::string>& value) {
-    if (value) {
-      setenv(name_, value->c_str(), 1);
-    } else {
-      unsetenv(name_);
-    }
-  }
-
-  const char* name_;
-  std::optional<std::string> before_;
-};
 
 TEST(Files, TellFilesFromFolders) {
   const TempFolder folder;

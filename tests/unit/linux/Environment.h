@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdlib>
+#include <optional>
+#include <string>
+
+/// An environment variable for one test.
+class Environment {
+ public:
+  Environment(const char* name, const std::optional<std::string>& value) : name_(name) {
+    if (const char* const before = std::getenv(name)) before_ = before;
+    Set(value);
+  }
+  Environment(const Environment&) = delete;
+  Environment& operator=(const Environment&) = delete;
+  ~Environment() { Set(before_); }
+
+ private:
+  void Set(const std::optional<std::string>& value) {
+    if (value) {
+      setenv(name_, value->c_str(), 1);
+    } else {
+      unsetenv(name_);
+    }
+  }
+
+  const char* name_;
+  std::optional<std::string> before_;
+};
