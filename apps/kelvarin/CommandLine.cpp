@@ -62,8 +62,8 @@ docx::PageSource ReadPages(const std::string& given) {
   if (given == "auto") return docx::PageSource::kAuto;
   if (given == "file") return docx::PageSource::kFile;
   if (given == "layout") return docx::PageSource::kLayout;
-  const std::string problem = given == "libreoffice" ? "is not available in this build; use" : "is none of";
-  throw CLI::ValidationError("--pages", "\"" + given + "\" " + problem + " auto, file, layout");
+  if (given == "libreoffice") return docx::PageSource::kPdf;
+  throw CLI::ValidationError("--pages", "\"" + given + "\" is none of auto, file, layout, libreoffice");
 }
 
 std::string CheckSearch(std::string& given) {
@@ -188,8 +188,9 @@ class Reader {
         .add_option_function<std::string>(
             "--pages", [this](const std::string& given) { options_.pages = ReadPages(given); },
             "what page numbers rest on: file (the breaks in the file and an estimate), layout (the document is laid "
-            "out with the fonts at hand), or auto, the best at hand (layout)")
-        ->type_name("auto|file|layout");
+            "out with the fonts at hand), libreoffice (an installed LibreOffice lays it out), or auto, the best at hand "
+            "(layout)")
+        ->type_name("auto|file|layout|libreoffice");
   }
 
   void AddPlace(CLI::App& command) {

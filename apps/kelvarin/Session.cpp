@@ -95,6 +95,7 @@ void Session::Open(const fs::path& input) {
   std::error_code error;
   const fs::path absolute = fs::absolute(input, error);
   docx::DocumentSettings settings{.name = {}, .path = {}, .pages = options_.pages};
+  if (settings.pages == docx::PageSource::kPdf) settings.pdfMaker = &libreOffice_.emplace();
   if (state_.newDocument) {
     settings.name = kNewDocumentName;
   } else {

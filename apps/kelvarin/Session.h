@@ -8,6 +8,7 @@
 #include <string>
 
 #include "addin/Connect.h"
+#include "apps/kelvarin/LibreOfficePdf.h"
 #include "apps/kelvarin/Options.h"
 #include "apps/kelvarin/PrivateDocument.h"
 #include "apps/kelvarin/PrivateFolder.h"
@@ -90,5 +91,6 @@ class Session {
   RunWatch watch_;
   unattended::UnattendedHost host_;
   unattended::UnattendedServices services_;
+  std::optional<LibreOfficePdf> libreOffice_;
   docx::WordProcessor processor_;
 };

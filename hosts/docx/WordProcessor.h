@@ -18,6 +18,18 @@ enum class PageSource {
   kAuto,    ///< the best at hand
   kFile,    ///< the breaks in the file, and an estimate
   kLayout,  ///< the layout engine alone
+  kPdf,  ///< of a PdfMaker
+};
+
+/// Has another word processor lay documents out.
+class PdfMaker {
+ public:
+  virtual ~PdfMaker() = default;
+  /// @return a PDF of the document, in which each of its bookmarks is a named destination
+  /// @throws word::HostError when there is none to be had
+  virtual std::string MakePdf(const Package& document) = 0;
+  /// Whose layout it is, for reports.
+  virtual std::string Name() const = 0;
 };
 
 /// What a document's window shows, and where its cursor stands.
@@ -60,6 +72,7 @@ struct DocumentSettings {
   std::u16string name;  ///< Document.Name
   std::u16string path;  ///< Document.Path; empty for a document that was never saved
   PageSource pages{PageSource::kFile};
+  PdfMaker* pdfMaker{nullptr};  ///< for kPdf; outlives the document
 };
 
 /// A word processor in memory over one document: the object model's root, and what its owner needs beside it.

@@ -43,11 +43,8 @@ class CommandLine(program.Case):
         self.assertIn("the same name", error)
         self.assertFalse((self.folder / "out").exists())
 
-    def test_pages_that_this_build_cannot_work_out_are_refused(self):
-        file = self.document()
-        self.assertIn("not available in this build",
-                      self.wrong("index", file, "-o", "out.docx", "--pages", "libreoffice"))
-        self.assertIn("none of", self.wrong("index", file, "-o", "out.docx", "--pages", "frobnicate"))
+    def test_pages_that_nothing_works_out_are_refused(self):
+        self.assertIn("none of", self.wrong("index", self.document(), "-o", "out.docx", "--pages", "frobnicate"))
 
     def test_a_search_that_this_build_does_not_have_is_refused(self):
         self.assertIn("not available in this build",

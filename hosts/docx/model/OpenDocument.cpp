@@ -56,7 +56,7 @@ void OpenDocument::BeforeBookmark(std::string_view member) const {
 }
 
 Paginator& OpenDocument::Pages() {
-  if (!pages_) pages_ = MakePaginator(parts_, settings_.pages);
+  if (!pages_) pages_ = MakePaginator(parts_, settings_.pages, settings_.pdfMaker);
   return *pages_;
 }
 

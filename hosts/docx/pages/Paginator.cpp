@@ -2,14 +2,17 @@
 
 #include "hosts/docx/layout/LayoutPaginator.h"
 #include "hosts/docx/pages/FilePaginator.h"
+#include "hosts/docx/pages/PdfPaginator.h"
 
 namespace docx {
 
-std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source) {
+std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source, PdfMaker* pdfMaker) {
   switch (source) {
     case PageSource::kAuto:
     case PageSource::kLayout:
       return layout::MakeLayoutPaginator(parts);
+    case PageSource::kPdf:
+      return std::make_unique<PdfPaginator>(parts, *pdfMaker);
     case PageSource::kFile:
       break;
   }

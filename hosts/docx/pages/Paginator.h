@@ -33,8 +33,9 @@ class Paginator {
   virtual std::string Basis() const = 0;
 };
 
-/// Never nullptr. @param parts outlives the paginator
+/// Never nullptr. @param parts outlives the paginator @param pdfMaker needed for kPdf only
 /// @throws PackageError when a part that the pages depend on cannot be read
-std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source);
+/// @throws word::HostError when there is no PDF
+std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source, PdfMaker* pdfMaker);
 
 }  // namespace docx

@@ -50,8 +50,11 @@ class Document {
     if (!parts_) parts_ = std::make_unique<docx::DocumentParts>(std::move(package_));
     return *parts_;
   }
+  docx::PageSource source{docx::PageSource::kFile};
+  docx::PdfMaker* pdfMaker{nullptr};
+
   const docx::Paginator& Pages() {
-    if (!pages_) pages_ = docx::MakePaginator(Parts(), docx::PageSource::kFile);
+    if (!pages_) pages_ = docx::MakePaginator(Parts(), source, pdfMaker);
     return *pages_;
   }
   int Count() { return Pages().PageCount(); }
