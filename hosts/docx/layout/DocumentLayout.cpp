@@ -22,6 +22,16 @@ constexpr const char* kEndnotes = "/endnotes";
 /// What a document without settings of its own is: one of Word 2007.
 constexpr int kOldestCompatibility = 12;
 
+int Compatibility(const XmlPart* settings) {
+  if (settings == nullptr) return kOldestCompatibility;
+  const pugi::xml_node compat = settings->Child(settings->Root(), "compat");
+  for (const pugi::xml_node setting : compat.children(settings->Name("compatSetting"))) {
+    const std::string_view name = settings->Attribute(setting, "name").value();
+    if (name == "compatibilityMode") return NumberOf(*settings, setting).value_or(kOldestCompatibility);
+  }
+  return kOldestCompatibility;
+}
+
 FontClass ClassOf(std::string_view family, std::string_view pitch) {
   if (family == "modern" || (pitch == "fixed" && family != "roman")) return FontClass::kModern;
   return family == "roman" ? FontClass::kRoman : FontClass::kSwiss;
@@ -42,7 +52,7 @@ DocumentLayout::DocumentLayout(DocumentParts& parts)
     : parts_(parts),
       theme_(parts.Related(kTheme), parts.Settings()),
       numbering_(parts.Related(kNumbering), parts.Related(kStyles), fonts_, theme_),
-      styles_(parts.Related(kStyles), numbering_, fonts_, theme_),
+      styles_(parts.Related(kStyles), numbering_, fonts_, theme_, Compatibility(parts.Settings())),
       formats_(styles_, numbering_, fonts_, theme_),
       lines_(lineSettings_) {
   ReadSettings();
@@ -56,7 +66,7 @@ DocumentLayout::DocumentLayout(DocumentParts& parts)
 }
 
 void DocumentLayout::ReadSettings() {
-  lineSettings_.compatibility = kOldestCompatibility;
+  lineSettings_.compatibility = Compatibility(parts_.Settings());
   if (const XmlPart* settings = parts_.Settings()) {
     const pugi::xml_node root = settings->Root();
     lineSettings_.defaultTab = TwipsOf(*settings, settings->Child(root, "defaultTabStop"), "val").value_or(720);
@@ -64,10 +74,6 @@ void DocumentLayout::ReadSettings() {
     const pugi::xml_node compat = settings->Child(root, "compat");
     flowSettings_.addSpaces =
         OnOffOf(*settings, settings->Child(compat, "doNotUseHTMLParagraphAutoSpacing")).value_or(false);
-    for (const pugi::xml_node setting : compat.children(settings->Name("compatSetting"))) {
-      const std::string_view name = settings->Attribute(setting, "name").value();
-      if (name == "compatibilityMode") lineSettings_.compatibility = NumberOf(*settings, setting).value_or(15);
-    }
     const auto format = [&](const char* notes) {
       return std::string(ValueOf(*settings, settings->Child(settings->Child(root, notes), "numFmt")));
     };

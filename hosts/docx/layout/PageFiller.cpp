@@ -118,7 +118,7 @@ PageFiller::Fit PageFiller::FitColumn(const std::vector<FlowItem>& items, std::s
     if (rest + kSlack < 0 && !(item.sectionMark && i > begin)) {
       if (item.row && i >= begin) {
         fit.room = height - used - space - notes - separator;
-        fit.divides = DivideRow(*item.row, fit.room, i == begin, nullptr);
+        fit.divides = DivideRow(*item.row, fit.room, i == begin, 0, nullptr);
       }
       if (!fit.divides) return Shorten(items, begin, i);
       fit.end = i;
@@ -203,17 +203,25 @@ double PageFiller::BalancedHeight(const std::vector<FlowItem>& items, std::size_
   return high;
 }
 
-void PageFiller::Place(const FlowItem& item, std::vector<Placed>& placed) {
-  if (item.position >= 0) placed.push_back({item.position, page_, item.endnote});
+void PageFiller::Place(const FlowItem& item, double top, std::vector<Placed>& placed) {
+  if (item.position >= 0) placed.push_back({item.position, page_, item.endnote, top, item.height});
   for (const pugi::xml_node_struct* reference : item.notes) notePages_.emplace(reference, page_);
   if (!item.row) return;
-  for (const CellFlow& cell : item.row->cells) {
-    for (std::size_t i = cell.next; i < cell.flow.items.size(); ++i) Place(cell.flow.items[i], placed);
-  }
-  for (const FlowItem& beside : item.row->beside) Place(beside, placed);
+  for (const CellFlow& cell : item.row->cells) PlaceCell(cell, cell.flow.items.size(), top + item.row->border, placed);
+  for (const FlowItem& beside : item.row->beside) Place(beside, top, placed);
 }
 
-bool PageFiller::DivideRow(RowFlow& row, double room, bool whatever, std::vector<Placed>* placed) {
+void PageFiller::PlaceCell(const CellFlow& cell, std::size_t end, double top, std::vector<Placed>& placed) {
+  double y = top + cell.top;
+  for (std::size_t i = cell.next; i < end; ++i) {
+    const FlowItem& item = cell.flow.items[i];
+    y += i == cell.next && cell.next > 0 ? 0 : item.before;
+    Place(item, y, placed);
+    y += item.height;
+  }
+}
+
+bool PageFiller::DivideRow(RowFlow& row, double room, bool whatever, double top, std::vector<Placed>* placed) {
   if (row.exact || (row.cannotSplit && !whatever)) return false;
   std::vector<std::size_t> ends;
   bool rest = false;
@@ -233,7 +241,7 @@ bool PageFiller::DivideRow(RowFlow& row, double room, bool whatever, std::vector
       while (back > cell.next && items[back].hold >= Hold::kLines) --back;
       // A row is only divided where each of its cells leaves something on the page.
       bool inner = false;
-      if (back == end && items[end].row) inner = DivideRow(*items[end].row, left, false, nullptr);
+      if (back == end && items[end].row) inner = DivideRow(*items[end].row, left, false, 0, nullptr);
       if (back == cell.next && !inner) {
         if (!whatever) return false;
         back = std::max(end, cell.next);
@@ -249,18 +257,20 @@ bool PageFiller::DivideRow(RowFlow& row, double room, bool whatever, std::vector
   for (std::size_t c = 0; c < row.cells.size(); ++c) {
     CellFlow& cell = row.cells[c];
     double left = room - row.border - cell.top;
+    PlaceCell(cell, ends[c], top + row.border, *placed);
     for (std::size_t i = cell.next; i < ends[c]; ++i) {
-      FlowItem& item = cell.flow.items[i];
+      const FlowItem& item = cell.flow.items[i];
       left -= item.height + (i == cell.next && cell.next > 0 ? 0 : item.before);
-      Place(item, *placed);
     }
     cell.next = ends[c];
     if (cell.next < cell.flow.items.size()) {
       FlowItem& item = cell.flow.items[cell.next];
-      if (item.row && DivideRow(*item.row, left, false, placed)) item.height = item.row->Height();
+      if (item.row && DivideRow(*item.row, left, false, top + room - left, placed)) {
+        item.height = item.row->Height();
+      }
     }
   }
-  for (const FlowItem& beside : row.beside) Place(beside, *placed);
+  for (const FlowItem& beside : row.beside) Place(beside, top, *placed);
   row.beside.clear();
   row.least = std::max(0.0, row.least - room);
   return true;
@@ -289,11 +299,15 @@ void PageFiller::Fill(Flow& flow, bool balanced, std::vector<Placed>& placed) {
       if (balanced && section_->columns.size() > 1) height = BalancedHeight(items, begin, height, top);
     }
     Fit fit = FitColumn(items, begin, height, top, carried_);
-    for (std::size_t i = begin; i < fit.end; ++i) Place(items[i], placed);
+    for (std::size_t i = begin; i < fit.end; ++i) {
+      const double used = i - begin < marks_.size() ? marks_[i - begin].used : fit.used;
+      Place(items[i], top_ + used - items[i].height, placed);
+    }
     if (fit.divides) {
       FlowItem& item = items[fit.end];
-      if (item.position >= 0) placed.push_back({item.position, page_, item.endnote});
-      DivideRow(*item.row, fit.room, fit.end == begin, &placed);
+      const double above = fit.used - fit.room;
+      if (item.position >= 0) placed.push_back({item.position, page_, item.endnote, top_ + above, fit.room});
+      DivideRow(*item.row, fit.room, fit.end == begin, top_ + above, &placed);
       item.height = item.row->Height();
       item.before = item.beforeTop = 0;
       item.hold = Hold::kNone;

@@ -30,6 +30,8 @@ class PageFiller {
     Position position{0};
     int page{1};
     bool endnote{false};
+    double top{0};  ///< from the paper's upper edge
+    double height{0};
   };
 
   /// @param notes by the footnotes' references; outlives the filler
@@ -65,8 +67,9 @@ class PageFiller {
   Fit FitColumn(const std::vector<FlowItem>& items, std::size_t begin, double height, TopSpace top, double carried);
   Fit Shorten(const std::vector<FlowItem>& items, std::size_t begin, std::size_t overflow) const;
   double BalancedHeight(const std::vector<FlowItem>& items, std::size_t begin, double height, TopSpace top);
-  void Place(const FlowItem& item, std::vector<Placed>& placed);
-  bool DivideRow(RowFlow& row, double room, bool whatever, std::vector<Placed>* placed);
+  void Place(const FlowItem& item, double top, std::vector<Placed>& placed);
+  void PlaceCell(const CellFlow& cell, std::size_t end, double top, std::vector<Placed>& placed);
+  bool DivideRow(RowFlow& row, double room, bool whatever, double top, std::vector<Placed>* placed);
   NoteRoom RoomOfNotes(const FlowItem& item) const;
   double SpaceAtTop(const FlowItem& item, TopSpace top) const;
   void NextPage();

@@ -9,6 +9,9 @@ namespace docx::layout {
 
 namespace {
 
+/// The version of Word, as it numbers itself.
+constexpr int kKeepsHanging = 15;
+
 template <typename T>
 void Fill(std::optional<T>& value, const std::optional<T>& base) {
   if (!value) value = base;
@@ -71,7 +74,8 @@ void TableValues::Inherit(const TableValues& base) {
   Fill(borderOutside, base.borderOutside);
 }
 
-StyleSheet::StyleSheet(const XmlPart* part, const Numbering& numbering, FontLibrary& fonts, const ThemeFonts& theme) {
+StyleSheet::StyleSheet(const XmlPart* part, const Numbering& numbering, FontLibrary& fonts, const ThemeFonts& theme,
+                       int compatibility) {
   if (part == nullptr) return;
   const pugi::xml_node defaults = part->Child(part->Root(), "docDefaults");
   runDefaults_ = ReadCharacterValues(*part, part->Child(part->Child(defaults, "rPrDefault"), Tag::kRPr), fonts, theme);
@@ -106,10 +110,10 @@ StyleSheet::StyleSheet(const XmlPart* part, const Numbering& numbering, FontLibr
     basedOn.emplace_back(ValueOf(*part, part->Child(node, "basedOn")));
     styles_.push_back(std::move(style));
   }
-  Resolve(basedOn, numbering);
+  Resolve(basedOn, numbering, compatibility);
 }
 
-void StyleSheet::Resolve(const std::vector<std::string>& basedOn, const Numbering& numbering) {
+void StyleSheet::Resolve(const std::vector<std::string>& basedOn, const Numbering& numbering, int compatibility) {
   enum class State : std::uint8_t { kOpen, kOnChain, kDone };
   std::vector<State> states(styles_.size(), State::kOpen);
   // A hostile file may have chains as long as it has styles, so the way up is a list and no recursion.
@@ -143,6 +147,10 @@ void StyleSheet::Resolve(const std::vector<std::string>& basedOn, const Numberin
           style.paragraph.Inherit(ofLevel);
         }
       }
+      const bool unnumbers =
+          style.paragraph.numberId && numbering.Find(*style.paragraph.numberId) == nullptr && base != nullptr;
+      // Up to Word 2010 a style that takes the number of its base away takes the hanging indent along.
+      if (unnumbers && compatibility < kKeepsHanging && !style.paragraph.firstLine) style.paragraph.firstLine = 0;
       if (base != nullptr) {
         style.run.Inherit(base->run);
         style.paragraph.Inherit(base->paragraph);

@@ -50,7 +50,9 @@ struct SheetStyle {
 class StyleSheet {
  public:
   /// @param part may be nullptr. Nothing of it is kept.
-  StyleSheet(const XmlPart* part, const Numbering& numbering, FontLibrary& fonts, const ThemeFonts& theme);
+  /// @param compatibility the version of Word that the document is for, as it numbers itself
+  StyleSheet(const XmlPart* part, const Numbering& numbering, FontLibrary& fonts, const ThemeFonts& theme,
+             int compatibility);
 
   /// The default of the kind for an id that is empty, unknown or of another kind; nullptr without one.
   const SheetStyle* Paragraph(std::string_view id) const;
@@ -62,7 +64,7 @@ class StyleSheet {
 
  private:
   const SheetStyle* Find(std::string_view id, SheetStyle::Kind kind, const std::optional<std::size_t>& fallback) const;
-  void Resolve(const std::vector<std::string>& basedOn, const Numbering& numbering);
+  void Resolve(const std::vector<std::string>& basedOn, const Numbering& numbering, int compatibility);
 
   std::vector<SheetStyle> styles_;
   std::map<std::string, std::size_t, std::less<>> byId_;

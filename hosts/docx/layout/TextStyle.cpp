@@ -69,7 +69,7 @@ ParagraphLook Formats::Paragraph(const XmlPart& part, pugi::xml_node pPr, const 
   }
   ParagraphFormat inherited = ofStyle;
   if (ownNumber && look.list == nullptr && look.style != nullptr && ofStyle.numberId) {
-    // Without its number a paragraph does not keep the indents that the number brought.
+    // A paragraph without the number of its style does not keep the style's indents.
     inherited.left.reset();
     inherited.firstLine.reset();
   }
