@@ -437,15 +437,20 @@ void BlockReader::ReadRows(pugi::xml_node parent, bool deleted, const SheetStyle
           const int band = (index - (look.firstRow ? 1 : 0)) / style->rowBand;
           places.push_back(band % 2 == 0 ? "band1Horz" : "band2Horz");
         }
-        const auto border = [&](const char* name, std::optional<int> ofStyle) {
+        int column = std::max(0, NumberOf(part_, part_.Child(properties, "gridBefore")).value_or(0));
+        ReadCells(child, gone, style, places, table, row, column);
+        const auto width = [&](const char* name, std::optional<int> ofStyle) {
           return BorderWidth(part_, part_.Child(borders, name)).value_or(ofStyle.value_or(0));
         };
         const TableValues none;
         const TableValues& values = style == nullptr ? none : style->table;
-        row.border = index == 0 ? border("top", values.borderOutside) : border("insideH", values.borderInside);
-        table.bottomBorder = border("bottom", values.borderOutside);
-        int column = std::max(0, NumberOf(part_, part_.Child(properties, "gridBefore")).value_or(0));
-        ReadCells(child, gone, style, places, table, row, column);
+        const double inside = width("insideH", values.borderInside);
+        const double top = index == 0 ? width("top", values.borderOutside) : inside;
+        const double bottom = index == rows - 1 ? width("bottom", values.borderOutside) : inside;
+        for (const Cell& cell : row.cells) {
+          row.topBorder = std::max(row.topBorder, cell.topBorder.value_or(top));
+          row.bottomBorder = std::max(row.bottomBorder, cell.bottomBorder.value_or(bottom));
+        }
         Meet(child);
         if (!gone && !row.cells.empty()) table.rows.push_back(std::move(row));
         break;
@@ -501,6 +506,9 @@ void BlockReader::ReadCells(pugi::xml_node parent, bool deleted, const SheetStyl
           cell.mergedBelow = ValueOf(part_, merge) == "restart";
           cell.mergedAbove = !cell.mergedBelow;
         }
+        const pugi::xml_node borders = part_.Child(properties, "tcBorders");
+        cell.topBorder = BorderWidth(part_, part_.Child(borders, "top"));
+        cell.bottomBorder = BorderWidth(part_, part_.Child(borders, "bottom"));
         const std::string_view direction = ValueOf(part_, part_.Child(properties, "textDirection"));
         cell.sideways = direction == "btLr" || direction == "tbRl";
         ReadWidth(part_, part_.Child(properties, "tcW"), cell.preferred, cell.preferredShare);

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -77,6 +78,8 @@ struct Cell {
   double left{0};
   double bottom{0};
   double right{0};
+  std::optional<double> topBorder;  ///< widths; empty for those of the table
+  std::optional<double> bottomBorder;
   bool sideways{false};      ///< text that runs up or down
   double preferred{0};       ///< width; 0 for none
   double preferredShare{0};  ///< of the table's width
@@ -88,7 +91,8 @@ struct Row {
   bool exact{false};
   bool cannotSplit{false};
   bool header{false};
-  double border{0};  ///< that the row needs above its text
+  double topBorder{0};  ///< the width of the widest of its cells' borders
+  double bottomBorder{0};
   Position start{0};
 };
 
@@ -99,7 +103,6 @@ struct Table {
   double widthShare{0};  ///< preferred, of the text around
   bool fixed{false};
   double indent{0};
-  double bottomBorder{0};
   bool floating{false};
   Position start{0};
 };

@@ -114,6 +114,10 @@ std::unique_ptr<RowFlow> FlowBuilder::BuildRow(const Row& row, const std::vector
     }
     built->cells.push_back(std::move(flow));
   }
+  // The text of all cells of a row begins at the same height.
+  double top = 0;
+  for (const CellFlow& cell : built->cells) top = std::max(top, cell.top);
+  for (CellFlow& cell : built->cells) cell.top = top;
   return built;
 }
 
@@ -129,7 +133,9 @@ void FlowBuilder::AddTable(const Table& table, double width, Before& before, Flo
     const Row& row = table.rows[r];
     const bool last = r + 1 == table.rows.size();
     FlowItem item;
-    item.row = BuildRow(row, columns, row.border + (last ? table.bottomBorder : 0));
+    // Of the two borders that meet between rows the wider one shows.
+    const double above = std::max(row.topBorder, r > 0 ? table.rows[r - 1].bottomBorder : 0);
+    item.row = BuildRow(row, columns, above + (last ? row.bottomBorder : 0));
     item.position = row.start;
     // A cell that is merged with others gives its text to the last of them.
     for (std::size_t c = 0; c < row.cells.size(); ++c) {
