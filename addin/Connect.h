@@ -15,6 +15,7 @@
 #include "settings/modGetCSIDLFolderPath.h"
 #include "settings/modIniFile.h"
 
+class WorkProgressForm;
 class frmKVX_COM;
 
 /// How Word came to load the add-in; Word's numbers.
@@ -82,6 +83,8 @@ class Connect : public KVXAddIn {
   void PrepareForQuotedTerms();
   void PrepareForCappedTerms();
   void StripEarlierMarking();
+  /// Shows a form that works until it has done so. @param task what it says that it does
+  void ShowAtWork(WorkProgressForm& form, std::u16string_view task);
   /// @return "Ready", or "Cancel" when the dialog must not be shown
   std::u16string_view PrepareTermsDialog(frmKVX_COM& dialog);
   void Restore();

@@ -1,7 +1,9 @@
 #include "addin/Connect.h"
 
+#include "addin/frmKVXProgressFormKVXClose.h"
 #include "addin/frmKVXProgressFormKVXPreparing.h"
 #include "addin/modCommonErrorMsgs.h"
+#include "dialogs/FirstRunPrompts.h"
 #include "dialogs/frmKVXOptions.h"
 #include "dialogs/frmKVX_COM.h"
 #include "discovery/QuotedSearch.h"
@@ -85,7 +87,8 @@ bool Connect::Run() {
   }
   dialog.KVXAddIn = nullptr;
   if (dialog.Loaded()) dialog.Unload();
-  Restore();
+  frmKVXProgressFormKVXClose closing(host_.forms, [this] { Restore(); });
+  ShowAtWork(closing, u"Restoring document...");
   return true;
 }
 
@@ -131,11 +134,15 @@ bool Connect::ShowOptionsDialog() {
   dialog.Load();
   const std::intptr_t owner = host_.forms.WindowHandle(dialog);
   ini_.IniFilePath = settingsFolder_.GetSettingsFolder(owner, modKVXAppDocsSettingsSubPath) + u"\\kvx.ini";
-  if (!LoadSettingsIntoDialog(ini_, host_.messages, dialog.Options())) {
+  const auto fill = [&] {
+    if (LoadSettingsIntoDialog(ini_, host_.messages, dialog.Options())) return true;
     ShowIniFileProblem(host_.messages);
     dialog.Unload();
     return false;
-  }
+  };
+  if (!fill()) return false;
+  // A search type that was chosen for the first time shows in the dialog.
+  if (ShowFirstRunPrompts(host_, ini_) && !fill()) return false;
   host_.forms.ShowModal(dialog);
   run_.OptionsAccepted = dialog.Tag() != u"Cancel";
   dialog.Unload();
@@ -222,14 +229,18 @@ void Connect::PrepareForCappedTerms() {
   window->View()->SetShowHiddenText(false);
 
   frmKVXProgressFormKVXPreparing preparing(host_.forms, [this] { StripEarlierMarking(); });
-  preparing.Load();
-  preparing.lblLabel1.SetCaption(u"Please wait");
-  preparing.lblLabel2.SetCaption(u"Preparing document...");
-  preparing.lblLabel3.SetCaption(u"");
-  preparing.lblProgBarCompleted.SetVisible(false);
-  preparing.lblProgBarTotal.SetVisible(false);
-  host_.forms.ShowModal(preparing);
-  preparing.Unload();
+  ShowAtWork(preparing, u"Preparing document...");
+}
+
+void Connect::ShowAtWork(WorkProgressForm& form, std::u16string_view task) {
+  form.Load();
+  form.lblLabel1.SetCaption(u"Please wait");
+  form.lblLabel2.SetCaption(task);
+  form.lblLabel3.SetCaption(u"");
+  form.lblProgBarCompleted.SetVisible(false);
+  form.lblProgBarTotal.SetVisible(false);
+  host_.forms.ShowModal(form);
+  form.Unload();
 }
 
 void Connect::StripEarlierMarking() {

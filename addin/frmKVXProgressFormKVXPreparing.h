@@ -1,28 +1,13 @@
 #pragma once
 
 #include <functional>
-#include <string>
+#include <utility>
 
-#include "platform/forms/Control.h"
-#include "platform/forms/Form.h"
+#include "addin/WorkProgressForm.h"
 
-/// A progress form that is shown modally and does a piece of work itself: when it is activated it works, then closes
-/// itself, which returns control to whoever shows it. The caller sets its labels first.
-class frmKVXProgressFormKVXPreparing : public forms::Form {
+/// Covers the preparation of the document before the terms dialog.
+class frmKVXProgressFormKVXPreparing : public WorkProgressForm {
  public:
-  /// @param work what it throws leaves through the modal show; the form is closed all the same
-  frmKVXProgressFormKVXPreparing(forms::FormHost& host, std::function<void()> work);
-
-  forms::Label lblLabel1{*this, "lblLabel1"};
-  forms::Label lblLabel2{*this, "lblLabel2"};
-  forms::Label lblLabel3{*this, "lblLabel3"};
-  forms::Label lblProgBarTotal{*this, "lblProgBarTotal"};
-  forms::Label lblProgBarCompleted{*this, "lblProgBarCompleted"};
-
- protected:
-  forms::Layout MakeLayout() override;
-  void OnActivate() override;
-
- private:
-  std::function<void()> work_;
+  frmKVXProgressFormKVXPreparing(forms::FormHost& host, std::function<void()> work)
+      : WorkProgressForm(host, "frmKVXProgressFormKVXPreparing", std::move(work)) {}
 };

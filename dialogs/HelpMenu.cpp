@@ -1,6 +1,6 @@
 #include "dialogs/HelpMenu.h"
 
-HelpMenu::HelpMenu(forms::Form& form, std::u16string_view gettingStarted)
+HelpMenu::HelpMenu(HelpedForm& form, std::u16string_view gettingStarted)
     : mnuHelp(form, "mnuHelp"),
       cmdGettingStarted(form, "cmdGettingStarted", mnuHelp),
       cmdCreate(form, "cmdCreate", mnuHelp),
@@ -9,6 +9,7 @@ HelpMenu::HelpMenu(forms::Form& form, std::u16string_view gettingStarted)
       cmdUpdate(form, "cmdUpdate", mnuHelp),
       cmdLists(form, "cmdLists", mnuHelp),
       cmdOptions(form, "cmdOptions", mnuHelp),
+      cmdInstructions(form, "cmdInstructions", mnuHelp),
       cmdFAQ(form, "cmdFAQ", mnuHelp),
       cmdAbout(form, "cmdAbout", mnuHelp) {
   mnuHelp.SetCaption(u"&Help");
@@ -19,6 +20,18 @@ HelpMenu::HelpMenu(forms::Form& form, std::u16string_view gettingStarted)
   cmdUpdate.SetCaption(u"Update index");
   cmdLists.SetCaption(u"Save and load lists");
   cmdOptions.SetCaption(u"Options");
+  cmdInstructions.SetCaption(u"Instructions");
   cmdFAQ.SetCaption(u"FAQ");
   cmdAbout.SetCaption(u"&About");
+
+  cmdGettingStarted.onClick = form.ShowsTopic(kHelpGettingStarted);
+  cmdCreate.onClick = form.ShowsTopic(kHelpCreateIndex);
+  cmdDelete.onClick = form.ShowsTopic(kHelpDeleteIndex);
+  cmdNoHighlight.onClick = form.ShowsTopic(kHelpRemoveHighlighting);
+  cmdUpdate.onClick = form.ShowsTopic(kHelpUpdateIndex);
+  cmdLists.onClick = form.ShowsTopic(kHelpTermLists);
+  cmdOptions.onClick = form.ShowsTopic(kHelpOptions);
+  cmdInstructions.onClick = form.ShowsInstructions();
+  cmdFAQ.onClick = form.ShowsFAQ();
+  cmdAbout.onClick = form.ShowsAbout();
 }

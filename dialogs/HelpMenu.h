@@ -1,11 +1,12 @@
 #pragma once
 
+#include "dialogs/HelpedForm.h"
 #include "platform/forms/Control.h"
 
 /// The menu "&Help" that both option dialogs have.
 struct HelpMenu {
   /// @param gettingStarted the caption of the first entry, which differs between the dialogs
-  HelpMenu(forms::Form& form, std::u16string_view gettingStarted);
+  HelpMenu(HelpedForm& form, std::u16string_view gettingStarted);
 
   forms::Menu mnuHelp;
   forms::MenuItem cmdGettingStarted;
@@ -15,6 +16,8 @@ struct HelpMenu {
   forms::MenuItem cmdUpdate;
   forms::MenuItem cmdLists;
   forms::MenuItem cmdOptions;
+  /// The instructions, for the paper of the user's country.
+  forms::MenuItem cmdInstructions;
   forms::MenuItem cmdFAQ;
   forms::MenuItem cmdAbout;
 };

@@ -3,14 +3,16 @@
 #include "settings/OptionSettings.h"
 
 frmKVXOptions::frmKVXOptions(const Host& host, modIniFile& ini)
-    : Form(host.forms, "frmKVXOptions"), OptionPanel(*this, ini), messages_(host.messages) {
-  cmdSetDefaults.onClick = [this] { SaveOptionsToIni(Ini(), messages_, Options()); };
+    : HelpedForm(host, "frmKVXOptions"), OptionPanel(*this, ini) {
+  cmdSetDefaults.onClick = [this] { SaveOptionsToIni(Ini(), Services().messages, Options()); };
   cmdOK.onClick = [this] { cmdOK_Click(); };
   cmdCancel.onClick = [this] { cmdCancel_Click(); };
+  lblHelpClick.onClick = ShowsTopic(kHelpGettingStarted);
+  lblFAQClick.onClick = ShowsFAQ();
 }
 
 void frmKVXOptions::cmdOK_Click() {
-  SaveOptionsToIni(Ini(), messages_, Options());
+  SaveOptionsToIni(Ini(), Services().messages, Options());
   SetTag(u"OK");
   Hide();
 }

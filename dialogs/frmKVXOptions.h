@@ -4,11 +4,10 @@
 #include "dialogs/OptionPanel.h"
 #include "platform/Host.h"
 #include "platform/forms/Control.h"
-#include "platform/forms/Form.h"
 
 /// The options dialog, shown before a search. Tag() is "OK" after its OK button, "Cancel" after its Cancel button or
 /// close box, and "Done" after it was unloaded by code.
-class frmKVXOptions : public forms::Form, public OptionPanel {
+class frmKVXOptions : public HelpedForm, public OptionPanel {
  public:
   /// Both outlive the form.
   frmKVXOptions(const Host& host, modIniFile& ini);
@@ -29,6 +28,4 @@ class frmKVXOptions : public forms::Form, public OptionPanel {
  private:
   void cmdOK_Click();
   void cmdCancel_Click();
-
-  os::Messages& messages_;
 };

@@ -36,8 +36,7 @@ void IgnoreErrors(const std::function<void()>& step) {
 
 }  // namespace
 
-frmKVX_COM::frmKVX_COM(const Host& host, modIniFile& ini)
-    : Form(host.forms, "frmKVX_COM"), OptionPanel(*this, ini), hostServices_(host) {
+frmKVX_COM::frmKVX_COM(const Host& host, modIniFile& ini) : HelpedForm(host, "frmKVX_COM"), OptionPanel(*this, ini) {
   tbcTabs.onClick = [this] { ManageFrames(tbcTabs, fraTab); };
   cmdSelectAllTermsInDoc.onClick = [this] { SelectAll(lstTermsInDoc, true); };
   cmdDeselectAllTermsInDoc.onClick = [this] { SelectAll(lstTermsInDoc, false); };
@@ -52,11 +51,11 @@ frmKVX_COM::frmKVX_COM(const Host& host, modIniFile& ini)
   cmdSetDefaults.onClick = Trapped(u"Error setting defaults", [this] { cmdSetDefaults_Click(); });
   cmdOK.onClick = Trapped(u"Error indexing terms", [this] { cmdOK_Click(); });
   cmdCancel.onClick = [this] { cmdCancel_Click(); };
+  cmdFormHelp.onClick = ShowsTopic(kHelpGettingStarted);
+  lblHelpClick.onClick = ShowsTopic(kHelpGettingStarted);
+  lblFAQClick.onClick = ShowsFAQ();
+  imgAbout.onClick = ShowsAbout();
   WatchForReminder();
-}
-
-std::function<void()> frmKVX_COM::Trapped(std::u16string_view title, std::function<void()> body) {
-  return [this, title, step = std::move(body)] { TrapErrors(hostServices_.messages, title, step); };
 }
 
 void frmKVX_COM::OnActivate() { RemoveCloseBox(Caption()); }
@@ -66,7 +65,7 @@ void frmKVX_COM::OnQueryUnload(forms::UnloadReason reason) {
 }
 
 void frmKVX_COM::RemoveCloseBox(std::u16string_view strCaption) {
-  closeBoxWindow_ = hostServices_.forms.RemoveCloseBox(strCaption);
+  closeBoxWindow_ = Services().forms.RemoveCloseBox(strCaption);
 }
 
 void frmKVX_COM::WatchForReminder() {
@@ -89,10 +88,10 @@ void frmKVX_COM::RemindWhenChanged(bool changed) {
 void frmKVX_COM::SearchTypeChosen() { ShowReminder(); }
 
 void frmKVX_COM::ShowReminder() {
-  hostServices_.messages.Show(u"Refresh terms list",
-                              u"You'll need to click the 'Find terms and refresh list' button to refresh the 'Terms "
-                              u"found in document' list.",
-                              os::Icon::kInformation, os::Buttons::kOk);
+  Services().messages.Show(u"Refresh terms list",
+                           u"You'll need to click the 'Find terms and refresh list' button to refresh the 'Terms "
+                           u"found in document' list.",
+                           os::Icon::kInformation, os::Buttons::kOk);
 }
 
 void frmKVX_COM::IndexInsertOrUpdate(const word::ApplicationPtr& application, const word::DocumentPtr& document,
@@ -110,13 +109,13 @@ void frmKVX_COM::IndexInsertOrUpdate(const word::ApplicationPtr& application, co
 
 void frmKVX_COM::cmdOK_Click() {
   if (KVXAddIn == nullptr) return;
-  SaveOptionsToIni(Ini(), hostServices_.messages, Options());
+  SaveOptionsToIni(Ini(), Services().messages, Options());
   KVXAddIn->WordApp()->SetScreenUpdating(true);
   if (!txtAddTerm.Text().empty()) OfferPendingTerm();
   if (lstTermsInDoc.ListCount() == 0 && lstAddTerms.ListCount() == 0) return;
   if (!AnyTermSelected()) {
-    hostServices_.messages.Show(u"Nothing selected", u"No terms were selected for indexing.", os::Icon::kNone,
-                                os::Buttons::kOk);
+    Services().messages.Show(u"Nothing selected", u"No terms were selected for indexing.", os::Icon::kNone,
+                             os::Buttons::kOk);
     return;
   }
   cmdCancel.SetEnabled(false);
@@ -133,8 +132,7 @@ void frmKVX_COM::OfferPendingTerm() {
       term +
       u"\""
       u" to the list of terms for indexing?";
-  if (hostServices_.messages.Show(u"Add term?", question, os::Icon::kQuestion, os::Buttons::kYesNo) !=
-      os::Pressed::kYes) {
+  if (Services().messages.Show(u"Add term?", question, os::Icon::kQuestion, os::Buttons::kYesNo) != os::Pressed::kYes) {
     return;
   }
   lstAddTerms.AddItem(term);

@@ -14,12 +14,11 @@
 #include "engine/modKVX.h"
 #include "platform/Host.h"
 #include "platform/forms/Control.h"
-#include "platform/forms/Form.h"
 
 /// The terms dialog: the user reviews the found terms, adds and deletes terms, sets options, and has the selected terms
 /// indexed with OK. Tag() is "Cancel" after its Cancel button or close box, "Done" after it was unloaded by code; it
 /// ends hidden after OK.
-class frmKVX_COM : public forms::Form, public OptionPanel, public IndexingDialog {
+class frmKVX_COM : public HelpedForm, public OptionPanel, public IndexingDialog {
  public:
   /// Both outlive the form.
   frmKVX_COM(const Host& host, modIniFile& ini);
@@ -87,9 +86,6 @@ class frmKVX_COM : public forms::Form, public OptionPanel, public IndexingDialog
   void SearchTypeChosen() override;
 
  private:
-  /// An entry point: what the body throws ends in the error box with the title.
-  std::function<void()> Trapped(std::u16string_view title, std::function<void()> body);
-
   void cmdAddTerm_Click();
   void cmdDeleteTerm_Click();
   void cmdRefresh_Click();
@@ -126,7 +122,6 @@ class frmKVX_COM : public forms::Form, public OptionPanel, public IndexingDialog
   void IndexChosenTerms();
   void DeleteIndexStart();
 
-  const Host& hostServices_;
   std::intptr_t closeBoxWindow_{0};
   /// As they were when the control got the focus.
   int boldOnFocus_{0};

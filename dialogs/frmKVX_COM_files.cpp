@@ -51,11 +51,11 @@ void MakeFolders(os::Files& files, std::u16string_view folder) {
 
 bool frmKVX_COM::HasTextExtension(std::u16string_view name) {
   const std::u16string ending(name.substr(name.size() - std::min(name.size(), kExtension.size())));
-  return hostServices_.characters.ToLower(ending) == kExtension;
+  return Services().characters.ToLower(ending) == kExtension;
 }
 
 void frmKVX_COM::cmdLoadSavedList_Click() {
-  TrapFileErrors(hostServices_.messages, u"List not loaded",
+  TrapFileErrors(Services().messages, u"List not loaded",
                  u"Could not open or read the specified folder or file.  Please try again.", [this] {
                    const std::u16string path = ChooseListToLoad();
                    if (!path.empty()) LoadList(path);
@@ -65,17 +65,17 @@ void frmKVX_COM::cmdLoadSavedList_Click() {
 std::u16string frmKVX_COM::ChooseListToLoad() {
   while (true) {
     std::u16string path = SaveAsOpenDialog(
-        hostServices_.fileDialogs, os::FileDialogMode::kOpen,
-        {.owner = hostServices_.forms.WindowHandle(*this), .filter = kTextFilter, .title = u"Load terms list"});
+        Services().fileDialogs, os::FileDialogMode::kOpen,
+        {.owner = Services().forms.WindowHandle(*this), .filter = kTextFilter, .title = u"Load terms list"});
     if (path.empty()) return path;
     if (!HasTextExtension(path)) {
-      hostServices_.messages.Show(u"Not a text file",
-                                  std::u16string(FileNameOf(path)) +
-                                      u" is not a text file (*.txt) and cannot be loaded.  "
-                                      u"Please try again.",
-                                  os::Icon::kExclamation, os::Buttons::kOk);
-    } else if (FileInUse(hostServices_.files, path)) {
-      ShowInUse(hostServices_.messages);
+      Services().messages.Show(u"Not a text file",
+                               std::u16string(FileNameOf(path)) +
+                                   u" is not a text file (*.txt) and cannot be loaded.  "
+                                   u"Please try again.",
+                               os::Icon::kExclamation, os::Buttons::kOk);
+    } else if (FileInUse(Services().files, path)) {
+      ShowInUse(Services().messages);
     } else {
       return path;
     }
@@ -85,14 +85,14 @@ std::u16string frmKVX_COM::ChooseListToLoad() {
 void frmKVX_COM::LoadList(std::u16string_view path) {
   std::set<std::u16string> onList;
   for (int i = 0; i < lstAddTerms.ListCount(); ++i) onList.insert(lstAddTerms.List(i));
-  for (const std::u16string& item : ReadTermItems(hostServices_.files.Read(path))) {
+  for (const std::u16string& item : ReadTermItems(Services().files.Read(path))) {
     if (onList.insert(item).second) lstAddTerms.AddItem(item);
   }
   SetHorizontalExtent(lstAddTerms);
 }
 
 void frmKVX_COM::cmdSaveList_Click(const forms::ListBox& list) {
-  TrapFileErrors(hostServices_.messages, u"List not saved",
+  TrapFileErrors(Services().messages, u"List not saved",
                  u"Could not save to the specified folder or filename.  Please try again.", [&] {
                    const std::u16string path = ChooseListToSave();
                    if (!path.empty()) SaveList(list, path);
@@ -102,24 +102,24 @@ void frmKVX_COM::cmdSaveList_Click(const forms::ListBox& list) {
 std::u16string frmKVX_COM::ChooseListToSave() {
   while (true) {
     std::u16string path = SaveAsOpenDialog(
-        hostServices_.fileDialogs, os::FileDialogMode::kSave,
-        {.owner = hostServices_.forms.WindowHandle(*this), .filter = kTextFilter, .title = u"Save terms list"});
+        Services().fileDialogs, os::FileDialogMode::kSave,
+        {.owner = Services().forms.WindowHandle(*this), .filter = kTextFilter, .title = u"Save terms list"});
     if (path.empty()) return path;
-    MakeFolders(hostServices_.files, FolderOf(path));
-    if (!FileInUse(hostServices_.files, path)) return path;
-    ShowInUse(hostServices_.messages);
+    MakeFolders(Services().files, FolderOf(path));
+    if (!FileInUse(Services().files, path)) return path;
+    ShowInUse(Services().messages);
   }
 }
 
 void frmKVX_COM::SaveList(const forms::ListBox& list, std::u16string_view path) {
-  const std::unique_ptr<os::OutputFile> file = hostServices_.files.OpenForOutput(path);
+  const std::unique_ptr<os::OutputFile> file = Services().files.OpenForOutput(path);
   os::Pressed selectedOnly = os::Pressed::kNo;
   if (list.SelCount() > 0 && list.SelCount() < list.ListCount()) {
-    selectedOnly = hostServices_.messages.Show(u"Save all or selected?",
-                                               u"Save selected items only?  "
-                                               u"Click Yes to save only the selected items, "
-                                               u"click No to save all items in the additional terms list.",
-                                               os::Icon::kQuestion, os::Buttons::kYesNoCancel);
+    selectedOnly = Services().messages.Show(u"Save all or selected?",
+                                            u"Save selected items only?  "
+                                            u"Click Yes to save only the selected items, "
+                                            u"click No to save all items in the additional terms list.",
+                                            os::Icon::kQuestion, os::Buttons::kYesNoCancel);
   }
   if (selectedOnly != os::Pressed::kCancel) {
     for (int i = 0; i < list.ListCount(); ++i) {

@@ -43,13 +43,13 @@ class KeptList {
 int frmKVX_COM::WidestEntry(const forms::ListBox& list) {
   int widest = 0;
   for (int i = 0; i < list.ListCount(); ++i) {
-    widest = std::max(widest, hostServices_.forms.TextWidth(*this, list.List(i)));
+    widest = std::max(widest, Services().forms.TextWidth(*this, list.List(i)));
   }
   return widest;
 }
 
 void frmKVX_COM::SetHorizontalExtent(const forms::ListBox& list) {
-  hostServices_.forms.SetHorizontalExtent(*this, list.Name(), WidestEntry(list));
+  Services().forms.SetHorizontalExtent(*this, list.Name(), WidestEntry(list));
 }
 
 void frmKVX_COM::SelectAll(forms::ListBox& list, bool selected) {
@@ -61,8 +61,8 @@ void frmKVX_COM::SelectAll(forms::ListBox& list, bool selected) {
 bool frmKVX_COM::IsOnList(const forms::ListBox& list, std::u16string_view term) {
   for (int i = 0; i < list.ListCount(); ++i) {
     if (Trim(list.List(i)) != term) continue;
-    hostServices_.messages.Show(u"Already on list", std::u16string(term) + u" is already in the list of defined terms.",
-                                os::Icon::kInformation, os::Buttons::kOk);
+    Services().messages.Show(u"Already on list", std::u16string(term) + u" is already in the list of defined terms.",
+                             os::Icon::kInformation, os::Buttons::kOk);
     return true;
   }
   return false;
@@ -77,7 +77,7 @@ void frmKVX_COM::cmdAddTerm_Click() {
     for (int i = 0; i < lstAddTerms.ListCount(); ++i) {
       if (lstAddTerms.List(i) == term) lstAddTerms.SetSelected(i, true);
     }
-    forms::FormHost& windows = hostServices_.forms;
+    forms::FormHost& windows = Services().forms;
     int extent = WidestEntry(lstAddTerms);
     const int typed = windows.TextWidth(*this, text);
     if (typed > extent) extent = typed + windows.TextWidth(*this, u"W");
@@ -89,12 +89,12 @@ void frmKVX_COM::cmdAddTerm_Click() {
 
 void frmKVX_COM::cmdDeleteTerm_Click() {
   if (lstAddTerms.SelCount() == 0) {
-    hostServices_.messages.Show(u"Nothing deleted", u"No items were selected for deletion.", os::Icon::kExclamation,
-                                os::Buttons::kOk);
+    Services().messages.Show(u"Nothing deleted", u"No items were selected for deletion.", os::Icon::kExclamation,
+                             os::Buttons::kOk);
     return;
   }
-  if (hostServices_.messages.Show(u"Confirm delete", u"Delete selected term(s) from list?", os::Icon::kQuestion,
-                                  os::Buttons::kYesNo) != os::Pressed::kYes) {
+  if (Services().messages.Show(u"Confirm delete", u"Delete selected term(s) from list?", os::Icon::kQuestion,
+                               os::Buttons::kYesNo) != os::Pressed::kYes) {
     return;
   }
   // The entries' numbers change with each that goes.
@@ -139,7 +139,7 @@ void frmKVX_COM::cmdRefresh_Click() {
 void frmKVX_COM::cmdSetDefaults_Click() {
   ShowStatusLines();
   // Written first, so that the search type chosen here is the one that runs.
-  SaveOptionsToIni(Ini(), hostServices_.messages, Options());
+  SaveOptionsToIni(Ini(), Services().messages, Options());
   SearchAgain();
   HideStatusLines();
 }
@@ -163,7 +163,7 @@ bool frmKVX_COM::FindTerms(FoundTerms& terms) {
                           SearchControls(),    ProgressMode::kStatusBar};
   const QuoteCodes codes{cmbOpenQuote.ItemData(cmbOpenQuote.ListIndex()),
                          cmbCloseQuote.ItemData(cmbCloseQuote.ListIndex())};
-  const QuotedSearch quoted{search, hostServices_, Ini(), Options(), KVXAddIn->SavedReplaceQuotes()};
+  const QuotedSearch quoted{search, Services(), Ini(), Options(), KVXAddIn->SavedReplaceQuotes()};
   return SearchQuotedTerms(quoted, codes, chkBold.Value() == 1, terms) == SearchResult::kGoOn;
 }
 

@@ -75,7 +75,9 @@ Session::Session(const fs::path& input, const Options& options, unattended::Dial
       log_(options.transcript ? &transcript_.emplace(transcript) : nullptr),
       watch_(options.progress ? input : fs::path()),
       host_(answers, transcript_ ? &*transcript_ : nullptr, &watch_),
-      services_(answers, transcript_ ? &*transcript_ : nullptr, LinuxPathNames()) {
+      services_(answers, transcript_ ? &*transcript_ : nullptr, LinuxPathNames()),
+      menuLog_(transcript_ ? &*transcript_ : nullptr) {
+  processor_.SetCommandBars(menus_.CommandBars());
   Conduct([&] {
     if (!state_.noDocument) Open(input);
     ApplyState();

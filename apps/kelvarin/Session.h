@@ -9,6 +9,7 @@
 
 #include "addin/Connect.h"
 #include "apps/kelvarin/LibreOfficePdf.h"
+#include "apps/kelvarin/MenuLog.h"
 #include "apps/kelvarin/Options.h"
 #include "apps/kelvarin/PrivateDocument.h"
 #include "apps/kelvarin/PrivateFolder.h"
@@ -92,5 +93,7 @@ class Session {
   unattended::UnattendedHost host_;
   unattended::UnattendedServices services_;
   std::optional<LibreOfficePdf> libreOffice_;
+  MenuLog menuLog_;
+  menus::MenuBars menus_{&menuLog_};
   docx::WordProcessor processor_;
 };

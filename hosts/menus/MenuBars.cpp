@@ -134,6 +134,7 @@ class MenuBars::Controls : public office::CommandBarControls {
     auto item = std::make_shared<menus::Item>();
     item->type = arguments.Type;
     item->id = arguments.Id;
+    item->temporary = arguments.Temporary;
     if (const auto builtIn = arguments.Id > 1 ? state_.lock()->Find(arguments.Id) : nullptr) {
       item->caption = builtIn->caption;
     }

@@ -17,6 +17,7 @@ struct Item {
   std::u16string tag{};
   bool beginGroup{false};  ///< a line stands above it
   bool visible{true};
+  bool temporary{false};  ///< it goes when the word processor is closed
   office::ClickHandler onClick{};
   std::vector<std::shared_ptr<Item>> items{};  ///< of a popup
 };

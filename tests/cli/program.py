@@ -52,7 +52,31 @@ class Result:
         self.peak = peak  # resident bytes at most
 
 
+# Those of a new user, but for the prompts of a first run.
+SETTINGS = b"""[Defaults]\r
+SearchType=SearchFlagged\r
+Bold=False\r
+Highlight=True\r
+IgnoreWordsWithNums=True\r
+CaseSensitive=True\r
+IndexAllCaps=True\r
+OpenQuote=147\r
+CloseQuote=148\r
+IndexCols=2\r
+IndexSep=":  {TAB}"\r
+IncludeNotUsed=True\r
+IncludeNotFound=True\r
+ShowFormatReminder=False\r
+ShowSearchChooser=False\r
+ShowHelp=False\r
+IndexWhat=IndexAll\r
+"""
+
+
 class Case(unittest.TestCase):
+    # A new user has no settings yet, and is shown the prompts of a first run.
+    new_user = False
+
     def setUp(self):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="kelvarin-test-"))
         self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
@@ -60,6 +84,12 @@ class Case(unittest.TestCase):
         self.temporary = self.folder / "tmp"
         self.home.mkdir()
         self.temporary.mkdir()
+        if not self.new_user:
+            self.user_file().parent.mkdir(parents=True)
+            self.user_file().write_bytes(SETTINGS)
+
+    def user_file(self):
+        return self.home / ".config/Brantholt/Kelvarin/kvx.ini"
 
     def environment(self):
         return {"PATH": os.environ["PATH"], "HOME": str(self.home), "TMPDIR": str(self.temporary), "LC_ALL": "C.UTF-8"}

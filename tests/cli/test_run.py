@@ -28,7 +28,8 @@ class Run(program.Case):
 
     def test_without_answers_the_dialogs_are_confirmed(self):
         events = self.run_index(None, "-o", "out.docx")
-        self.assertEqual([event["name"] for event in events if event["event"] == "form"], ["frmKVXOptions", "frmKVX_COM"])
+        self.assertEqual([event["name"] for event in events if event["event"] == "form"],
+                         ["frmKVXOptions", "frmKVX_COM", "frmKVXProgressFormKVXClose"])
         self.assertEqual(len(self.inspect(self.folder / "out.docx")["entries"]), 6)
 
     def test_the_calls_into_the_companion_come_in_their_order(self):
@@ -91,7 +92,8 @@ class Run(program.Case):
             self.assertEqual(first["addInFolder"], str(pathlib.Path(program.KELVARIN).resolve().parent))
             self.assertEqual(first["appData"], str(self.home / ".config"))
             self.assertEqual(self.run_index(answers, state=first, status=1)[-1], first)
-        self.assertEqual(list(self.home.rglob("*.ini")), [])
+        self.assertEqual(list(self.home.rglob("*.ini")), [self.user_file()])
+        self.assertEqual(self.user_file().read_bytes(), program.SETTINGS)
 
     def test_an_add_in_that_is_loaded_from_outside_adds_no_menu(self):
         self.assertEqual(self.run_index(CANCELS[0], state={"connectMode": 2}, status=1)[-1]["connectMode"], 2)
@@ -149,7 +151,7 @@ class Run(program.Case):
             events = self.run_index([OK[0], terms, *expected], "--strict", "-o", "out.docx", "--force", status=1)
             self.assertEqual([event["title"] for event in events if event["event"] == "message"], ["Already on list"])
             self.assertEqual([event["name"] for event in events if event["event"] == "formEnd"],
-                             ["frmKVXOptions", "frmKVX_COM"])
+                             ["frmKVXOptions", "frmKVX_COM", "frmKVXProgressFormKVXClose"])
             self.assertNotIn("BeginIndexing", [event.get("operation") for event in events])
             # The run has cleaned up behind itself.
             shown = self.inspect(self.folder / "out.docx")
@@ -204,7 +206,8 @@ class Run(program.Case):
     def test_an_unknown_search_type_shows_the_terms_dialog_without_a_search(self):
         (self.folder / "my.ini").write_bytes(b"[Defaults]\r\nSearchType=Anything\r\n")
         events = self.run_index(CANCELS[1], "--settings", "my.ini", status=1)
-        self.assertEqual([event["name"] for event in events if event["event"] == "form"], ["frmKVXOptions", "frmKVX_COM"])
+        self.assertEqual([event["name"] for event in events if event["event"] == "form"],
+                         ["frmKVXOptions", "frmKVX_COM", "frmKVXProgressFormKVXClose"])
         self.assertEqual([event for event in events if event.get("member") == "Find.Text"], [])
 
     def test_a_run_without_a_search_replaces_an_earlier_marking(self):

@@ -2,8 +2,7 @@ import program
 
 
 class Settings(program.Case):
-    def user_file(self):
-        return self.home / ".config/Brantholt/Kelvarin/kvx.ini"
+    new_user = True
 
     def test_a_run_does_not_make_a_persons_settings(self):
         self.document()

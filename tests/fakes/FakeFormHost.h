@@ -5,6 +5,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <set>
 #include <stdexcept>
 #include <string>
 
@@ -58,6 +59,8 @@ class FakeFormHost : public forms::FormHost {
   void On(std::string name, Script script) { scripts_[std::move(name)].push_back(std::move(script)); }
 
   void ShowModal(forms::Form& form) override {
+    const auto prompt = passOver.find(form.Name());
+    if (prompt != passOver.end() && scripts_[form.Name()].empty()) return PassOver(form, prompt->second);
     log_.Add("show " + form.Name());
     form.Load();
     form.Shown();
@@ -81,8 +84,12 @@ class FakeFormHost : public forms::FormHost {
     form.Load();
     form.Shown();
   }
-  void Hidden(forms::Form& form) override { log_.Add("hide " + form.Name()); }
-  void Unloaded(forms::Form& form) override { log_.Add("unload " + form.Name()); }
+  void Hidden(forms::Form& form) override {
+    if (passedOver_.count(&form) == 0) log_.Add("hide " + form.Name());
+  }
+  void Unloaded(forms::Form& form) override {
+    if (passedOver_.erase(&form) == 0) log_.Add("unload " + form.Name());
+  }
   void Repaint(forms::Form& form) override {
     if (onRepaint) onRepaint(form);
   }
@@ -96,13 +103,25 @@ class FakeFormHost : public forms::FormHost {
   std::intptr_t WindowHandle(forms::Form&) override { return kWindow; }
 
   static constexpr std::intptr_t kWindow = 77;
+  /// Forms that are no concern of a test that has no script for them, with what closes them; it is as if they had not
+  /// been shown. These are the prompts of a first run.
+  std::map<std::string, std::string> passOver{
+      {"frmKVXSearchChooser", "cmdCancel"}, {"frmKVXFormatInstrux", "cmdOK"}, {"frmKVXShowHelp", "cmdNo"}};
   std::function<void(forms::Form&)> onRepaint;
   std::map<std::string, int> extents;
   bool extentFails{false};
 
  private:
+  void PassOver(forms::Form& form, const std::string& button) {
+    passedOver_.insert(&form);
+    form.Load();
+    form.Shown();
+    FormDriver(form).Click(button);
+  }
+
   CallLog& log_;
   std::map<std::string, std::deque<Script>> scripts_;
+  std::set<const forms::Form*> passedOver_;
 };
 
 }  // namespace fakes

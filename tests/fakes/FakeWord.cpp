@@ -497,7 +497,10 @@ class FakeApplication : public word::Application {
     word_.screenUpdating = value;
   }
   void ScreenRefresh() override { word_.log.Add("Application.ScreenRefresh"); }
-  office::CommandBarsPtr CommandBars() const override { return word_.menus.CommandBars(); }
+  office::CommandBarsPtr CommandBars() const override {
+    if (word_.hasMenus) return word_.menus.CommandBars();
+    throw word::HostError(word::kMethodNotAvailable, u"This method or property is not available.", "CommandBars");
+  }
   word::CustomizationPtr CustomizationContext() const override { return std::make_shared<FakeCustomization>(word_); }
 
  private:

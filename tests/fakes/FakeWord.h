@@ -43,6 +43,7 @@ class FakeWord {
 
   CallLog& log;
   menus::MenuBars menus;
+  bool hasMenus{true};
   bool customizationSaved{false};
   bool hasDocument{true};
   std::u16string name{u"contract.docx"};

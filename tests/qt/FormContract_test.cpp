@@ -9,6 +9,10 @@
 
 #include "addin/frmKVXProgressFormKVXPreparing.h"
 #include "addin/frmProgressForm.h"
+#include "dialogs/frmKVXAbout_COM.h"
+#include "dialogs/frmKVXFormatInstrux.h"
+#include "dialogs/frmKVXSearchChooser.h"
+#include "dialogs/frmKVXShowHelp.h"
 #include "hosts/qt/Text.h"
 #include "hosts/qt/forms/ControlView.h"
 #include "platform/forms/Dump.h"
@@ -39,6 +43,14 @@ class FormContract : public Windows {
         look(second, window);
       }
     });
+    frmKVXSearchChooser chooser(services, ini);
+    Show(chooser, [&](QWidget& window) { look(chooser, window); });
+    frmKVXFormatInstrux reminder(services, ini);
+    Show(reminder, [&](QWidget& window) { look(reminder, window); });
+    frmKVXShowHelp offer(services, ini);
+    Show(offer, [&](QWidget& window) { look(offer, window); });
+    frmKVXAbout_COM about(services);
+    Show(about, [&](QWidget& window) { look(about, window); });
     frmProgressForm progress(windows);
     windows.ShowModeless(progress);
     progress.SetCaption(u"Indexing");
@@ -66,7 +78,7 @@ TEST_F(FormContract, EachFormIsShownAsItIs) {
     ExpectShownAsItIs(form);
     ++looked;
   });
-  EXPECT_EQ(looked, 6);
+  EXPECT_EQ(looked, 10);
 }
 
 TEST_F(FormContract, WhatCodeChangesIsShown) {

@@ -10,6 +10,10 @@
 
 #include "addin/frmKVXProgressFormKVXPreparing.h"
 #include "addin/frmProgressForm.h"
+#include "dialogs/frmKVXAbout_COM.h"
+#include "dialogs/frmKVXFormatInstrux.h"
+#include "dialogs/frmKVXSearchChooser.h"
+#include "dialogs/frmKVXShowHelp.h"
 #include "tests/qt/Windows.h"
 
 namespace {
@@ -67,6 +71,20 @@ TEST_F(Pictures, OfTheTerms) {
     form.Repaint();
     Keep(window, "terms_searching");
   });
+}
+
+TEST_F(Pictures, OfThePrompts) {
+  frmKVXSearchChooser chooser(services, ini);
+  Show(chooser, [](QWidget& window) { Keep(window, "search_chooser"); });
+  frmKVXFormatInstrux reminder(services, ini);
+  Show(reminder, [](QWidget& window) { Keep(window, "format_reminder"); });
+  frmKVXShowHelp offer(services, ini);
+  Show(offer, [](QWidget& window) { Keep(window, "help_offer"); });
+}
+
+TEST_F(Pictures, OfTheAboutBox) {
+  frmKVXAbout_COM about(services);
+  Show(about, [](QWidget& window) { Keep(window, "about"); });
 }
 
 TEST_F(Pictures, OfTheProgressForms) {

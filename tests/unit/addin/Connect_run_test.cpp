@@ -252,6 +252,7 @@ TEST_F(IndexerRun, AWholeRunMakesItsCallsInTheirOrder) {
       "Bookmark.Delete IndexBKStart",
       "unload frmKVX_COM",
       // Word's state is put back
+      "show frmKVXProgressFormKVXClose",
       "Options.AutoFormatAsYouTypeReplaceQuotes = True",
       "FinishDocument",
       "Document.UndoClear",
@@ -270,6 +271,8 @@ TEST_F(IndexerRun, AWholeRunMakesItsCallsInTheirOrder) {
       "Selection.GoTo -1 0 DefinedTermsIndex",
       "Selection.Collapse start",
       "Pane.View.Type = 6",
+      "hide frmKVXProgressFormKVXClose",
+      "unload frmKVXProgressFormKVXClose",
   };
   EXPECT_EQ(host.log.calls, expected);
   ExpectCursorAt(12);
@@ -579,5 +582,15 @@ TEST_F(IndexerRun, WithoutAFinderForCapitalisedWordsTheRunSaysThatItCannotContin
   plain.OnStartupComplete();
   plain.ShowKVXForm();
   EXPECT_EQ(host.messages.shown.at(0).text, u"Could not initialize");
+  EXPECT_TRUE(host.word.bookmarks.empty());
+}
+
+TEST_F(IndexerRun, AnErrorBehindTheCloseFormIsShownAndTheFormGoes) {
+  AcceptOptions();
+  CancelTerms();
+  host.log.failAt = "Options.Pagination = True";
+  host.messages.Expect(u"Find and index");
+  Run();
+  EXPECT_EQ(host.log.Count("unload frmKVXProgressFormKVXClose"), 1);
   EXPECT_TRUE(host.word.bookmarks.empty());
 }
