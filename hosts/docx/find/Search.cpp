@@ -91,6 +91,11 @@ std::vector<Match> SearchAll(TextSource& source, const FindSettings& settings, P
   std::vector<Match> matches;
   const std::unique_ptr<Pattern> pattern = CompilePattern(settings);
   if (settings.text.empty()) return matches;
+  if (start == end) {
+    const bool whole = settings.wrap == word::wdFindContinue;
+    if (whole || !settings.forward) start = 0;
+    if (whole || settings.forward) end = source.Length();
+  }
   VisibleText text(source, start, end);
   std::size_t index = 0;
   while (const std::optional<Hit> hit = pattern->FindFirst(text, index)) {
@@ -110,6 +115,28 @@ std::vector<Match> SearchAll(const Story& story, const SearchScope& scope, const
                              Position end) {
   StorySource source(story, scope);
   return SearchAll(source, settings, start, end);
+}
+
+std::vector<GroupSpan> SeenParts(TextSource& source, const Match& match) {
+  std::vector<GroupSpan> parts;
+  for (Position at = match.start; at < match.end;) {
+    const TextSource::Stretch stretch = source.StretchAt(at);
+    const Position end = std::min(match.end, stretch.start + static_cast<Position>(stretch.text.size()));
+    if (stretch.treatment != Treatment::kPassedOver) {
+      if (!parts.empty() && parts.back().end == at) {
+        parts.back().end = end;
+      } else {
+        parts.push_back({at, end});
+      }
+    }
+    at = end;
+  }
+  return parts;
+}
+
+std::vector<GroupSpan> SeenParts(const Story& story, const SearchScope& scope, const Match& match) {
+  StorySource source(story, scope);
+  return SeenParts(source, match);
 }
 
 }  // namespace docx

@@ -21,10 +21,15 @@ std::optional<Match> Search(TextSource& source, const FindSettings& settings, Po
 std::optional<Match> Search(const Story& story, const SearchScope& scope, const FindSettings& settings, Position start,
                             Position end);
 
-/// All matches inside a stretch, in order, none overlapping another: what a replacement of all works on. Direction and
-/// wrap mean nothing here.
+/// All matches inside a stretch, in order, none overlapping another: what a replacement of all works on. An empty
+/// stretch stands for the text from there to the end in the direction of the search, and with wdFindContinue for all of
+/// it; otherwise direction and wrap mean nothing here.
 std::vector<Match> SearchAll(TextSource& source, const FindSettings& settings, Position start, Position end);
 std::vector<Match> SearchAll(const Story& story, const SearchScope& scope, const FindSettings& settings, Position start,
                              Position end);
+
+/// The parts of a match that the search saw: without the characters that it passed over, such as hidden text.
+std::vector<GroupSpan> SeenParts(TextSource& source, const Match& match);
+std::vector<GroupSpan> SeenParts(const Story& story, const SearchScope& scope, const Match& match);
 
 }  // namespace docx

@@ -64,7 +64,7 @@ class FindProxy : public word::Find {
       if (range_->found) document->BeforeChange("Find.Execute");
       // From the last to the first, so that positions of those still to come hold.
       for (auto match = matches.rbegin(); match != matches.rend(); ++match) {
-        Replace(RangeProxy::Make(document, story, match->start, match->end));
+        Replace(RangeProxy::Make(document, story, match->start, match->end), document, story, scope, *match);
       }
       return range_->found;
     }
@@ -72,7 +72,7 @@ class FindProxy : public word::Find {
     range_->found = match.has_value();
     if (!match) return false;
     range_->SetRange(match->start, match->end);
-    if (arguments.Replace == word::wdReplaceOne) Replace(range_);
+    if (arguments.Replace == word::wdReplaceOne) Replace(range_, document, story, scope, *match);
     return true;
   }
 
@@ -89,13 +89,22 @@ class FindProxy : public word::Find {
     return scope;
   }
 
-  /// With formatting and no text the match stays and is formatted; without either it goes.
-  void Replace(const word::RangePtr& match) const {
+  /// With formatting and no text the match stays and is formatted; without either it goes. What the search passed over,
+  /// such as an index entry in the middle, stays behind the new text.
+  void Replace(const word::RangePtr& range, const std::shared_ptr<OpenDocument>& document, Story& story,
+               const SearchScope& scope, const Match& match) const {
     const ReplacementSettings& replacement = range_->replacement;
     const bool formats = replacement.format || replacement.highlight.has_value();
-    if (!replacement.text.empty() || !formats) match->SetText(replacement.text);
+    if (!replacement.text.empty() || !formats) {
+      const std::vector<GroupSpan> parts = SeenParts(story, scope, match);
+      for (std::size_t part = parts.size(); part-- > 1;) {
+        RangeProxy::Make(document, story, parts[part].start, parts[part].end)->Delete();
+      }
+      range->SetRange(parts.front().start, parts.front().end);
+      range->SetText(replacement.text);
+    }
     if (replacement.highlight) {
-      match->SetHighlightColorIndex(*replacement.highlight != 0 ? word::wdYellow : word::wdNoHighlight);
+      range->SetHighlightColorIndex(*replacement.highlight != 0 ? word::wdYellow : word::wdNoHighlight);
     }
   }
 

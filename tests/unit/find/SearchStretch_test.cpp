@@ -61,5 +61,31 @@ TEST(SearchStretch, AMatchSpansWhatItPassedOverButDoesNotBeginOrEndWithIt) {
   EXPECT_EQ(Find(u"⟦xx⟧a⟦yy⟧b⟦zz⟧", {.text = u"ab", .forward = false}, 8, 8), (Stretch{2, 6}));
 }
 
+std::vector<Stretch> All(std::u16string_view marked, const FindSettings& settings, Position start, Position end) {
+  MarkedText text(marked);
+  std::vector<Stretch> found;
+  for (const Match& match : SearchAll(text, settings, start, end)) found.emplace_back(match.start, match.end);
+  return found;
+}
+
+TEST(SearchStretch, AllFromAnEmptyStretchIsAllToTheEndInTheDirection) {
+  EXPECT_EQ(All(u"a a a", {.text = u"a"}, 2, 2), (std::vector<Stretch>{{2, 3}, {4, 5}}));
+  EXPECT_EQ(All(u"a a a", {.text = u"a", .forward = false}, 2, 2), (std::vector<Stretch>{{0, 1}}));
+  EXPECT_EQ(All(u"a a a", {.text = u"a", .wrap = word::wdFindContinue}, 2, 2),
+            (std::vector<Stretch>{{0, 1}, {2, 3}, {4, 5}}));
+  EXPECT_EQ(All(u"a a a", {.text = u"a"}, 1, 3), (std::vector<Stretch>{{2, 3}}));
+  EXPECT_TRUE(All(u"", {.text = u"a"}, 0, 0).empty());
+}
+
+TEST(SearchStretch, TheSeenPartsOfAMatchLeaveOutWhatItPassedOver) {
+  const std::u16string marked = u"⟦xx⟧a⟦yy⟧bc⟦zz⟧";
+  MarkedText text(marked);
+  const std::optional<Match> match = Search(text, {.text = u"abc"}, 0, 0);
+  ASSERT_TRUE(match);
+  std::vector<Stretch> parts;
+  for (const GroupSpan& part : SeenParts(text, *match)) parts.emplace_back(part.start, part.end);
+  EXPECT_EQ(parts, (std::vector<Stretch>{{2, 3}, {5, 7}}));
+}
+
 }  // namespace
 }  // namespace docx
