@@ -8,14 +8,9 @@
 #include "platform/word/Constants.h"
 #include "tests/unit/styles/Parts.h"
 
-using docx::Formatting;
 using docx::SetAlignment;
 using docx::SetSpaceAfter;
 using docx::SetSpaceBefore;
-using docx::XmlPart;
-using parts::Document;
-using parts::Nth;
-using parts::StylesOf;
 
 namespace {
 
@@ -26,26 +21,10 @@ const std::string kStyles =
     "w:beforeAutospacing=\"1\"/></w:pPr></w:style>";
 
 /// A paragraph that starts with this.
-class Paragraph {
+class Paragraph : public parts::Sample {
  public:
   explicit Paragraph(const std::string& start, const std::string& uri = parts::kTransitional)
-      : part_("word/document.xml", Document("<w:p>" + start + "<w:r/></w:p>", uri)),
-        styles_(kStyles),
-        formatting_(part_, styles_.styles) {}
-
-  const Formatting& Format() const { return formatting_; }
-  pugi::xml_node Node() const { return Nth(part_, "p"); }
-  const XmlPart& Part() const { return part_; }
-  std::string Start() const {
-    const std::string xml = part_.Serialize();
-    const std::size_t from = xml.find("<w:p>") + 5;
-    return xml.substr(from, xml.find("<w:r/>") - from);
-  }
-
- private:
-  XmlPart part_;
-  StylesOf styles_;
-  Formatting formatting_;
+      : Sample("p", "<w:p>" + start + "<w:r/></w:p>", "<w:r/>", kStyles, uri) {}
 };
 
 TEST(ParagraphProperties, AlignmentIsSetAndTakenAway) {

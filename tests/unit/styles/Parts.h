@@ -3,7 +3,9 @@
 #include <pugixml.hpp>
 
 #include <string>
+#include <utility>
 
+#include "hosts/docx/styles/Formatting.h"
 #include "hosts/docx/styles/Styles.h"
 #include "hosts/docx/xml/XmlPart.h"
 
@@ -32,6 +34,38 @@ struct StylesOf {
   explicit StylesOf(const std::string& xml) : part("word/styles.xml", StylesXml(xml)), styles(&part) {}
   docx::XmlPart part;
   docx::Styles styles;
+};
+
+/// An element in a main document, with styles.
+class Sample {
+ public:
+  /// @param local the element's name; the first of that name counts
+  /// @param blocks the document's @param behind what follows the element's start
+  Sample(const char* local, const std::string& blocks, std::string behind, const std::string& styles,
+         const std::string& uri = kTransitional)
+      : local_(local),
+        behind_(std::move(behind)),
+        part_("word/document.xml", Document(blocks, uri)),
+        styles_(styles),
+        formatting_(part_, styles_.styles) {}
+
+  const docx::Formatting& Format() const { return formatting_; }
+  pugi::xml_node Node() const { return Nth(part_, local_); }
+  const docx::XmlPart& Part() const { return part_; }
+  /// What the element starts with now.
+  std::string Start() const {
+    const std::string xml = part_.Serialize();
+    const std::string begin = std::string("<w:") + local_ + ">";
+    const std::size_t from = xml.find(begin) + begin.size();
+    return xml.substr(from, xml.find(behind_) - from);
+  }
+
+ private:
+  const char* local_;
+  std::string behind_;
+  docx::XmlPart part_;
+  StylesOf styles_;
+  docx::Formatting formatting_;
 };
 
 }  // namespace parts

@@ -16,7 +16,6 @@ using docx::SetHighlight;
 using docx::XmlPart;
 using parts::Document;
 using parts::Nth;
-using parts::StylesOf;
 
 namespace {
 
@@ -25,27 +24,10 @@ const std::string kStyles =
     "<w:style w:type=\"character\" w:styleId=\"Strong\"><w:rPr><w:b/><w:color w:val=\"FF0000\"/></w:rPr></w:style>";
 
 /// A paragraph with one run that starts with this.
-class SampleRun {
+class SampleRun : public parts::Sample {
  public:
   explicit SampleRun(const std::string& start)
-      : part_("word/document.xml", Document("<w:p><w:r>" + start + "<w:t>a</w:t></w:r></w:p>")),
-        styles_(kStyles),
-        formatting_(part_, styles_.styles) {}
-
-  const Formatting& Format() const { return formatting_; }
-  pugi::xml_node Node() const { return Nth(part_, "r"); }
-  const XmlPart& Part() const { return part_; }
-  /// What the run starts with now.
-  std::string Start() const {
-    const std::string xml = part_.Serialize();
-    const std::size_t from = xml.find("<w:r>") + 5;
-    return xml.substr(from, xml.find("<w:t>") - from);
-  }
-
- private:
-  XmlPart part_;
-  StylesOf styles_;
-  Formatting formatting_;
+      : Sample("r", "<w:p><w:r>" + start + "<w:t>a</w:t></w:r></w:p>", "<w:t>", kStyles) {}
 };
 
 TEST(RunProperties, AHighlightMakesTheContainerAndItsRemovalTakesItAway) {
