@@ -9,12 +9,12 @@ FileResult InspectFile(const Options& options, const std::filesystem::path& inpu
   return RunOnFile(options, input, [&](FileRecord& record) {
     unattended::IndexAnswers answers(options.index);
     Session session(input, options, answers, {}, record.transcript);
+    session.Finish();
     docx::WordProcessor& processor = session.Processor();
     nlohmann::ordered_json result{{"pages", processor.PageCount()}, {"pagesFrom", processor.PagesFrom()}};
     result.update(Inspect(processor.Application()->ActiveDocument(), [&processor](int story, word::Position position) {
       return processor.PageOf(story, position);
     }));
-    session.Finish();
     if (options.report) record.report.Fill(session);
     WriteText(result.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n", "-");
     return kDone;

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <signal.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -43,9 +44,11 @@ std::string Url(const fs::path& path) {
   return url;
 }
 
-/// The program gets a process group of its own, so that what it starts can be ended with it, and none of our files.
+/// The program gets a process group of its own, so that what it starts can be ended with it, and none of our files. It
+/// does not outlive us.
 [[noreturn]] void Become(char* const* arguments) {
   setpgid(0, 0);
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
   const int nothing = open("/dev/null", O_RDWR);
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) dup2(nothing, stream);
   close_range(STDERR_FILENO + 1, ~0U, 0);

@@ -45,7 +45,9 @@ class Pages(program.Case):
             report = self.report("index", "contract.docx", "-o", "out.docx", "--pages", "libreoffice", status=1)
             self.assertIn(said, json.dumps(report["messages"]))
             self.assertFalse((self.folder / "out.docx").exists())
-            self.assertIn(said, self.check("inspect", "contract.docx", "--pages", "libreoffice", status=1).err)
+            looked = self.check("inspect", "contract.docx", "--pages", "libreoffice", "--transcript", "log.jsonl", status=1)
+            self.assertIn(said, looked.err)
+            self.assertEqual([event["event"] for event in self.events(self.folder / "log.jsonl")], ["state"])
         self.assertEqual(list(self.temporary.iterdir()), [])
 
     def test_the_file_is_asked_unless_told_otherwise(self):
