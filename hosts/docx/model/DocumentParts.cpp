@@ -208,8 +208,8 @@ std::string DocumentParts::EnsureIndexStyle(int level) {
 
 bool DocumentParts::UsesIndexStyle() const {
   std::set<std::string> ids;
-  for (int level = 1; level <= 9; ++level) {
-    if (const Style* style = styles_->ByName("index " + std::to_string(level))) ids.insert(style->id);
+  for (int level = kIndexHeadingLevel; level <= 9; ++level) {
+    if (const Style* style = styles_->ByName(IndexStyleName(level))) ids.insert(style->id);
   }
   bool uses = false;
   ForEachElement(mainPart_->Root(), [&](pugi::xml_node node) {

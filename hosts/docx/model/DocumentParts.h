@@ -43,7 +43,7 @@ class DocumentParts {
   XmlPart* Related(const char* typeEnding) { return LoadRelated(typeEnding).get(); }
   /// The same by the relationship's id.
   XmlPart* ByRelationship(std::string_view id);
-  /// Makes sure that the paragraph style "index n" exists. @return its id
+  /// Makes sure that a paragraph style of indexes exists; see IndexStyles.h. @return its id
   std::string EnsureIndexStyle(int level);
   /// Takes away the styles that EnsureIndexStyle added, now or in an earlier run, unless a paragraph still has one.
   void RemoveAddedIndexStyles();

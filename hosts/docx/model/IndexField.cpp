@@ -10,6 +10,7 @@
 #include "hosts/docx/fields/IndexContent.h"
 #include "hosts/docx/fields/IndexSyntax.h"
 #include "hosts/docx/model/SectionBreaks.h"
+#include "hosts/docx/styles/IndexStyles.h"
 #include "hosts/docx/styles/PropertyContainer.h"
 #include "platform/word/Constants.h"
 
@@ -29,30 +30,77 @@ struct Written {
   Position start;
 };
 
-/// Every entry of the text and its notes, in document order. What a tracked deletion holds is gone.
-std::vector<IndexEntry> CollectEntries(OpenDocument& document) {
-  std::vector<IndexEntry> entries;
+bool IsSequence(const std::u16string& code, const std::u16string& name) {
+  const FieldCode parsed = ParseFieldCode(code);
+  return parsed.keyword == u"SEQ" && !parsed.arguments.empty() && FieldText(parsed.arguments.front()) == name;
+}
+
+/// What an index takes its entries from: its bookmark's range, or all.
+class Taken {
+ public:
+  Taken(OpenDocument& document, const IndexOptions& options) : limited_(!options.bookmark.empty()) {
+    if (limited_) bookmark_ = document.Bookmarks().Find(options.bookmark);
+  }
+
+  bool Holds(const Story& story, const FieldSpan& field) const {
+    if (!limited_) return true;
+    return bookmark_ != nullptr && bookmark_->story == &story && BookmarkIndex::Start(*bookmark_) <= field.begin &&
+           field.Behind() <= BookmarkIndex::End(*bookmark_);
+  }
+
+ private:
+  bool limited_;
+  const BookmarkIndex::Mark* bookmark_{nullptr};
+};
+
+/// An entry that stands for a bookmark's range has the pages of that; without the bookmark its own.
+void SetPages(IndexEntry& entry, OpenDocument& document, const Story& story, Position position) {
   Paginator& pages = document.Pages();
+  const std::u16string& name = entry.mark.rangeBookmark;
+  const BookmarkIndex::Mark* range = name.empty() ? nullptr : document.Bookmarks().Find(name);
+  entry.page = pages.PageOf(story, position);
+  if (range != nullptr) {
+    const Position start = BookmarkIndex::Start(*range);
+    entry.page = pages.PageOf(*range->story, start);
+    entry.lastPage = pages.PageOf(*range->story, std::max(start, BookmarkIndex::End(*range) - 1));
+    entry.lastLabel = pages.LabelOf(entry.lastPage);
+  }
+  entry.label = pages.LabelOf(entry.page);
+}
+
+/// Every entry of the text and its notes that the index may list, in document order. What a tracked deletion holds is
+/// gone. A sequence counts in the main text.
+std::vector<IndexEntry> CollectEntries(OpenDocument& document, const IndexOptions& options) {
+  std::vector<IndexEntry> entries;
+  const Taken taken(document, options);
   for (const int type : {word::wdMainTextStory, word::wdFootnotesStory, word::wdEndnotesStory}) {
     for (const auto& story : document.Parts().Stories(type)) {
       const AtomSequence& atoms = story->Atoms();
+      std::u16string sequence;
       for (const FieldSpan& field : AllFields(atoms)) {
         if (atoms.Get(atoms.At(field.begin)).deleted) continue;
         const std::u16string code = FieldCodeText(*story, field);
-        if (FieldType(code) != word::wdFieldIndexEntry) continue;
-        const int page = pages.PageOf(*story, field.begin);
-        entries.push_back({.mark = ParseIndexEntry(code), .page = page, .label = pages.LabelOf(page)});
+        if (!options.sequence.empty() && IsSequence(code, options.sequence) && field.HasResult()) {
+          sequence = story->Text(field.separator + 1, field.end);
+        }
+        if (FieldType(code) != word::wdFieldIndexEntry || !taken.Holds(*story, field)) continue;
+        IndexEntry entry{.mark = ParseIndexEntry(code), .page = 1, .label = {}};
+        SetPages(entry, document, *story, field.begin);
+        entry.sequence = sequence;
+        entries.push_back(std::move(entry));
       }
     }
   }
   return entries;
 }
 
-/// The style and the right tab that Word gives each paragraph of an index, and nothing else but a section's end.
-void FormatParagraph(XmlPart& part, pugi::xml_node paragraph, const std::string& style, int tabPosition) {
+/// The style and the right tab that Word gives each paragraph of an index, and nothing else but a section's end. A
+/// heading stays with the entry below it.
+void FormatParagraph(XmlPart& part, pugi::xml_node paragraph, const std::string& style, bool heading, int tabPosition) {
   pugi::xml_node given = part.Child(paragraph, Tag::kPPr);
   pugi::xml_node properties = paragraph.prepend_child(part.Name("pPr"));
   part.SetAttribute(properties.append_child(part.Name("pStyle")), "val", style.c_str());
+  if (heading) properties.append_child(part.Name("keepNext"));
   pugi::xml_node tab = properties.append_child(part.Name("tabs")).append_child(part.Name("tab"));
   part.SetAttribute(tab, "val", "right");
   part.SetAttribute(tab, "leader", "dot");
@@ -117,8 +165,11 @@ void WriteResult(OpenDocument& document, const FieldSpan& field, const IndexOpti
   const int columns = std::max(options.columns, 1);
   const int tab = MeasureColumns(part, SectionAt(main, written.front().start)).Column(columns) - kTabInset;
   for (const Written& each : written) {
-    const std::string style = document.Parts().EnsureIndexStyle(each.paragraph->level);
-    FormatParagraph(part, main.ParagraphAt(each.start), style, tab);
+    const bool heading = each.paragraph->heading;
+    // What follows a heading, which the heading's style names, has to be there first.
+    if (heading) document.Parts().EnsureIndexStyle(1);
+    const std::string style = document.Parts().EnsureIndexStyle(heading ? kIndexHeadingLevel : each.paragraph->level);
+    FormatParagraph(part, main.ParagraphAt(each.start), style, heading, tab);
     FormatRuns(main, each);
   }
   part.Touch();
@@ -131,12 +182,12 @@ void UpdateIndexField(OpenDocument& document, const FieldSpan& given) {
   Story& main = document.Parts().Main();
   FieldSpan field = RemoveResult(main, given);
   const IndexOptions options = ParseIndexOptions(FieldCodeText(main, field));
-  std::vector<IndexParagraph> content = BuildIndexContent(CollectEntries(document), options);
+  std::vector<IndexParagraph> content = BuildIndexContent(CollectEntries(document, options), options);
   for (int layouts = 1;; ++layouts) {
     document.BeforeChange(kMember);
     WriteResult(document, field, options, content);
     if (layouts == kMostLayouts) return;
-    std::vector<IndexParagraph> settled = BuildIndexContent(CollectEntries(document), options);
+    std::vector<IndexParagraph> settled = BuildIndexContent(CollectEntries(document, options), options);
     if (settled == content) return;
     content = std::move(settled);
     field = RemoveResult(main, *FieldAt(main.Atoms(), main.Atoms().At(field.begin)));

@@ -60,13 +60,18 @@ std::string NewStylesPart(bool strict) {
          "<w:name w:val=\"Normal\"/><w:qFormat/></w:style></w:styles>";
 }
 
+std::string IndexStyleName(int level) {
+  return level == kIndexHeadingLevel ? "index heading" : "index " + std::to_string(level);
+}
+
 std::string EnsureIndexStyle(XmlPart& part, int level) {
   const Styles styles(&part);
-  const std::string name = "index " + std::to_string(level);
+  const bool heading = level == kIndexHeadingLevel;
+  const std::string name = IndexStyleName(level);
   const Style* existing = styles.ByName(name);
   if (existing != nullptr && existing->type == StyleType::kParagraph) return existing->id;
 
-  const std::string id = FreeId(styles, "Index" + std::to_string(level));
+  const std::string id = FreeId(styles, heading ? "IndexHeading" : "Index" + std::to_string(level));
   pugi::xml_node style = AppendStyle(part);
   part.SetAttribute(style, "type", "paragraph");
   part.SetAttribute(style, "styleId", id.c_str());
@@ -78,15 +83,22 @@ std::string EnsureIndexStyle(XmlPart& part, int level) {
   ParagraphValues paragraph = styles.ParagraphDefaults();
   if (normal != nullptr) {
     AppendValue(part, style, "basedOn", normal->id);
-    AppendValue(part, style, "next", normal->id);
+    const Style* next = heading ? styles.ByName(IndexStyleName(1)) : normal;
+    if (next != nullptr) AppendValue(part, style, "next", next->id);
     run = normal->run;
     run.Inherit(styles.RunDefaults());
     paragraph = normal->paragraph;
     paragraph.Inherit(styles.ParagraphDefaults());
   }
-  style.append_child(part.Name("autoRedefine"));
+  if (!heading) style.append_child(part.Name("autoRedefine"));
   AppendValue(part, style, "uiPriority", "99");
   style.append_child(part.Name("unhideWhenUsed"));
+  part.Touch();
+  if (heading) {
+    pugi::xml_node rPr = style.append_child(part.Name("rPr"));
+    for (const char* bold : {"b", "bCs"}) rPr.append_child(part.Name(bold));
+    return id;
+  }
 
   pugi::xml_node pPr = style.append_child(part.Name("pPr"));
   AppendSpacing(part, pPr, paragraph);
@@ -94,7 +106,6 @@ std::string EnsureIndexStyle(XmlPart& part, int level) {
   pugi::xml_node indent = pPr.append_child(part.Name("ind"));
   part.SetAttribute(indent, part.Strict() ? "start" : "left", std::to_string(step * level).c_str());
   part.SetAttribute(indent, "hanging", std::to_string(step).c_str());
-  part.Touch();
   return id;
 }
 

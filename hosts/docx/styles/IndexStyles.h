@@ -6,16 +6,21 @@
 
 namespace docx {
 
-// The built-in paragraph styles "index 1" to "index 9", which a document has only after their first use. What is added
-// is marked (<?kelvarin added?>), so that it can be taken away again and nothing else.
+// The built-in paragraph styles "index 1" to "index 9" and "index heading", which a document has only after their first
+// use. What is added is marked (<?kelvarin added?>), so that it can be taken away again and nothing else.
 
 /// A styles part for a document that has none, with Word's plain "Normal": its XML. The caller adds the part with its
 /// relationship and content type.
 std::string NewStylesPart(bool strict);
 
+/// Stands for "index heading" among the levels.
+inline constexpr int kIndexHeadingLevel = 0;
+/// The name of a level's style.
+std::string IndexStyleName(int level);
+
 /// Sees to it that the style exists, as Word makes it: based on "Normal", single spaced, with a hanging indent of its
-/// font size. A style of that name that is there stays as it is.
-/// @param level 1 to 9
+/// font size; a heading instead bold. A style of that name that is there stays as it is.
+/// @param level 1 to 9, or kIndexHeadingLevel
 /// @return the style's id
 std::string EnsureIndexStyle(XmlPart& styles, int level);
 
