@@ -1,0 +1,159 @@
+#include <gtest/gtest.h>
+
+#include "tests/unit/layout/LaidOut.h"
+
+using laid::Document;
+using laid::kPerPage;
+using laid::kTall;
+using laid::Lines;
+using laid::P;
+using laid::Paragraph;
+using laid::Text;
+using paged::Section;
+
+namespace {
+
+const std::string kBreak = paged::kBreak;
+
+std::string EndOf(const std::string& section) { return "<w:p><w:pPr>" + kTall + section + "</w:pPr></w:p>"; }
+
+TEST(LayoutPages, BeginWhereTheNextLineDoesNotFit) {
+  Document document(Lines("a", kPerPage + 1));
+  EXPECT_EQ(document.Count(), 2);
+  EXPECT_EQ(document.PageOf(u"a18"), 1);
+  EXPECT_EQ(document.PageOf(u"a19"), 2);
+  EXPECT_EQ(document.Pages().Basis(), "layout");
+}
+
+// Neither the first nor the last line of a paragraph stands alone.
+TEST(LayoutPages, LeaveNoLineAlone) {
+  Document orphan(Lines("a", kPerPage - 1) + Paragraph("b", 4));
+  EXPECT_EQ(orphan.PageOf(u"b1."), 2);
+  Document widow(Lines("a", kPerPage - 3) + Paragraph("b", 4));
+  EXPECT_EQ(widow.PageOf(u"b2."), 1);
+  EXPECT_EQ(widow.PageOf(u"b3."), 2);
+  Document three(Lines("a", kPerPage - 2) + Paragraph("b", 3));
+  EXPECT_EQ(three.PageOf(u"b1."), 2);
+}
+
+TEST(LayoutPages, LeaveLinesAloneWithoutWidowControl) {
+  Document document(Lines("a", kPerPage - 1) + Paragraph("b", 4, "<w:widowControl w:val=\"0\"/>"));
+  EXPECT_EQ(document.PageOf(u"b1."), 1);
+  EXPECT_EQ(document.PageOf(u"b2."), 2);
+}
+
+TEST(LayoutPages, KeepAParagraphsLinesTogetherThatWantsIt) {
+  Document document(Lines("a", kPerPage - 3) + Paragraph("b", 4, "<w:keepLines/>"));
+  EXPECT_EQ(document.PageOf(u"b1."), 2);
+}
+
+TEST(LayoutPages, KeepAHeadingWithWhatFollows) {
+  Document document(Lines("a", kPerPage - 2) + Lines("h", 2, "<w:keepNext/>") + Lines("b", 1));
+  EXPECT_EQ(document.PageOf(u"a16"), 1);
+  EXPECT_EQ(document.PageOf(u"h1"), 2);
+}
+
+TEST(LayoutPages, BreakAChainOfHeadingsThatIsLongerThanAPage) {
+  Document document(Lines("a", 3 * kPerPage, "<w:keepNext/>"));
+  EXPECT_EQ(document.Count(), 3);
+  EXPECT_EQ(document.PageOf(u"a18"), 1);
+}
+
+TEST(LayoutPages, BeginBeforeAParagraphThatWantsIt) {
+  Document document(Lines("a", 1) + Lines("b", 1, "<w:pageBreakBefore/>"));
+  EXPECT_EQ(document.PageOf(u"b1"), 2);
+}
+
+// The mark of a paragraph that ends in a break stays on the break's page, so that no empty line begins the next one.
+TEST(LayoutPages, BeginBehindABreakWithoutTheParagraphsMark) {
+  Document document(P(Text("a") + kBreak, kTall) + Lines("b", kPerPage) + Lines("c", 1));
+  EXPECT_EQ(document.PageOf(u"b1"), 2);
+  EXPECT_EQ(document.PageOf(u"b18"), 2);
+  EXPECT_EQ(document.PageOf(u"c1"), 3);
+}
+
+TEST(LayoutPages, BeginInTheMiddleOfAParagraphAtABreak) {
+  Document document(P(Text("a") + kBreak + Text("b"), kTall));
+  EXPECT_EQ(document.PageOf(u"a"), 1);
+  EXPECT_EQ(document.PageOf(u"b"), 2);
+}
+
+std::string Spaced(int before, int after, const std::string& more = {}) {
+  return more + "<w:spacing w:before=\"" + std::to_string(before) + "\" w:after=\"" + std::to_string(after) +
+         "\" w:line=\"720\" w:lineRule=\"exact\"/>";
+}
+
+double DistanceOf(const std::string& first, const std::string& second, const std::string& settings = {}) {
+  Document document(P(Text("a"), first) + P(Text("b"), second));
+  document.WithSettings(settings);
+  const auto lines = document.Lines();
+  return lines[1].top - lines[0].top - 720;
+}
+
+TEST(LayoutSpaces, TheLargerOfTwoCounts) {
+  EXPECT_DOUBLE_EQ(DistanceOf(Spaced(0, 200), Spaced(300, 0)), 300);
+  EXPECT_DOUBLE_EQ(DistanceOf(Spaced(0, 400), Spaced(300, 0)), 400);
+}
+
+TEST(LayoutSpaces, AreAddedWhereTheDocumentSaysSo) {
+  const std::string settings = "<w:compat><w:doNotUseHTMLParagraphAutoSpacing/></w:compat>";
+  EXPECT_DOUBLE_EQ(DistanceOf(Spaced(0, 200), Spaced(300, 0), settings), 500);
+}
+
+TEST(LayoutSpaces, GoBetweenParagraphsOfOneStyleThatWantsIt) {
+  const std::string contextual = "<w:contextualSpacing/>";
+  EXPECT_DOUBLE_EQ(DistanceOf(Spaced(0, 200, contextual), Spaced(300, 0, contextual)), 0);
+  EXPECT_DOUBLE_EQ(DistanceOf(Spaced(0, 200, contextual), Spaced(300, 0)), 300);
+}
+
+TEST(LayoutSpaces, GoAtTheTopOfAPageButNotBehindABreak) {
+  Document flowing(Lines("a", kPerPage) + P(Text("b"), Spaced(300, 0)));
+  EXPECT_DOUBLE_EQ(flowing.Lines().back().top, 1440);
+  Document broken(Lines("a", 1) + P(Text("b"), Spaced(300, 0, "<w:pageBreakBefore/>")));
+  EXPECT_DOUBLE_EQ(broken.Lines().back().top, 1740);
+}
+
+TEST(LayoutSections, BeginPagesAndCountBlankOnes) {
+  Document document(Lines("a", 1) + EndOf(Section("nextPage")) + Lines("b", 1) + Section("oddPage"));
+  EXPECT_EQ(document.PageOf(u"b1"), 3);
+  EXPECT_EQ(document.Count(), 3);
+}
+
+TEST(LayoutSections, GoOnOnThePageWhenContinuous) {
+  Document document(Lines("a", 1) + EndOf(Section("nextPage")) + Lines("b", kPerPage) + Section("continuous"));
+  EXPECT_EQ(document.PageOf(u"b1"), 1);
+  EXPECT_EQ(document.PageOf(u"b16"), 1);
+  EXPECT_EQ(document.PageOf(u"b17"), 2);
+}
+
+TEST(LayoutSections, FillOneColumnAfterTheOther) {
+  const std::string columns = "<w:cols w:num=\"2\" w:space=\"720\"/>";
+  Document document(Lines("a", 2 * kPerPage + 1) + Section("nextPage", columns));
+  EXPECT_EQ(document.Count(), 2);
+  EXPECT_EQ(document.PageOf(u"a36"), 1);
+  EXPECT_EQ(document.PageOf(u"a37"), 2);
+}
+
+TEST(LayoutSections, LevelTheirColumnsBeforeAContinuousOne) {
+  const std::string columns = "<w:cols w:num=\"2\" w:space=\"720\"/>";
+  Document document(Lines("a", 9) + EndOf(Section("nextPage", columns)) + Lines("b", 14) + Section("continuous"));
+  // Ten lines in two columns take the height of five.
+  EXPECT_EQ(document.PageOf(u"b13"), 1);
+  EXPECT_EQ(document.PageOf(u"b14"), 2);
+}
+
+TEST(LayoutSections, HaveTheirOwnPaper) {
+  const std::string wide = "<w:pgSz w:w=\"15840\" w:h=\"12240\"/>";
+  Document document(Lines("a", 14) + Section("nextPage", wide));
+  EXPECT_EQ(document.PageOf(u"a13"), 1);
+  EXPECT_EQ(document.PageOf(u"a14"), 2);
+}
+
+TEST(LayoutSections, PrintTheirOwnNumbers) {
+  Document document(Lines("a", 1) + EndOf(Section("nextPage", "<w:pgNumType w:fmt=\"lowerRoman\"/>")) + Lines("b", 1) +
+                    Section("nextPage", "<w:pgNumType w:start=\"1\"/>"));
+  EXPECT_EQ(document.Pages().LabelOf(1), u"i");
+  EXPECT_EQ(document.Pages().LabelOf(2), u"1");
+}
+
+}  // namespace
