@@ -2,7 +2,8 @@
 """Measures whole runs of the program against merely unzipping and zipping the same file: measure.py PROGRAM [RUNS]
 
 Each figure is the median of so many runs (5 without a number). Times are wall-clock seconds, with processor seconds behind;
-memory is the largest resident set of a run. The limit of memory is 64 MiB and 25 times the unpacked main part.
+memory is the largest resident set of a run. The limit of memory is 64 MiB and 25 times the unpacked main part. The second table
+has the layout alone: what `inspect` takes longer with it than with an estimate, for each page that comes out too.
 """
 
 import json
@@ -23,10 +24,10 @@ SIZES = [(100, 100), (300, 200), (1000, 400)]
 MIB = 1 << 20
 
 
-def timed(*command, cwd=None):
+def timed(*command, cwd=None, out=None):
     """Wall seconds, processor seconds and peak memory in bytes."""
     start = time.perf_counter()
-    process = subprocess.Popen(command, cwd=cwd, stdin=subprocess.DEVNULL)
+    process = subprocess.Popen(command, cwd=cwd, stdin=subprocess.DEVNULL, stdout=out)
     _, status, usage = os.wait4(process.pid, 0)
     process.returncode = os.waitstatus_to_exitcode(status)
     if process.returncode != 0:
@@ -37,6 +38,17 @@ def timed(*command, cwd=None):
 def index_run(program, source, folder):
     return timed(program, "index", str(source), "-o", str(folder / "out.docx"), "--force", "--quiet", "--pages", "file",
                  "--settings", str(folder / "kvx.ini"), "--report", str(folder / "report.json"))
+
+
+def layout_run(program, source, folder):
+    """What the layout adds to looking at the document: wall and processor seconds; and its pages."""
+    runs = {}
+    for pages in ("file", "layout"):
+        with open(folder / "inspected.json", "wb") as out:
+            runs[pages] = timed(program, "inspect", str(source), "--pages", pages, "--settings", str(folder / "kvx.ini"),
+                                out=out)
+    pages = json.loads((folder / "inspected.json").read_text(encoding="utf-8"))["pages"]
+    return runs["layout"][0] - runs["file"][0], runs["layout"][1] - runs["file"][1], pages
 
 
 def zip_run(source, folder):
@@ -69,6 +81,11 @@ def main():
             marked = sum(term["count"] for term in report["terms"])
             print(f"| {pages} | {terms} | {marked:,} | {wall:.2f} ({cpu:.2f}) | {bare_wall:.2f} ({bare_cpu:.2f}) "
                   f"| {wall / bare_wall:.2f} | {memory / MIB:.0f} | {64 + 25 * main_part / MIB:.0f} |", flush=True)
+        print("\n| pages | layout: s (cpu) | a page: ms (cpu) |\n|---:|---:|---:|", flush=True)
+        for pages, _ in SIZES:
+            measured = [layout_run(program, folder / f"contract{pages}.docx", folder) for _ in range(runs)]
+            wall, cpu, laid = (statistics.median(run[i] for run in measured) for i in range(3))
+            print(f"| {laid} | {wall:.2f} ({cpu:.2f}) | {1000 * wall / laid:.2f} ({1000 * cpu / laid:.2f}) |", flush=True)
 
 
 if __name__ == "__main__":

@@ -111,7 +111,7 @@ TEST(Lines, GoToTheNextTabStop) {
   };
   const std::string left = "<w:tab w:val=\"left\" w:pos=\"7200\"/>";
   EXPECT_EQ(CountOf(tabbed(left, Repeated("b", 17))), 1U);
-  EXPECT_EQ(CountOf(tabbed(left, Repeated("b", 18))), 2U);
+  EXPECT_EQ(CountOf(tabbed(left, Repeated("b", 19))), 2U);
   // At a right tab the text grows to the left.
   const std::string right = "<w:tab w:val=\"right\" w:pos=\"9360\"/>";
   EXPECT_EQ(CountOf(tabbed(right, Repeated("b", 76))), 1U);
