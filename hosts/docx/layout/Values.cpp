@@ -71,7 +71,7 @@ void ReadFonts(const XmlPart& part, pugi::xml_node element, CharacterValues& val
       {{"ascii", "asciiTheme"}, {"hAnsi", "hAnsiTheme"}, {"eastAsia", "eastAsiaTheme"}, {"cs", "cstheme"}}};
   for (std::size_t i = 0; i < kSlots.size(); ++i) {
     const std::string& themed = theme.Name(part.Attribute(element, kSlots[i].theme).value());
-    const std::string_view name = themed.empty() ? part.Attribute(element, kSlots[i].name).value() : themed;
+    const std::string name = themed.empty() ? part.Attribute(element, kSlots[i].name).value() : themed;
     if (!name.empty()) values.families[i] = fonts.Family(name);
   }
   if (const pugi::xml_attribute hint = part.Attribute(element, "hint")) {
