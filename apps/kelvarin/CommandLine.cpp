@@ -91,6 +91,7 @@ class Reader {
     AddRemove();
     AddRun();
     AddInspect();
+    AddOpen();
   }
 
   std::optional<Options> Read(int argc, const char* const* argv, int& status) {
@@ -188,7 +189,8 @@ class Reader {
         .add_option_function<std::string>(
             "--pages", [this](const std::string& given) { options_.pages = ReadPages(given); },
             "what page numbers rest on: file (the breaks in the file and an estimate), layout (the document is laid "
-            "out with the fonts at hand), libreoffice (an installed LibreOffice lays it out), or auto, the best at hand "
+            "out with the fonts at hand), libreoffice (an installed LibreOffice lays it out), or auto, the best at "
+            "hand "
             "(layout)")
         ->type_name("auto|file|layout|libreoffice");
   }
@@ -273,6 +275,12 @@ class Reader {
     AddPlace(command);
     AddPages(command);
     AddCommon(command);
+  }
+
+  void AddOpen() {
+    CLI::App& command = AddCommand("open", Command::kOpen, "show a document in a window, to work in its dialogs");
+    AddInputs(command, false);
+    command.get_option("FILE")->required(false);
   }
 
   void AddInspect() {

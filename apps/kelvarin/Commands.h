@@ -13,3 +13,7 @@ FileResult ListTerms(const Options& options, const std::filesystem::path& input)
 FileResult RemoveIndexing(const Options& options, const std::filesystem::path& input);
 FileResult RunCommand(const Options& options, const std::filesystem::path& input);
 FileResult InspectFile(const Options& options, const std::filesystem::path& input);
+
+/// Goes on as the desktop program, which lies beside this one, with the input when there is one. @return only when it
+/// cannot, the exit status
+int OpenDesktop(const Options& options);

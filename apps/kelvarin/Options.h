@@ -27,7 +27,7 @@ struct OutputOptions {
 };
 
 struct Options {
-  enum class Command { kIndex, kTerms, kRemove, kRun, kInspect };
+  enum class Command { kIndex, kTerms, kRemove, kRun, kInspect, kOpen };
   Command command{Command::kIndex};
   std::string runCommand{};  ///< of kRun: the command that is run
   std::vector<std::filesystem::path> inputs{};

@@ -24,6 +24,8 @@ FileResult WorkOn(const Options& options, const std::filesystem::path& input) {
       return RunCommand(options, input);
     case Options::Command::kInspect:
       return InspectFile(options, input);
+    case Options::Command::kOpen:
+      break;
   }
   return {.status = kWrongCommandLine};
 }
@@ -55,7 +57,8 @@ int main(int argc, char** argv) {
   try {
     int status = kDone;
     const std::optional<Options> options = ReadCommandLine(argc, argv, status);
-    return options ? Work(*options) : status;
+    if (!options) return status;
+    return options->command == Options::Command::kOpen ? OpenDesktop(*options) : Work(*options);
   } catch (const std::exception& error) {
     Say(error.what());
     return kUnreadable;

@@ -1,0 +1,354 @@
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QScrollBar>
+#include <QStatusBar>
+#include <QTemporaryDir>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+
+#include "apps/desktop/Desktop.h"
+#include "hosts/qt/Text.h"
+#include "tests/qt/Person.h"
+#include "tests/qt/ShownForm.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Bytes(const fs::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+/// The whole program in its window, over a copy of a sample and settings of its own.
+class DesktopTest : public ::testing::Test {
+ protected:
+  DesktopTest() {
+    qputenv("XDG_CONFIG_HOME", folder_.path().toLocal8Bit());
+    path_ = (folder_.path() + "/contract.docx").toStdString();
+    fs::copy_file(fs::path(KVX_SAMPLES) / "mutual_nda.docx", path_);
+    // Someone who has used it before.
+    const fs::path settings = fs::path(folder_.path().toStdString()) / "Brantholt/Kelvarin";
+    fs::create_directories(settings);
+    settings_ = settings / "kvx.ini";
+    std::ofstream(settings_)
+        << "[Defaults]\r\nShowSearchChooser=False\r\nShowFormatReminder=False\r\nShowHelp=False\r\n";
+    Start();
+  }
+
+  void Start() {
+    desktop_.reset();
+    window_ = std::make_unique<qt::DocumentWindow>();
+    desktop_ = std::make_unique<Desktop>(*window_);
+    window_->SetProgram(*desktop_);
+    window_->show();
+    QTest::qWait(10);
+  }
+
+  ~DesktopTest() override {
+    // The window holds the program's pages.
+    window_->View().SetSource(nullptr);
+    window_->hide();
+    desktop_.reset();
+  }
+
+  void Open() { ASSERT_TRUE(window_->Open(path_)); }
+  qt::DocumentView& View() { return window_->View(); }
+  std::string State() const { return window_->statusBar()->findChild<QLabel*>()->text().toStdString(); }
+
+  /// Chooses a command below "Tools" by its caption.
+  void Choose(const QString& caption) {
+    QMenu* tools = window_->findChild<QMenu*>("tools");
+    QList<QMenu*> menus = tools->findChildren<QMenu*>();
+    menus << tools;
+    for (QMenu* menu : menus) {
+      for (QAction* action : menu->actions()) {
+        if (action->text() == caption) return action->trigger();
+      }
+    }
+    FAIL() << "no such command: " << caption.toStdString();
+  }
+  void Shortcut(const char* caption) {
+    for (QAction* action : window_->findChildren<QAction*>()) {
+      if (action->text() == caption) return action->trigger();
+    }
+    FAIL() << caption;
+  }
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&View(), key, modifiers); }
+  QString Copied() {
+    View().Copy();
+    return QApplication::clipboard()->text();
+  }
+  void FindText(const QString& text) {
+    Shortcut("&Find...");
+    auto& box = Person::At<QLineEdit>(*window_, "findText");
+    box.clear();
+    QTest::keyClicks(&box, text);
+    QTest::keyClick(&box, Qt::Key_Return);
+  }
+  qt::Place PlaceOf(std::u16string_view text) {
+    const auto found = desktop_->Document()->Find(text, {}, true, true);
+    EXPECT_TRUE(found.has_value()) << qt::ToQt(text).toStdString();
+    return found ? found->start : qt::Place{};
+  }
+
+  /// "Find and index" with the options as they are, by the keyboard in the first dialog and the mouse in the second.
+  void Index() {
+    person_.Expect([](QWidget& window) {
+      EXPECT_EQ(window.objectName().toStdString(), "frmKVXOptions");
+      Person::Press(window, Qt::Key_Return);
+    });
+    person_.Expect([this](QWidget& window) {
+      EXPECT_EQ(window.objectName().toStdString(), "frmKVX_COM");
+      termsFound_ = Person::At<QListView>(window, "lstTermsInDoc").model()->rowCount();
+      Person::Click(window, "txtAddTerm");
+      Person::Type(window, "premises");
+      Person::Click(window, "cmdAddTerm");
+      Person::Click(window, "cmdOK");
+    });
+    Choose("&Find and index");
+  }
+
+  QTemporaryDir folder_;
+  std::string path_;
+  fs::path settings_;
+  Person person_;
+  std::unique_ptr<qt::DocumentWindow> window_;
+  std::unique_ptr<Desktop> desktop_;
+  int termsFound_{0};
+};
+
+TEST_F(DesktopTest, ADocumentIsShownWithItsPages) {
+  Open();
+  EXPECT_EQ(window_->windowTitle().toStdString(), "contract.docx[*] \u2013 Kelvarin");
+  EXPECT_EQ(State().find("Page 1 (1 of "), 0u) << State();
+  EXPECT_FALSE(window_->isWindowModified());
+  const qt::PageText first = desktop_->Document()->TextOf(1);
+  ASSERT_FALSE(first.body.empty());
+  EXPECT_GT(first.body.size(), 5u);
+}
+
+TEST_F(DesktopTest, EachCharacterStandsOnThePageThatItsNumberSays) {
+  Open();
+  qt::DocumentSource& pages = *desktop_->Document();
+  std::size_t characters = 0;
+  for (int page = 1; page <= pages.PageCount(); ++page) {
+    for (const qt::PageParagraph& paragraph : pages.TextOf(page).body) {
+      for (const qt::PageRun& run : paragraph.runs) {
+        EXPECT_EQ(pages.PageOf({1, run.position}), page);
+        EXPECT_EQ(pages.PageOf({1, run.position + static_cast<int>(run.text.size()) - 1}), page);
+        characters += run.text.size();
+      }
+    }
+  }
+  EXPECT_GT(characters, 3000u);
+}
+
+TEST_F(DesktopTest, AClickPlacesTheCursorAndADragSelects) {
+  Open();
+  const qt::Place word = PlaceOf(u"Confidential Information");
+  const QPoint from = View().PointOf(word);
+  const QPoint to = View().PointOf({word.story, word.position + 12});
+  QTest::mouseClick(View().viewport(), Qt::LeftButton, {}, from);
+  EXPECT_EQ(View().Selected().start, word);
+  EXPECT_EQ(View().Selected().end, word.position);
+  QTest::mousePress(View().viewport(), Qt::LeftButton, {}, from);
+  QTest::mouseMove(View().viewport(), to);
+  QTest::mouseRelease(View().viewport(), Qt::LeftButton, {}, to);
+  EXPECT_EQ(Copied().toStdString(), "Confidential");
+  EXPECT_EQ(desktop_->Document()->Selected().end, word.position + 12);
+}
+
+TEST_F(DesktopTest, KeysMoveTheCursorAndSelect) {
+  Open();
+  View().SelectStretch({PlaceOf(u"Confidential Information"), PlaceOf(u"Confidential Information").position});
+  const qt::Place start = View().Selected().start;
+  Key(Qt::Key_Right);
+  Key(Qt::Key_Left);
+  EXPECT_EQ(View().Selected().start, start);
+  Key(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(Copied().trimmed().toStdString(), "Confidential");
+  Key(Qt::Key_Home, Qt::ControlModifier);
+  EXPECT_EQ(View().Selected().end, 0);
+  Key(Qt::Key_Down);
+  const word::Position below = View().Selected().end;
+  EXPECT_GT(below, 0);
+  Key(Qt::Key_Up);
+  EXPECT_EQ(View().Selected().end, 0);
+  Key(Qt::Key_End, Qt::ControlModifier);
+  EXPECT_EQ(View().CurrentPage(), desktop_->Document()->PageCount());
+  Key(Qt::Key_Home, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(View().Selected().start.position, 0);
+}
+
+TEST_F(DesktopTest, FindGoesFromPlaceToPlaceAndAroundTheEnd) {
+  Open();
+  FindText("confidential information");
+  const qt::Place first = View().Selected().start;
+  EXPECT_EQ(Copied().toLower().toStdString(), "confidential information");
+  Shortcut("Find &next");
+  EXPECT_GT(View().Selected().start.position, first.position);
+  Shortcut("Find &previous");
+  EXPECT_EQ(View().Selected().start, first);
+  Shortcut("Find &previous");
+  EXPECT_GT(View().Selected().start.position, first.position);
+  FindText("there is no such text");
+  EXPECT_EQ(Person::At<QLabel>(*window_, "findResult").text().toStdString(), "Not found");
+}
+
+TEST_F(DesktopTest, ZoomKeepsThePlaceInSight) {
+  Open();
+  View().SelectStretch({PlaceOf(u"Confidential Information"), 0});
+  Shortcut("Zoom &in");
+  EXPECT_NEAR(View().Zoom(), 1.2, 0.01);
+  Shortcut("&Whole size");
+  EXPECT_EQ(View().Zoom(), 1);
+}
+
+TEST_F(DesktopTest, AWholeRunByKeysAndMouseLeavesAnIndexThatLeadsToItsPlaces) {
+  Open();
+  const std::string before = Bytes(path_);
+  Key(Qt::Key_End, Qt::ControlModifier);
+  fs::remove(settings_);
+  for (const char* prompt : {"frmKVXSearchChooser", "frmKVXFormatInstrux"}) {
+    person_.Expect([prompt](QWidget& window) {
+      EXPECT_EQ(window.objectName().toStdString(), prompt);
+      Person::Click(window, "cmdOK");
+    });
+  }
+  person_.Expect([](QWidget& window) { Person::Click(window, "cmdNo"); });
+  Index();
+  EXPECT_GT(termsFound_, 3);
+  EXPECT_TRUE(window_->isWindowModified());
+  EXPECT_EQ(Bytes(path_), before) << "nothing is saved without being asked";
+
+  // The cursor stands at the index, whose first entry is a link to the term.
+  qt::DocumentSource& pages = *desktop_->Document();
+  const qt::Place index = View().Selected().start;
+  bool found = false;
+  for (const qt::PageParagraph& paragraph : pages.TextOf(pages.PageOf(index)).body) {
+    std::u16string text;
+    for (const qt::PageRun& run : paragraph.runs) text += run.text;
+    if (!paragraph.rightTab || !text.starts_with(u"premises")) continue;
+    found = true;
+    const qt::Place term{1, paragraph.runs.front().position + 1};
+    QTest::mouseClick(View().viewport(), Qt::LeftButton, {}, View().PointOf(term));
+    EXPECT_EQ(Copied().toStdString(), "premises");
+    EXPECT_LT(View().Selected().start.position, index.position);
+    const std::optional<qt::DocumentSource::Selection> page = pages.LinkAt({1, paragraph.end - 1});
+    ASSERT_TRUE(page.has_value()) << qt::ToQt(text).toStdString();
+    const std::u16string label = pages.LabelOf(pages.PageOf(page->start));
+    EXPECT_TRUE(text.ends_with(label)) << qt::ToQt(text).toStdString();
+  }
+  EXPECT_TRUE(found);
+
+  // Highlights are shown.
+  bool highlighted = false;
+  for (const qt::PageParagraph& paragraph : pages.TextOf(1).body) {
+    for (const qt::PageRun& run : paragraph.runs) highlighted = highlighted || run.look.highlight == word::wdYellow;
+  }
+  EXPECT_TRUE(highlighted);
+}
+
+TEST_F(DesktopTest, SavingWritesTheWholeResultAndNothingIsLeftToSave) {
+  Open();
+  Index();
+  Shortcut("&Save");
+  EXPECT_FALSE(window_->isWindowModified());
+  Start();
+  Open();
+  EXPECT_TRUE(desktop_->Document()->Find(u"Purpose", {}, true, true).has_value());
+  EXPECT_GT(desktop_->Document()->PageCount(), 0);
+  EXPECT_FALSE(window_->isWindowModified());
+}
+
+TEST_F(DesktopTest, AFileThatCannotBeWrittenIsToldAndNothingIsLost) {
+  Open();
+  Index();
+  const std::string before = Bytes(path_);
+  fs::permissions(path_, fs::perms::owner_read);
+  person_.Expect([](QWidget& window) {
+    EXPECT_EQ(window.windowTitle().toStdString(), "Cannot save");
+    Person::Press(window, Qt::Key_Return);
+  });
+  Shortcut("&Save");
+  EXPECT_TRUE(window_->isWindowModified());
+  EXPECT_EQ(Bytes(path_), before);
+  desktop_->SaveAs((folder_.path() + "/other.docx").toStdString());
+  EXPECT_FALSE(desktop_->Modified());
+  EXPECT_EQ(desktop_->Path(), (folder_.path() + "/other.docx").toStdString());
+}
+
+TEST_F(DesktopTest, AFileThatAnotherProgramChangedIsNotReplacedWithoutAsking) {
+  Open();
+  Index();
+  std::ofstream(path_, std::ios::app) << "changed";
+  const std::string before = Bytes(path_);
+  person_.Expect([](QWidget& window) {
+    EXPECT_EQ(window.windowTitle().toStdString(), "Changed meanwhile");
+    Person::Press(window, Qt::Key_Escape);
+  });
+  Shortcut("&Save");
+  EXPECT_EQ(Bytes(path_), before);
+}
+
+TEST_F(DesktopTest, ClosingUnsavedWorkAsksFirst) {
+  Open();
+  Index();
+  person_.Expect([](QWidget& window) {
+    EXPECT_EQ(window.windowTitle().toStdString(), "Save changes?");
+    Person::Press(window, Qt::Key_Escape);
+  });
+  window_->close();
+  EXPECT_TRUE(window_->isVisible());
+  person_.Expect([](QWidget& window) {
+    auto* box = qobject_cast<QMessageBox*>(&window);
+    ASSERT_NE(box, nullptr);
+    QTest::mouseClick(box->button(QMessageBox::Save), Qt::LeftButton);
+  });
+  window_->close();
+  EXPECT_FALSE(window_->isVisible());
+  EXPECT_FALSE(desktop_->Modified());
+}
+
+TEST_F(DesktopTest, ClosingWithoutChangesAsksNothing) {
+  Open();
+  window_->close();
+  EXPECT_FALSE(window_->isVisible());
+}
+
+TEST_F(DesktopTest, DocumentsOpenedLastAreOffered) {
+  Open();
+  const std::string other = (folder_.path() + "/other.docx").toStdString();
+  fs::copy_file(path_, other);
+  ASSERT_TRUE(window_->Open(other));
+  Start();
+  EXPECT_EQ(desktop_->Recent(), (std::vector<std::string>{other, path_}));
+}
+
+TEST_F(DesktopTest, AFileThatIsNoDocumentLeavesTheOneThatIsOpen) {
+  Open();
+  const std::string other = (folder_.path() + "/other.docx").toStdString();
+  std::ofstream(other) << "no document";
+  person_.Expect([](QWidget& window) {
+    EXPECT_EQ(window.windowTitle().toStdString(), "Cannot open");
+    Person::Press(window, Qt::Key_Return);
+  });
+  EXPECT_FALSE(window_->Open(other));
+  EXPECT_EQ(desktop_->Path(), path_);
+  EXPECT_NE(desktop_->Document(), nullptr);
+}
+
+}  // namespace
