@@ -289,6 +289,7 @@ void BlockReader::ReadContent(pugi::xml_node element, pugi::xml_node rPr, bool d
     FollowField(element, deleted);
     return;
   }
+  if (tag == Tag::kLastRenderedPageBreak) open_->lastBreaks.push_back(position);
   if (deleted || !Shows() || style_->hidden) return;
   switch (tag) {
     case Tag::kT:

@@ -59,6 +59,8 @@ struct Paragraph {
   NumberSuffix suffix{NumberSuffix::kTab};
   Alignment labelAlignment{Alignment::kLeft};
   std::vector<Floating> floats;
+  /// Where Word began a page when it last laid the document out, in order.
+  std::vector<Position> lastBreaks;
   Position start{0};
   Position end{0};  ///< of the mark
   /// A w:sectPr that ends its section behind this paragraph.

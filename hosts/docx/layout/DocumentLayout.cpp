@@ -48,13 +48,14 @@ std::string_view RelationshipId(pugi::xml_node reference) {
 
 }  // namespace
 
-DocumentLayout::DocumentLayout(DocumentParts& parts)
+DocumentLayout::DocumentLayout(DocumentParts& parts, bool lastBreaks)
     : parts_(parts),
       theme_(parts.Related(kTheme), parts.Settings()),
       numbering_(parts.Related(kNumbering), parts.Related(kStyles), fonts_, theme_),
       styles_(parts.Related(kStyles), numbering_, fonts_, theme_, Compatibility(parts.Settings())),
       formats_(styles_, numbering_, fonts_, theme_),
       lines_(lineSettings_) {
+  options_.lastBreaks = lastBreaks;
   ReadSettings();
   DescribeFonts();
   const Story& main = parts_.Main();

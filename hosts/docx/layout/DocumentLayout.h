@@ -21,10 +21,12 @@ namespace docx::layout {
 class DocumentLayout {
  public:
   /// Lays out at once. @param parts outlives it
-  explicit DocumentLayout(DocumentParts& parts);
+  /// @param lastBreaks pages that Word began when it last laid the document out begin there, where that is still true
+  explicit DocumentLayout(DocumentParts& parts, bool lastBreaks = false);
   DocumentLayout(const DocumentLayout&) = delete;
   DocumentLayout& operator=(const DocumentLayout&) = delete;
 
+  bool KeptLastBreaks() const { return filler_->KeptLastBreaks(); }
   int PageCount() const { return filler_->Page(); }
   /// In the order of placing.
   const std::vector<PageFiller::Placed>& Placed() const { return placed_; }

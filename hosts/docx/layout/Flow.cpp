@@ -136,6 +136,7 @@ void FlowBuilder::AddParagraph(const Paragraph& paragraph, const Paragraph* next
     FlowItem item;
     item.height = line.height;
     item.position = line.start;
+    item.lastBreak = line.lastBreak;
     item.notes = std::move(line.notes);
     if (i == 0) {
       item.before = space;

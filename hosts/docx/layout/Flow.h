@@ -29,7 +29,8 @@ struct FlowItem {
   double beforeTop{0};  ///< space above when it begins a page or column because something says so
   Hold hold{Hold::kNone};
   BreakBefore breakBefore{BreakBefore::kNone};
-  Position position{0};  ///< negative for what goes on from the page before
+  Position position{0};    ///< negative for what goes on from the page before
+  Position lastBreak{-1};  ///< where Word began a page, here or near; -1 for nowhere
   std::vector<pugi::xml_node_struct*> notes;
   std::unique_ptr<RowFlow> row;
   /// Rows that are repeated above this one where it begins a page, with their height.

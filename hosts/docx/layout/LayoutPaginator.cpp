@@ -15,8 +15,9 @@ namespace {
 
 class LayoutPaginator : public PageTable {
  public:
-  explicit LayoutPaginator(DocumentParts& parts) {
-    const DocumentLayout layout(parts);
+  LayoutPaginator(DocumentParts& parts, bool lastBreaks) {
+    const DocumentLayout layout(parts, lastBreaks);
+    keptLastBreaks_ = layout.KeptLastBreaks();
     count_ = layout.PageCount();
     numberings_ = layout.Numberings();
     for (const PageFiller::Placed& placed : layout.Placed()) {
@@ -35,7 +36,7 @@ class LayoutPaginator : public PageTable {
     footnotes_ = PlaceNotes(*footnotes.front(), pages);
   }
 
-  std::string Basis() const override { return "layout"; }
+  std::string Basis() const override { return keptLastBreaks_ ? "layout and breaks that Word left" : "layout"; }
 
  private:
   static void Compress(std::vector<PageStart>& starts) {
@@ -48,12 +49,14 @@ class LayoutPaginator : public PageTable {
     }
     starts = std::move(kept);
   }
+
+  bool keptLastBreaks_{false};
 };
 
 }  // namespace
 
-std::unique_ptr<Paginator> MakeLayoutPaginator(DocumentParts& parts) {
-  return std::make_unique<LayoutPaginator>(parts);
+std::unique_ptr<Paginator> MakeLayoutPaginator(DocumentParts& parts, bool lastBreaks) {
+  return std::make_unique<LayoutPaginator>(parts, lastBreaks);
 }
 
 }  // namespace docx::layout

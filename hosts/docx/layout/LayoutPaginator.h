@@ -8,6 +8,7 @@ namespace docx::layout {
 
 /// Pages by laying the document out. All is computed at once, in time proportional to the document. Never nullptr.
 /// @throws PackageError when a part that the pages depend on cannot be read
-std::unique_ptr<Paginator> MakeLayoutPaginator(DocumentParts& parts);
+/// @param lastBreaks pages that Word began when it last laid the document out begin there, where that is still true
+std::unique_ptr<Paginator> MakeLayoutPaginator(DocumentParts& parts, bool lastBreaks);
 
 }  // namespace docx::layout

@@ -9,6 +9,8 @@ namespace {
 constexpr double kSlack = 1;            // twips that sums of rounded heights may be too much
 constexpr double kLeastProgress = 240;  // twips of a footnote that each page takes at least
 constexpr int kBalanceSteps = 14;
+/// Of a page's height: how far the layout can be from Word's break where nothing has changed since.
+constexpr double kNear = 0.1;
 
 }  // namespace
 
@@ -151,6 +153,44 @@ PageFiller::Fit PageFiller::FitColumn(const std::vector<FlowItem>& items, std::s
   fit.used = used;
   fit.notes = notes;
   return fit;
+}
+
+PageFiller::Fit PageFiller::KeepLastBreak(std::vector<FlowItem>& items, std::size_t begin, double height,
+                                          const Fit& fit) {
+  if (!options_.lastBreaks || section_->columns.size() > 1) return fit;
+  const double near = height * kNear;
+  const auto found = [&](std::size_t at) { return at > begin && at < items.size() && items[at].lastBreak >= 0; };
+  std::size_t end = 0;
+  double distance = 0;
+  for (std::size_t i = fit.end; i > begin && distance <= near; --i) {
+    if (found(i)) {
+      end = i;
+      break;
+    }
+    distance += items[i - 1].height + items[i - 1].before;
+  }
+  if (end == 0 && fit.end < items.size()) {
+    distance = 0;
+    for (std::size_t i = fit.end; i < items.size() && distance <= near; ++i) {
+      if (i > fit.end && found(i)) {
+        end = i;
+        break;
+      }
+      if (items[i].breakBefore != BreakBefore::kNone) break;
+      distance += items[i].height + items[i].before;
+    }
+  }
+  if (end == 0) return fit;
+  keptLastBreaks_ = true;
+  // What Word has on the line before the break stays on the page before.
+  if (!items[end].row) items[end].position = items[end].lastBreak;
+  if (end == fit.end && !fit.divides) return fit;
+  Fit kept;
+  kept.end = end;
+  const std::size_t placed = std::min(end - begin, marks_.size());
+  kept.used = placed > 0 ? marks_[placed - 1].used : fit.used;
+  kept.notes = placed > 0 ? marks_[placed - 1].notes : fit.notes;
+  return kept;
 }
 
 PageFiller::Fit PageFiller::Shorten(const std::vector<FlowItem>& items, std::size_t begin, std::size_t overflow) const {
@@ -298,7 +338,7 @@ void PageFiller::Fill(Flow& flow, bool balanced, std::vector<Placed>& placed) {
       }
       if (balanced && section_->columns.size() > 1) height = BalancedHeight(items, begin, height, top);
     }
-    Fit fit = FitColumn(items, begin, height, top, carried_);
+    const Fit fit = KeepLastBreak(items, begin, height, FitColumn(items, begin, height, top, carried_));
     for (std::size_t i = begin; i < fit.end; ++i) {
       const double used = i - begin < marks_.size() ? marks_[i - begin].used : fit.used;
       Place(items[i], top_ + used - items[i].height, placed);

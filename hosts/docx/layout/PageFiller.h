@@ -24,6 +24,7 @@ class PageFiller {
     bool evenAndOdd{false};      ///< even pages have headers of their own
     double noteSeparator{0};     ///< height of what stands above the notes of a page
     double noteContinuation{0};  ///< the same where notes go on from the page before
+    bool lastBreaks{false};      ///< pages that Word began are begun there too, where that is still true
   };
   /// A line or row and the page that it came to stand on.
   struct Placed {
@@ -43,6 +44,8 @@ class PageFiller {
   /// @param placed gets what stands where
   void Fill(Flow& flow, bool balanced, std::vector<Placed>& placed);
 
+  /// Whether a page began where Word had begun one, and by no reason of the layout alone.
+  bool KeptLastBreaks() const { return keptLastBreaks_; }
   /// The last page so far.
   int Page() const { return page_; }
   /// Of every section begun.
@@ -65,6 +68,8 @@ class PageFiller {
   };
 
   Fit FitColumn(const std::vector<FlowItem>& items, std::size_t begin, double height, TopSpace top, double carried);
+  /// Moves a column's end to where Word began a page, if that is near.
+  Fit KeepLastBreak(std::vector<FlowItem>& items, std::size_t begin, double height, const Fit& fit);
   Fit Shorten(const std::vector<FlowItem>& items, std::size_t begin, std::size_t overflow) const;
   double BalancedHeight(const std::vector<FlowItem>& items, std::size_t begin, double height, TopSpace top);
   void Place(const FlowItem& item, double top, std::vector<Placed>& placed);
@@ -87,6 +92,7 @@ class PageFiller {
   double after_{0};      // space that the section before wants behind it
   double carried_{0};    // of footnotes, to the next column
   double pageNotes_{0};  // at the page's foot, of the sections before
+  bool keptLastBreaks_{false};
   std::vector<PageNumbering> numberings_;
   std::unordered_map<const pugi::xml_node_struct*, int> notePages_;
 

@@ -310,6 +310,14 @@ void LineMaker::Make(const Paragraph& paragraph, double width, std::vector<Line>
     from = to;
     if (!more) break;
   } while (true);
+  // Word's lines need not be ours: a page that it began in a line's second half began with the next line.
+  std::size_t broken = 0;
+  for (const Position lastBreak : paragraph.lastBreaks) {
+    while (broken + 1 < lines.size() && lines[broken + 1].start <= lastBreak) ++broken;
+    const Position end = broken + 1 < lines.size() ? lines[broken + 1].start : paragraph.end;
+    const bool second = broken + 1 < lines.size() && lastBreak - lines[broken].start > end - lastBreak;
+    lines[second ? broken + 1 : broken].lastBreak = lastBreak;
+  }
   // Notes go with the line that their reference stands on.
   std::size_t at = 0;
   for (const Piece& piece : paragraph.pieces) {

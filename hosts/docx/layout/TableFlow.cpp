@@ -158,6 +158,8 @@ void FlowBuilder::AddTable(const Table& table, double width, Before& before, Flo
         built.flow = {};
       }
     }
+    const CellFlow& firstCell = item.row->cells.front();
+    if (!firstCell.flow.items.empty()) item.lastBreak = firstCell.flow.items.front().lastBreak;
     item.height = item.row->Height();
     for (std::size_t m = 0; m < merges.size();) {
       const auto goesOn = [&](const Row& below) {

@@ -10,7 +10,7 @@ std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source
   switch (source) {
     case PageSource::kAuto:
     case PageSource::kLayout:
-      return layout::MakeLayoutPaginator(parts);
+      return layout::MakeLayoutPaginator(parts, source == PageSource::kAuto);
     case PageSource::kPdf:
       return std::make_unique<PdfPaginator>(parts, *pdfMaker);
     case PageSource::kFile:

@@ -113,6 +113,40 @@ TEST(LayoutSpaces, GoAtTheTopOfAPageButNotBehindABreak) {
   EXPECT_DOUBLE_EQ(broken.Lines().back().top, 1740);
 }
 
+/// A page that Word began two lines before the layout would have.
+std::string WithLastBreak(int line) {
+  std::string blocks;
+  for (int i = 1; i <= 2 * kPerPage; ++i) {
+    blocks += P((i == line ? paged::kMark : "") + Text("a" + std::to_string(i) + "."), kTall);
+  }
+  return blocks;
+}
+
+TEST(LayoutLastBreaks, CountWhereTheyAreStillTrue) {
+  Document document(WithLastBreak(kPerPage));
+  document.source = docx::PageSource::kAuto;
+  EXPECT_EQ(document.PageOf(u"a17."), 1);
+  EXPECT_EQ(document.PageOf(u"a18."), 2);
+  EXPECT_EQ(document.Pages().Basis(), "layout and breaks that Word left");
+  Document later(WithLastBreak(kPerPage + 2));
+  later.source = docx::PageSource::kAuto;
+  EXPECT_EQ(later.PageOf(u"a19."), 1);
+  EXPECT_EQ(later.PageOf(u"a20."), 2);
+}
+
+TEST(LayoutLastBreaks, DoNotCountFarFromWhereAPageEnds) {
+  Document document(WithLastBreak(7));
+  document.source = docx::PageSource::kAuto;
+  EXPECT_EQ(document.PageOf(u"a18."), 1);
+  EXPECT_EQ(document.PageOf(u"a19."), 2);
+  EXPECT_EQ(document.Pages().Basis(), "layout");
+}
+
+TEST(LayoutLastBreaks, DoNotCountForTheLayoutAlone) {
+  Document document(WithLastBreak(kPerPage));
+  EXPECT_EQ(document.PageOf(u"a18."), 1);
+}
+
 TEST(LayoutSections, BeginPagesAndCountBlankOnes) {
   Document document(Lines("a", 1) + EndOf(Section("nextPage")) + Lines("b", 1) + Section("oddPage"));
   EXPECT_EQ(document.PageOf(u"b1"), 3);
