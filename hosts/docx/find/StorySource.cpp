@@ -89,7 +89,7 @@ bool StorySource::ShownByFields(Position position) const {
 
 bool StorySource::InHiddenRun(const Atom& atom) {
   if (!atom.InRun() || !scope_.hidden) return false;
-  const pugi::xml_node run = atom.Node().parent();
+  const XmlNode run = atom.Node().Parent();
   if (run != run_) {
     run_ = run;
     runHidden_ = scope_.hidden(run);

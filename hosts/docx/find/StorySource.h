@@ -1,6 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "hosts/docx/xml/XmlNode.h"
 
 #include <functional>
 #include <vector>
@@ -16,7 +16,7 @@ struct SearchScope {
   bool showHidden{false};      ///< the window shows hidden text, entries (XE) with their codes included
   bool showFieldCodes{false};  ///< the window shows codes in the place of results
   /// Whether a run's text is hidden by its formatting; empty when none is.
-  std::function<bool(pugi::xml_node run)> hidden{};
+  std::function<bool(XmlNode run)> hidden{};
 };
 
 /// A story as a search sees it. The story must not change while it lives.
@@ -50,7 +50,7 @@ class StorySource : public TextSource {
   AtomSequence::TextBlock block_;
   std::vector<Open> open_;  // outermost first
   Position atomEnd_{-1};
-  pugi::xml_node run_;
+  XmlNode run_;
   bool runHidden_{false};
 };
 

@@ -21,7 +21,7 @@ constexpr int kDeepest = 40;
 constexpr int kMostColumns = 200;
 constexpr int kDefaultSideMargin = 115;
 
-bool IsElement(pugi::xml_node node) { return node.type() == pugi::node_element; }
+bool IsElement(XmlNode node) { return node.Type() == XmlType::kElement; }
 
 /// Which of a table style's conditional formats a w:tblLook asks for.
 struct TableLook {
@@ -32,14 +32,14 @@ struct TableLook {
   bool rowBands{true};
 };
 
-TableLook ReadLook(const XmlPart& part, pugi::xml_node tblLook) {
+TableLook ReadLook(const XmlPart& part, XmlNode tblLook) {
   TableLook look;
   if (!tblLook) return look;
   int bits = 0;
   const std::string_view value = ValueOf(part, tblLook);
   std::from_chars(value.data(), value.data() + value.size(), bits, 16);
   const auto flag = [&](const char* name, int bit) {
-    const std::string_view text = part.Attribute(tblLook, name).value();
+    const std::string_view text = part.Attribute(tblLook, name).Value();
     return text.empty() ? (bits & bit) != 0 : text == "1" || text == "true" || text == "on";
   };
   look.firstRow = flag("firstRow", 0x20);
@@ -51,9 +51,9 @@ TableLook ReadLook(const XmlPart& part, pugi::xml_node tblLook) {
 }
 
 /// A preferred width: twips, or a share of the room.
-void ReadWidth(const XmlPart& part, pugi::xml_node width, double& twips, double& share) {
-  const std::string_view type = part.Attribute(width, "type").value();
-  const std::string_view text = part.Attribute(width, "w").value();
+void ReadWidth(const XmlPart& part, XmlNode width, double& twips, double& share) {
+  const std::string_view type = part.Attribute(width, "type").Value();
+  const std::string_view text = part.Attribute(width, "w").Value();
   if (type == "pct" || text.ends_with('%')) {
     double number = 0;
     std::from_chars(text.data(), text.data() + text.size(), number);
@@ -63,9 +63,9 @@ void ReadWidth(const XmlPart& part, pugi::xml_node width, double& twips, double&
   }
 }
 
-int CountRows(const XmlPart& part, pugi::xml_node parent) {
+int CountRows(const XmlPart& part, XmlNode parent) {
   int rows = 0;
-  for (const pugi::xml_node child : parent.children()) {
+  for (const XmlNode child : parent.Children()) {
     switch (part.TagOf(child)) {
       case Tag::kTr:
         ++rows;
@@ -85,16 +85,16 @@ int CountRows(const XmlPart& part, pugi::xml_node parent) {
   return rows;
 }
 
-void AppendMathText(pugi::xml_node math, std::u16string& text) {
-  for (pugi::xml_node node = math.first_child(); node;) {
-    if (LocalName(node) == "t") text += ToUtf16(node.text().get());
-    if (node.first_child() && LocalName(node) != "t") {
-      node = node.first_child();
+void AppendMathText(XmlNode math, std::u16string& text) {
+  for (XmlNode node = math.FirstChild(); node;) {
+    if (LocalName(node) == "t") text += ToUtf16(node.OnlyText().value_or(""));
+    if (node.FirstChild() && LocalName(node) != "t") {
+      node = node.FirstChild();
       continue;
     }
-    while (node != math && !node.next_sibling()) node = node.parent();
+    while (node != math && !node.NextSibling()) node = node.Parent();
     if (node == math) return;
-    node = node.next_sibling();
+    node = node.NextSibling();
   }
 }
 
@@ -117,7 +117,7 @@ BlockReader::BlockReader(Formats& formats, const XmlPart& part, const Story* sto
   place_ = atoms_->Begin();
 }
 
-std::vector<Block> BlockReader::Read(pugi::xml_node container) {
+std::vector<Block> BlockReader::Read(XmlNode container) {
   std::vector<Block> blocks;
   open_.reset();
   ReadBlocks(container, false, nullptr, blocks);
@@ -130,16 +130,15 @@ void BlockReader::CloseParagraph(std::vector<Block>& into) {
   open_.reset();
 }
 
-Position BlockReader::Meet(pugi::xml_node element) {
+Position BlockReader::Meet(XmlNode element) {
   if (atoms_ == nullptr || atoms_->IsEnd(place_)) return 0;
   const Position at = place_.start;
-  if (atoms_->Get(place_).element == element.internal_object()) place_ = atoms_->Next(place_);
+  if (atoms_->Get(place_).element == element.Data()) place_ = atoms_->Next(place_);
   return at;
 }
 
-void BlockReader::ReadBlocks(pugi::xml_node container, bool deleted, const TableValues* cell,
-                             std::vector<Block>& into) {
-  for (const pugi::xml_node child : container.children()) {
+void BlockReader::ReadBlocks(XmlNode container, bool deleted, const TableValues* cell, std::vector<Block>& into) {
+  for (const XmlNode child : container.Children()) {
     switch (part_.TagOf(child)) {
       case Tag::kP:
         ReadParagraph(child, deleted, cell, into);
@@ -176,10 +175,9 @@ void BlockReader::ReadBlocks(pugi::xml_node container, bool deleted, const Table
   }
 }
 
-void BlockReader::ReadParagraph(pugi::xml_node element, bool deleted, const TableValues* cell,
-                                std::vector<Block>& into) {
-  const pugi::xml_node properties = part_.Child(element, Tag::kPPr);
-  const pugi::xml_node markProperties = part_.Child(properties, Tag::kRPr);
+void BlockReader::ReadParagraph(XmlNode element, bool deleted, const TableValues* cell, std::vector<Block>& into) {
+  const XmlNode properties = part_.Child(element, Tag::kPPr);
+  const XmlNode markProperties = part_.Child(properties, Tag::kRPr);
   const bool goesOn = open_ != nullptr;
   if (!goesOn) {
     open_ = std::make_unique<Paragraph>();
@@ -191,7 +189,7 @@ void BlockReader::ReadParagraph(pugi::xml_node element, bool deleted, const Tabl
   open_->mark = &formats_.Text(part_, markProperties, open_->look);
   const bool markGone =
       deleted || part_.Child(markProperties, Tag::kDel) || part_.Child(markProperties, Tag::kMoveFrom);
-  open_->section = depth_ == 0 ? part_.Child(properties, Tag::kSectPr) : pugi::xml_node();
+  open_->section = depth_ == 0 ? part_.Child(properties, Tag::kSectPr) : XmlNode();
   const bool separates = OnOffOf(part_, part_.Child(markProperties, "specVanish")).value_or(false);
   if (markGone || ((open_->mark->hidden || separates) && !open_->section)) return;
 
@@ -206,15 +204,15 @@ void BlockReader::ReadParagraph(pugi::xml_node element, bool deleted, const Tabl
     open_->labelAlignment = level.alignment;
     if (level.format == "none" && open_->label.empty()) open_->labelStyle = nullptr;
   }
-  if (const pugi::xml_node frame = part_.Child(properties, "framePr")) {
-    const std::string_view wrap = part_.Attribute(frame, "wrap").value();
+  if (const XmlNode frame = part_.Child(properties, "framePr")) {
+    const std::string_view wrap = part_.Attribute(frame, "wrap").Value();
     open_->framed = wrap != "notBeside" && wrap != "none" && !part_.Attribute(frame, "dropCap");
   }
   into.push_back({std::move(open_)});
 }
 
-void BlockReader::ReadInlines(pugi::xml_node parent, bool deleted) {
-  for (const pugi::xml_node child : parent.children()) {
+void BlockReader::ReadInlines(XmlNode parent, bool deleted) {
+  for (const XmlNode child : parent.Children()) {
     switch (part_.TagOf(child)) {
       case Tag::kR:
         ReadRun(child, deleted);
@@ -257,17 +255,17 @@ void BlockReader::ReadInlines(pugi::xml_node parent, bool deleted) {
   }
 }
 
-void BlockReader::ReadRun(pugi::xml_node run, bool deleted) {
-  const pugi::xml_node properties = part_.Child(run, Tag::kRPr);
+void BlockReader::ReadRun(XmlNode run, bool deleted) {
+  const XmlNode properties = part_.Child(run, Tag::kRPr);
   style_ = &formats_.Text(part_, properties, open_->look);
-  for (const pugi::xml_node child : run.children()) {
+  for (const XmlNode child : run.Children()) {
     if (IsElement(child)) ReadContent(child, properties, deleted);
   }
 }
 
-void BlockReader::FollowField(pugi::xml_node element, bool deleted) {
+void BlockReader::FollowField(XmlNode element, bool deleted) {
   if (deleted) return;
-  const std::string_view type = part_.Attribute(element, "fldCharType").value();
+  const std::string_view type = part_.Attribute(element, "fldCharType").Value();
   if (type == "begin") {
     inCode_.push_back(true);
     ++codes_;
@@ -282,7 +280,7 @@ void BlockReader::FollowField(pugi::xml_node element, bool deleted) {
   }
 }
 
-void BlockReader::ReadContent(pugi::xml_node element, pugi::xml_node rPr, bool deleted) {
+void BlockReader::ReadContent(XmlNode element, XmlNode rPr, bool deleted) {
   const Position position = Meet(element);
   const Tag tag = part_.TagOf(element);
   if (tag == Tag::kFldChar) {
@@ -300,7 +298,7 @@ void BlockReader::ReadContent(pugi::xml_node element, pugi::xml_node rPr, bool d
       AddText(u"\t", position, PieceKind::kTab);
       break;
     case Tag::kBr: {
-      const std::string_view type = part_.Attribute(element, "type").value();
+      const std::string_view type = part_.Attribute(element, "type").Value();
       // Word does not break pages so inside a table.
       if (type == "page" && depth_ > 0) break;
       AddText(u"\n", position,
@@ -323,7 +321,7 @@ void BlockReader::ReadContent(pugi::xml_node element, pugi::xml_node rPr, bool d
       break;
     case Tag::kFootnoteReference:
     case Tag::kEndnoteReference: {
-      const bool own = part_.Attribute(element, "customMarkFollows");
+      const bool own = static_cast<bool>(part_.Attribute(element, "customMarkFollows"));
       AddText(own ? std::u16string() : notes_.Next(tag == Tag::kFootnoteReference), position, PieceKind::kNote,
               element);
       break;
@@ -338,13 +336,13 @@ void BlockReader::ReadContent(pugi::xml_node element, pugi::xml_node rPr, bool d
       ReadDrawing(element);
       break;
     case Tag::kAlternateContent:
-      for (const pugi::xml_node child : ChosenBranch(part_, element).children()) {
+      for (const XmlNode child : ChosenBranch(part_, element).Children()) {
         if (IsElement(child)) ReadContent(child, rPr, deleted);
       }
       break;
     case Tag::kRuby: {
       // The base is what takes the line's width.
-      for (const pugi::xml_node run : part_.Child(element, "rubyBase").children()) {
+      for (const XmlNode run : part_.Child(element, "rubyBase").Children()) {
         if (part_.Is(run, Tag::kR)) ReadRun(run, deleted);
       }
       break;
@@ -354,19 +352,19 @@ void BlockReader::ReadContent(pugi::xml_node element, pugi::xml_node rPr, bool d
   }
 }
 
-void BlockReader::AddText(std::u16string_view text, Position position, PieceKind kind, pugi::xml_node element) {
+void BlockReader::AddText(std::u16string_view text, Position position, PieceKind kind, XmlNode element) {
   Piece piece;
   piece.kind = kind;
   piece.style = style_;
   piece.position = position;
   piece.start = static_cast<std::uint32_t>(open_->text.size());
   piece.length = static_cast<std::uint32_t>(text.size());
-  piece.element = element.internal_object();
+  piece.element = element.Data();
   open_->text += text;
   if (!text.empty() || kind == PieceKind::kNote) open_->pieces.push_back(piece);
 }
 
-void BlockReader::AddMath(pugi::xml_node math) {
+void BlockReader::AddMath(XmlNode math) {
   if (style_ == nullptr || open_->pieces.empty()) style_ = &formats_.Text(part_, {}, open_->look);
   std::u16string text;
   AppendMathText(math, text);
@@ -379,7 +377,7 @@ void BlockReader::AddObject(double width, double height) {
   open_->pieces.back().height = static_cast<float>(height);
 }
 
-void BlockReader::ReadDrawing(pugi::xml_node element) {
+void BlockReader::ReadDrawing(XmlNode element) {
   for (const Drawing& drawing : ReadDrawings(part_, element)) {
     if (drawing.inLine) {
       AddObject(drawing.floating.width, drawing.floating.height);
@@ -389,17 +387,17 @@ void BlockReader::ReadDrawing(pugi::xml_node element) {
   }
 }
 
-std::unique_ptr<Table> BlockReader::ReadTable(pugi::xml_node element, bool deleted) {
+std::unique_ptr<Table> BlockReader::ReadTable(XmlNode element, bool deleted) {
   auto table = std::make_unique<Table>();
   table->start = atoms_ == nullptr ? 0 : place_.start;
   if (depth_ >= kDeepest) return table;
-  const pugi::xml_node properties = part_.Child(element, "tblPr");
+  const XmlNode properties = part_.Child(element, "tblPr");
   const SheetStyle* style = formats_.Styles().Table(ValueOf(part_, part_.Child(properties, "tblStyle")));
   ReadWidth(part_, part_.Child(properties, "tblW"), table->width, table->widthShare);
-  table->fixed = std::string_view(part_.Attribute(part_.Child(properties, "tblLayout"), "type").value()) == "fixed";
+  table->fixed = std::string_view(part_.Attribute(part_.Child(properties, "tblLayout"), "type").Value()) == "fixed";
   table->indent = TwipsOf(part_, part_.Child(properties, "tblInd"), "w").value_or(0);
   table->floating = static_cast<bool>(part_.Child(properties, "tblpPr"));
-  for (const pugi::xml_node column : part_.Child(element, "tblGrid").children(part_.Name("gridCol"))) {
+  for (const XmlNode column : part_.Child(element, "tblGrid").Children(part_.Name("gridCol"))) {
     if (table->grid.size() < kMostColumns) table->grid.push_back(std::max(0, TwipsOf(part_, column, "w").value_or(0)));
   }
   ++depth_;
@@ -408,25 +406,25 @@ std::unique_ptr<Table> BlockReader::ReadTable(pugi::xml_node element, bool delet
   return table;
 }
 
-void BlockReader::ReadRows(pugi::xml_node parent, bool deleted, const SheetStyle* style, Table& table, int rows) {
-  const pugi::xml_node tableNode = [&] {
-    pugi::xml_node node = parent;
-    while (node && !part_.Is(node, Tag::kTbl)) node = node.parent();
+void BlockReader::ReadRows(XmlNode parent, bool deleted, const SheetStyle* style, Table& table, int rows) {
+  const XmlNode tableNode = [&] {
+    XmlNode node = parent;
+    while (node && !part_.Is(node, Tag::kTbl)) node = node.Parent();
     return node;
   }();
-  const pugi::xml_node tblPr = part_.Child(tableNode, "tblPr");
+  const XmlNode tblPr = part_.Child(tableNode, "tblPr");
   const TableLook look = ReadLook(part_, part_.Child(tblPr, "tblLook"));
-  const pugi::xml_node borders = part_.Child(tblPr, "tblBorders");
-  for (const pugi::xml_node child : parent.children()) {
+  const XmlNode borders = part_.Child(tblPr, "tblBorders");
+  for (const XmlNode child : parent.Children()) {
     switch (part_.TagOf(child)) {
       case Tag::kTr: {
-        const pugi::xml_node properties = part_.Child(child, Tag::kTrPr);
+        const XmlNode properties = part_.Child(child, Tag::kTrPr);
         const bool gone = deleted || part_.Child(properties, Tag::kDel);
         Row row;
         row.start = atoms_ == nullptr ? 0 : place_.start;
-        const pugi::xml_node height = part_.Child(properties, "trHeight");
+        const XmlNode height = part_.Child(properties, "trHeight");
         row.height = std::max(0, TwipsOf(part_, height, "val").value_or(0));
-        row.exact = std::string_view(part_.Attribute(height, "hRule").value()) == "exact";
+        row.exact = std::string_view(part_.Attribute(height, "hRule").Value()) == "exact";
         row.cannotSplit = OnOffOf(part_, part_.Child(properties, "cantSplit")).value_or(false);
         row.header = OnOffOf(part_, part_.Child(properties, "tblHeader")).value_or(false);
         const int index = static_cast<int>(table.rows.size());
@@ -478,20 +476,20 @@ void BlockReader::ReadRows(pugi::xml_node parent, bool deleted, const SheetStyle
   }
 }
 
-void BlockReader::ReadCells(pugi::xml_node parent, bool deleted, const SheetStyle* style,
+void BlockReader::ReadCells(XmlNode parent, bool deleted, const SheetStyle* style,
                             const std::vector<const char*>& rowPlaces, Table& table, Row& row, int& column) {
-  for (const pugi::xml_node child : parent.children()) {
+  for (const XmlNode child : parent.Children()) {
     switch (part_.TagOf(child)) {
       case Tag::kTc: {
-        const pugi::xml_node properties = part_.Child(child, "tcPr");
+        const XmlNode properties = part_.Child(child, "tcPr");
         Cell cell;
         cell.column = column;
         cell.span = std::clamp(NumberOf(part_, part_.Child(properties, "gridSpan")).value_or(1), 1, kMostColumns);
         column += cell.span;
         std::vector<const char*> places = rowPlaces;
-        pugi::xml_node tbl = child.parent();
-        while (tbl && !part_.Is(tbl, Tag::kTbl)) tbl = tbl.parent();
-        const pugi::xml_node tblPr = part_.Child(tbl, "tblPr");
+        XmlNode tbl = child.Parent();
+        while (tbl && !part_.Is(tbl, Tag::kTbl)) tbl = tbl.Parent();
+        const XmlNode tblPr = part_.Child(tbl, "tblPr");
         const TableLook look = ReadLook(part_, part_.Child(tblPr, "tblLook"));
         const auto strongest = places.begin();
         if (look.firstColumn && cell.column == 0) places.insert(strongest, "firstCol");
@@ -503,11 +501,11 @@ void BlockReader::ReadCells(pugi::xml_node parent, bool deleted, const SheetStyl
         cell.bottom = margins.bottom.value_or(0);
         cell.left = margins.left.value_or(kDefaultSideMargin);
         cell.right = margins.right.value_or(kDefaultSideMargin);
-        if (const pugi::xml_node merge = part_.Child(properties, "vMerge")) {
+        if (const XmlNode merge = part_.Child(properties, "vMerge")) {
           cell.mergedBelow = ValueOf(part_, merge) == "restart";
           cell.mergedAbove = !cell.mergedBelow;
         }
-        const pugi::xml_node borders = part_.Child(properties, "tcBorders");
+        const XmlNode borders = part_.Child(properties, "tcBorders");
         cell.topBorder = BorderWidth(part_, part_.Child(borders, "top"));
         cell.bottomBorder = BorderWidth(part_, part_.Child(borders, "bottom"));
         const std::string_view direction = ValueOf(part_, part_.Child(properties, "textDirection"));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "hosts/docx/xml/XmlNode.h"
 
 #include <map>
 #include <string>
@@ -33,30 +33,29 @@ class BlockReader {
   /// @param counters, notes go on from one reader to the next of a document
   BlockReader(Formats& formats, const XmlPart& part, const Story* story, NumberCounters& counters, NoteNumbers& notes);
 
-  std::vector<Block> Read(pugi::xml_node container);
+  std::vector<Block> Read(XmlNode container);
   /// What stands in a note's text for its own number.
   void SetNoteMark(std::u16string mark) { noteMark_ = std::move(mark); }
 
  private:
-  void ReadBlocks(pugi::xml_node container, bool deleted, const TableValues* cell, std::vector<Block>& into);
-  void ReadParagraph(pugi::xml_node paragraph, bool deleted, const TableValues* cell, std::vector<Block>& into);
+  void ReadBlocks(XmlNode container, bool deleted, const TableValues* cell, std::vector<Block>& into);
+  void ReadParagraph(XmlNode paragraph, bool deleted, const TableValues* cell, std::vector<Block>& into);
   /// The last paragraph of its container has no next one to go on in.
   void CloseParagraph(std::vector<Block>& into);
-  void ReadInlines(pugi::xml_node parent, bool deleted);
-  void ReadRun(pugi::xml_node run, bool deleted);
-  void ReadContent(pugi::xml_node element, pugi::xml_node rPr, bool deleted);
-  void ReadDrawing(pugi::xml_node element);
+  void ReadInlines(XmlNode parent, bool deleted);
+  void ReadRun(XmlNode run, bool deleted);
+  void ReadContent(XmlNode element, XmlNode rPr, bool deleted);
+  void ReadDrawing(XmlNode element);
   void AddObject(double width, double height);
-  void AddMath(pugi::xml_node math);
-  void AddText(std::u16string_view text, Position position, PieceKind kind = PieceKind::kText,
-               pugi::xml_node element = {});
-  std::unique_ptr<Table> ReadTable(pugi::xml_node table, bool deleted);
-  void ReadRows(pugi::xml_node parent, bool deleted, const SheetStyle* style, Table& table, int rows);
-  void ReadCells(pugi::xml_node parent, bool deleted, const SheetStyle* style, const std::vector<const char*>& places,
+  void AddMath(XmlNode math);
+  void AddText(std::u16string_view text, Position position, PieceKind kind = PieceKind::kText, XmlNode element = {});
+  std::unique_ptr<Table> ReadTable(XmlNode table, bool deleted);
+  void ReadRows(XmlNode parent, bool deleted, const SheetStyle* style, Table& table, int rows);
+  void ReadCells(XmlNode parent, bool deleted, const SheetStyle* style, const std::vector<const char*>& places,
                  Table& table, Row& row, int& column);
   /// Moves on when the next atom is that element's. @return where it stands
-  Position Meet(pugi::xml_node element);
-  void FollowField(pugi::xml_node element, bool deleted);
+  Position Meet(XmlNode element);
+  void FollowField(XmlNode element, bool deleted);
   bool Shows() const { return codes_ == 0; }
 
   Formats& formats_;

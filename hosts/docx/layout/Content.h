@@ -1,6 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "hosts/docx/xml/XmlNode.h"
 
 #include <cstdint>
 #include <memory>
@@ -46,7 +46,7 @@ struct Piece {
   std::uint32_t length{0};  ///< units of text
   float width{0};           ///< of an object
   float height{0};
-  pugi::xml_node_struct* element{nullptr};  ///< of a note's reference
+  XmlNodeData* element{nullptr};  ///< of a note's reference
 };
 
 struct Paragraph {
@@ -64,7 +64,7 @@ struct Paragraph {
   Position start{0};
   Position end{0};  ///< of the mark
   /// A w:sectPr that ends its section behind this paragraph.
-  pugi::xml_node section;
+  XmlNode section;
   bool framed{false};  ///< stands in a frame beside the text
 };
 

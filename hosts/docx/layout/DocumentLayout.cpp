@@ -24,9 +24,9 @@ constexpr int kOldestCompatibility = 12;
 
 int Compatibility(const XmlPart* settings) {
   if (settings == nullptr) return kOldestCompatibility;
-  const pugi::xml_node compat = settings->Child(settings->Root(), "compat");
-  for (const pugi::xml_node setting : compat.children(settings->Name("compatSetting"))) {
-    const std::string_view name = settings->Attribute(setting, "name").value();
+  const XmlNode compat = settings->Child(settings->Root(), "compat");
+  for (const XmlNode setting : compat.Children(settings->Name("compatSetting"))) {
+    const std::string_view name = settings->Attribute(setting, "name").Value();
     if (name == "compatibilityMode") return NumberOf(*settings, setting).value_or(kOldestCompatibility);
   }
   return kOldestCompatibility;
@@ -38,10 +38,10 @@ FontClass ClassOf(std::string_view family, std::string_view pitch) {
 }
 
 /// An r:id: the one attribute of a reference that is not WordprocessingML's.
-std::string_view RelationshipId(pugi::xml_node reference) {
-  for (const pugi::xml_attribute attribute : reference.attributes()) {
-    const std::string_view name = attribute.name();
-    if (name == "id" || name.ends_with(":id")) return attribute.value();
+std::string_view RelationshipId(XmlNode reference) {
+  for (const XmlAttribute& attribute : reference.Attributes()) {
+    const std::string_view name = attribute.Name();
+    if (name == "id" || name.ends_with(":id")) return attribute.Value();
   }
   return {};
 }
@@ -69,10 +69,10 @@ DocumentLayout::DocumentLayout(DocumentParts& parts, bool lastBreaks)
 void DocumentLayout::ReadSettings() {
   lineSettings_.compatibility = Compatibility(parts_.Settings());
   if (const XmlPart* settings = parts_.Settings()) {
-    const pugi::xml_node root = settings->Root();
+    const XmlNode root = settings->Root();
     lineSettings_.defaultTab = TwipsOf(*settings, settings->Child(root, "defaultTabStop"), "val").value_or(720);
     options_.evenAndOdd = OnOffOf(*settings, settings->Child(root, "evenAndOddHeaders")).value_or(false);
-    const pugi::xml_node compat = settings->Child(root, "compat");
+    const XmlNode compat = settings->Child(root, "compat");
     flowSettings_.addSpaces =
         OnOffOf(*settings, settings->Child(compat, "doNotUseHTMLParagraphAutoSpacing")).value_or(false);
     const auto format = [&](const char* notes) {
@@ -86,9 +86,9 @@ void DocumentLayout::ReadSettings() {
 void DocumentLayout::DescribeFonts() {
   const XmlPart* table = parts_.Related(kFontTable);
   if (table == nullptr) return;
-  for (const pugi::xml_node font : table->Root().children(table->Name("font"))) {
+  for (const XmlNode font : table->Root().Children(table->Name("font"))) {
     fonts_.Describe(
-        table->Attribute(font, "name").value(),
+        table->Attribute(font, "name").Value(),
         ClassOf(ValueOf(*table, table->Child(font, "family")), ValueOf(*table, table->Child(font, "pitch"))),
         ValueOf(*table, table->Child(font, "altName")));
   }
@@ -96,30 +96,29 @@ void DocumentLayout::DescribeFonts() {
 
 void DocumentLayout::ReadSections(const std::vector<Block>& blocks) {
   const XmlPart& part = parts_.MainPart();
-  std::vector<pugi::xml_node> properties;
+  std::vector<XmlNode> properties;
   for (const Block& block : blocks) {
     const Paragraph* paragraph = block.AsParagraph();
     if (paragraph != nullptr && paragraph->section) properties.push_back(paragraph->section);
   }
   properties.push_back(part.Child(part.Child(part.Root(), Tag::kBody), Tag::kSectPr));
-  std::vector<pugi::xml_node> inherited(6);
-  for (const pugi::xml_node sectPr : properties) {
+  std::vector<XmlNode> inherited(6);
+  for (const XmlNode sectPr : properties) {
     sections_.push_back(std::make_unique<SectionGeometry>(ReadSectionGeometry(part, sectPr)));
     MeasureHeaders(*sections_.back(), sectPr, inherited);
   }
 }
 
-void DocumentLayout::MeasureHeaders(SectionGeometry& section, pugi::xml_node sectPr,
-                                    std::vector<pugi::xml_node>& inherited) {
+void DocumentLayout::MeasureHeaders(SectionGeometry& section, XmlNode sectPr, std::vector<XmlNode>& inherited) {
   const XmlPart& main = parts_.MainPart();
   for (const bool header : {true, false}) {
     const std::size_t base = header ? 0 : 3;
-    for (const pugi::xml_node reference : sectPr.children(main.Name(header ? "headerReference" : "footerReference"))) {
-      const std::string_view type = main.Attribute(reference, "type").value();
+    for (const XmlNode reference : sectPr.Children(main.Name(header ? "headerReference" : "footerReference"))) {
+      const std::string_view type = main.Attribute(reference, "type").Value();
       inherited[base + (type == "first" ? 1 : type == "even" ? 2 : 0)] = reference;
     }
     for (std::size_t side = 0; side < 3; ++side) {
-      const pugi::xml_node reference = inherited[base + side];
+      const XmlNode reference = inherited[base + side];
       if (!reference) continue;
       XmlPart* part = parts_.ByRelationship(RelationshipId(reference));
       if (part == nullptr) continue;
@@ -129,7 +128,7 @@ void DocumentLayout::MeasureHeaders(SectionGeometry& section, pugi::xml_node sec
   }
 }
 
-double DocumentLayout::HeightOf(XmlPart& part, pugi::xml_node container, double width) {
+double DocumentLayout::HeightOf(XmlPart& part, XmlNode container, double width) {
   NumberCounters counters;
   NoteNumbers notes;
   BlockReader reader(formats_, part, nullptr, counters, notes);
@@ -139,8 +138,8 @@ double DocumentLayout::HeightOf(XmlPart& part, pugi::xml_node container, double 
 }
 
 double DocumentLayout::SeparatorHeight(XmlPart& part, Tag note, std::string_view type, double width) {
-  for (const pugi::xml_node child : part.Root().children()) {
-    if (part.Is(child, note) && part.Attribute(child, "type").value() == type) return HeightOf(part, child, width);
+  for (const XmlNode child : part.Root().Children()) {
+    if (part.Is(child, note) && part.Attribute(child, "type").Value() == type) return HeightOf(part, child, width);
   }
   return 0;
 }

@@ -32,14 +32,14 @@ class DocumentLayout {
   const std::vector<PageFiller::Placed>& Placed() const { return placed_; }
   const std::vector<PageNumbering>& Numberings() const { return filler_->Numberings(); }
   /// By the elements that refer to them.
-  const std::unordered_map<const pugi::xml_node_struct*, int>& NotePages() const { return filler_->NotePages(); }
+  const std::unordered_map<const XmlNodeData*, int>& NotePages() const { return filler_->NotePages(); }
 
  private:
   void ReadSettings();
   void DescribeFonts();
   void ReadSections(const std::vector<Block>& blocks);
-  void MeasureHeaders(SectionGeometry& section, pugi::xml_node sectPr, std::vector<pugi::xml_node>& inherited);
-  double HeightOf(XmlPart& part, pugi::xml_node container, double width);
+  void MeasureHeaders(SectionGeometry& section, XmlNode sectPr, std::vector<XmlNode>& inherited);
+  double HeightOf(XmlPart& part, XmlNode container, double width);
   void MeasureFootnotes(double width);
   /// The height of a note that only holds a line between text and notes. @param type its w:type
   double SeparatorHeight(XmlPart& part, Tag note, std::string_view type, double width);

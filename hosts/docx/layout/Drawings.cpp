@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdlib>
+#include <string>
 #include <string_view>
 
 namespace docx::layout {
@@ -11,37 +13,38 @@ namespace {
 constexpr double kEmusPerTwip = 635;
 constexpr double kTallest = 31680;  // twips
 
-double Emus(pugi::xml_attribute attribute) {
-  return std::clamp(attribute.as_double() / kEmusPerTwip, -kTallest, kTallest);
-}
+double Emus(XmlAttribute attribute) { return std::clamp(attribute.AsDouble() / kEmusPerTwip, -kTallest, kTallest); }
 
-pugi::xml_node LocalChild(pugi::xml_node parent, std::string_view local) {
-  for (const pugi::xml_node child : parent.children()) {
+/// The number that an element holds; 0 for none.
+double NumberIn(XmlNode element) { return std::strtod(std::string(element.OnlyText().value_or("")).c_str(), nullptr); }
+
+XmlNode LocalChild(XmlNode parent, std::string_view local) {
+  for (const XmlNode child : parent.Children()) {
     if (LocalName(child) == local) return child;
   }
   return {};
 }
 
-Drawing ReadDrawingMl(pugi::xml_node frame, bool inLine) {
+Drawing ReadDrawingMl(XmlNode frame, bool inLine) {
   Drawing drawing;
   drawing.inLine = inLine;
   Floating& floating = drawing.floating;
-  const pugi::xml_node extent = LocalChild(frame, "extent");
-  const pugi::xml_node effect = LocalChild(frame, "effectExtent");
-  floating.width = Emus(extent.attribute("cx")) + Emus(effect.attribute("l")) + Emus(effect.attribute("r"));
-  floating.height = Emus(extent.attribute("cy")) + Emus(effect.attribute("t")) + Emus(effect.attribute("b"));
+  const XmlNode extent = LocalChild(frame, "extent");
+  const XmlNode effect = LocalChild(frame, "effectExtent");
+  floating.width = Emus(extent.Attribute("cx")) + Emus(effect.Attribute("l")) + Emus(effect.Attribute("r"));
+  floating.height = Emus(extent.Attribute("cy")) + Emus(effect.Attribute("t")) + Emus(effect.Attribute("b"));
   if (inLine) return drawing;
   using Wrap = Floating::Wrap;
   if (LocalChild(frame, "wrapTopAndBottom")) floating.wrap = Wrap::kTopAndBottom;
   for (const char* name : {"wrapSquare", "wrapTight", "wrapThrough"}) {
     if (LocalChild(frame, name)) floating.wrap = Wrap::kSquare;
   }
-  const pugi::xml_node vertical = LocalChild(frame, "positionV");
-  const std::string_view from = vertical.attribute("relativeFrom").value();
+  const XmlNode vertical = LocalChild(frame, "positionV");
+  const std::string_view from = vertical.Attribute("relativeFrom").Value();
   floating.withParagraph = from == "paragraph" || from == "line";
-  const pugi::xml_node offset = LocalChild(vertical, "posOffset");
-  floating.offset = std::clamp(offset.text().as_double() / kEmusPerTwip, -kTallest, kTallest);
-  floating.height += Emus(frame.attribute("distT")) + Emus(frame.attribute("distB"));
+  const XmlNode offset = LocalChild(vertical, "posOffset");
+  floating.offset = std::clamp(NumberIn(offset) / kEmusPerTwip, -kTallest, kTallest);
+  floating.height += Emus(frame.Attribute("distT")) + Emus(frame.Attribute("distB"));
   return drawing;
 }
 
@@ -70,9 +73,9 @@ double StyleLength(std::string_view style, std::string_view name) {
   return 0;
 }
 
-void ReadVml(pugi::xml_node element, std::vector<Drawing>& drawings) {
-  for (const pugi::xml_node shape : element.children()) {
-    const std::string_view style = shape.attribute("style").value();
+void ReadVml(XmlNode element, std::vector<Drawing>& drawings) {
+  for (const XmlNode shape : element.Children()) {
+    const std::string_view style = shape.Attribute("style").Value();
     const std::string_view name = LocalName(shape);
     if (style.empty() || name == "shapetype") continue;
     Drawing drawing;
@@ -80,7 +83,7 @@ void ReadVml(pugi::xml_node element, std::vector<Drawing>& drawings) {
     drawing.floating.width = StyleLength(style, "width");
     drawing.floating.height = StyleLength(style, "height");
     drawing.floating.offset = StyleLength(style, "margin-top");
-    const std::string_view type = LocalChild(shape, "wrap").attribute("type").value();
+    const std::string_view type = LocalChild(shape, "wrap").Attribute("type").Value();
     using Wrap = Floating::Wrap;
     drawing.floating.wrap = type == "topAndBottom"                                     ? Wrap::kTopAndBottom
                             : type == "square" || type == "tight" || type == "through" ? Wrap::kSquare
@@ -91,13 +94,13 @@ void ReadVml(pugi::xml_node element, std::vector<Drawing>& drawings) {
 
 }  // namespace
 
-std::vector<Drawing> ReadDrawings(const XmlPart& part, pugi::xml_node element) {
+std::vector<Drawing> ReadDrawings(const XmlPart& part, XmlNode element) {
   std::vector<Drawing> drawings;
   if (!part.Is(element, Tag::kDrawing)) {
     ReadVml(element, drawings);
     return drawings;
   }
-  for (const pugi::xml_node child : element.children()) {
+  for (const XmlNode child : element.Children()) {
     if (part.Is(child, Tag::kInline)) drawings.push_back(ReadDrawingMl(child, true));
     if (part.Is(child, Tag::kAnchor)) drawings.push_back(ReadDrawingMl(child, false));
   }

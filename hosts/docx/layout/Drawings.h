@@ -1,6 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "hosts/docx/xml/XmlNode.h"
 
 #include <vector>
 
@@ -15,6 +15,6 @@ struct Drawing {
 };
 
 /// @param element a w:drawing, w:pict or w:object
-std::vector<Drawing> ReadDrawings(const XmlPart& part, pugi::xml_node element);
+std::vector<Drawing> ReadDrawings(const XmlPart& part, XmlNode element);
 
 }  // namespace docx::layout

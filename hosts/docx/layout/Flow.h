@@ -31,7 +31,7 @@ struct FlowItem {
   BreakBefore breakBefore{BreakBefore::kNone};
   Position position{0};    ///< negative for what goes on from the page before
   Position lastBreak{-1};  ///< where Word began a page, here or near; -1 for nowhere
-  std::vector<pugi::xml_node_struct*> notes;
+  std::vector<XmlNodeData*> notes;
   std::unique_ptr<RowFlow> row;
   /// Rows that are repeated above this one where it begins a page, with their height.
   double headerHeight{0};

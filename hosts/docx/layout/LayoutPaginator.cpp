@@ -30,7 +30,7 @@ class LayoutPaginator : public PageTable {
     NotePages pages;
     const XmlPart& part = parts.MainPart();
     for (const auto& [reference, page] : layout.NotePages()) {
-      const pugi::xml_node node(const_cast<pugi::xml_node_struct*>(reference));
+      const XmlNode node(const_cast<XmlNodeData*>(reference));
       if (part.Is(node, Tag::kFootnoteReference)) pages.emplace(NoteId(part, node), page);
     }
     footnotes_ = PlaceNotes(*footnotes.front(), pages);

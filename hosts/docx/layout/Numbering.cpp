@@ -58,8 +58,7 @@ std::string Ordinal(int number) {
   return std::to_string(number) + ending;
 }
 
-void ReadLevel(const XmlPart& part, pugi::xml_node node, FontLibrary& fonts, const ThemeFonts& theme,
-               NumberLevel& level) {
+void ReadLevel(const XmlPart& part, XmlNode node, FontLibrary& fonts, const ThemeFonts& theme, NumberLevel& level) {
   level.start = NumberOf(part, part.Child(node, "start")).value_or(0);
   if (const auto format = part.Child(node, "numFmt")) level.format = ValueOf(part, format);
   level.text = ToUtf16(ValueOf(part, part.Child(node, "lvlText")));
@@ -78,7 +77,7 @@ void ReadLevel(const XmlPart& part, pugi::xml_node node, FontLibrary& fonts, con
   level.paragraph = ReadParagraphFormat(part, part.Child(node, Tag::kPPr));
 }
 
-std::size_t IndexOf(const XmlPart& part, pugi::xml_node level) {
+std::size_t IndexOf(const XmlPart& part, XmlNode level) {
   return static_cast<std::size_t>(std::clamp(NumberOf(part, level, "ilvl").value_or(0), 0, 8));
 }
 
@@ -91,29 +90,31 @@ Numbering::Numbering(const XmlPart* part, const XmlPart* styles, FontLibrary& fo
     std::string link;  // a style whose list this one stands for
   };
   std::map<std::string, Abstract, std::less<>> abstracts;
-  const pugi::xml_node root = part->Root();
-  for (const pugi::xml_node node : root.children(part->Name("abstractNum"))) {
-    Abstract& abstract = abstracts[part->Attribute(node, "abstractNumId").value()];
+  const XmlNode root = part->Root();
+  for (const XmlNode node : root.Children(part->Name("abstractNum"))) {
+    Abstract& abstract = abstracts[std::string(part->Attribute(node, "abstractNumId").Value())];
     abstract.link = ValueOf(*part, part->Child(node, "numStyleLink"));
-    for (const pugi::xml_node level : node.children(part->Name("lvl"))) {
+    for (const XmlNode level : node.Children(part->Name("lvl"))) {
       ReadLevel(*part, level, fonts, theme, abstract.levels[IndexOf(*part, level)]);
     }
   }
   std::map<std::string, std::string, std::less<>> abstractOf;
-  for (const pugi::xml_node node : root.children(part->Name("num"))) {
-    abstractOf[part->Attribute(node, "numId").value()] = ValueOf(*part, part->Child(node, "abstractNumId"));
+  for (const XmlNode node : root.Children(part->Name("num"))) {
+    abstractOf[std::string(part->Attribute(node, "numId").Value())] =
+        ValueOf(*part, part->Child(node, "abstractNumId"));
   }
   // A list may stand for the list of a numbering style; one step is all that Word writes.
   std::map<std::string, std::string, std::less<>> listOfStyle;
   if (styles != nullptr) {
-    for (const pugi::xml_node style : styles->Root().children(styles->Name("style"))) {
-      const pugi::xml_node numPr = styles->Child(styles->Child(style, Tag::kPPr), "numPr");
-      if (numPr)
-        listOfStyle[styles->Attribute(style, "styleId").value()] = ValueOf(*styles, styles->Child(numPr, "numId"));
+    for (const XmlNode style : styles->Root().Children(styles->Name("style"))) {
+      const XmlNode numPr = styles->Child(styles->Child(style, Tag::kPPr), "numPr");
+      if (!numPr) continue;
+      const std::string id(styles->Attribute(style, "styleId").Value());
+      listOfStyle[id] = ValueOf(*styles, styles->Child(numPr, "numId"));
     }
   }
-  for (const pugi::xml_node node : root.children(part->Name("num"))) {
-    std::string id = part->Attribute(node, "numId").value();
+  for (const XmlNode node : root.Children(part->Name("num"))) {
+    const std::string id(part->Attribute(node, "numId").Value());
     std::string abstractId = abstractOf[id];
     auto abstract = abstracts.find(abstractId);
     if (abstract == abstracts.end()) continue;
@@ -127,9 +128,9 @@ Numbering::Numbering(const XmlPart* part, const XmlPart* styles, FontLibrary& fo
     List& list = lists_[id];
     list.abstractId = abstractId;
     list.levels = abstract->second.levels;
-    for (const pugi::xml_node change : node.children(part->Name("lvlOverride"))) {
+    for (const XmlNode change : node.Children(part->Name("lvlOverride"))) {
       NumberLevel& level = list.levels[IndexOf(*part, change)];
-      if (const pugi::xml_node own = part->Child(change, "lvl")) {
+      if (const XmlNode own = part->Child(change, "lvl")) {
         level = {};
         ReadLevel(*part, own, fonts, theme, level);
       }

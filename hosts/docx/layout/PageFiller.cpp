@@ -62,7 +62,7 @@ void PageFiller::MeasurePage() {
 NoteRoom PageFiller::RoomOfNotes(const FlowItem& item) const {
   NoteRoom room;
   const auto add = [&](const FlowItem& each) {
-    for (const pugi::xml_node_struct* reference : each.notes) {
+    for (const XmlNodeData* reference : each.notes) {
       const auto note = notes_.find(reference);
       if (note == notes_.end()) continue;
       // Only the last note may be divided.
@@ -245,7 +245,7 @@ double PageFiller::BalancedHeight(const std::vector<FlowItem>& items, std::size_
 
 void PageFiller::Place(const FlowItem& item, double top, std::vector<Placed>& placed) {
   if (item.position >= 0) placed.push_back({item.position, page_, item.endnote, top, item.height});
-  for (const pugi::xml_node_struct* reference : item.notes) notePages_.emplace(reference, page_);
+  for (const XmlNodeData* reference : item.notes) notePages_.emplace(reference, page_);
   if (!item.row) return;
   for (const CellFlow& cell : item.row->cells) PlaceCell(cell, cell.flow.items.size(), top + item.row->border, placed);
   for (const FlowItem& beside : item.row->beside) Place(beside, top, placed);

@@ -15,7 +15,7 @@ struct NoteRoom {
   double firstLine{0};  ///< what has to stand on the page of the reference
 };
 
-using NoteRooms = std::unordered_map<const pugi::xml_node_struct*, NoteRoom>;
+using NoteRooms = std::unordered_map<const XmlNodeData*, NoteRoom>;
 
 /// Fills pages with the flows of sections, one after the other.
 class PageFiller {
@@ -51,7 +51,7 @@ class PageFiller {
   /// Of every section begun.
   const std::vector<PageNumbering>& Numberings() const { return numberings_; }
   /// By the references of the notes placed, footnotes and endnotes.
-  const std::unordered_map<const pugi::xml_node_struct*, int>& NotePages() const { return notePages_; }
+  const std::unordered_map<const XmlNodeData*, int>& NotePages() const { return notePages_; }
 
  private:
   /// What begins a column keeps the space above it, or part of it, for different reasons.
@@ -94,7 +94,7 @@ class PageFiller {
   double pageNotes_{0};  // at the page's foot, of the sections before
   bool keptLastBreaks_{false};
   std::vector<PageNumbering> numberings_;
-  std::unordered_map<const pugi::xml_node_struct*, int> notePages_;
+  std::unordered_map<const XmlNodeData*, int> notePages_;
 
   /// How a column stood behind each of its items, while it is being filled.
   struct Mark {

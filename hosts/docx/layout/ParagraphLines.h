@@ -22,8 +22,8 @@ struct Line {
   double height{0};
   Position start{0};
   BreakBehind behind{BreakBehind::kNone};
-  Position lastBreak{-1};  ///< where Word began a page, at the line's start or near it; -1 for nowhere
-  std::vector<pugi::xml_node_struct*> notes;  ///< references to notes, in order
+  Position lastBreak{-1};           ///< where Word began a page, at the line's start or near it; -1 for nowhere
+  std::vector<XmlNodeData*> notes;  ///< references to notes, in order
 };
 
 /// Divides a paragraph into lines.

@@ -12,15 +12,15 @@ namespace {
 constexpr double kPerPoint = 20;
 constexpr double kNarrowest = 20;
 
-std::vector<double> ReadColumns(const XmlPart& part, pugi::xml_node columns, double width, int count) {
+std::vector<double> ReadColumns(const XmlPart& part, XmlNode columns, double width, int count) {
   const std::optional<bool> equal = [&]() -> std::optional<bool> {
-    const std::string_view text = part.Attribute(columns, "equalWidth").value();
+    const std::string_view text = part.Attribute(columns, "equalWidth").Value();
     if (text.empty()) return {};
     return text == "1" || text == "true" || text == "on";
   }();
   std::vector<double> widths;
   if (!equal.value_or(true)) {
-    for (const pugi::xml_node column : columns.children(part.Name("col"))) {
+    for (const XmlNode column : columns.Children(part.Name("col"))) {
       if (static_cast<int>(widths.size()) >= count) break;
       widths.push_back(std::max(kNarrowest, static_cast<double>(TwipsOf(part, column, "w").value_or(0))));
     }
@@ -47,12 +47,12 @@ double SectionGeometry::BodyBottom(PageSide side) const {
   return height - (taken > 0 ? std::max(bottom, footer + taken) : bottom);
 }
 
-SectionGeometry ReadSectionGeometry(const XmlPart& part, pugi::xml_node sectPr) {
+SectionGeometry ReadSectionGeometry(const XmlPart& part, XmlNode sectPr) {
   SectionGeometry section;
   section.setup = ReadPageSetup(part, sectPr);
   section.width = section.setup.paperWidth * kPerPoint;
   section.height = section.setup.paperHeight * kPerPoint;
-  const pugi::xml_node margins = part.Child(sectPr, "pgMar");
+  const XmlNode margins = part.Child(sectPr, "pgMar");
   const auto length = [&](const char* name, double otherwise) {
     return static_cast<double>(TwipsOf(part, margins, name).value_or(static_cast<int>(otherwise)));
   };
@@ -65,8 +65,8 @@ SectionGeometry ReadSectionGeometry(const XmlPart& part, pugi::xml_node sectPr) 
   section.footer = std::max(0.0, length("footer", 720));
   section.columns = ReadColumns(part, part.Child(sectPr, "cols"), section.TextWidth(), section.setup.columns);
   section.titlePage = OnOffOf(part, part.Child(sectPr, "titlePg")).value_or(false);
-  const pugi::xml_node grid = part.Child(sectPr, "docGrid");
-  const std::string_view type = part.Attribute(grid, "type").value();
+  const XmlNode grid = part.Child(sectPr, "docGrid");
+  const std::string_view type = part.Attribute(grid, "type").Value();
   if (type == "lines" || type == "linesAndChars" || type == "snapToChars") {
     section.gridPitch = std::max(0, TwipsOf(part, grid, "linePitch").value_or(0));
   }

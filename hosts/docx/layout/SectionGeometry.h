@@ -1,6 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "hosts/docx/xml/XmlNode.h"
 
 #include <array>
 #include <vector>
@@ -39,6 +39,6 @@ struct SectionGeometry {
 };
 
 /// @param sectPr may be empty
-SectionGeometry ReadSectionGeometry(const XmlPart& part, pugi::xml_node sectPr);
+SectionGeometry ReadSectionGeometry(const XmlPart& part, XmlNode sectPr);
 
 }  // namespace docx::layout

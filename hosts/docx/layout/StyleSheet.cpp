@@ -24,14 +24,14 @@ SheetStyle::Kind KindOf(std::string_view type) {
 }
 
 /// @param node a w:style or a w:tblStylePr
-TableValues ReadTableValues(const XmlPart& part, pugi::xml_node node, FontLibrary& fonts, const ThemeFonts& theme) {
+TableValues ReadTableValues(const XmlPart& part, XmlNode node, FontLibrary& fonts, const ThemeFonts& theme) {
   TableValues values;
   values.run = ReadCharacterValues(part, part.Child(node, Tag::kRPr), fonts, theme);
   values.paragraph = ReadParagraphFormat(part, part.Child(node, Tag::kPPr));
-  const pugi::xml_node tblPr = part.Child(node, "tblPr");
+  const XmlNode tblPr = part.Child(node, "tblPr");
   values.margins = ReadCellMargins(part, part.Child(part.Child(node, "tcPr"), "tcMar"));
   values.margins.Inherit(ReadCellMargins(part, part.Child(tblPr, "tblCellMar")));
-  const pugi::xml_node borders = part.Child(tblPr, "tblBorders");
+  const XmlNode borders = part.Child(tblPr, "tblBorders");
   values.borderInside = BorderWidth(part, part.Child(borders, "insideH"));
   values.borderOutside = BorderWidth(part, part.Child(borders, "top"));
   return values;
@@ -39,7 +39,7 @@ TableValues ReadTableValues(const XmlPart& part, pugi::xml_node node, FontLibrar
 
 }  // namespace
 
-std::optional<int> BorderWidth(const XmlPart& part, pugi::xml_node border) {
+std::optional<int> BorderWidth(const XmlPart& part, XmlNode border) {
   if (!border) return {};
   const std::string_view kind = ValueOf(part, border);
   if (kind == "nil" || kind == "none") return 0;
@@ -47,7 +47,7 @@ std::optional<int> BorderWidth(const XmlPart& part, pugi::xml_node border) {
   return eighths * 20 / 8 * (kind == "double" ? 3 : kind == "triple" ? 5 : 1);
 }
 
-CellMargins ReadCellMargins(const XmlPart& part, pugi::xml_node margins) {
+CellMargins ReadCellMargins(const XmlPart& part, XmlNode margins) {
   CellMargins read;
   const auto side = [&](const char* name) { return TwipsOf(part, part.Child(margins, name), "w"); };
   read.top = side("top");
@@ -77,22 +77,22 @@ void TableValues::Inherit(const TableValues& base) {
 StyleSheet::StyleSheet(const XmlPart* part, const Numbering& numbering, FontLibrary& fonts, const ThemeFonts& theme,
                        int compatibility) {
   if (part == nullptr) return;
-  const pugi::xml_node defaults = part->Child(part->Root(), "docDefaults");
+  const XmlNode defaults = part->Child(part->Root(), "docDefaults");
   runDefaults_ = ReadCharacterValues(*part, part->Child(part->Child(defaults, "rPrDefault"), Tag::kRPr), fonts, theme);
   paragraphDefaults_ = ReadParagraphFormat(*part, part->Child(part->Child(defaults, "pPrDefault"), Tag::kPPr));
 
   std::vector<std::string> basedOn;
-  for (const pugi::xml_node node : part->Root().children(part->Name("style"))) {
+  for (const XmlNode node : part->Root().Children(part->Name("style"))) {
     SheetStyle style;
-    style.id = part->Attribute(node, "styleId").value();
+    style.id = part->Attribute(node, "styleId").Value();
     style.name = FoldFontName(ValueOf(*part, part->Child(node, "name")));
-    style.kind = KindOf(part->Attribute(node, "type").value());
+    style.kind = KindOf(part->Attribute(node, "type").Value());
     if (style.kind == SheetStyle::Kind::kTable) {
       style.table = ReadTableValues(*part, node, fonts, theme);
-      for (const pugi::xml_node place : node.children(part->Name("tblStylePr"))) {
-        style.places[part->Attribute(place, "type").value()] = ReadTableValues(*part, place, fonts, theme);
+      for (const XmlNode place : node.Children(part->Name("tblStylePr"))) {
+        style.places[std::string(part->Attribute(place, "type").Value())] = ReadTableValues(*part, place, fonts, theme);
       }
-      const pugi::xml_node tblPr = part->Child(node, "tblPr");
+      const XmlNode tblPr = part->Child(node, "tblPr");
       style.rowBand = std::max(1, NumberOf(*part, part->Child(tblPr, "tblStyleRowBandSize")).value_or(1));
       style.columnBand = std::max(1, NumberOf(*part, part->Child(tblPr, "tblStyleColBandSize")).value_or(1));
     } else {
@@ -101,7 +101,7 @@ StyleSheet::StyleSheet(const XmlPart* part, const Numbering& numbering, FontLibr
     }
     const std::size_t index = styles_.size();
     byId_.emplace(style.id, index);
-    const std::string_view isDefault = part->Attribute(node, "default").value();
+    const std::string_view isDefault = part->Attribute(node, "default").Value();
     if (isDefault == "1" || isDefault == "true" || isDefault == "on") {
       if (style.kind == SheetStyle::Kind::kParagraph) defaultParagraph_ = index;
       if (style.kind == SheetStyle::Kind::kCharacter) defaultCharacter_ = index;

@@ -76,8 +76,8 @@ class StyleSheet {
 };
 
 /// The margins that a w:tblCellMar or w:tcMar states. @param margins may be empty
-CellMargins ReadCellMargins(const XmlPart& part, pugi::xml_node margins);
+CellMargins ReadCellMargins(const XmlPart& part, XmlNode margins);
 /// What one border takes, in twips; empty when it is not stated.
-std::optional<int> BorderWidth(const XmlPart& part, pugi::xml_node border);
+std::optional<int> BorderWidth(const XmlPart& part, XmlNode border);
 
 }  // namespace docx::layout

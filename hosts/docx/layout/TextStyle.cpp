@@ -18,14 +18,14 @@ void Default(std::optional<T>& value, T otherwise) {
 }
 
 /// What makes two w:rPr differ: their elements with all attributes.
-void AppendKey(std::string& key, pugi::xml_node rPr) {
-  for (const pugi::xml_node child : rPr.children()) {
-    key += child.name();
-    for (const pugi::xml_attribute attribute : child.attributes()) {
+void AppendKey(std::string& key, XmlNode rPr) {
+  for (const XmlNode child : rPr.Children()) {
+    key += child.Name();
+    for (const XmlAttribute& attribute : child.Attributes()) {
       key += ' ';
-      key += attribute.name();
+      key += attribute.Name();
       key += '=';
-      key += attribute.value();
+      key += attribute.Value();
     }
     key += ';';
   }
@@ -53,7 +53,7 @@ const TableValues* Formats::CellValues(const SheetStyle* style, const std::vecto
   return &known->second;
 }
 
-ParagraphLook Formats::Paragraph(const XmlPart& part, pugi::xml_node pPr, const TableValues* table) const {
+ParagraphLook Formats::Paragraph(const XmlPart& part, XmlNode pPr, const TableValues* table) const {
   ParagraphLook look;
   look.table = table;
   look.style = styles_.Paragraph(ValueOf(part, part.Child(pPr, "pStyle")));
@@ -104,7 +104,7 @@ ParagraphLook Formats::Paragraph(const XmlPart& part, pugi::xml_node pPr, const 
   return look;
 }
 
-const TextStyle& Formats::Text(const XmlPart& part, pugi::xml_node rPr, const ParagraphLook& look) {
+const TextStyle& Formats::Text(const XmlPart& part, XmlNode rPr, const ParagraphLook& look) {
   std::string key;
   AppendKey(key, look.style);
   AppendKey(key, look.table);
@@ -118,7 +118,7 @@ const TextStyle& Formats::Text(const XmlPart& part, pugi::xml_node rPr, const Pa
   return *known;
 }
 
-const TextStyle& Formats::Label(const XmlPart& part, pugi::xml_node markProperties, const ParagraphLook& look) {
+const TextStyle& Formats::Label(const XmlPart& part, XmlNode markProperties, const ParagraphLook& look) {
   const NumberLevel& level = look.list->levels[static_cast<std::size_t>(look.level)];
   std::string key;
   AppendKey(key, look.style);

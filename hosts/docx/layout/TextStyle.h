@@ -57,11 +57,11 @@ class Formats {
   /// as this; nullptr without a style
   const TableValues* CellValues(const SheetStyle* style, const std::vector<const char*>& places);
   /// @param pPr may be empty @param table nullptr outside of tables; outlives what is returned
-  ParagraphLook Paragraph(const XmlPart& part, pugi::xml_node pPr, const TableValues* table) const;
+  ParagraphLook Paragraph(const XmlPart& part, XmlNode pPr, const TableValues* table) const;
   /// @param rPr may be empty @return valid as long as this
-  const TextStyle& Text(const XmlPart& part, pugi::xml_node rPr, const ParagraphLook& look);
+  const TextStyle& Text(const XmlPart& part, XmlNode rPr, const ParagraphLook& look);
   /// Of a number or bullet, whose own format is that of the paragraph mark with the level's over it.
-  const TextStyle& Label(const XmlPart& part, pugi::xml_node markProperties, const ParagraphLook& look);
+  const TextStyle& Label(const XmlPart& part, XmlNode markProperties, const ParagraphLook& look);
 
  private:
   TextStyle Settle(const CharacterValues& direct, const CharacterValues& character, const ParagraphLook& look);

@@ -9,8 +9,8 @@ namespace docx::layout {
 
 namespace {
 
-pugi::xml_node LocalChild(pugi::xml_node parent, std::string_view local) {
-  for (const pugi::xml_node child : parent.children()) {
+XmlNode LocalChild(XmlNode parent, std::string_view local) {
+  for (const XmlNode child : parent.Children()) {
     if (LocalName(child) == local) return child;
   }
   return {};
@@ -29,24 +29,24 @@ const char* ScriptOf(std::string_view language) {
 
 ThemeFonts::ThemeFonts(const XmlPart* theme, const XmlPart* settings) {
   if (theme == nullptr) return;
-  const pugi::xml_node scheme = LocalChild(LocalChild(theme->Root(), "themeElements"), "fontScheme");
+  const XmlNode scheme = LocalChild(LocalChild(theme->Root(), "themeElements"), "fontScheme");
   std::string eastern;
   if (settings != nullptr) {
-    eastern = ScriptOf(settings->Attribute(settings->Child(settings->Root(), "themeFontLang"), "eastAsia").value());
+    eastern = ScriptOf(settings->Attribute(settings->Child(settings->Root(), "themeFontLang"), "eastAsia").Value());
   }
   for (const auto& [group, prefix] : {std::pair("majorFont", "major"), std::pair("minorFont", "minor")}) {
-    const pugi::xml_node fonts = LocalChild(scheme, group);
-    const std::string latin = LocalChild(fonts, "latin").attribute("typeface").value();
-    std::string asian = LocalChild(fonts, "ea").attribute("typeface").value();
+    const XmlNode fonts = LocalChild(scheme, group);
+    const std::string latin(LocalChild(fonts, "latin").Attribute("typeface").Value());
+    std::string asian(LocalChild(fonts, "ea").Attribute("typeface").Value());
     if (asian.empty() && !eastern.empty()) {
-      for (const pugi::xml_node font : fonts.children()) {
-        if (eastern == font.attribute("script").value()) asian = font.attribute("typeface").value();
+      for (const XmlNode font : fonts.Children()) {
+        if (eastern == font.Attribute("script").Value()) asian = font.Attribute("typeface").Value();
       }
     }
     names_[std::string(prefix) + "Ascii"] = latin;
     names_[std::string(prefix) + "HAnsi"] = latin;
     names_[std::string(prefix) + "EastAsia"] = asian;
-    names_[std::string(prefix) + "Bidi"] = LocalChild(fonts, "cs").attribute("typeface").value();
+    names_[std::string(prefix) + "Bidi"] = LocalChild(fonts, "cs").Attribute("typeface").Value();
   }
 }
 

@@ -61,7 +61,7 @@ const std::unordered_map<std::string_view, NamedProperty>& CharacterProperties()
   return properties;
 }
 
-void ReadFonts(const XmlPart& part, pugi::xml_node element, CharacterValues& values, FontLibrary& fonts,
+void ReadFonts(const XmlPart& part, XmlNode element, CharacterValues& values, FontLibrary& fonts,
                const ThemeFonts& theme) {
   struct Slot {
     const char* name;
@@ -70,12 +70,12 @@ void ReadFonts(const XmlPart& part, pugi::xml_node element, CharacterValues& val
   constexpr std::array<Slot, 4> kSlots{
       {{"ascii", "asciiTheme"}, {"hAnsi", "hAnsiTheme"}, {"eastAsia", "eastAsiaTheme"}, {"cs", "cstheme"}}};
   for (std::size_t i = 0; i < kSlots.size(); ++i) {
-    const std::string& themed = theme.Name(part.Attribute(element, kSlots[i].theme).value());
-    const std::string name = themed.empty() ? part.Attribute(element, kSlots[i].name).value() : themed;
+    const std::string& themed = theme.Name(part.Attribute(element, kSlots[i].theme).Value());
+    const std::string name(themed.empty() ? part.Attribute(element, kSlots[i].name).Value() : themed);
     if (!name.empty()) values.families[i] = fonts.Family(name);
   }
-  if (const pugi::xml_attribute hint = part.Attribute(element, "hint")) {
-    values.eastAsiaHint = std::string_view(hint.value()) == "eastAsia";
+  if (const XmlAttribute hint = part.Attribute(element, "hint")) {
+    values.eastAsiaHint = std::string_view(hint.Value()) == "eastAsia";
   }
 }
 
@@ -85,7 +85,7 @@ std::optional<int> Clamped(std::optional<int> value, int least, int most) {
 }
 
 /// What a border takes above or below the text.
-int BorderRoom(const XmlPart& part, pugi::xml_node border) {
+int BorderRoom(const XmlPart& part, XmlNode border) {
   const std::string_view kind = ValueOf(part, border);
   if (kind.empty() || kind == "nil" || kind == "none") return 0;
   const int eighths = std::clamp(NumberOf(part, border, "sz").value_or(4), 2, 96);
@@ -94,21 +94,21 @@ int BorderRoom(const XmlPart& part, pugi::xml_node border) {
   return eighths * 20 / 8 * lines + space * 20;
 }
 
-void ReadBorders(const XmlPart& part, pugi::xml_node borders, ParagraphFormat& format) {
+void ReadBorders(const XmlPart& part, XmlNode borders, ParagraphFormat& format) {
   format.borderTop = BorderRoom(part, part.Child(borders, "top"));
   format.borderBottom = BorderRoom(part, part.Child(borders, "bottom"));
   format.borderBetween = BorderRoom(part, part.Child(borders, "between"));
   std::string all;
-  for (const pugi::xml_node border : borders.children()) {
+  for (const XmlNode border : borders.Children()) {
     all += LocalName(border);
-    for (const pugi::xml_attribute attribute : border.attributes()) all.append("|").append(attribute.value());
+    for (const XmlAttribute& attribute : border.Attributes()) all.append("|").append(attribute.Value());
     all += ';';
   }
   format.borders = all;
 }
 
-void ReadTabs(const XmlPart& part, pugi::xml_node tabs, ParagraphFormat& format) {
-  for (const pugi::xml_node tab : tabs.children(part.Name("tab"))) {
+void ReadTabs(const XmlPart& part, XmlNode tabs, ParagraphFormat& format) {
+  for (const XmlNode tab : tabs.Children(part.Name("tab"))) {
     const std::optional<int> position = TwipsOf(part, tab, "pos");
     if (!position) continue;
     const std::string_view kind = ValueOf(part, tab);
@@ -126,7 +126,7 @@ void ReadTabs(const XmlPart& part, pugi::xml_node tabs, ParagraphFormat& format)
                    [](const TabStop& a, const TabStop& b) { return a.position < b.position; });
 }
 
-void ReadIndents(const XmlPart& part, pugi::xml_node indents, ParagraphFormat& format) {
+void ReadIndents(const XmlPart& part, XmlNode indents, ParagraphFormat& format) {
   // Strict documents call the sides start and end.
   for (const char* side : {"start", "left"}) {
     if (const auto twips = TwipsOf(part, indents, side)) format.left = twips;
@@ -138,9 +138,9 @@ void ReadIndents(const XmlPart& part, pugi::xml_node indents, ParagraphFormat& f
   if (const auto twips = TwipsOf(part, indents, "hanging")) format.firstLine = -*twips;
 }
 
-void ReadSpacing(const XmlPart& part, pugi::xml_node spacing, ParagraphFormat& format) {
+void ReadSpacing(const XmlPart& part, XmlNode spacing, ParagraphFormat& format) {
   const auto onOff = [&](const char* name) -> std::optional<bool> {
-    const std::string_view text = part.Attribute(spacing, name).value();
+    const std::string_view text = part.Attribute(spacing, name).Value();
     if (text.empty()) return {};
     return text == "1" || text == "true" || text == "on";
   };
@@ -151,7 +151,7 @@ void ReadSpacing(const XmlPart& part, pugi::xml_node spacing, ParagraphFormat& f
   format.beforeLines = NumberOf(part, spacing, "beforeLines");
   format.afterLines = NumberOf(part, spacing, "afterLines");
   format.line = Clamped(TwipsOf(part, spacing, "line"), -kLargest, kLargest);
-  const std::string_view rule = part.Attribute(spacing, "lineRule").value();
+  const std::string_view rule = part.Attribute(spacing, "lineRule").Value();
   if (rule == "auto") format.lineRule = LineRule::kAuto;
   if (rule == "exact") format.lineRule = LineRule::kExact;
   if (rule == "atLeast") format.lineRule = LineRule::kAtLeast;
@@ -168,27 +168,27 @@ Alignment AlignmentOf(std::string_view name) {
 
 }  // namespace
 
-std::string_view LocalName(pugi::xml_node node) {
-  const std::string_view name = node.name();
+std::string_view LocalName(XmlNode node) {
+  const std::string_view name = node.Name();
   const std::size_t colon = name.find(':');
   return colon == std::string_view::npos ? name : name.substr(colon + 1);
 }
 
-std::string_view ValueOf(const XmlPart& part, pugi::xml_node element) { return part.Attribute(element, "val").value(); }
+std::string_view ValueOf(const XmlPart& part, XmlNode element) { return part.Attribute(element, "val").Value(); }
 
-std::optional<int> NumberOf(const XmlPart& part, pugi::xml_node element, const char* attribute) {
-  const std::string_view text = part.Attribute(element, attribute).value();
+std::optional<int> NumberOf(const XmlPart& part, XmlNode element, const char* attribute) {
+  const std::string_view text = part.Attribute(element, attribute).Value();
   int number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (error != std::errc()) return {};
   return std::clamp(number, -1000000, 1000000);
 }
 
-std::optional<int> TwipsOf(const XmlPart& part, pugi::xml_node element, const char* attribute) {
+std::optional<int> TwipsOf(const XmlPart& part, XmlNode element, const char* attribute) {
   return Clamped(ReadTwips(part.Attribute(element, attribute)), -kLargest, kLargest);
 }
 
-std::optional<bool> OnOffOf(const XmlPart& part, pugi::xml_node element) {
+std::optional<bool> OnOffOf(const XmlPart& part, XmlNode element) {
   if (!element) return {};
   const std::string_view text = ValueOf(part, element);
   return text != "0" && text != "false" && text != "off";
@@ -247,10 +247,9 @@ void ParagraphFormat::Inherit(const ParagraphFormat& base) {
                    [](const TabStop& a, const TabStop& b) { return a.position < b.position; });
 }
 
-CharacterValues ReadCharacterValues(const XmlPart& part, pugi::xml_node rPr, FontLibrary& fonts,
-                                    const ThemeFonts& theme) {
+CharacterValues ReadCharacterValues(const XmlPart& part, XmlNode rPr, FontLibrary& fonts, const ThemeFonts& theme) {
   CharacterValues values;
-  for (const pugi::xml_node child : rPr.children()) {
+  for (const XmlNode child : rPr.Children()) {
     const auto found = CharacterProperties().find(LocalName(child));
     if (found == CharacterProperties().end()) continue;
     switch (found->second.property) {
@@ -291,9 +290,9 @@ CharacterValues ReadCharacterValues(const XmlPart& part, pugi::xml_node rPr, Fon
   return values;
 }
 
-ParagraphFormat ReadParagraphFormat(const XmlPart& part, pugi::xml_node pPr) {
+ParagraphFormat ReadParagraphFormat(const XmlPart& part, XmlNode pPr) {
   ParagraphFormat format;
-  for (const pugi::xml_node child : pPr.children()) {
+  for (const XmlNode child : pPr.Children()) {
     const std::string_view name = LocalName(child);
     if (name == "jc") {
       format.alignment = AlignmentOf(ValueOf(part, child));

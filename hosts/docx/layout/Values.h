@@ -1,6 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "hosts/docx/xml/XmlNode.h"
 
 #include <array>
 #include <cstdint>
@@ -82,18 +82,17 @@ struct ParagraphFormat {
 };
 
 /// @param rPr may be empty
-CharacterValues ReadCharacterValues(const XmlPart& part, pugi::xml_node rPr, FontLibrary& fonts,
-                                    const ThemeFonts& theme);
+CharacterValues ReadCharacterValues(const XmlPart& part, XmlNode rPr, FontLibrary& fonts, const ThemeFonts& theme);
 /// @param pPr may be empty
-ParagraphFormat ReadParagraphFormat(const XmlPart& part, pugi::xml_node pPr);
+ParagraphFormat ReadParagraphFormat(const XmlPart& part, XmlNode pPr);
 
 /// A length that an element states in an attribute, in twips; empty for none.
-std::optional<int> TwipsOf(const XmlPart& part, pugi::xml_node element, const char* attribute);
+std::optional<int> TwipsOf(const XmlPart& part, XmlNode element, const char* attribute);
 /// Whether an element is there and does not say no; empty when it is not there.
-std::optional<bool> OnOffOf(const XmlPart& part, pugi::xml_node element);
+std::optional<bool> OnOffOf(const XmlPart& part, XmlNode element);
 /// The name without its prefix.
-std::string_view LocalName(pugi::xml_node node);
-std::string_view ValueOf(const XmlPart& part, pugi::xml_node element);
-std::optional<int> NumberOf(const XmlPart& part, pugi::xml_node element, const char* attribute = "val");
+std::string_view LocalName(XmlNode node);
+std::string_view ValueOf(const XmlPart& part, XmlNode element);
+std::optional<int> NumberOf(const XmlPart& part, XmlNode element, const char* attribute = "val");
 
 }  // namespace docx::layout

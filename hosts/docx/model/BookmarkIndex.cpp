@@ -28,13 +28,13 @@ void BookmarkIndex::Read(Story& story) {
   for (AtomSequence::Place place = atoms.Begin(); !atoms.IsEnd(place); place = atoms.Next(place)) {
     const Atom& atom = atoms.Get(place);
     if (atom.kind != AtomKind::kBookmarkStart && atom.kind != AtomKind::kBookmarkEnd) continue;
-    const std::string id = part.Attribute(atom.Node(), "id").value();
+    const std::string id(part.Attribute(atom.Node(), "id").Value());
     ids_.insert(std::atoi(id.c_str()));
     if (atom.kind == AtomKind::kBookmarkStart) {
-      Mark mark{&story, ToUtf16(part.Attribute(atom.Node(), "name").value()), atom.Node(), {}};
+      Mark mark{&story, ToUtf16(part.Attribute(atom.Node(), "name").Value()), atom.Node(), {}};
       const std::u16string key = Key(mark.name);
       const auto earlier = marks_.find(key);
-      if (earlier != marks_.end()) keys_.erase(earlier->second.first.internal_object());
+      if (earlier != marks_.end()) keys_.erase(earlier->second.first.Data());
       keys_[atom.element] = key;
       open[id] = key;
       marks_[key] = std::move(mark);
@@ -47,14 +47,14 @@ void BookmarkIndex::Read(Story& story) {
   for (const auto& [id, key] : open) {
     const auto mark = marks_.find(key);
     if (mark == marks_.end() || mark->second.last) continue;
-    keys_.erase(mark->second.first.internal_object());
+    keys_.erase(mark->second.first.Data());
     marks_.erase(mark);
   }
-  story.bookmarkRemoved = [this, &part](pugi::xml_node start) {
-    const int id = part.Attribute(start, "id").as_int();
+  story.bookmarkRemoved = [this, &part](XmlNode start) {
+    const int id = part.Attribute(start, "id").AsInt();
     ids_.erase(id);
     lowestFree_ = std::min(lowestFree_, id);
-    const auto found = keys_.find(start.internal_object());
+    const auto found = keys_.find(start.Data());
     if (found == keys_.end()) return;
     Forget(found->second);
     keys_.erase(found);
@@ -102,7 +102,7 @@ void BookmarkIndex::Add(Story& story, Position start, Position end, std::u16stri
   ids_.insert(id);
   const Story::BookmarkElements elements = story.InsertBookmark(start, end, ToUtf8(name), id);
   const std::u16string key = Key(name);
-  keys_[elements.first.internal_object()] = key;
+  keys_[elements.first.Data()] = key;
   marks_[key] = {&story, std::u16string(name), elements.first, elements.last};
   order_.clear();
 }

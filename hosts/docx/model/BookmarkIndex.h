@@ -18,8 +18,8 @@ class BookmarkIndex {
   struct Mark {
     Story* story{nullptr};
     std::u16string name;
-    pugi::xml_node first;
-    pugi::xml_node last;
+    XmlNode first;
+    XmlNode last;
   };
 
   BookmarkIndex() = default;
@@ -46,7 +46,7 @@ class BookmarkIndex {
   void Forget(const std::u16string& key);
 
   std::map<std::u16string, Mark> marks_;
-  std::unordered_map<const pugi::xml_node_struct*, std::u16string> keys_;
+  std::unordered_map<const XmlNodeData*, std::u16string> keys_;
   mutable std::vector<const std::u16string*> order_;  // the keys of marks_; empty while it has to be made anew
   // A new bookmark gets the lowest free id, so that the same steps on a document that was marked before, or never, give
   // the same ids.

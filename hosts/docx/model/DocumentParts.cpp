@@ -31,15 +31,15 @@ int HeaderStoryType(bool header, std::string_view type) {
 
 /// Calls visit for every element below a node, in document order.
 template <typename Visit>
-void ForEachElement(pugi::xml_node root, Visit visit) {
-  for (pugi::xml_node node = root.first_child(); node && node != root;) {
-    const bool deeper = node.type() != pugi::node_element || visit(node);
-    if (deeper && node.first_child()) {
-      node = node.first_child();
+void ForEachElement(XmlNode root, Visit visit) {
+  for (XmlNode node = root.FirstChild(); node && node != root;) {
+    const bool deeper = node.Type() != XmlType::kElement || visit(node);
+    if (deeper && node.FirstChild()) {
+      node = node.FirstChild();
       continue;
     }
-    while (node != root && !node.next_sibling()) node = node.parent();
-    if (node != root) node = node.next_sibling();
+    while (node != root && !node.NextSibling()) node = node.Parent();
+    if (node != root) node = node.NextSibling();
   }
 }
 
@@ -47,7 +47,7 @@ void ForEachElement(pugi::xml_node root, Visit visit) {
 
 DocumentParts::DocumentParts(std::unique_ptr<Package> package) : package_(std::move(package)) {
   mainPart_ = Load(package_->MainDocument());
-  const pugi::xml_node body = mainPart_->Child(mainPart_->Root(), Tag::kBody);
+  const XmlNode body = mainPart_->Child(mainPart_->Root(), Tag::kBody);
   if (!body) throw PackageError("is not a Word document: its main part has no body");
   stylesPart_ = LoadRelated(kStyles);
   styles_ = std::make_unique<Styles>(stylesPart_.get());
@@ -78,7 +78,7 @@ std::shared_ptr<XmlPart> DocumentParts::LoadRelated(const char* typeEnding) {
   return name.empty() ? nullptr : Load(name);
 }
 
-void DocumentParts::AddStory(std::shared_ptr<XmlPart> part, int type, const std::vector<pugi::xml_node>& containers) {
+void DocumentParts::AddStory(std::shared_ptr<XmlPart> part, int type, const std::vector<XmlNode>& containers) {
   stories_[type].push_back(std::make_unique<Story>(std::move(part), type, containers));
 }
 
@@ -97,23 +97,23 @@ void DocumentParts::LoadNotes(int type) {
   const bool foot = type == word::wdFootnotesStory;
   const Tag referenceTag = foot ? Tag::kFootnoteReference : Tag::kEndnoteReference;
   // A story holds the notes in the order of their references; a note that nothing refers to is in none.
-  std::vector<std::string> order;
+  std::vector<std::string_view> order;
   const AtomSequence& atoms = main_->Atoms();
   for (AtomSequence::Place place = atoms.Begin(); !atoms.IsEnd(place); place = atoms.Next(place)) {
     const Atom& atom = atoms.Get(place);
     if (atom.kind == AtomKind::kCharacter && mainPart_->Is(atom.Node(), referenceTag)) {
-      order.emplace_back(mainPart_->Attribute(atom.Node(), "id").value());
+      order.emplace_back(mainPart_->Attribute(atom.Node(), "id").Value());
     }
   }
   if (order.empty()) return;
   const std::shared_ptr<XmlPart> part = LoadRelated(foot ? "/footnotes" : "/endnotes");
   if (!part) return;
-  std::unordered_map<std::string, pugi::xml_node> notes;
-  for (const pugi::xml_node note : part->Root().children()) {
-    if (part->Is(note, foot ? Tag::kFootnote : Tag::kEndnote)) notes[part->Attribute(note, "id").value()] = note;
+  std::unordered_map<std::string_view, XmlNode> notes;
+  for (const XmlNode note : part->Root().Children()) {
+    if (part->Is(note, foot ? Tag::kFootnote : Tag::kEndnote)) notes[part->Attribute(note, "id").Value()] = note;
   }
-  std::vector<pugi::xml_node> containers;
-  for (const std::string& id : order) {
+  std::vector<XmlNode> containers;
+  for (const std::string_view id : order) {
     const auto note = notes.find(id);
     if (note == notes.end()) continue;
     containers.push_back(note->second);
@@ -125,45 +125,46 @@ void DocumentParts::LoadNotes(int type) {
 void DocumentParts::LoadComments() {
   const std::shared_ptr<XmlPart> part = LoadRelated("/comments");
   if (!part) return;
-  std::vector<pugi::xml_node> containers;
-  for (const pugi::xml_node comment : part->Root().children()) {
+  std::vector<XmlNode> containers;
+  for (const XmlNode comment : part->Root().Children()) {
     if (part->Is(comment, Tag::kComment)) containers.push_back(comment);
   }
   if (!containers.empty()) AddStory(part, word::wdCommentsStory, containers);
 }
 
 void DocumentParts::LoadTextBoxes() {
-  if (!mainPart_->HasTextBoxes()) return;
-  std::vector<pugi::xml_node> boxes;
-  ForEachElement(mainPart_->Root(), [&](pugi::xml_node node) {
+  if (!mainPart_->Has(Tag::kTxbxContent)) return;
+  std::vector<XmlNode> boxes;
+  ForEachElement(mainPart_->Root(), [&](XmlNode node) {
     const Tag tag = mainPart_->TagOf(node);
     if (tag == Tag::kTxbxContent) boxes.push_back(node);
     // The same box stands in every branch of an alternate content; the branch that is shown counts.
-    return tag != Tag::kFallback || !mainPart_->Child(node.parent(), Tag::kChoice);
+    return tag != Tag::kFallback || !mainPart_->Child(node.Parent(), Tag::kChoice);
   });
-  for (const pugi::xml_node box : boxes) AddStory(mainPart_, word::wdTextFrameStory, {box});
+  for (const XmlNode box : boxes) AddStory(mainPart_, word::wdTextFrameStory, {box});
 }
 
 void DocumentParts::LoadHeadersAndFooters() {
   for (int type = word::wdTextFrameStory + 1; type <= kLastStoryType; ++type) stories_[type];
-  std::unordered_map<std::string, std::string> targets;
+  if (!mainPart_->Has("headerReference") && !mainPart_->Has("footerReference")) return;
+  std::map<std::string, std::string, std::less<>> targets;
   for (const Relationship& relationship : package_->Relationships(package_->MainDocument())) {
     if (!relationship.external && package_->Has(relationship.target)) {
       targets[relationship.id] = relationship.target;
     }
   }
-  ForEachElement(mainPart_->Root(), [&](pugi::xml_node node) {
+  ForEachElement(mainPart_->Root(), [&](XmlNode node) {
     const Tag tag = mainPart_->TagOf(node);
     if (tag != Tag::kSectPr) return tag != Tag::kR && tag != Tag::kRPr && tag != Tag::kTbl;
     for (const char* local : {"headerReference", "footerReference"}) {
       const bool header = local[0] == 'h';
-      for (const pugi::xml_node reference : node.children(mainPart_->Name(local))) {
+      for (const XmlNode reference : node.Children(mainPart_->Name(local))) {
         // r:id: the one attribute of the reference that is not WordprocessingML's.
-        for (const pugi::xml_attribute attribute : reference.attributes()) {
-          const auto target = targets.find(attribute.value());
+        for (const XmlAttribute& attribute : reference.Attributes()) {
+          const auto target = targets.find(attribute.Value());
           if (target == targets.end()) continue;
           const std::shared_ptr<XmlPart> part = Load(target->second);
-          AddStory(part, HeaderStoryType(header, mainPart_->Attribute(reference, "type").value()), {part->Root()});
+          AddStory(part, HeaderStoryType(header, mainPart_->Attribute(reference, "type").Value()), {part->Root()});
         }
       }
     }
@@ -207,14 +208,14 @@ std::string DocumentParts::EnsureIndexStyle(int level) {
 }
 
 bool DocumentParts::UsesIndexStyle() const {
-  std::set<std::string> ids;
+  std::set<std::string, std::less<>> ids;
   for (int level = kIndexHeadingLevel; level <= 9; ++level) {
     if (const Style* style = styles_->ByName(IndexStyleName(level))) ids.insert(style->id);
   }
   bool uses = false;
-  ForEachElement(mainPart_->Root(), [&](pugi::xml_node node) {
+  ForEachElement(mainPart_->Root(), [&](XmlNode node) {
     if (mainPart_->Is(node, Tag::kPPr)) {
-      uses = uses || ids.contains(mainPart_->Attribute(mainPart_->Child(node, "pStyle"), "val").value());
+      uses = uses || ids.contains(mainPart_->Attribute(mainPart_->Child(node, "pStyle"), "val").Value());
     }
     const Tag tag = mainPart_->TagOf(node);
     return !uses && tag != Tag::kR && tag != Tag::kPPr;

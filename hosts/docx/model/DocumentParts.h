@@ -62,7 +62,7 @@ class DocumentParts {
   void LoadComments();
   void LoadTextBoxes();
   void LoadHeadersAndFooters();
-  void AddStory(std::shared_ptr<XmlPart> part, int type, const std::vector<pugi::xml_node>& containers);
+  void AddStory(std::shared_ptr<XmlPart> part, int type, const std::vector<XmlNode>& containers);
 
   std::unique_ptr<Package> package_;
   std::map<std::string, std::shared_ptr<XmlPart>> parts_;

@@ -85,7 +85,7 @@ class FindProxy : public word::Find {
     SearchScope scope;
     scope.showHidden = document.window.showHiddenText || document.window.showAll;
     const Formatting& formats = document.Parts().Formats(story.Part());
-    scope.hidden = [&formats](pugi::xml_node run) { return formats.Hidden(run); };
+    scope.hidden = [&formats](XmlNode run) { return formats.Hidden(run); };
     return scope;
   }
 

@@ -17,21 +17,19 @@ class FontProxy : public word::Font {
   explicit FontProxy(RangeProxyPtr range) : range_(std::move(range)) {}
 
   int Bold() const override {
-    return Common([](const Formatting& formats, pugi::xml_node run) { return formats.Bold(run); }, "Font.Bold");
+    return Common([](const Formatting& formats, XmlNode run) { return formats.Bold(run); }, "Font.Bold");
   }
   void SetBold(int value) override {
-    Change([&](const Formatting& formats, pugi::xml_node run) { docx::SetBold(formats, run, value != 0); },
-           "Font.Bold");
+    Change([&](const Formatting& formats, XmlNode run) { docx::SetBold(formats, run, value != 0); }, "Font.Bold");
   }
   int Hidden() const override {
-    return Common([](const Formatting& formats, pugi::xml_node run) { return formats.Hidden(run) ? -1 : 0; },
-                  "Font.Hidden");
+    return Common([](const Formatting& formats, XmlNode run) { return formats.Hidden(run) ? -1 : 0; }, "Font.Hidden");
   }
   int Color() const override {
-    return Common([](const Formatting& formats, pugi::xml_node run) { return formats.Color(run); }, "Font.Color");
+    return Common([](const Formatting& formats, XmlNode run) { return formats.Color(run); }, "Font.Color");
   }
   void SetColor(int value) override {
-    Change([&](const Formatting& formats, pugi::xml_node run) { docx::SetColor(formats, run, value); }, "Font.Color");
+    Change([&](const Formatting& formats, XmlNode run) { docx::SetColor(formats, run, value); }, "Font.Color");
   }
 
  private:
@@ -39,8 +37,7 @@ class FontProxy : public word::Font {
   int Common(Value value, std::string_view member) const {
     Story& story = range_->StoryOf(member);
     const Formatting& formats = range_->Document(member)->Parts().Formats(story.Part());
-    return CommonRunValue(story, range_->Start(), range_->End(),
-                          [&](pugi::xml_node run) { return value(formats, run); });
+    return CommonRunValue(story, range_->Start(), range_->End(), [&](XmlNode run) { return value(formats, run); });
   }
 
   template <typename Setter>
@@ -51,7 +48,7 @@ class FontProxy : public word::Font {
     const Formatting& formats = document->Parts().Formats(story.Part());
     const Position start = range_->Start();
     const Position end = range_->End();
-    for (const pugi::xml_node run : story.IsolateRuns(start, end)) {
+    for (const XmlNode run : story.IsolateRuns(start, end)) {
       setter(formats, run);
     }
     story.RejoinRuns(start, end);
@@ -65,30 +62,30 @@ class ParagraphFormatProxy : public word::ParagraphFormat {
   explicit ParagraphFormatProxy(RangeProxyPtr range) : range_(std::move(range)) {}
 
   int Alignment() const override {
-    return static_cast<int>(Common([](const Formatting& formats, pugi::xml_node p) { return formats.Alignment(p); },
-                                   "ParagraphFormat.Alignment"));
+    return static_cast<int>(
+        Common([](const Formatting& formats, XmlNode p) { return formats.Alignment(p); }, "ParagraphFormat.Alignment"));
   }
   void SetAlignment(int value) override {
     if (value < word::wdAlignParagraphLeft || value > word::wdAlignParagraphJustify) {
       throw word::HostError(word::kCommandFailed, u"There is no such alignment.", "ParagraphFormat.Alignment");
     }
-    Change([&](const Formatting& formats, pugi::xml_node p) { docx::SetAlignment(formats, p, value); },
+    Change([&](const Formatting& formats, XmlNode p) { docx::SetAlignment(formats, p, value); },
            "ParagraphFormat.Alignment");
   }
   double SpaceBefore() const override {
-    return Common([](const Formatting& formats, pugi::xml_node p) { return formats.SpaceBefore(p); },
+    return Common([](const Formatting& formats, XmlNode p) { return formats.SpaceBefore(p); },
                   "ParagraphFormat.SpaceBefore");
   }
   void SetSpaceBefore(double points) override {
-    Change([&](const Formatting& formats, pugi::xml_node p) { docx::SetSpaceBefore(formats, p, points); },
+    Change([&](const Formatting& formats, XmlNode p) { docx::SetSpaceBefore(formats, p, points); },
            "ParagraphFormat.SpaceBefore");
   }
   double SpaceAfter() const override {
-    return Common([](const Formatting& formats, pugi::xml_node p) { return formats.SpaceAfter(p); },
+    return Common([](const Formatting& formats, XmlNode p) { return formats.SpaceAfter(p); },
                   "ParagraphFormat.SpaceAfter");
   }
   void SetSpaceAfter(double points) override {
-    Change([&](const Formatting& formats, pugi::xml_node p) { docx::SetSpaceAfter(formats, p, points); },
+    Change([&](const Formatting& formats, XmlNode p) { docx::SetSpaceAfter(formats, p, points); },
            "ParagraphFormat.SpaceAfter");
   }
 
@@ -99,7 +96,7 @@ class ParagraphFormatProxy : public word::ParagraphFormat {
     Story& story = range_->StoryOf(member);
     Position at = range_->Start();
     do {
-      if (const pugi::xml_node p = story.ParagraphAt(at)) visit(p);
+      if (const XmlNode p = story.ParagraphAt(at)) visit(p);
       at = story.ParagraphEnd(at);
     } while (at < range_->End());
   }
@@ -109,7 +106,7 @@ class ParagraphFormatProxy : public word::ParagraphFormat {
     const Formatting& formats = range_->Document(member)->Parts().Formats(range_->StoryOf(member).Part());
     std::optional<double> common;
     bool differs = false;
-    ForEachParagraph(member, [&](pugi::xml_node p) {
+    ForEachParagraph(member, [&](XmlNode p) {
       const double here = value(formats, p);
       if (common && *common != here) differs = true;
       common = here;
@@ -122,7 +119,7 @@ class ParagraphFormatProxy : public word::ParagraphFormat {
     const std::shared_ptr<OpenDocument> document = range_->Document(member);
     document->BeforeChange(member);
     const Formatting& formats = document->Parts().Formats(range_->StoryOf(member).Part());
-    ForEachParagraph(member, [&](pugi::xml_node p) { setter(formats, p); });
+    ForEachParagraph(member, [&](XmlNode p) { setter(formats, p); });
   }
 
   RangeProxyPtr range_;

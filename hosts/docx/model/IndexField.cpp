@@ -96,18 +96,18 @@ std::vector<IndexEntry> CollectEntries(OpenDocument& document, const IndexOption
 
 /// The style and the right tab that Word gives each paragraph of an index, and nothing else but a section's end. A
 /// heading stays with the entry below it.
-void FormatParagraph(XmlPart& part, pugi::xml_node paragraph, const std::string& style, bool heading, int tabPosition) {
-  pugi::xml_node given = part.Child(paragraph, Tag::kPPr);
-  pugi::xml_node properties = paragraph.prepend_child(part.Name("pPr"));
-  part.SetAttribute(properties.append_child(part.Name("pStyle")), "val", style.c_str());
-  if (heading) properties.append_child(part.Name("keepNext"));
-  pugi::xml_node tab = properties.append_child(part.Name("tabs")).append_child(part.Name("tab"));
+void FormatParagraph(XmlPart& part, XmlNode paragraph, const std::string& style, bool heading, int tabPosition) {
+  XmlNode given = part.Child(paragraph, Tag::kPPr);
+  XmlNode properties = paragraph.PrependChild(part.Name("pPr"));
+  part.SetAttribute(properties.AppendChild(part.Name("pStyle")), "val", style.c_str());
+  if (heading) properties.AppendChild(part.Name("keepNext"));
+  XmlNode tab = properties.AppendChild(part.Name("tabs")).AppendChild(part.Name("tab"));
   part.SetAttribute(tab, "val", "right");
   part.SetAttribute(tab, "leader", "dot");
   part.SetAttribute(tab, "pos", std::to_string(tabPosition).c_str());
   if (!given) return;
-  if (const pugi::xml_node section = part.Child(given, Tag::kSectPr)) properties.append_move(section);
-  paragraph.remove_child(given);
+  if (const XmlNode section = part.Child(given, Tag::kSectPr)) properties.AppendMove(section);
+  paragraph.RemoveChild(given);
 }
 
 std::u16string TextOf(const IndexParagraph& paragraph) {
@@ -121,7 +121,7 @@ void FormatRuns(Story& main, const Written& written) {
   for (const IndexRun& run : written.paragraph->runs) {
     const Position end = at + static_cast<Position>(run.text.size());
     if (run.bold || run.italic) {
-      for (const pugi::xml_node node : main.IsolateRuns(at, end)) {
+      for (const XmlNode node : main.IsolateRuns(at, end)) {
         PropertyContainer properties = PropertyContainer::OfRun(main.Part(), node);
         if (run.bold) properties.Ensure("b");
         if (run.italic) properties.Ensure("i");

@@ -34,9 +34,9 @@ void OpenDocument::SaveAs(std::u16string_view fileName) {
 bool OpenDocument::ReadProtection() {
   XmlPart* settings = parts_.Settings();
   if (settings == nullptr) return false;
-  const pugi::xml_node protection = settings->Child(settings->Root(), "documentProtection");
-  const std::string_view enforced = settings->Attribute(protection, "enforcement").value();
-  const std::string_view edit = settings->Attribute(protection, "edit").value();
+  const XmlNode protection = settings->Child(settings->Root(), "documentProtection");
+  const std::string_view enforced = settings->Attribute(protection, "enforcement").Value();
+  const std::string_view edit = settings->Attribute(protection, "edit").Value();
   // Protection for tracked changes still allows changes.
   return (enforced == "1" || enforced == "true" || enforced == "on") && !edit.empty() && edit != "none" &&
          edit != "trackedChanges";

@@ -217,8 +217,7 @@ word::ParagraphFormatPtr RangeProxy::ParagraphFormat() const {
 int RangeProxy::HighlightColorIndex() const {
   const std::shared_ptr<OpenDocument> document = Lock(document_, "Range.HighlightColorIndex");
   const Formatting& formats = document->Parts().Formats(anchor_.Of()->Part());
-  return CommonRunValue(*anchor_.Of(), anchor_.start, anchor_.end,
-                        [&](pugi::xml_node run) { return formats.Highlight(run); });
+  return CommonRunValue(*anchor_.Of(), anchor_.start, anchor_.end, [&](XmlNode run) { return formats.Highlight(run); });
 }
 
 void RangeProxy::SetHighlightColorIndex(int value) {
@@ -229,7 +228,7 @@ void RangeProxy::SetHighlightColorIndex(int value) {
   document->BeforeChange("Range.HighlightColorIndex");
   Story& story = *anchor_.Of();
   const Formatting& formats = document->Parts().Formats(story.Part());
-  for (const pugi::xml_node run : story.IsolateRuns(anchor_.start, anchor_.end)) SetHighlight(formats, run, value);
+  for (const XmlNode run : story.IsolateRuns(anchor_.start, anchor_.end)) SetHighlight(formats, run, value);
   story.RejoinRuns(anchor_.start, anchor_.end);
 }
 

@@ -64,7 +64,7 @@ std::u16string ShownText(const Story& story, const Formatting& formats, Position
     shown = shown && (fieldCodes || (!mark && !codesOpen()));
     if (atom.kind == AtomKind::kFieldSeparator && !inCode.empty()) inCode.back() = false;
     if (atom.kind == AtomKind::kFieldEnd && !inCode.empty()) inCode.pop_back();
-    if (shown && !hidden && atom.InRun() && formats.Hidden(atom.Node().parent())) shown = false;
+    if (shown && !hidden && atom.InRun() && formats.Hidden(atom.Node().Parent())) shown = false;
     if (!shown) continue;
     const auto from = static_cast<std::size_t>(std::max(start - place.start, 0));
     const auto to = static_cast<std::size_t>(std::min(end - place.start, static_cast<Position>(atom.length)));
@@ -73,19 +73,18 @@ std::u16string ShownText(const Story& story, const Formatting& formats, Position
   return WithCellMarks(text);
 }
 
-int CommonRunValue(const Story& story, Position start, Position end,
-                   const std::function<int(pugi::xml_node run)>& value) {
+int CommonRunValue(const Story& story, Position start, Position end, const std::function<int(XmlNode run)>& value) {
   const AtomSequence& atoms = story.Atoms();
   if (start == end && start > 0) --start;
   if (start == end) ++end;
   end = std::max(end, start + 1);
   std::optional<int> common;
-  pugi::xml_node last;
+  XmlNode last;
   for (AtomSequence::Place place = atoms.At(start); !atoms.IsEnd(place) && place.start < end;
        place = atoms.Next(place)) {
     const Atom& atom = atoms.Get(place);
     if (!atom.InRun() || atom.deleted) continue;
-    const pugi::xml_node run = atom.Node().parent();
+    const XmlNode run = atom.Node().Parent();
     if (run == last) continue;
     last = run;
     const int here = value(run);

@@ -19,7 +19,6 @@ std::u16string ShownText(const Story& story, const Formatting& formats, Position
 
 /// The value that all runs with text in the stretch have, or wdUndefined. An empty stretch has that of the character
 /// before it, as text typed there would. No run at all: the value of an empty run node.
-int CommonRunValue(const Story& story, Position start, Position end,
-                   const std::function<int(pugi::xml_node run)>& value);
+int CommonRunValue(const Story& story, Position start, Position end, const std::function<int(XmlNode run)>& value);
 
 }  // namespace docx

@@ -26,8 +26,8 @@ class RevisionProxy : public word::Revision {
 };
 
 /// The revision element around a run's content, or none.
-pugi::xml_node RevisionAround(const XmlPart& part, const Atom& atom, int& type) {
-  for (pugi::xml_node node = atom.Node(); node && !part.Is(node, Tag::kBody); node = node.parent()) {
+XmlNode RevisionAround(const XmlPart& part, const Atom& atom, int& type) {
+  for (XmlNode node = atom.Node(); node && !part.Is(node, Tag::kBody); node = node.Parent()) {
     switch (part.TagOf(node)) {
       case Tag::kIns:
         type = word::wdRevisionInsert;
@@ -56,13 +56,13 @@ class RevisionsProxy : public word::Revisions {
     const Story& story = range_->StoryOf("Range.Revisions");
     if (!story.HasRevisions()) return;
     const AtomSequence& atoms = story.Atoms();
-    pugi::xml_node last;
+    XmlNode last;
     for (AtomSequence::Place place = atoms.At(range_->Start()); !atoms.IsEnd(place) && place.start < range_->End();
          place = atoms.Next(place)) {
       const Atom& atom = atoms.Get(place);
       if (atom.length == 0) continue;
       int type = 0;
-      const pugi::xml_node revision = RevisionAround(story.Part(), atom, type);
+      const XmlNode revision = RevisionAround(story.Part(), atom, type);
       const Position end = place.start + static_cast<Position>(atom.length);
       if (revision && revision == last) {
         stretches_.back().end = end;

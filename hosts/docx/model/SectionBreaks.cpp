@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstring>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/word/Constants.h"
 
@@ -19,67 +19,67 @@ constexpr int kDefaultMargin = 1440;
 constexpr int kDefaultSpacing = 720;
 
 /// The section properties that follow an element in document order, its own included.
-pugi::xml_node NextSection(const XmlPart& part, pugi::xml_node node) {
+XmlNode NextSection(const XmlPart& part, XmlNode node) {
   while (node) {
     const Tag tag = part.TagOf(node);
     if (tag == Tag::kSectPr) return node;
     // Sections end in paragraphs of the body or of what wraps them, never in tables.
-    if (tag != Tag::kR && tag != Tag::kTbl && node.first_child()) {
-      node = node.first_child();
+    if (tag != Tag::kR && tag != Tag::kTbl && node.FirstChild()) {
+      node = node.FirstChild();
       continue;
     }
-    while (node && !node.next_sibling()) node = node.parent();
-    node = node.next_sibling();
+    while (node && !node.NextSibling()) node = node.Parent();
+    node = node.NextSibling();
   }
   return {};
 }
 
-int Twips(const XmlPart& part, pugi::xml_node node, const char* attribute, int missing) {
-  return part.Attribute(node, attribute).as_int(missing);
+int Twips(const XmlPart& part, XmlNode node, const char* attribute, int missing) {
+  return part.Attribute(node, attribute).AsInt(missing);
 }
 
-void RemoveAll(XmlPart& part, pugi::xml_node section, const char* local) {
-  while (section.remove_child(part.Name(local))) {
+void RemoveAll(XmlPart& part, XmlNode section, const char* local) {
+  while (section.RemoveChild(part.Name(local))) {
   }
 }
 
 /// Puts a child where the order of a section's properties wants it.
-pugi::xml_node InsertOrdered(XmlPart& part, pugi::xml_node section, const char* local) {
+XmlNode InsertOrdered(XmlPart& part, XmlNode section, const char* local) {
   static constexpr std::array<const char*, 21> kOrder{
       "headerReference", "footerReference", "footnotePr",    "endnotePr", "type",      "pgSz",     "pgMar",
       "paperSrc",        "pgBorders",       "lnNumType",     "pgNumType", "cols",      "formProt", "vAlign",
       "noEndnote",       "titlePg",         "textDirection", "bidi",      "rtlGutter", "docGrid",  "printerSettings"};
   const auto rank = [&](std::string_view name) {
     const auto found =
-        std::find_if(kOrder.begin(), kOrder.end(), [&](const char* known) { return name == part.Name(known); });
+        std::find_if(kOrder.begin(), kOrder.end(), [&](const char* known) { return name == part.Name(known).text; });
     return found - kOrder.begin();
   };
-  if (const pugi::xml_node present = section.child(part.Name(local))) return present;
-  const auto own = rank(part.Name(local));
-  for (pugi::xml_node child : section.children()) {
-    if (child.type() == pugi::node_element && rank(child.name()) > own) {
-      return section.insert_child_before(part.Name(local), child);
+  if (const XmlNode present = section.Child(part.Name(local))) return present;
+  const auto own = rank(part.Name(local).text);
+  for (XmlNode child : section.Children()) {
+    if (child.Type() == XmlType::kElement && rank(child.Name()) > own) {
+      return section.InsertChildBefore(part.Name(local), child);
     }
   }
-  return section.append_child(part.Name(local));
+  return section.AppendChild(part.Name(local));
 }
 
 /// A section that goes on in the middle of a page: header, footer and page numbers run on from the one before.
-void MakeContinuous(XmlPart& part, pugi::xml_node section) {
+void MakeContinuous(XmlPart& part, XmlNode section) {
   for (const char* local : {"headerReference", "footerReference", "titlePg", "sectPrChange"}) {
     RemoveAll(part, section, local);
   }
-  if (pugi::xml_node numbers = section.child(part.Name("pgNumType"))) {
-    numbers.remove_attribute(part.Name("start"));
-    if (!numbers.first_attribute()) section.remove_child(numbers);
+  if (XmlNode numbers = section.Child(part.Name("pgNumType"))) {
+    part.RemoveAttribute(numbers, "start");
+    if (numbers.AttributeText().empty()) section.RemoveChild(numbers);
   }
   part.SetAttribute(InsertOrdered(part, section, "type"), "val", "continuous");
 }
 
 /// Makes a copy's page set-up one that the schema takes, as Word reads it anyway: what it asks for is there, and
 /// measures are whole.
-void CompletePageSetup(XmlPart& part, pugi::xml_node section) {
-  pugi::xml_node margins = section.child(part.Name("pgMar"));
+void CompletePageSetup(XmlPart& part, XmlNode section) {
+  XmlNode margins = section.Child(part.Name("pgMar"));
   if (margins) {
     for (const char* local : {"top", "right", "bottom", "left"}) {
       if (!part.Attribute(margins, local)) part.SetAttribute(margins, local, "1440");
@@ -89,46 +89,46 @@ void CompletePageSetup(XmlPart& part, pugi::xml_node section) {
     }
     if (!part.Attribute(margins, "gutter")) part.SetAttribute(margins, "gutter", "0");
   }
-  for (const pugi::xml_node node : {margins, section.child(part.Name("pgSz"))}) {
-    for (pugi::xml_attribute attribute : node.attributes()) {
-      if (std::strchr(attribute.value(), '.') != nullptr) attribute.set_value(std::lround(attribute.as_double()));
+  for (XmlNode node : {margins, section.Child(part.Name("pgSz"))}) {
+    std::vector<XmlAttribute> broken;
+    for (const XmlAttribute& attribute : node.Attributes()) {
+      if (attribute.Value().find('.') != std::string_view::npos) broken.push_back(attribute);
     }
+    for (const XmlAttribute& attribute : broken) node.SetAttribute(attribute.Name(), std::lround(attribute.AsDouble()));
   }
 }
 
 /// Where section properties belong among a paragraph's properties: in front of this, or at the end without it.
-pugi::xml_node PropertyBehindSection(XmlPart& part, pugi::xml_node& properties, pugi::xml_node paragraph) {
+XmlNode PropertyBehindSection(XmlPart& part, XmlNode& properties, XmlNode paragraph) {
   properties = part.Child(paragraph, Tag::kPPr);
-  if (!properties) properties = paragraph.prepend_child(part.Name("pPr"));
-  return properties.child(part.Name("pPrChange"));
+  if (!properties) properties = paragraph.PrependChild(part.Name("pPr"));
+  return properties.Child(part.Name("pPrChange"));
 }
 
-pugi::xml_node CopyInto(XmlPart& part, pugi::xml_node paragraph, pugi::xml_node section) {
-  pugi::xml_node properties;
-  const pugi::xml_node behind = PropertyBehindSection(part, properties, paragraph);
-  return behind ? properties.insert_copy_before(section, behind) : properties.append_copy(section);
+XmlNode CopyInto(XmlPart& part, XmlNode paragraph, XmlNode section) {
+  XmlNode properties;
+  const XmlNode behind = PropertyBehindSection(part, properties, paragraph);
+  return behind ? properties.InsertCopyBefore(section, behind) : properties.AppendCopy(section);
 }
 
-void MoveInto(XmlPart& part, pugi::xml_node paragraph, pugi::xml_node section) {
-  pugi::xml_node properties;
-  const pugi::xml_node behind = PropertyBehindSection(part, properties, paragraph);
+void MoveInto(XmlPart& part, XmlNode paragraph, XmlNode section) {
+  XmlNode properties;
+  const XmlNode behind = PropertyBehindSection(part, properties, paragraph);
   if (behind) {
-    properties.insert_move_before(section, behind);
+    properties.InsertMoveBefore(section, behind);
   } else {
-    properties.append_move(section);
+    properties.AppendMove(section);
   }
 }
 
 }  // namespace
 
-pugi::xml_node SectionAt(const Story& main, Position position) {
-  return NextSection(main.Part(), main.ParagraphAt(position));
-}
+XmlNode SectionAt(const Story& main, Position position) { return NextSection(main.Part(), main.ParagraphAt(position)); }
 
-ColumnMeasure MeasureColumns(const XmlPart& part, pugi::xml_node section) {
-  const pugi::xml_node size = section.child(part.Name("pgSz"));
-  const pugi::xml_node margins = section.child(part.Name("pgMar"));
-  const pugi::xml_node columns = section.child(part.Name("cols"));
+ColumnMeasure MeasureColumns(const XmlPart& part, XmlNode section) {
+  const XmlNode size = section.Child(part.Name("pgSz"));
+  const XmlNode margins = section.Child(part.Name("pgMar"));
+  const XmlNode columns = section.Child(part.Name("cols"));
   ColumnMeasure measure;
   measure.textWidth = Twips(part, size, "w", kDefaultWidth) - Twips(part, margins, "left", kDefaultMargin) -
                       Twips(part, margins, "right", kDefaultMargin) - Twips(part, margins, "gutter", 0);
@@ -138,23 +138,23 @@ ColumnMeasure MeasureColumns(const XmlPart& part, pugi::xml_node section) {
 
 void EncloseInSection(Story& main, Position firstMark, Position secondMark, int columns) {
   XmlPart& part = main.Part();
-  pugi::xml_node around = SectionAt(main, secondMark);
+  XmlNode around = SectionAt(main, secondMark);
   if (!around) {
-    around = part.Child(part.Root(), Tag::kBody).append_child(part.Name("sectPr"));
-    around.append_child(pugi::node_pi).set_name("kelvarin");
-    around.first_child().set_value("added");
+    around = part.Child(part.Root(), Tag::kBody).AppendChild(part.Name("sectPr"));
+    around.AppendChild(XmlType::kInstruction).SetTarget("kelvarin");
+    around.FirstChild().SetValue("added");
   }
   // The element itself goes to the stretch before, whose properties it holds; what goes on is a copy.
-  const pugi::xml_node original = around;
-  around = original.parent().insert_copy_after(original, original);
+  const XmlNode original = around;
+  around = original.Parent().InsertCopyAfter(original, original);
   MoveInto(part, main.ParagraphAt(firstMark), original);
   MakeContinuous(part, around);
   CompletePageSetup(part, around);
-  pugi::xml_node own = CopyInto(part, main.ParagraphAt(secondMark), around);
-  pugi::xml_node cols = InsertOrdered(part, own, "cols");
-  while (cols.first_child()) cols.remove_child(cols.first_child());
+  XmlNode own = CopyInto(part, main.ParagraphAt(secondMark), around);
+  XmlNode cols = InsertOrdered(part, own, "cols");
+  while (cols.FirstChild()) cols.RemoveChild(cols.FirstChild());
   const std::string space = std::to_string(MeasureColumns(part, own).spacing);
-  cols.remove_attribute(part.Name("equalWidth"));
+  part.RemoveAttribute(cols, "equalWidth");
   part.SetAttribute(cols, "num", std::to_string(columns).c_str());
   part.SetAttribute(cols, "space", space.c_str());
   main.SetMarkCharacter(firstMark, word::kPageBreak);
@@ -163,13 +163,13 @@ void EncloseInSection(Story& main, Position firstMark, Position secondMark, int 
 
 void OpenSection(Story& main, Position firstMark, Position end) {
   XmlPart& part = main.Part();
-  pugi::xml_node kept = part.Child(part.Child(main.ParagraphAt(firstMark), Tag::kPPr), Tag::kSectPr);
-  pugi::xml_node around = SectionAt(main, end);
+  XmlNode kept = part.Child(part.Child(main.ParagraphAt(firstMark), Tag::kPPr), Tag::kSectPr);
+  XmlNode around = SectionAt(main, end);
   if (!kept || !around || kept == around) return;
-  const bool added = kept.first_child().type() == pugi::node_pi;
-  if (!added) around.parent().insert_move_before(kept, around);
-  around.parent().remove_child(around);
-  if (added) kept.parent().remove_child(kept);
+  const bool added = kept.FirstChild().Type() == XmlType::kInstruction;
+  if (!added) around.Parent().InsertMoveBefore(kept, around);
+  around.Parent().RemoveChild(around);
+  if (added) kept.Parent().RemoveChild(kept);
   main.SetMarkCharacter(firstMark, word::kParagraphMark);
 }
 

@@ -12,9 +12,9 @@ struct ColumnMeasure {
 };
 
 /// The properties of the section that a position of the main text is in.
-pugi::xml_node SectionAt(const Story& main, Position position);
+XmlNode SectionAt(const Story& main, Position position);
 /// @param section may be missing, which is a section of Word's defaults
-ColumnMeasure MeasureColumns(const XmlPart& part, pugi::xml_node section);
+ColumnMeasure MeasureColumns(const XmlPart& part, XmlNode section);
 
 /// Makes a continuous section with columns of its own out of two neighbouring stretches' ends: the section up to the
 /// first mark keeps what the section was; the one up to the second mark gets the columns; the rest goes on as before.

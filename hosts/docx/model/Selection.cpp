@@ -12,10 +12,10 @@ int CountTables(const Story& story, Position start, Position end) {
   const XmlPart& part = story.Part();
   const AtomSequence& atoms = story.Atoms();
   int count = 0;
-  pugi::xml_node last;
+  XmlNode last;
   AtomSequence::Place place = atoms.At(start);
   do {
-    for (pugi::xml_node node = atoms.Get(place).Node(); node; node = node.parent()) {
+    for (XmlNode node = atoms.Get(place).Node(); node; node = node.Parent()) {
       if (!part.Is(node, Tag::kTbl)) continue;
       if (node != last) ++count;
       last = node;

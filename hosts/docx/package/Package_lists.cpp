@@ -1,10 +1,9 @@
 // [Content_Types].xml and the relationship parts. They are edited as text, so that what is not touched stays as it was
 // and an edit can be undone to the byte.
 
-#include <pugixml.hpp>
-
 #include "hosts/docx/package/Package.h"
 #include "hosts/docx/package/PartName.h"
+#include "hosts/docx/xml/XmlDocument.h"
 
 #include <algorithm>
 #include <charconv>
@@ -20,8 +19,8 @@ constexpr std::string_view kEmptyRelationships =
     "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\r\n"
     "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\"/>";
 
-std::string_view LocalName(const pugi::xml_node& node) {
-  const std::string_view name = node.name();
+std::string_view LocalName(XmlNode node) {
+  const std::string_view name = node.Name();
   const std::size_t colon = name.find(':');
   return colon == std::string_view::npos ? name : name.substr(colon + 1);
 }
@@ -29,17 +28,19 @@ std::string_view LocalName(const pugi::xml_node& node) {
 /// One of the two parts: a root element and a flat list in it.
 class List {
  public:
-  explicit List(std::string text) : text_(std::move(text)) {
-    document_.load_buffer(text_.data(), text_.size(), pugi::parse_default, pugi::encoding_utf8);
-  }
+  /// @param text well-formed
+  explicit List(std::string text) : text_(std::move(text)), document_(text_, {}) {}
 
-  auto Items() const { return document_.document_element().children(); }
-  bool Empty() const { return document_.document_element().first_child().empty(); }
+  /// The elements, and what stands between them.
+  XmlChildren Items() const { return document_.Root().Children(); }
+  bool Empty() const {
+    return std::none_of(Items().begin(), Items().end(), [](XmlNode item) { return item.IsElement(); });
+  }
   const std::string& Text() const { return text_; }
 
   /// @return the whole text without the item
-  std::string Without(const pugi::xml_node& item) const {
-    const auto begin = static_cast<std::size_t>(item.offset_debug()) - 1;
+  std::string Without(XmlNode item) const {
+    const std::size_t begin = document_.OffsetOf(item);
     std::string text = text_;
     text.erase(begin, ElementEnd(begin) - begin);
     // The root gets back the form that the first item took from it.
@@ -52,7 +53,7 @@ class List {
 
   /// @param item a start tag without "<" and the root's prefix, and without its end
   std::string With(std::string_view item) const {
-    const std::string root = document_.document_element().name();
+    const std::string root(document_.Root().Name());
     const std::string prefix = root.substr(0, root.find(':') == std::string::npos ? 0 : root.find(':') + 1);
     const std::string element = "<" + prefix + std::string(item) + "/>";
     std::string text = text_;
@@ -66,7 +67,7 @@ class List {
   }
 
  private:
-  std::size_t RootBegin() const { return static_cast<std::size_t>(document_.document_element().offset_debug()) - 1; }
+  std::size_t RootBegin() const { return document_.OffsetOf(document_.Root()); }
 
   bool SelfClosed() const { return text_[TagEnd(text_, RootBegin()) - 2] == '/'; }
 
@@ -94,7 +95,7 @@ class List {
   }
 
   std::string text_;
-  pugi::xml_document document_;
+  XmlDocument document_;
 };
 
 std::string Escaped(std::string_view text) {
@@ -127,9 +128,7 @@ std::string_view Extension(std::string_view name) {
 }
 
 /// An Override's part name, in the form that compares.
-std::string PartNameOf(const pugi::xml_node& item) {
-  return FoldPartName(ResolveTarget("", item.attribute("PartName").value()));
-}
+std::string PartNameOf(XmlNode item) { return FoldPartName(ResolveTarget("", item.Attribute("PartName").Value())); }
 
 }  // namespace
 
@@ -138,11 +137,11 @@ std::string Package::ContentType(std::string_view name) const {
   const std::string folded = FoldPartName(name);
   const std::string extension = FoldPartName(Extension(name));
   std::string byExtension;
-  for (const pugi::xml_node& item : types.Items()) {
+  for (const XmlNode item : types.Items()) {
     const std::string_view kind = LocalName(item);
-    if (kind == "Override" && PartNameOf(item) == folded) return item.attribute("ContentType").value();
-    if (kind == "Default" && FoldPartName(item.attribute("Extension").value()) == extension) {
-      byExtension = item.attribute("ContentType").value();
+    if (kind == "Override" && PartNameOf(item) == folded) return std::string(item.Attribute("ContentType").Value());
+    if (kind == "Default" && FoldPartName(item.Attribute("Extension").Value()) == extension) {
+      byExtension = item.Attribute("ContentType").Value();
     }
   }
   return byExtension;
@@ -158,7 +157,7 @@ void Package::AddContentType(std::string_view name, std::string_view contentType
 void Package::RemoveContentType(std::string_view name) {
   const List types(ReadXml(kContentTypesPart));
   const std::string folded = FoldPartName(name);
-  for (const pugi::xml_node& item : types.Items()) {
+  for (const XmlNode item : types.Items()) {
     if (LocalName(item) == "Override" && PartNameOf(item) == folded) {
       Put(At(kContentTypesPart), types.Without(item));
       return;
@@ -171,13 +170,13 @@ std::vector<Relationship> Package::Relationships(std::string_view part) const {
   const std::string listPart = RelationshipsPartName(part);
   if (!Has(listPart)) return relationships;
   const List list(ReadXml(listPart));
-  for (const pugi::xml_node& item : list.Items()) {
+  for (const XmlNode item : list.Items()) {
     if (LocalName(item) != "Relationship") continue;
     Relationship relationship;
-    relationship.id = item.attribute("Id").value();
-    relationship.type = item.attribute("Type").value();
-    relationship.external = std::string_view(item.attribute("TargetMode").value()) == "External";
-    const std::string_view target = item.attribute("Target").value();
+    relationship.id = item.Attribute("Id").Value();
+    relationship.type = item.Attribute("Type").Value();
+    relationship.external = item.Attribute("TargetMode").Value() == "External";
+    const std::string_view target = item.Attribute("Target").Value();
     relationship.target = relationship.external ? std::string(target) : ResolveTarget(part, target);
     relationships.push_back(std::move(relationship));
   }
@@ -190,8 +189,8 @@ std::string Package::AddRelationship(std::string_view part, std::string_view typ
   const bool fresh = !Has(listPart);
   const List list(fresh ? std::string(kEmptyRelationships) : ReadXml(listPart));
   unsigned long long last = 0;
-  for (const pugi::xml_node& item : list.Items()) {
-    const std::string_view id = item.attribute("Id").value();
+  for (const XmlNode item : list.Items()) {
+    const std::string_view id = item.Attribute("Id").Value();
     unsigned long long number = 0;
     if (id.starts_with("rId")) std::from_chars(id.data() + 3, id.data() + id.size(), number);
     // Beyond 32 bits ids are random, not counted; they are no start for counting on.
@@ -213,8 +212,8 @@ std::string Package::AddRelationship(std::string_view part, std::string_view typ
 void Package::RemoveRelationship(std::string_view part, std::string_view id) {
   const std::string listPart = RelationshipsPartName(part);
   const List list(ReadXml(listPart));
-  for (const pugi::xml_node& item : list.Items()) {
-    if (id != item.attribute("Id").value()) continue;
+  for (const XmlNode item : list.Items()) {
+    if (id != item.Attribute("Id").Value()) continue;
     std::string text = list.Without(item);
     if (List(text).Empty() && text == kEmptyRelationships) {
       RemoveContentType(listPart);

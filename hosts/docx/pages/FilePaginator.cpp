@@ -15,8 +15,8 @@ namespace docx {
 
 namespace {
 
-std::vector<pugi::xml_node> ElementsOf(const std::vector<Note>& notes) {
-  std::vector<pugi::xml_node> elements;
+std::vector<XmlNode> ElementsOf(const std::vector<Note>& notes) {
+  std::vector<XmlNode> elements;
   elements.reserve(notes.size());
   for (const Note& note : notes) elements.push_back(note.element);
   return elements;
@@ -28,13 +28,13 @@ std::unordered_map<std::string, double> NoteHeights(const Formatting& formatting
   const std::vector<Note> notes = NotesOf(story);
   std::size_t at = 0;
   std::uint32_t characters = 0;
-  pugi::xml_node run;
+  XmlNode run;
   for (const FlowEvent& event : ReadPageFlow(story, ElementsOf(notes)).events) {
     characters += event.text;
     if (event.kind == FlowKind::kParagraphStart) {
       while (at + 1 < notes.size() && notes[at + 1].start <= event.position) ++at;
       characters = 0;
-      run = pugi::xml_node(event.run);
+      run = XmlNode(event.run);
     }
     if (event.kind != FlowKind::kParagraphEnd) continue;
     const ParagraphShape shape = ShapeOf(formatting, event.Node(), run, width);
@@ -56,8 +56,8 @@ std::vector<PageSetup> SetupsOf(const XmlPart& part, const PageFlow& flow) {
 /// Whether endnotes stand at the end of their section. Sections cannot choose it for themselves.
 bool EndnotesAtSectionEnd(const XmlPart* settings) {
   if (settings == nullptr) return false;
-  const pugi::xml_node endnotes = settings->Child(settings->Root(), "endnotePr");
-  return std::string_view(settings->Attribute(settings->Child(endnotes, "pos"), "val").value()) == "sectEnd";
+  const XmlNode endnotes = settings->Child(settings->Root(), "endnotePr");
+  return std::string_view(settings->Attribute(settings->Child(endnotes, "pos"), "val").Value()) == "sectEnd";
 }
 
 /// The one story of a kind that has at most one.
@@ -80,7 +80,7 @@ FilePaginator::FilePaginator(DocumentParts& parts) {
   std::unordered_map<std::string, double> heights;
   if (options.estimate && footnotes != nullptr) {
     heights = NoteHeights(parts.Formats(footnotes->Part()), *footnotes, setups.front().columnWidth);
-    options.noteHeight = [&](pugi::xml_node reference) {
+    options.noteHeight = [&](XmlNode reference) {
       if (!part.Is(reference, Tag::kFootnoteReference)) return 0.0;
       const auto height = heights.find(NoteId(part, reference));
       return height == heights.end() ? 0.0 : height->second;

@@ -66,7 +66,7 @@ class FlowReader {
  public:
   explicit FlowReader(const Story& story) : part_(story.Part()), atoms_(story.Atoms()) { place_ = atoms_.Begin(); }
 
-  void ReadBlocks(pugi::xml_node container);
+  void ReadBlocks(XmlNode container);
   PageFlow Take() { return std::move(flow_); }
 
  private:
@@ -77,15 +77,15 @@ class FlowReader {
     std::size_t lastBreaks{0};
   };
 
-  void ReadParagraph(pugi::xml_node paragraph);
-  void ReadTable(pugi::xml_node table);
-  void ReadInlines(pugi::xml_node parent);
-  void ReadRun(pugi::xml_node run);
+  void ReadParagraph(XmlNode paragraph);
+  void ReadTable(XmlNode table);
+  void ReadInlines(XmlNode parent);
+  void ReadRun(XmlNode run);
   /// Moves on when the next atom is that element's. @return the atom; nullptr when the element has none here
-  const Atom* Meet(pugi::xml_node element);
+  const Atom* Meet(XmlNode element);
   void FollowField(const Atom& atom);
   bool IsIndex(Position code);
-  void Add(FlowKind kind, pugi::xml_node element);
+  void Add(FlowKind kind, XmlNode element);
 
   const XmlPart& part_;
   const AtomSequence& atoms_;
@@ -99,24 +99,24 @@ class FlowReader {
   int tables_{0};
 };
 
-void FlowReader::Add(FlowKind kind, pugi::xml_node element) {
+void FlowReader::Add(FlowKind kind, XmlNode element) {
   FlowEvent event;
   event.position = place_.start;
   event.text = text_;
   event.kind = kind;
-  event.element = element.internal_object();
+  event.element = element.Data();
   flow_.events.push_back(event);
   text_ = 0;
 }
 
-const Atom* FlowReader::Meet(pugi::xml_node element) {
+const Atom* FlowReader::Meet(XmlNode element) {
   if (atoms_.IsEnd(place_)) return nullptr;
   const Atom& atom = atoms_.Get(place_);
-  if (atom.element != element.internal_object()) return nullptr;
+  if (atom.element != element.Data()) return nullptr;
   const std::u16string_view text = atoms_.Text(place_);
   const std::uint32_t shown = shown_.Feed(atom, text);
   if (shown != 0 && flow_.events[paragraph_].run == nullptr) {
-    flow_.events[paragraph_].run = element.parent().internal_object();
+    flow_.events[paragraph_].run = element.Parent().Data();
   }
   text_ += shown;
   FollowField(atom);
@@ -167,8 +167,8 @@ void FlowReader::FollowField(const Atom& atom) {
   }
 }
 
-void FlowReader::ReadBlocks(pugi::xml_node container) {
-  for (const pugi::xml_node child : container.children()) {
+void FlowReader::ReadBlocks(XmlNode container) {
+  for (const XmlNode child : container.Children()) {
     switch (part_.TagOf(child)) {
       case Tag::kP:
         ReadParagraph(child);
@@ -199,19 +199,19 @@ void FlowReader::ReadBlocks(pugi::xml_node container) {
   }
 }
 
-void FlowReader::ReadParagraph(pugi::xml_node paragraph) {
+void FlowReader::ReadParagraph(XmlNode paragraph) {
   paragraph_ = flow_.events.size();
   Add(FlowKind::kParagraphStart, paragraph);
   ReadInlines(paragraph);
   const Atom* mark = Meet(paragraph);
   Add(FlowKind::kParagraphEnd, paragraph);
   if (mark == nullptr || mark->deleted || tables_ > 0) return;
-  const pugi::xml_node section = part_.Child(part_.Child(paragraph, Tag::kPPr), Tag::kSectPr);
+  const XmlNode section = part_.Child(part_.Child(paragraph, Tag::kPPr), Tag::kSectPr);
   if (section) Add(FlowKind::kSectionEnd, section);
 }
 
-void FlowReader::ReadTable(pugi::xml_node table) {
-  for (const pugi::xml_node child : table.children()) {
+void FlowReader::ReadTable(XmlNode table) {
+  for (const XmlNode child : table.Children()) {
     switch (part_.TagOf(child)) {
       case Tag::kTr:
         Add(FlowKind::kRowStart, child);
@@ -247,8 +247,8 @@ void FlowReader::ReadTable(pugi::xml_node table) {
   }
 }
 
-void FlowReader::ReadInlines(pugi::xml_node parent) {
-  for (const pugi::xml_node child : parent.children()) {
+void FlowReader::ReadInlines(XmlNode parent) {
+  for (const XmlNode child : parent.Children()) {
     switch (part_.TagOf(child)) {
       case Tag::kR:
         ReadRun(child);
@@ -285,8 +285,8 @@ void FlowReader::ReadInlines(pugi::xml_node parent) {
   }
 }
 
-void FlowReader::ReadRun(pugi::xml_node run) {
-  for (const pugi::xml_node child : run.children()) {
+void FlowReader::ReadRun(XmlNode run) {
+  for (const XmlNode child : run.Children()) {
     const Tag tag = part_.TagOf(child);
     if (tag == Tag::kLastRenderedPageBreak) {
       Add(FlowKind::kLastBreak, child);
@@ -309,9 +309,9 @@ void FlowReader::ReadRun(pugi::xml_node run) {
 
 }  // namespace
 
-PageFlow ReadPageFlow(const Story& story, const std::vector<pugi::xml_node>& containers) {
+PageFlow ReadPageFlow(const Story& story, const std::vector<XmlNode>& containers) {
   FlowReader reader(story);
-  for (const pugi::xml_node container : containers) reader.ReadBlocks(container);
+  for (const XmlNode container : containers) reader.ReadBlocks(container);
   return reader.Take();
 }
 

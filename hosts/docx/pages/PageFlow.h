@@ -1,6 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "hosts/docx/xml/XmlNode.h"
 
 #include <cstdint>
 #include <vector>
@@ -29,10 +29,10 @@ struct FlowEvent {
   Position position{0};
   std::uint32_t text{0};  ///< characters that show between the event before and this one; a tab counts as several
   FlowKind kind{FlowKind::kParagraphStart};
-  pugi::xml_node_struct* element{nullptr};  ///< a w:p, a w:sectPr, a reference, a w:tr, a w:tc
-  pugi::xml_node_struct* run{nullptr};      ///< of a paragraph's start: its first run with text
+  XmlNodeData* element{nullptr};  ///< a w:p, a w:sectPr, a reference, a w:tr, a w:tc
+  XmlNodeData* run{nullptr};      ///< of a paragraph's start: its first run with text
 
-  pugi::xml_node Node() const { return pugi::xml_node(element); }
+  XmlNode Node() const { return XmlNode(element); }
 };
 
 /// A stretch of a story.
@@ -52,7 +52,7 @@ struct PageFlow {
 };
 
 /// One pass over the story's elements. @param containers those that the story was made of
-PageFlow ReadPageFlow(const Story& story, const std::vector<pugi::xml_node>& containers);
+PageFlow ReadPageFlow(const Story& story, const std::vector<XmlNode>& containers);
 
 /// Where the n-th character that shows stands, counted from 0 at a position outside of a field's code.
 /// @return Length() when there are fewer

@@ -16,7 +16,7 @@ constexpr int kMostColumns = 45;   // Word's limit
 constexpr int kLargestNumber = 32767;
 
 /// In points.
-double Length(const XmlPart& part, pugi::xml_node node, const char* attribute, double otherwise) {
+double Length(const XmlPart& part, XmlNode node, const char* attribute, double otherwise) {
   const std::optional<int> twips = ReadTwips(part.Attribute(node, attribute));
   return twips ? std::clamp(*twips / 20.0, -kLargest, kLargest) : otherwise;
 }
@@ -31,29 +31,29 @@ SectionStart StartOf(std::string_view type) {
 
 }  // namespace
 
-PageSetup ReadPageSetup(const XmlPart& part, pugi::xml_node sectPr) {
+PageSetup ReadPageSetup(const XmlPart& part, XmlNode sectPr) {
   PageSetup setup;
-  setup.start = StartOf(part.Attribute(part.Child(sectPr, "type"), "val").value());
-  const pugi::xml_node size = part.Child(sectPr, "pgSz");
+  setup.start = StartOf(part.Attribute(part.Child(sectPr, "type"), "val").Value());
+  const XmlNode size = part.Child(sectPr, "pgSz");
   setup.paperWidth = std::max(kSmallest, Length(part, size, "w", setup.paperWidth));
   setup.paperHeight = std::max(kSmallest, Length(part, size, "h", setup.paperHeight));
 
-  const pugi::xml_node margins = part.Child(sectPr, "pgMar");
+  const XmlNode margins = part.Child(sectPr, "pgMar");
   // A negative margin above or below is one that headers and footers do not push.
   const double textWidth = setup.paperWidth - Length(part, margins, "left", 72) - Length(part, margins, "right", 72) -
                            Length(part, margins, "gutter", 0);
   setup.textHeight = std::max(kSmallest, setup.paperHeight - std::abs(Length(part, margins, "top", 72)) -
                                              std::abs(Length(part, margins, "bottom", 72)));
 
-  const pugi::xml_node columns = part.Child(sectPr, "cols");
-  setup.columns = std::clamp(part.Attribute(columns, "num").as_int(1), 1, kMostColumns);
+  const XmlNode columns = part.Child(sectPr, "cols");
+  setup.columns = std::clamp(part.Attribute(columns, "num").AsInt(1), 1, kMostColumns);
   const double gaps = (setup.columns - 1) * Length(part, columns, "space", 36);
   setup.columnWidth = std::max(kSmallest, (textWidth - gaps) / setup.columns);
 
-  const pugi::xml_node numbers = part.Child(sectPr, "pgNumType");
-  setup.numberFormat = part.Attribute(numbers, "fmt").value();
-  if (const pugi::xml_attribute restart = part.Attribute(numbers, "start")) {
-    setup.restart = std::clamp(restart.as_int(1), 0, kLargestNumber);
+  const XmlNode numbers = part.Child(sectPr, "pgNumType");
+  setup.numberFormat = part.Attribute(numbers, "fmt").Value();
+  if (const XmlAttribute restart = part.Attribute(numbers, "start")) {
+    setup.restart = std::clamp(restart.AsInt(1), 0, kLargestNumber);
   }
   return setup;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "hosts/docx/xml/XmlNode.h"
 
 #include <optional>
 #include <string>
@@ -26,6 +26,6 @@ struct PageSetup {
 };
 
 /// @param sectPr may be empty
-PageSetup ReadPageSetup(const XmlPart& part, pugi::xml_node sectPr);
+PageSetup ReadPageSetup(const XmlPart& part, XmlNode sectPr);
 
 }  // namespace docx

@@ -21,16 +21,16 @@ std::vector<Note> NotesOf(const Story& story) {
   for (AtomSequence::Place place = atoms.Begin(); !atoms.IsEnd(place); place = atoms.Next(place)) {
     const Atom& atom = atoms.Get(place);
     if (atom.kind != AtomKind::kParagraphMark) continue;
-    pugi::xml_node note = atom.Node();
-    while (note && !part.Is(note, Tag::kFootnote) && !part.Is(note, Tag::kEndnote)) note = note.parent();
+    XmlNode note = atom.Node();
+    while (note && !part.Is(note, Tag::kFootnote) && !part.Is(note, Tag::kEndnote)) note = note.Parent();
     if (note && (notes.empty() || notes.back().element != note)) notes.push_back({note, start});
     start = place.start + static_cast<Position>(atom.length);
   }
   return notes;
 }
 
-std::string NoteId(const XmlPart& part, pugi::xml_node noteOrReference) {
-  return part.Attribute(noteOrReference, "id").value();
+std::string NoteId(const XmlPart& part, XmlNode noteOrReference) {
+  return std::string(part.Attribute(noteOrReference, "id").Value());
 }
 
 std::vector<PageStart> PageTable::PlaceNotes(const Story& story, const NotePages& pages) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "hosts/docx/xml/XmlNode.h"
 
 #include <string>
 #include <unordered_map>
@@ -23,14 +23,14 @@ int PageAt(const std::vector<PageStart>& starts, Position position);
 
 /// One footnote or endnote in its story.
 struct Note {
-  pugi::xml_node element;
+  XmlNode element;
   Position start{0};
 };
 
 /// The notes of a story, in order.
 std::vector<Note> NotesOf(const Story& story);
 /// The w:id of a note or of a reference to it.
-std::string NoteId(const XmlPart& part, pugi::xml_node noteOrReference);
+std::string NoteId(const XmlPart& part, XmlNode noteOrReference);
 
 /// A paginator that knows all pages from the beginning on.
 class PageTable : public Paginator {

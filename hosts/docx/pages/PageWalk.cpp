@@ -143,7 +143,7 @@ void PageWalk::BeginParagraph(const FlowEvent& event) {
   filled_ = 0;
   breakEnds_ = false;
   if (measured_) {
-    shape_ = ShapeOf(*formatting_, event.Node(), pugi::xml_node(event.run), width_);
+    shape_ = ShapeOf(*formatting_, event.Node(), XmlNode(event.run), width_);
   } else {
     shape_.pageBreakBefore = formatting_->PageBreakBefore(event.Node());
   }
@@ -227,8 +227,8 @@ void PageWalk::BeginRow(const FlowEvent& event) {
   row.start = row.furthest = at_;
   row.outerWidth = width_;
   if (measured_) {
-    const auto cells = std::distance(event.Node().children(formatting_->Part().Name("tc")).begin(),
-                                     event.Node().children(formatting_->Part().Name("tc")).end());
+    const XmlChildren children = event.Node().Children(formatting_->Part().Name("tc"));
+    const auto cells = std::distance(children.begin(), children.end());
     row.cellWidth = width_ / static_cast<double>(std::max<std::ptrdiff_t>(1, cells));
   }
   rows_.push_back(row);
@@ -239,9 +239,9 @@ void PageWalk::BeginCell(const FlowEvent& event) {
   GoTo(rows_.back().start, event.position);
   if (!measured_) return;
   const XmlPart& part = formatting_->Part();
-  const pugi::xml_node width = part.Child(part.Child(event.Node(), "tcPr"), "tcW");
+  const XmlNode width = part.Child(part.Child(event.Node(), "tcPr"), "tcW");
   width_ = rows_.back().cellWidth;
-  if (std::string_view(part.Attribute(width, "type").value()) == "dxa") {
+  if (std::string_view(part.Attribute(width, "type").Value()) == "dxa") {
     const int twips = ReadTwips(part.Attribute(width, "w")).value_or(0);
     if (twips > 0) width_ = std::min(twips / 20.0, rows_.back().outerWidth);
   }

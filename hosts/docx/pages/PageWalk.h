@@ -20,7 +20,7 @@ class PageWalk {
   struct Options {
     bool estimate{false};  ///< everywhere; else in the flow's unbroken indexes only
     /// The height that a footnote takes, given its reference; 0 for other notes.
-    std::function<double(pugi::xml_node)> noteHeight;
+    std::function<double(XmlNode)> noteHeight;
   };
 
   /// @param setups of the sections in order, the document's last included
@@ -40,7 +40,7 @@ class PageWalk {
   bool Estimated() const { return estimated_; }
   /// A note's reference in the main text.
   struct NoteReference {
-    pugi::xml_node element;
+    XmlNode element;
     int page{1};
     std::size_t section{0};
   };

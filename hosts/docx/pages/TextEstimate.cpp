@@ -21,7 +21,7 @@ constexpr double kAutoLine = 240;
 
 int ParagraphShape::Lines(double characters) const { return static_cast<int>(std::ceil(characters / perLine)); }
 
-ParagraphShape ShapeOf(const Formatting& formatting, pugi::xml_node p, pugi::xml_node run, double width) {
+ParagraphShape ShapeOf(const Formatting& formatting, XmlNode p, XmlNode run, double width) {
   const XmlPart& part = formatting.Part();
   ParagraphValues values = formatting.DirectParagraph(p);
   values.Inherit(formatting.InheritedParagraph(p));
@@ -39,7 +39,7 @@ ParagraphShape ShapeOf(const Formatting& formatting, pugi::xml_node p, pugi::xml
   shape.lineHeight = std::clamp(shape.lineHeight, kSmallestSize, kTallest);
 
   // Strict documents call the sides start and end.
-  const pugi::xml_node indents = part.Child(part.Child(p, Tag::kPPr), "ind");
+  const XmlNode indents = part.Child(part.Child(p, Tag::kPPr), "ind");
   for (const char* side : {"left", "start", "right", "end"}) {
     width -= std::max(0, ReadTwips(part.Attribute(indents, side)).value_or(0)) / 20.0;
   }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "hosts/docx/xml/XmlNode.h"
 
 #include "hosts/docx/styles/Formatting.h"
 
@@ -20,6 +20,6 @@ struct ParagraphShape {
 
 /// @param run the first run with text; empty when there is none
 /// @param width of the column or cell
-ParagraphShape ShapeOf(const Formatting& formatting, pugi::xml_node p, pugi::xml_node run, double width);
+ParagraphShape ShapeOf(const Formatting& formatting, XmlNode p, XmlNode run, double width);
 
 }  // namespace docx

@@ -1,25 +1,24 @@
 #include "hosts/docx/story/ApartMark.h"
 
-#include <cstring>
+#include <string_view>
 
 namespace docx {
 
 namespace {
 
-constexpr const char* kTarget = "kelvarin";
-constexpr const char* kData = "apart";
+constexpr std::string_view kTarget = "kelvarin";
+constexpr std::string_view kData = "apart";
 
 }  // namespace
 
-bool IsApartMark(pugi::xml_node node) {
-  return node.type() == pugi::node_pi && std::strcmp(node.name(), kTarget) == 0 &&
-         std::strcmp(node.value(), kData) == 0;
+bool IsApartMark(XmlNode node) {
+  return node.Type() == XmlType::kInstruction && node.Name() == kTarget && node.Value() == kData;
 }
 
-pugi::xml_node PutApartMark(pugi::xml_node run) {
-  pugi::xml_node mark = run.parent().insert_child_after(pugi::node_pi, run);
-  mark.set_name(kTarget);
-  mark.set_value(kData);
+XmlNode PutApartMark(XmlNode run) {
+  XmlNode mark = run.Parent().InsertChildAfter(XmlType::kInstruction, run);
+  mark.SetTarget(kTarget);
+  mark.SetValue(kData);
   return mark;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "hosts/docx/xml/XmlNode.h"
 
 namespace docx {
 
@@ -8,8 +8,8 @@ namespace docx {
 // one was changed. Runs that become neighbours again are joined only where it does not stand, so that a file gets back
 // the runs it had.
 
-bool IsApartMark(pugi::xml_node node);
+bool IsApartMark(XmlNode node);
 /// Puts a mark behind a run. @return the mark
-pugi::xml_node PutApartMark(pugi::xml_node run);
+XmlNode PutApartMark(XmlNode run);
 
 }  // namespace docx

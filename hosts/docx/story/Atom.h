@@ -1,6 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "hosts/docx/xml/XmlNode.h"
 
 #include <cstdint>
 
@@ -25,12 +25,12 @@ enum class AtomKind : std::uint8_t {
 
 /// One piece of a story in document order. Elements without length that are no bookmarks have no atom.
 struct Atom {
-  pugi::xml_node_struct* element{nullptr};
+  XmlNodeData* element{nullptr};
   std::uint32_t length{0};
   AtomKind kind{AtomKind::kText};
   bool deleted{false};  ///< a tracked deletion or the place a move came from
 
-  pugi::xml_node Node() const { return pugi::xml_node(element); }
+  XmlNode Node() const { return XmlNode(element); }
   /// Inside a run, so that its parent is the w:r.
   bool InRun() const { return kind <= AtomKind::kFieldEnd; }
 };

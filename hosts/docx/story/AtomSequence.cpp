@@ -161,12 +161,12 @@ AtomSequence::Place AtomSequence::Previous(Place place) const {
   return place;
 }
 
-AtomSequence::Place AtomSequence::OfBookmark(pugi::xml_node element) const {
-  const auto found = bookmarks_.find(element.internal_object());
+AtomSequence::Place AtomSequence::OfBookmark(XmlNode element) const {
+  const auto found = bookmarks_.find(element.Data());
   assert(found != bookmarks_.end());
   const Chunk& chunk = *found->second;
   Place place{chunk.number, 0, StartOf(chunk.number)};
-  while (chunk.atoms[place.atom].element != element.internal_object() || !IsBookmark(chunk.atoms[place.atom])) {
+  while (chunk.atoms[place.atom].element != element.Data() || !IsBookmark(chunk.atoms[place.atom])) {
     place.start += static_cast<Position>(chunk.atoms[place.atom++].length);
   }
   return place;
@@ -319,11 +319,11 @@ AtomSequence::Place AtomSequence::Remove(const Place& place) {
   return next;
 }
 
-void AtomSequence::Divide(const Place& place, std::uint32_t units, pugi::xml_node second) {
+void AtomSequence::Divide(const Place& place, std::uint32_t units, XmlNode second) {
   Chunk& chunk = *chunks_[place.chunk];
   Atom& first = chunk.atoms[place.atom];
   Atom rest = first;
-  rest.element = second.internal_object();
+  rest.element = second.Data();
   rest.length = first.length - units;
   first.length = units;
   chunk.atoms.insert(chunk.atoms.begin() + static_cast<std::ptrdiff_t>(place.atom) + 1, rest);

@@ -56,7 +56,7 @@ class AtomSequence {
   Place Previous(Place place) const;
   bool IsBegin(const Place& place) const { return place.chunk == 0 && place.atom == 0; }
   /// The place of a bookmark's atom. @pre the element has such an atom in this sequence
-  Place OfBookmark(pugi::xml_node element) const;
+  Place OfBookmark(XmlNode element) const;
   /// The n-th field begin (complex or simple), from 0. @pre 0 <= n < FieldBegins()
   Place OfFieldBegin(int n) const;
   /// Field begins that start before a position.
@@ -69,7 +69,7 @@ class AtomSequence {
   /// Takes an atom out. @return the place of the one behind it
   Place Remove(const Place& place);
   /// Divides a text atom in two: its own element keeps the first units.
-  void Divide(const Place& place, std::uint32_t units, pugi::xml_node second);
+  void Divide(const Place& place, std::uint32_t units, XmlNode second);
   /// Joins a text atom and the next one into the first.
   void Join(const Place& first);
   void SetDeleted(const Place& place, bool deleted);
@@ -100,7 +100,7 @@ class AtomSequence {
   mutable std::vector<int> depths_;
   mutable bool stale_{true};
   void Rebuild() const;
-  std::unordered_map<const pugi::xml_node_struct*, Chunk*> bookmarks_;
+  std::unordered_map<const XmlNodeData*, Chunk*> bookmarks_;
 
   /// Where the last look-up or edit was: the next one is mostly near and behind it.
   struct Hint {

@@ -23,10 +23,10 @@ Anchor::~Anchor() {
   anchors.pop_back();
 }
 
-Story::Story(std::shared_ptr<XmlPart> part, int type, const std::vector<pugi::xml_node>& containers)
+Story::Story(std::shared_ptr<XmlPart> part, int type, const std::vector<XmlNode>& containers)
     : part_(std::move(part)), type_(type) {
   StoryBuilder builder(*part_, atoms_, apart_);
-  for (const pugi::xml_node container : containers) builder.AddBlocks(container);
+  for (const XmlNode container : containers) builder.AddBlocks(container);
   hasRevisions_ = builder.HasRevisions();
 }
 
@@ -47,18 +47,18 @@ std::u16string Story::Text(Position start, Position end) const {
   return text;
 }
 
-pugi::xml_node Story::ParagraphOf(const AtomSequence::Place& place) const {
-  pugi::xml_node node = atoms_.Get(place).Node();
+XmlNode Story::ParagraphOf(const AtomSequence::Place& place) const {
+  XmlNode node = atoms_.Get(place).Node();
   while (node && !part_->Is(node, Tag::kP)) {
     if (part_->Is(node, Tag::kTc)) return {};
-    node = node.parent();
+    node = node.Parent();
   }
   return node;
 }
 
-pugi::xml_node Story::ParagraphAt(Position position) const {
+XmlNode Story::ParagraphAt(Position position) const {
   const AtomSequence::Place place = atoms_.At(position);
-  return atoms_.IsEnd(place) ? pugi::xml_node() : ParagraphOf(place);
+  return atoms_.IsEnd(place) ? XmlNode() : ParagraphOf(place);
 }
 
 namespace {
@@ -89,10 +89,10 @@ Position Story::ParagraphEnd(Position position) const {
   return place.start;
 }
 
-pugi::xml_node Story::RunAt(Position position) const {
+XmlNode Story::RunAt(Position position) const {
   const AtomSequence::Place place = atoms_.At(position);
   if (atoms_.IsEnd(place) || !atoms_.Get(place).InRun()) return {};
-  return atoms_.Get(place).Node().parent();
+  return atoms_.Get(place).Node().Parent();
 }
 
 void Story::MoveAnchors(Position at, Position removed, Position inserted) {

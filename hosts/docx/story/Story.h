@@ -39,7 +39,7 @@ class Anchor {
 class Story {
  public:
   /// @param containers the elements whose blocks are the story, in order: the body, the notes, ...
-  Story(std::shared_ptr<XmlPart> part, int type, const std::vector<pugi::xml_node>& containers);
+  Story(std::shared_ptr<XmlPart> part, int type, const std::vector<XmlNode>& containers);
   ~Story();
   Story(const Story&) = delete;
   Story& operator=(const Story&) = delete;
@@ -71,46 +71,46 @@ class Story {
   void Erase(Position start, Position end);
   /// Divides runs so that none spans the stretch's ends. @return the runs between, in order, each once; only runs
   /// with text that is not deleted
-  std::vector<pugi::xml_node> IsolateRuns(Position start, Position end);
+  std::vector<XmlNode> IsolateRuns(Position start, Position end);
   /// After runs between changed their formatting: joins neighbours that were divided and have become equal again.
   void RejoinRuns(Position start, Position end);
   /// Takes away the marks that keep equal runs apart, where those are neighbours again. Until then they hold, so that
   /// the order in which changes are taken back does not matter.
   void DropApartMarks();
   struct BookmarkElements {
-    pugi::xml_node first;
-    pugi::xml_node last;
+    XmlNode first;
+    XmlNode last;
   };
   BookmarkElements InsertBookmark(Position start, Position end, std::string_view name, int id);
   /// Removes the marks, not the text.
-  void RemoveBookmark(pugi::xml_node startElement, pugi::xml_node endElement);
+  void RemoveBookmark(XmlNode startElement, XmlNode endElement);
 
   /// Called before a bookmark's elements go, with its w:bookmarkStart.
-  std::function<void(pugi::xml_node)> bookmarkRemoved;
+  std::function<void(XmlNode)> bookmarkRemoved;
 
   /// The w:p that the position is in: the one whose mark is at or behind it.
-  pugi::xml_node ParagraphAt(Position position) const;
+  XmlNode ParagraphAt(Position position) const;
   /// Where the paragraph that the position is in begins and where it ends, its mark included.
   Position ParagraphStart(Position position) const;
   Position ParagraphEnd(Position position) const;
   /// The run that holds the character at the position; empty for marks of paragraphs, cells and rows.
-  pugi::xml_node RunAt(Position position) const;
+  XmlNode RunAt(Position position) const;
 
  private:
   friend class Anchor;
   struct InsertionPoint;
 
-  pugi::xml_node ParagraphOf(const AtomSequence::Place& place) const;
+  XmlNode ParagraphOf(const AtomSequence::Place& place) const;
   InsertionPoint PrepareInsertion(Position at);
-  pugi::xml_node FormattingRun(const AtomSequence::Place& at) const;
+  XmlNode FormattingRun(const AtomSequence::Place& at) const;
   void DivideAt(Position position);
   void DivideRunsAt(Position position);
-  pugi::xml_node DivideRun(const AtomSequence::Place& firstOfSecond);
-  void DivideContainer(pugi::xml_node container, pugi::xml_node lastOfFirst);
+  XmlNode DivideRun(const AtomSequence::Place& firstOfSecond);
+  void DivideContainer(XmlNode container, XmlNode lastOfFirst);
   void InsertParagraphMark(Position at);
   void InsertRunText(Position at, std::u16string_view text);
   bool MergeWithNext(const AtomSequence::Place& mark);
-  void RemoveEmptied(pugi::xml_node run);
+  void RemoveEmptied(XmlNode run);
   void EraseBookmarksWithin(Position start, Position end);
   bool EraseSimpleField(const AtomSequence::Place& begin, Position& left);
   /// Of the marks of separate runs in front of a run one at most is wanted, and none at a paragraph's start.
@@ -122,9 +122,9 @@ class Story {
   AtomSequence atoms_;
   bool hasRevisions_{false};
   std::vector<Anchor*> anchors_;
-  std::vector<pugi::xml_node> apart_;
+  std::vector<XmlNode> apart_;
   /// Runs that were made for inserted text: nothing is lost when they are joined with a neighbour.
-  std::unordered_set<const pugi::xml_node_struct*> inserted_;
+  std::unordered_set<const XmlNodeData*> inserted_;
 };
 
 }  // namespace docx

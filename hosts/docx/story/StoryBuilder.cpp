@@ -1,6 +1,5 @@
 #include "hosts/docx/story/StoryBuilder.h"
 
-#include <cstring>
 #include <string>
 
 #include "hosts/docx/story/ApartMark.h"
@@ -12,18 +11,16 @@ namespace docx {
 
 namespace {
 
-bool IsElement(pugi::xml_node node) { return node.type() == pugi::node_element; }
-
 /// VML that is positioned floats; all other VML stands in the line.
-bool Floats(pugi::xml_node picture) {
-  for (const pugi::xml_node shape : picture.children()) {
-    if (std::strstr(shape.attribute("style").value(), "position:absolute") != nullptr) return true;
+bool Floats(XmlNode picture) {
+  for (const XmlNode shape : picture.Children()) {
+    if (shape.Attribute("style").Value().find("position:absolute") != std::string_view::npos) return true;
   }
   return false;
 }
 
 /// Whether a picture, object or alternate content takes a character of the line.
-bool StandsInLine(const XmlPart& part, pugi::xml_node node) {
+bool StandsInLine(const XmlPart& part, XmlNode node) {
   switch (part.TagOf(node)) {
     case Tag::kDrawing:
       return !part.Child(node, Tag::kAnchor);
@@ -31,9 +28,9 @@ bool StandsInLine(const XmlPart& part, pugi::xml_node node) {
     case Tag::kObject:
       return !Floats(node);
     case Tag::kAlternateContent: {
-      const pugi::xml_node branch = ChosenBranch(part, node);
-      for (const pugi::xml_node child : branch.children()) {
-        if (IsElement(child)) return part.Is(child, Tag::kDrawing) ? StandsInLine(part, child) : !Floats(child);
+      const XmlNode branch = ChosenBranch(part, node);
+      for (const XmlNode child : branch.Children()) {
+        if (child.IsElement()) return part.Is(child, Tag::kDrawing) ? StandsInLine(part, child) : !Floats(child);
       }
       return false;
     }
@@ -44,14 +41,14 @@ bool StandsInLine(const XmlPart& part, pugi::xml_node node) {
 
 }  // namespace
 
-pugi::xml_node ChosenBranch(const XmlPart& part, pugi::xml_node alternate) {
-  const pugi::xml_node choice = part.Child(alternate, Tag::kChoice);
+XmlNode ChosenBranch(const XmlPart& part, XmlNode alternate) {
+  const XmlNode choice = part.Child(alternate, Tag::kChoice);
   return choice ? choice : part.Child(alternate, Tag::kFallback);
 }
 
-StoryBuilder::Piece StoryBuilder::ReadRunContent(const XmlPart& part, pugi::xml_node element, bool deleted) {
+StoryBuilder::Piece StoryBuilder::ReadRunContent(const XmlPart& part, XmlNode element, bool deleted) {
   Piece piece;
-  piece.atom.element = element.internal_object();
+  piece.atom.element = element.Data();
   piece.atom.deleted = deleted;
   const auto character = [&](char16_t unit) {
     piece.atom.kind = AtomKind::kCharacter;
@@ -68,7 +65,7 @@ StoryBuilder::Piece StoryBuilder::ReadRunContent(const XmlPart& part, pugi::xml_
       piece.text = TextOf(element);
       break;
     case Tag::kFldChar: {
-      const std::string_view type = part.Attribute(element, "fldCharType").value();
+      const std::string_view type = part.Attribute(element, "fldCharType").Value();
       if (type == "begin") {
         piece.atom.kind = AtomKind::kFieldBegin;
         piece.text = word::kFieldBegin;
@@ -86,7 +83,7 @@ StoryBuilder::Piece StoryBuilder::ReadRunContent(const XmlPart& part, pugi::xml_
       character(word::kTab);
       break;
     case Tag::kBr: {
-      const std::string_view type = part.Attribute(element, "type").value();
+      const std::string_view type = part.Attribute(element, "type").Value();
       character(type == "page" ? word::kPageBreak : type == "column" ? word::kColumnBreak : word::kLineBreak);
       break;
     }
@@ -133,8 +130,8 @@ StoryBuilder::Piece StoryBuilder::ReadRunContent(const XmlPart& part, pugi::xml_
   return piece;
 }
 
-void StoryBuilder::Add(pugi::xml_node element, AtomKind kind, std::u16string_view text, bool deleted) {
-  const Atom atom{element.internal_object(), static_cast<std::uint32_t>(text.size()), kind, deleted};
+void StoryBuilder::Add(XmlNode element, AtomKind kind, std::u16string_view text, bool deleted) {
+  const Atom atom{element.Data(), static_cast<std::uint32_t>(text.size()), kind, deleted};
   const AtomSequence::Place place = atoms_.Append(atom, text);
   hasRevisions_ = hasRevisions_ || deleted;
   if (text.empty()) return;
@@ -142,9 +139,9 @@ void StoryBuilder::Add(pugi::xml_node element, AtomKind kind, std::u16string_vie
   if (lastIsMark_) lastMark_ = place;
 }
 
-void StoryBuilder::AddBlocks(pugi::xml_node container, bool deleted) {
-  for (const pugi::xml_node child : container.children()) {
-    if (!IsElement(child)) continue;
+void StoryBuilder::AddBlocks(XmlNode container, bool deleted) {
+  for (const XmlNode child : container.Children()) {
+    if (!child.IsElement()) continue;
     switch (part_.TagOf(child)) {
       case Tag::kP:
         AddParagraph(child, deleted);
@@ -182,22 +179,22 @@ void StoryBuilder::AddBlocks(pugi::xml_node container, bool deleted) {
   }
 }
 
-void StoryBuilder::AddParagraph(pugi::xml_node paragraph, bool deleted) {
+void StoryBuilder::AddParagraph(XmlNode paragraph, bool deleted) {
   AddInlines(paragraph, deleted);
-  const pugi::xml_node properties = part_.Child(paragraph, Tag::kPPr);
-  const pugi::xml_node markProperties = part_.Child(properties, Tag::kRPr);
+  const XmlNode properties = part_.Child(paragraph, Tag::kPPr);
+  const XmlNode markProperties = part_.Child(properties, Tag::kRPr);
   const bool markDeleted =
       deleted || part_.Child(markProperties, Tag::kDel) || part_.Child(markProperties, Tag::kMoveFrom);
   const char16_t mark = part_.Child(properties, Tag::kSectPr) ? word::kPageBreak : word::kParagraphMark;
   Add(paragraph, AtomKind::kParagraphMark, std::u16string_view(&mark, 1), markDeleted);
 }
 
-void StoryBuilder::AddTable(pugi::xml_node table, bool deleted) {
-  for (const pugi::xml_node child : table.children()) {
-    if (!IsElement(child)) continue;
+void StoryBuilder::AddTable(XmlNode table, bool deleted) {
+  for (const XmlNode child : table.Children()) {
+    if (!child.IsElement()) continue;
     switch (part_.TagOf(child)) {
       case Tag::kTr: {
-        const pugi::xml_node properties = part_.Child(child, Tag::kTrPr);
+        const XmlNode properties = part_.Child(child, Tag::kTrPr);
         const bool rowDeleted = deleted || part_.Child(properties, Tag::kDel);
         AddTable(child, rowDeleted);
         Add(child, AtomKind::kRowMark, std::u16string_view(&word::kCellMark, 1), rowDeleted);
@@ -233,7 +230,7 @@ void StoryBuilder::AddTable(pugi::xml_node table, bool deleted) {
   }
 }
 
-void StoryBuilder::AddCell(pugi::xml_node cell, bool deleted) {
+void StoryBuilder::AddCell(XmlNode cell, bool deleted) {
   lastIsMark_ = false;
   AddBlocks(cell, deleted);
   if (lastIsMark_) {
@@ -244,9 +241,9 @@ void StoryBuilder::AddCell(pugi::xml_node cell, bool deleted) {
   }
 }
 
-void StoryBuilder::AddInlines(pugi::xml_node parent, bool deleted) {
-  for (const pugi::xml_node child : parent.children()) {
-    if (!IsElement(child)) {
+void StoryBuilder::AddInlines(XmlNode parent, bool deleted) {
+  for (const XmlNode child : parent.Children()) {
+    if (!child.IsElement()) {
       if (IsApartMark(child)) apart_.push_back(child);
       continue;
     }
@@ -278,7 +275,7 @@ void StoryBuilder::AddInlines(pugi::xml_node parent, bool deleted) {
         break;
       case Tag::kFldSimple: {
         std::u16string begin(1, word::kFieldBegin);
-        begin += ToUtf16(part_.Attribute(child, "instr").value());
+        begin += ToUtf16(part_.Attribute(child, "instr").Value());
         begin += word::kFieldSeparator;
         Add(child, AtomKind::kSimpleBegin, begin, deleted);
         AddInlines(child, deleted);
@@ -297,9 +294,9 @@ void StoryBuilder::AddInlines(pugi::xml_node parent, bool deleted) {
   }
 }
 
-void StoryBuilder::AddRun(pugi::xml_node run, bool deleted) {
-  for (const pugi::xml_node child : run.children()) {
-    if (!IsElement(child)) continue;
+void StoryBuilder::AddRun(XmlNode run, bool deleted) {
+  for (const XmlNode child : run.Children()) {
+    if (!child.IsElement()) continue;
     const Piece piece = ReadRunContent(part_, child, deleted);
     if (piece.atom.length != 0) Add(child, piece.atom.kind, piece.text, deleted);
   }

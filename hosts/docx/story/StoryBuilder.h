@@ -1,6 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "hosts/docx/xml/XmlNode.h"
 
 #include <string_view>
 #include <vector>
@@ -14,9 +14,9 @@ namespace docx {
 class StoryBuilder {
  public:
   /// @param apart gets the marks that keep equal runs apart
-  StoryBuilder(const XmlPart& part, AtomSequence& atoms, std::vector<pugi::xml_node>& apart)
+  StoryBuilder(const XmlPart& part, AtomSequence& atoms, std::vector<XmlNode>& apart)
       : part_(part), atoms_(atoms), apart_(apart) {}
-  void AddBlocks(pugi::xml_node container) { AddBlocks(container, false); }
+  void AddBlocks(XmlNode container) { AddBlocks(container, false); }
   /// Whether a tracked insertion, deletion or move came by.
   bool HasRevisions() const { return hasRevisions_; }
 
@@ -25,20 +25,20 @@ class StoryBuilder {
     Atom atom;
     std::u16string text;
   };
-  static Piece ReadRunContent(const XmlPart& part, pugi::xml_node element, bool deleted);
+  static Piece ReadRunContent(const XmlPart& part, XmlNode element, bool deleted);
 
  private:
-  void AddBlocks(pugi::xml_node container, bool deleted);
-  void AddParagraph(pugi::xml_node paragraph, bool deleted);
-  void AddTable(pugi::xml_node table, bool deleted);
-  void AddCell(pugi::xml_node cell, bool deleted);
-  void AddInlines(pugi::xml_node parent, bool deleted);
-  void AddRun(pugi::xml_node run, bool deleted);
-  void Add(pugi::xml_node element, AtomKind kind, std::u16string_view text, bool deleted);
+  void AddBlocks(XmlNode container, bool deleted);
+  void AddParagraph(XmlNode paragraph, bool deleted);
+  void AddTable(XmlNode table, bool deleted);
+  void AddCell(XmlNode cell, bool deleted);
+  void AddInlines(XmlNode parent, bool deleted);
+  void AddRun(XmlNode run, bool deleted);
+  void Add(XmlNode element, AtomKind kind, std::u16string_view text, bool deleted);
 
   const XmlPart& part_;
   AtomSequence& atoms_;
-  std::vector<pugi::xml_node>& apart_;
+  std::vector<XmlNode>& apart_;
   /// The last paragraph mark, which becomes the cell's mark when the cell ends behind it.
   AtomSequence::Place lastMark_;
   bool lastIsMark_{false};
@@ -46,6 +46,6 @@ class StoryBuilder {
 };
 
 /// The branch of mc:AlternateContent that a reader of today takes; empty when there is none.
-pugi::xml_node ChosenBranch(const XmlPart& part, pugi::xml_node alternate);
+XmlNode ChosenBranch(const XmlPart& part, XmlNode alternate);
 
 }  // namespace docx

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 #include "hosts/docx/story/ApartMark.h"
@@ -16,18 +15,18 @@ namespace docx {
 /// Where new run-level elements go: behind `after` in `parent`, or, without it, first in the parent (behind its
 /// properties).
 struct Story::InsertionPoint {
-  pugi::xml_node parent;
-  pugi::xml_node after;
+  XmlNode parent;
+  XmlNode after;
   AtomSequence::Place before;  ///< of the atom that will follow the new ones
 
-  pugi::xml_node Add(const XmlPart& part, const char* local) {
-    pugi::xml_node added;
+  XmlNode Add(const XmlPart& part, const char* local) {
+    XmlNode added;
     if (after) {
-      added = parent.insert_child_after(part.Name(local), after);
-    } else if (const pugi::xml_node properties = part.Child(parent, Tag::kPPr)) {
-      added = parent.insert_child_after(part.Name(local), properties);
+      added = parent.InsertChildAfter(part.Name(local), after);
+    } else if (const XmlNode properties = part.Child(parent, Tag::kPPr)) {
+      added = parent.InsertChildAfter(part.Name(local), properties);
     } else {
-      added = parent.prepend_child(part.Name(local));
+      added = parent.PrependChild(part.Name(local));
     }
     after = added;
     return added;
@@ -39,16 +38,16 @@ namespace {
 bool IsJoinable(const Atom& atom) { return atom.kind == AtomKind::kText || atom.kind == AtomKind::kCharacter; }
 
 /// Whether an element follows in the same container; white space between elements is nothing.
-bool HasElementBehind(pugi::xml_node node) {
+bool HasElementBehind(XmlNode node) {
   do {
-    node = node.next_sibling();
-  } while (node && node.type() != pugi::node_element);
-  return !node.empty();
+    node = node.NextSibling();
+  } while (node && node.Type() != XmlType::kElement);
+  return !node.Empty();
 }
 
 /// The text of an element of run content that was just made, as an atom.
-Atom MakeAtom(pugi::xml_node element, AtomKind kind, std::size_t length) {
-  return {element.internal_object(), static_cast<std::uint32_t>(length), kind, false};
+Atom MakeAtom(XmlNode element, AtomKind kind, std::size_t length) {
+  return {element.Data(), static_cast<std::uint32_t>(length), kind, false};
 }
 
 }  // namespace
@@ -65,15 +64,15 @@ void Story::DivideAt(Position position) {
   part_->Touch();
 }
 
-pugi::xml_node Story::DivideRun(const AtomSequence::Place& firstOfSecond) {
-  pugi::xml_node element = atoms_.Get(firstOfSecond).Node();
-  const pugi::xml_node run = element.parent();
-  pugi::xml_node second = run.parent().insert_child_after(run.name(), run);
-  for (const pugi::xml_attribute attribute : run.attributes()) second.append_copy(attribute);
-  if (const pugi::xml_node properties = part_->Child(run, Tag::kRPr)) second.append_copy(properties);
+XmlNode Story::DivideRun(const AtomSequence::Place& firstOfSecond) {
+  XmlNode element = atoms_.Get(firstOfSecond).Node();
+  const XmlNode run = element.Parent();
+  XmlNode second = run.Parent().InsertChildAfter(run.Entry(), run);
+  second.CopyAttributes(run);
+  if (const XmlNode properties = part_->Child(run, Tag::kRPr)) second.AppendCopy(properties);
   while (element) {
-    const pugi::xml_node next = element.next_sibling();
-    second.append_move(element);
+    const XmlNode next = element.NextSibling();
+    second.AppendMove(element);
     element = next;
   }
   part_->Touch();
@@ -87,12 +86,12 @@ void Story::DivideRunsAt(Position position) {
   const Atom& next = atoms_.Get(place);
   const Atom& previous = atoms_.Get(atoms_.Previous(place));
   if (!next.InRun() || !previous.InRun()) return;
-  const pugi::xml_node before = previous.Node().parent();
-  const pugi::xml_node after = next.Node().parent();
+  const XmlNode before = previous.Node().Parent();
+  const XmlNode after = next.Node().Parent();
   if (before == after) {
     DivideRun(place);
-  } else if (before.next_sibling() == after && IsJoinable(previous) && IsJoinable(next) &&
-             !inserted_.contains(before.internal_object()) && !inserted_.contains(after.internal_object()) &&
+  } else if (before.NextSibling() == after && IsJoinable(previous) && IsJoinable(next) &&
+             !inserted_.contains(before.Data()) && !inserted_.contains(after.Data()) &&
              SameRunFormatting(*part_, before, after)) {
     apart_.push_back(PutApartMark(before));
   }
@@ -101,7 +100,7 @@ void Story::DivideRunsAt(Position position) {
 Story::InsertionPoint Story::PrepareInsertion(Position at) {
   DivideRunsAt(at);
   const AtomSequence::Place place = atoms_.At(at);
-  const pugi::xml_node paragraph = atoms_.IsEnd(place) ? pugi::xml_node() : ParagraphOf(place);
+  const XmlNode paragraph = atoms_.IsEnd(place) ? XmlNode() : ParagraphOf(place);
   if (!paragraph) {
     throw word::HostError(word::kCommandFailed, u"Text cannot be inserted behind the end of a table row.", "Range");
   }
@@ -114,9 +113,9 @@ Story::InsertionPoint Story::PrepareInsertion(Position at) {
     point.parent = previous.Node();
     return point;
   }
-  point.after = previous.InRun() ? previous.Node().parent() : previous.Node();
+  point.after = previous.InRun() ? previous.Node().Parent() : previous.Node();
   // What is inserted behind deleted text is no part of the deletion, and behind the last of a container not in it.
-  for (pugi::xml_node up = point.after.parent(); up != paragraph; up = up.parent()) {
+  for (XmlNode up = point.after.Parent(); up != paragraph; up = up.Parent()) {
     const Tag tag = part_->TagOf(up);
     // The end mark of a simple field stands behind its content; what stands beside a branch is only another branch.
     if (tag == Tag::kFldSimple) break;
@@ -126,16 +125,16 @@ Story::InsertionPoint Story::PrepareInsertion(Position at) {
     }
     point.after = up;
   }
-  point.parent = point.after.parent();
+  point.parent = point.after.Parent();
   return point;
 }
 
-void Story::DivideContainer(pugi::xml_node container, pugi::xml_node lastOfFirst) {
-  pugi::xml_node second = container.parent().insert_child_after(container.name(), container);
-  for (const pugi::xml_attribute attribute : container.attributes()) second.append_copy(attribute);
-  for (pugi::xml_node child = lastOfFirst.next_sibling(); child;) {
-    const pugi::xml_node next = child.next_sibling();
-    second.append_move(child);
+void Story::DivideContainer(XmlNode container, XmlNode lastOfFirst) {
+  XmlNode second = container.Parent().InsertChildAfter(container.Entry(), container);
+  second.CopyAttributes(container);
+  for (XmlNode child = lastOfFirst.NextSibling(); child;) {
+    const XmlNode next = child.NextSibling();
+    second.AppendMove(child);
     child = next;
   }
 }
@@ -152,28 +151,28 @@ void Story::InsertText(Position at, std::u16string_view text) {
   }
 }
 
-pugi::xml_node Story::FormattingRun(const AtomSequence::Place& at) const {
+XmlNode Story::FormattingRun(const AtomSequence::Place& at) const {
   if (!atoms_.IsBegin(at)) {
     AtomSequence::Place before = atoms_.Previous(at);
     while (atoms_.Get(before).length == 0 && !atoms_.IsBegin(before)) before = atoms_.Previous(before);
-    if (atoms_.Get(before).InRun()) return atoms_.Get(before).Node().parent();
+    if (atoms_.Get(before).InRun()) return atoms_.Get(before).Node().Parent();
   }
-  return !atoms_.IsEnd(at) && atoms_.Get(at).InRun() ? atoms_.Get(at).Node().parent() : pugi::xml_node();
+  return !atoms_.IsEnd(at) && atoms_.Get(at).InRun() ? atoms_.Get(at).Node().Parent() : XmlNode();
 }
 
 void Story::InsertRunText(Position at, std::u16string_view text) {
   InsertionPoint point = PrepareInsertion(at);
-  const pugi::xml_node model = FormattingRun(point.before);
-  pugi::xml_node run = point.Add(*part_, "r");
-  inserted_.insert(run.internal_object());
-  if (const pugi::xml_node properties = part_->Child(model, Tag::kRPr)) {
-    run.append_copy(properties).remove_child(part_->Name("rPrChange"));
+  const XmlNode model = FormattingRun(point.before);
+  XmlNode run = point.Add(*part_, "r");
+  inserted_.insert(run.Data());
+  if (const XmlNode properties = part_->Child(model, Tag::kRPr)) {
+    run.AppendCopy(properties).RemoveChild(part_->Name("rPrChange"));
   }
   std::vector<Atom> atoms;
   for (std::size_t from = 0; from < text.size();) {
     const std::size_t special = std::min(text.find_first_of(u"\t\v\f\x1e\x1f", from), text.size());
     if (special > from) {
-      pugi::xml_node element = run.append_child(part_->Name("t"));
+      XmlNode element = run.AppendChild(part_->Name("t"));
       SetText(element, ToUtf8(text.substr(from, special - from)));
       atoms.push_back(MakeAtom(element, AtomKind::kText, special - from));
     }
@@ -183,7 +182,7 @@ void Story::InsertRunText(Position at, std::u16string_view text) {
                           : unit == word::kNonBreakingHyphen ? "noBreakHyphen"
                           : unit == word::kOptionalHyphen    ? "softHyphen"
                                                              : "br";
-      pugi::xml_node element = run.append_child(part_->Name(local));
+      XmlNode element = run.AppendChild(part_->Name(local));
       if (unit == word::kPageBreak) part_->SetAttribute(element, "type", "page");
       atoms.push_back(MakeAtom(element, AtomKind::kCharacter, 1));
     }
@@ -198,21 +197,21 @@ Position Story::InsertField(Position at, std::u16string_view code) {
   InsertionPoint point = PrepareInsertion(at);
   std::vector<Atom> atoms;
   const auto mark = [&](const char* type, AtomKind kind) {
-    pugi::xml_node element = point.Add(*part_, "r").append_child(part_->Name("fldChar"));
+    XmlNode element = point.Add(*part_, "r").AppendChild(part_->Name("fldChar"));
     part_->SetAttribute(element, "fldCharType", type);
     atoms.push_back(MakeAtom(element, kind, 1));
   };
   mark("begin", AtomKind::kFieldBegin);
-  pugi::xml_node run = point.Add(*part_, "r");
+  XmlNode run = point.Add(*part_, "r");
   for (std::size_t from = 0; from < code.size();) {
     const std::size_t tab = std::min(code.find(word::kTab, from), code.size());
     if (tab > from) {
-      pugi::xml_node element = run.append_child(part_->Name("instrText"));
+      XmlNode element = run.AppendChild(part_->Name("instrText"));
       SetText(element, ToUtf8(code.substr(from, tab - from)));
       atoms.push_back(MakeAtom(element, AtomKind::kCode, tab - from));
     }
     if (tab < code.size()) {
-      atoms.push_back(MakeAtom(run.append_child(part_->Name("tab")), AtomKind::kCharacter, 1));
+      atoms.push_back(MakeAtom(run.AppendChild(part_->Name("tab")), AtomKind::kCharacter, 1));
     }
     from = tab + 1;
   }
@@ -228,7 +227,7 @@ Position Story::InsertField(Position at, std::u16string_view code) {
 
 void Story::InsertFieldSeparator(Position at) {
   InsertionPoint point = PrepareInsertion(at);
-  pugi::xml_node element = point.Add(*part_, "r").append_child(part_->Name("fldChar"));
+  XmlNode element = point.Add(*part_, "r").AppendChild(part_->Name("fldChar"));
   part_->SetAttribute(element, "fldCharType", "separate");
   atoms_.Insert(point.before, {MakeAtom(element, AtomKind::kFieldSeparator, 1)},
                 std::u16string_view(&word::kFieldSeparator, 1));
@@ -238,24 +237,24 @@ void Story::InsertFieldSeparator(Position at) {
 
 void Story::InsertParagraphMark(Position at) {
   InsertionPoint point = PrepareInsertion(at);
-  const pugi::xml_node paragraph = ParagraphOf(point.before);
+  const XmlNode paragraph = ParagraphOf(point.before);
   // Containers around the place, such as a hyperlink, are divided with the paragraph.
-  for (pugi::xml_node up = point.parent; up != paragraph; up = up.parent()) {
+  for (XmlNode up = point.parent; up != paragraph; up = up.Parent()) {
     if (point.after && HasElementBehind(point.after)) DivideContainer(up, point.after);
     point.after = up;
   }
-  pugi::xml_node first = paragraph.parent().insert_child_before(paragraph.name(), paragraph);
-  const pugi::xml_node properties = part_->Child(paragraph, Tag::kPPr);
+  XmlNode first = paragraph.Parent().InsertChildBefore(paragraph.Entry(), paragraph);
+  const XmlNode properties = part_->Child(paragraph, Tag::kPPr);
   if (properties) {
-    pugi::xml_node copy = first.append_copy(properties);
-    copy.remove_child(part_->Name("sectPr"));
-    copy.remove_child(part_->Name("pPrChange"));
+    XmlNode copy = first.AppendCopy(properties);
+    copy.RemoveChild(part_->Name("sectPr"));
+    copy.RemoveChild(part_->Name("pPrChange"));
   }
   if (point.after && point.after != properties) {
-    for (pugi::xml_node child = properties ? properties.next_sibling() : paragraph.first_child(); child;) {
+    for (XmlNode child = properties ? properties.NextSibling() : paragraph.FirstChild(); child;) {
       const bool last = child == point.after;
-      const pugi::xml_node next = child.next_sibling();
-      first.append_move(child);
+      const XmlNode next = child.NextSibling();
+      first.AppendMove(child);
       if (last) break;
       child = next;
     }
@@ -272,69 +271,69 @@ void Story::SetMarkCharacter(Position mark, char16_t character) {
 }
 
 bool Story::MergeWithNext(const AtomSequence::Place& mark) {
-  pugi::xml_node first = atoms_.Get(mark).Node();
-  pugi::xml_node second = first.next_sibling();
+  XmlNode first = atoms_.Get(mark).Node();
+  XmlNode second = first.NextSibling();
   while (second && !part_->Is(second, Tag::kP)) {
     const Tag tag = part_->TagOf(second);
     const bool mere = tag == Tag::kBookmarkStart || tag == Tag::kBookmarkEnd || tag == Tag::kProofErr ||
-                      second.type() != pugi::node_element;
+                      second.Type() != XmlType::kElement;
     if (!mere) return false;
-    second = second.next_sibling();
+    second = second.NextSibling();
   }
   if (!second) return false;
-  pugi::xml_node after = part_->Child(second, Tag::kPPr);
-  const auto move = [&](pugi::xml_node node) {
-    after = after ? second.insert_move_after(node, after) : second.prepend_move(node);
+  XmlNode after = part_->Child(second, Tag::kPPr);
+  const auto move = [&](XmlNode node) {
+    after = after ? second.InsertMoveAfter(node, after) : second.PrependMove(node);
   };
-  const pugi::xml_node properties = part_->Child(first, Tag::kPPr);
-  for (pugi::xml_node child = first.first_child(); child;) {
-    const pugi::xml_node next = child.next_sibling();
+  const XmlNode properties = part_->Child(first, Tag::kPPr);
+  for (XmlNode child = first.FirstChild(); child;) {
+    const XmlNode next = child.NextSibling();
     if (child != properties) move(child);
     child = next;
   }
   // Bookmarks between the two follow the text that stood before them.
-  for (pugi::xml_node between = first.next_sibling(); between != second;) {
-    const pugi::xml_node next = between.next_sibling();
+  for (XmlNode between = first.NextSibling(); between != second;) {
+    const XmlNode next = between.NextSibling();
     move(between);
     between = next;
   }
-  first.parent().remove_child(first);
+  first.Parent().RemoveChild(first);
   return true;
 }
 
-void Story::RemoveEmptied(pugi::xml_node run) {
-  for (const pugi::xml_node child : run.children()) {
-    if (child.type() == pugi::node_element && !part_->Is(child, Tag::kRPr)) return;
+void Story::RemoveEmptied(XmlNode run) {
+  for (const XmlNode child : run.Children()) {
+    if (child.Type() == XmlType::kElement && !part_->Is(child, Tag::kRPr)) return;
   }
-  pugi::xml_node node = run;
+  XmlNode node = run;
   while (true) {
-    pugi::xml_node parent = node.parent();
-    inserted_.erase(node.internal_object());
-    parent.remove_child(node);
+    XmlNode parent = node.Parent();
+    inserted_.erase(node.Data());
+    parent.RemoveChild(node);
     const Tag tag = part_->TagOf(parent);
     const bool container = tag == Tag::kIns || tag == Tag::kHyperlink || tag == Tag::kSmartTag || tag == Tag::kMoveTo;
-    if (!container || parent.first_child()) return;
+    if (!container || parent.FirstChild()) return;
     node = parent;
   }
 }
 
 void Story::EraseBookmarksWithin(Position start, Position end) {
   struct Seen {
-    pugi::xml_node element;
+    XmlNode element;
     Position at;
   };
   std::vector<Seen> starts;
   AtomSequence::Place place = atoms_.At(start);
   while (!atoms_.IsBegin(place) && atoms_.Get(atoms_.Previous(place)).length == 0) place = atoms_.Previous(place);
-  std::vector<std::pair<pugi::xml_node, pugi::xml_node>> gone;
+  std::vector<std::pair<XmlNode, XmlNode>> gone;
   for (; !atoms_.IsEnd(place) && place.start <= end; place = atoms_.Next(place)) {
     const Atom& atom = atoms_.Get(place);
     if (atom.kind == AtomKind::kBookmarkStart) {
       starts.push_back({atom.Node(), place.start});
     } else if (atom.kind == AtomKind::kBookmarkEnd) {
-      const std::string_view id = part_->Attribute(atom.Node(), "id").value();
+      const std::string_view id = part_->Attribute(atom.Node(), "id").Value();
       const auto first = std::find_if(starts.begin(), starts.end(), [&](const Seen& seen) {
-        return part_->Attribute(seen.element, "id").value() == id;
+        return part_->Attribute(seen.element, "id").Value() == id;
       });
       if (first == starts.end()) continue;
       const bool empty = first->at == place.start;
@@ -362,8 +361,8 @@ void Story::Erase(Position start, Position end) {
     if (atom.deleted) {
       removed = false;
     } else if (atom.InRun()) {
-      pugi::xml_node run = atom.Node().parent();
-      run.remove_child(atom.Node());
+      XmlNode run = atom.Node().Parent();
+      run.RemoveChild(atom.Node());
       RemoveEmptied(run);
     } else if (atom.kind == AtomKind::kSimpleBegin) {
       removed = EraseSimpleField(place, left);
@@ -385,22 +384,22 @@ void Story::Erase(Position start, Position end) {
 
 bool Story::EraseSimpleField(const AtomSequence::Place& begin, Position& left) {
   // The element goes with its end mark, and only when that is erased too.
-  pugi::xml_node field = atoms_.Get(begin).Node();
+  XmlNode field = atoms_.Get(begin).Node();
   AtomSequence::Place place = atoms_.Next(begin);
   const Position limit = place.start + left;
   while (!atoms_.IsEnd(place) && place.start < limit) {
     const Atom& atom = atoms_.Get(place);
     if (atom.kind == AtomKind::kSimpleEnd && atom.Node() == field) {
-      pugi::xml_node after = field;
-      for (pugi::xml_node child = field.first_child(); child;) {
-        const pugi::xml_node next = child.next_sibling();
-        after = field.parent().insert_move_after(child, after);
+      XmlNode after = field;
+      for (XmlNode child = field.FirstChild(); child;) {
+        const XmlNode next = child.NextSibling();
+        after = field.Parent().InsertMoveAfter(child, after);
         child = next;
       }
       const Position at = place.start;
       atoms_.Remove(place);
       MoveAnchors(at, 1, 0);
-      field.parent().remove_child(field);
+      field.Parent().RemoveChild(field);
       --left;
       return true;
     }
@@ -409,8 +408,8 @@ bool Story::EraseSimpleField(const AtomSequence::Place& begin, Position& left) {
   return false;
 }
 
-std::vector<pugi::xml_node> Story::IsolateRuns(Position start, Position end) {
-  std::vector<pugi::xml_node> runs;
+std::vector<XmlNode> Story::IsolateRuns(Position start, Position end) {
+  std::vector<XmlNode> runs;
   if (start >= end) return runs;
   DivideRunsAt(start);
   DivideRunsAt(end);
@@ -418,7 +417,7 @@ std::vector<pugi::xml_node> Story::IsolateRuns(Position start, Position end) {
        place = atoms_.Next(place)) {
     const Atom& atom = atoms_.Get(place);
     if (!atom.InRun() || atom.deleted) continue;
-    const pugi::xml_node run = atom.Node().parent();
+    const XmlNode run = atom.Node().Parent();
     if (runs.empty() || runs.back() != run) runs.push_back(run);
   }
   return runs;
@@ -436,38 +435,38 @@ void Story::RejoinAt(Position position) {
   const Atom& first = atoms_.Get(before);
   const Atom& second = atoms_.Get(place);
   if (!IsJoinable(first) || !IsJoinable(second)) return;
-  pugi::xml_node run = first.Node().parent();
-  pugi::xml_node other = second.Node().parent();
+  XmlNode run = first.Node().Parent();
+  XmlNode other = second.Node().Parent();
   if (run == other) return;
-  if (run.next_sibling() != other || !SameRunFormatting(*part_, run, other)) return;
+  if (run.NextSibling() != other || !SameRunFormatting(*part_, run, other)) return;
   part_->Touch();
-  for (pugi::xml_node child = other.first_child(); child;) {
-    const pugi::xml_node next = child.next_sibling();
-    if (!part_->Is(child, Tag::kRPr)) run.append_move(child);
+  for (XmlNode child = other.FirstChild(); child;) {
+    const XmlNode next = child.NextSibling();
+    if (!part_->Is(child, Tag::kRPr)) run.AppendMove(child);
     child = next;
   }
-  inserted_.erase(other.internal_object());
-  run.parent().remove_child(other);
-  const pugi::xml_node text = first.Node();
-  const pugi::xml_node next = text.next_sibling();
+  inserted_.erase(other.Data());
+  run.Parent().RemoveChild(other);
+  const XmlNode text = first.Node();
+  const XmlNode next = text.NextSibling();
   if (first.kind == AtomKind::kText && second.kind == AtomKind::kText && next == second.Node() &&
-      std::strcmp(text.name(), next.name()) == 0) {
+      text.Name() == next.Name()) {
     JoinText(text, next);
     atoms_.Join(before);
   }
 }
 
 void Story::DropApartMarks() {
-  const auto holdsField = [this](pugi::xml_node run) {
+  const auto holdsField = [this](XmlNode run) {
     return part_->Child(run, Tag::kFldChar) || part_->Child(run, Tag::kInstrText);
   };
-  std::erase_if(apart_, [&](pugi::xml_node mark) {
-    const pugi::xml_node before = mark.previous_sibling();
-    const pugi::xml_node after = mark.next_sibling();
+  std::erase_if(apart_, [&](XmlNode mark) {
+    const XmlNode before = mark.PreviousSibling();
+    const XmlNode after = mark.NextSibling();
     const bool neighbours = part_->Is(before, Tag::kR) && part_->Is(after, Tag::kR) && !holdsField(before) &&
                             !holdsField(after) && SameRunFormatting(*part_, before, after);
     if (!neighbours) return false;
-    mark.parent().remove_child(mark);
+    mark.Parent().RemoveChild(mark);
     part_->Touch();
     return true;
   });
@@ -477,24 +476,24 @@ Story::BookmarkElements Story::InsertBookmark(Position start, Position end, std:
   const std::string number = std::to_string(id);
   const auto add = [&](Position at, const char* local, AtomKind kind) {
     InsertionPoint point = PrepareInsertion(at);
-    pugi::xml_node element = point.Add(*part_, local);
+    XmlNode element = point.Add(*part_, local);
     part_->SetAttribute(element, "id", number.c_str());
     if (kind == AtomKind::kBookmarkStart) part_->SetAttribute(element, "name", std::string(name).c_str());
     atoms_.Insert(point.before, {MakeAtom(element, kind, 0)}, {});
     return element;
   };
   part_->Touch();
-  const pugi::xml_node first = add(start, "bookmarkStart", AtomKind::kBookmarkStart);
+  const XmlNode first = add(start, "bookmarkStart", AtomKind::kBookmarkStart);
   return {first, add(end, "bookmarkEnd", AtomKind::kBookmarkEnd)};
 }
 
-void Story::RemoveBookmark(pugi::xml_node startElement, pugi::xml_node endElement) {
-  for (const pugi::xml_node element : {startElement, endElement}) {
+void Story::RemoveBookmark(XmlNode startElement, XmlNode endElement) {
+  for (const XmlNode element : {startElement, endElement}) {
     if (!element) continue;
     if (element == startElement && bookmarkRemoved) bookmarkRemoved(startElement);
     const AtomSequence::Place next = atoms_.Remove(atoms_.OfBookmark(element));
     const Position at = next.start;
-    element.parent().remove_child(element);
+    element.Parent().RemoveChild(element);
     RejoinAt(at);
   }
   part_->Touch();

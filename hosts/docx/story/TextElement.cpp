@@ -1,7 +1,7 @@
 #include "hosts/docx/story/TextElement.h"
 
 #include <algorithm>
-#include <cstring>
+#include <optional>
 #include <string>
 
 #include "hosts/docx/xml/Utf.h"
@@ -11,11 +11,11 @@ namespace docx {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
-constexpr const char* kSpace = "xml:space";
+constexpr std::string_view kSpace = "xml:space";
 
-bool Preserves(pugi::xml_node element) {
-  for (; element; element = element.parent()) {
-    if (const pugi::xml_attribute space = element.attribute(kSpace)) return std::strcmp(space.value(), "preserve") == 0;
+bool Preserves(XmlNode element) {
+  for (; element; element = element.Parent()) {
+    if (const XmlAttribute space = element.Attribute(kSpace)) return space.Value() == "preserve";
   }
   return false;
 }
@@ -25,106 +25,110 @@ bool HasBlankEdge(std::string_view text) {
          (kBlanks.find(text.front()) != std::string_view::npos || kBlanks.find(text.back()) != std::string_view::npos);
 }
 
-bool IsText(pugi::xml_node node) { return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata; }
+bool IsText(XmlNode node) { return node.Type() == XmlType::kText || node.Type() == XmlType::kCData; }
 
-/// The characters that count, in UTF-8.
-std::string RawText(pugi::xml_node element) {
-  std::string text;
-  for (const pugi::xml_node child : element.children()) {
-    if (IsText(child)) text += child.value();
+/// All text in the element, blanks included.
+std::string_view WholeText(XmlNode element, std::string& joined) {
+  if (const std::optional<std::string_view> only = element.OnlyText()) return *only;
+  for (const XmlNode child : element.Children()) {
+    if (IsText(child)) joined += child.Value();
   }
+  return joined;
+}
+
+/// The characters that count, in UTF-8. @param joined holds them where they do not stand together
+std::string_view RawText(XmlNode element, std::string& joined) {
+  const std::string_view text = WholeText(element, joined);
   if (!HasBlankEdge(text) || Preserves(element)) return text;
   const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string::npos) return {};
+  if (first == std::string_view::npos) return {};
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-void ReplaceText(pugi::xml_node element, std::string_view utf8) {
-  pugi::xml_node text = element.first_child();
-  while (text && !IsText(text)) text = text.next_sibling();
-  if (!text) text = element.append_child(pugi::node_pcdata);
-  text.set_value(utf8.data(), utf8.size());
-  for (pugi::xml_node other = text.next_sibling(); other;) {
-    const pugi::xml_node next = other.next_sibling();
-    if (IsText(other)) element.remove_child(other);
+void ReplaceText(XmlNode element, std::string_view utf8) {
+  if (element.OnlyText()) return element.SetOnlyText(utf8);
+  XmlNode text = element.FirstChild();
+  while (text && !IsText(text)) text = text.NextSibling();
+  if (!text) text = element.AppendChild(XmlType::kText);
+  text.SetValue(utf8);
+  for (XmlNode other = text.NextSibling(); other;) {
+    const XmlNode next = other.NextSibling();
+    if (IsText(other)) element.RemoveChild(other);
     other = next;
   }
 }
 
-void Preserve(pugi::xml_node element) {
-  pugi::xml_attribute space = element.attribute(kSpace);
-  if (!space) space = element.append_attribute(kSpace);
-  space.set_value("preserve");
-}
+void Preserve(XmlNode element) { element.SetAttribute(kSpace, "preserve"); }
 
 // A text may say "preserve" without need. Divided, its parts say it where they need it; in front of the first stands an
 // instruction with the length of the whole, and when the parts are joined to that length, the text says it again.
-constexpr const char* kTarget = "kelvarin";
+constexpr std::string_view kTarget = "kelvarin";
 constexpr std::string_view kPreserve = "preserve ";
 
 /// The instruction in front of a text; empty when there is none.
-pugi::xml_node PreserveMark(pugi::xml_node element) {
-  const pugi::xml_node mark = element.previous_sibling();
-  const bool is = mark.type() == pugi::node_pi && std::strcmp(mark.name(), kTarget) == 0 &&
-                  std::string_view(mark.value()).starts_with(kPreserve);
-  return is ? mark : pugi::xml_node();
+XmlNode PreserveMark(XmlNode element) {
+  const XmlNode mark = element.PreviousSibling();
+  const bool is = mark.Type() == XmlType::kInstruction && mark.Name() == kTarget && mark.Value().starts_with(kPreserve);
+  return is ? mark : XmlNode();
 }
 
-void PutPreserveMark(pugi::xml_node element, std::size_t bytes) {
-  pugi::xml_node mark = element.parent().insert_child_before(pugi::node_pi, element);
-  mark.set_name(kTarget);
-  mark.set_value((std::string(kPreserve) + std::to_string(bytes)).c_str());
+void PutPreserveMark(XmlNode element, std::size_t bytes) {
+  XmlNode mark = element.Parent().InsertChildBefore(XmlType::kInstruction, element);
+  mark.SetTarget(kTarget);
+  mark.SetValue(std::string(kPreserve) + std::to_string(bytes));
 }
 
-void PreserveWhereNeeded(pugi::xml_node element, std::string_view text) {
-  element.remove_attribute(kSpace);
-  if (HasBlankEdge(text)) Preserve(element);
+void PreserveWhereNeeded(XmlNode element, std::string_view text) {
+  if (HasBlankEdge(text)) {
+    Preserve(element);
+  } else {
+    element.RemoveAttribute(kSpace);
+  }
 }
 
 }  // namespace
 
-std::u16string TextOf(pugi::xml_node element) {
-  const pugi::xml_node only = element.first_child();
-  std::u16string text;
-  if (only && !only.next_sibling() && IsText(only) && !HasBlankEdge(only.value())) {
-    text = ToUtf16(only.value());
-  } else {
-    text = ToUtf16(RawText(element));
-  }
+std::u16string TextOf(XmlNode element) {
+  std::string joined;
+  std::u16string text = ToUtf16(RawText(element, joined));
   std::replace_if(
       text.begin(), text.end(), [](char16_t unit) { return unit < 32; }, u' ');
   return text;
 }
 
-void SetText(pugi::xml_node element, std::string_view utf8) {
+void SetText(XmlNode element, std::string_view utf8) {
   ReplaceText(element, utf8);
   if (HasBlankEdge(utf8)) Preserve(element);
 }
 
-pugi::xml_node DivideText(pugi::xml_node element, std::size_t units) {
-  const std::string text = RawText(element);
+XmlNode DivideText(XmlNode element, std::size_t units) {
+  std::string joined;
+  const std::string_view text = RawText(element, joined);
   const std::size_t bytes = Utf8Prefix(text, units);
-  if (element.attribute(kSpace) && !HasBlankEdge(text)) PutPreserveMark(element, text.size());
-  pugi::xml_node second = element.parent().insert_child_after(element.name(), element);
-  for (const pugi::xml_attribute attribute : element.attributes()) second.append_copy(attribute);
-  const auto fill = [](pugi::xml_node part, std::string_view piece) {
+  if (element.Attribute(kSpace) && !HasBlankEdge(text)) PutPreserveMark(element, text.size());
+  XmlNode second = element.Parent().InsertChildAfter(element.Entry(), element);
+  second.CopyAttributes(element);
+  const auto fill = [](XmlNode part, std::string_view piece) {
     ReplaceText(part, piece);
     PreserveWhereNeeded(part, piece);
   };
-  fill(element, std::string_view(text).substr(0, bytes));
-  fill(second, std::string_view(text).substr(bytes));
+  fill(second, text.substr(bytes));
+  fill(element, text.substr(0, bytes));
   return second;
 }
 
-void JoinText(pugi::xml_node first, pugi::xml_node second) {
-  const std::string text = RawText(first) + RawText(second);
-  first.parent().remove_child(second);
+void JoinText(XmlNode first, XmlNode second) {
+  std::string joined;
+  std::string text(RawText(first, joined));
+  joined.clear();
+  text += RawText(second, joined);
+  first.Parent().RemoveChild(second);
   ReplaceText(first, text);
   PreserveWhereNeeded(first, text);
-  const pugi::xml_node mark = PreserveMark(first);
-  if (mark && mark.value() == std::string(kPreserve) + std::to_string(text.size())) {
+  const XmlNode mark = PreserveMark(first);
+  if (mark && mark.Value() == std::string(kPreserve) + std::to_string(text.size())) {
     Preserve(first);
-    first.parent().remove_child(mark);
+    first.Parent().RemoveChild(mark);
   }
 }
 

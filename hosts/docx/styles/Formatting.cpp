@@ -23,32 +23,16 @@ T First(std::optional<T> a, std::optional<T> b, std::optional<T> c, T otherwise)
   return a ? *a : b ? *b : c ? *c : otherwise;
 }
 
-/// Walks without recursion: documents nest as deep as their maker likes.
-bool HasElement(pugi::xml_node root, std::string_view first, std::string_view second) {
-  pugi::xml_node node = root;
-  while (true) {
-    const std::string_view name = node.name();
-    if (name == first || name == second) return true;
-    if (const pugi::xml_node child = node.first_child()) {
-      node = child;
-      continue;
-    }
-    while (node != root && !node.next_sibling()) node = node.parent();
-    if (node == root) return false;
-    node = node.next_sibling();
-  }
-}
-
 }  // namespace
 
-int Formatting::Bold(pugi::xml_node node) const {
+int Formatting::Bold(XmlNode node) const {
   const std::optional<bool> direct = ReadOnOff(part_, part_.Child(DirectRun(node), "b"));
   return (direct ? *direct : InheritedRun(node).bold) ? -1 : 0;
 }
 
-bool Formatting::Hidden(pugi::xml_node node) const {
-  if (!PartHides() && !styles_.AnyHidden()) return false;
-  const pugi::xml_node rPr = DirectRun(node);
+bool Formatting::Hidden(XmlNode node) const {
+  if (!part_.Has("vanish") && !part_.Has("specVanish") && !styles_.AnyHidden()) return false;
+  const XmlNode rPr = DirectRun(node);
   if (part_.Is(node, Tag::kP)) {
     const std::optional<bool> separator = ReadOnOff(part_, part_.Child(rPr, "specVanish"));
     const RunValues& style = RunOf(ParagraphStyle(node));
@@ -58,23 +42,24 @@ bool Formatting::Hidden(pugi::xml_node node) const {
   return direct ? *direct : InheritedRun(node).hidden;
 }
 
-int Formatting::Highlight(pugi::xml_node node) const {
+int Formatting::Highlight(XmlNode node) const {
+  if (!part_.Has("highlight")) return InheritedHighlight(node);
   const std::optional<int> direct = ReadHighlight(part_, part_.Child(DirectRun(node), "highlight"));
   return direct ? *direct : InheritedHighlight(node);
 }
 
-int Formatting::InheritedHighlight(pugi::xml_node node) const {
+int Formatting::InheritedHighlight(XmlNode node) const {
   return styles_.AnyHighlight() ? InheritedRun(node).highlight : word::wdNoHighlight;
 }
 
-int Formatting::Color(pugi::xml_node node) const {
+int Formatting::Color(XmlNode node) const {
   const std::optional<int> direct = ReadRunValues(part_, DirectRun(node)).color;
   return direct ? *direct : InheritedRun(node).color;
 }
 
-double Formatting::FontSize(pugi::xml_node node) const {
+double Formatting::FontSize(XmlNode node) const {
   constexpr int kPlainSize = 20;
-  const pugi::xml_node rPr = DirectRun(node);
+  const XmlNode rPr = DirectRun(node);
   const std::optional<int> direct = ReadRunValues(part_, rPr).size;
   const int halfPoints =
       direct ? *direct
@@ -83,7 +68,7 @@ double Formatting::FontSize(pugi::xml_node node) const {
   return halfPoints / 2.0;
 }
 
-RunFormat Formatting::InheritedRun(pugi::xml_node node) const {
+RunFormat Formatting::InheritedRun(XmlNode node) const {
   const RunValues& character = RunOf(CharacterStyle(DirectRun(node)));
   const RunValues& paragraph = RunOf(ParagraphStyle(ParagraphOf(node)));
   const RunValues& defaults = styles_.RunDefaults();
@@ -95,29 +80,29 @@ RunFormat Formatting::InheritedRun(pugi::xml_node node) const {
   return format;
 }
 
-int Formatting::Alignment(pugi::xml_node p) const {
+int Formatting::Alignment(XmlNode p) const {
   return DirectParagraph(p).alignment.value_or(*InheritedParagraph(p).alignment);
 }
 
-double Formatting::SpaceBefore(pugi::xml_node p) const {
+double Formatting::SpaceBefore(XmlNode p) const {
   return DirectParagraph(p).before.twips.value_or(*InheritedParagraph(p).before.twips) / 20.0;
 }
 
-double Formatting::SpaceAfter(pugi::xml_node p) const {
+double Formatting::SpaceAfter(XmlNode p) const {
   return DirectParagraph(p).after.twips.value_or(*InheritedParagraph(p).after.twips) / 20.0;
 }
 
-bool Formatting::PageBreakBefore(pugi::xml_node p) const {
+bool Formatting::PageBreakBefore(XmlNode p) const {
   ParagraphValues values = DirectParagraph(p);
   values.Inherit(InheritedParagraph(p));
   return values.pageBreakBefore.value_or(false);
 }
 
-ParagraphValues Formatting::DirectParagraph(pugi::xml_node p) const {
+ParagraphValues Formatting::DirectParagraph(XmlNode p) const {
   return ReadParagraphValues(part_, part_.Child(p, Tag::kPPr));
 }
 
-ParagraphValues Formatting::InheritedParagraph(pugi::xml_node p) const {
+ParagraphValues Formatting::InheritedParagraph(XmlNode p) const {
   const Style* style = ParagraphStyle(p);
   ParagraphValues values = style == nullptr ? kNoParagraphValues : style->paragraph;
   values.Inherit(styles_.ParagraphDefaults());
@@ -129,26 +114,21 @@ ParagraphValues Formatting::InheritedParagraph(pugi::xml_node p) const {
   return values;
 }
 
-pugi::xml_node Formatting::DirectRun(pugi::xml_node node) const {
+XmlNode Formatting::DirectRun(XmlNode node) const {
   return part_.Child(part_.Is(node, Tag::kP) ? part_.Child(node, Tag::kPPr) : node, Tag::kRPr);
 }
 
-pugi::xml_node Formatting::ParagraphOf(pugi::xml_node node) const {
-  while (node && !part_.Is(node, Tag::kP)) node = node.parent();
+XmlNode Formatting::ParagraphOf(XmlNode node) const {
+  while (node && !part_.Is(node, Tag::kP)) node = node.Parent();
   return node;
 }
 
-const Style* Formatting::ParagraphStyle(pugi::xml_node p) const {
-  return styles_.Paragraph(part_.Attribute(part_.Child(part_.Child(p, Tag::kPPr), "pStyle"), "val").value());
+const Style* Formatting::ParagraphStyle(XmlNode p) const {
+  return styles_.Paragraph(part_.Attribute(part_.Child(part_.Child(p, Tag::kPPr), "pStyle"), "val").Value());
 }
 
-const Style* Formatting::CharacterStyle(pugi::xml_node rPr) const {
-  return styles_.Character(part_.Attribute(part_.Child(rPr, "rStyle"), "val").value());
-}
-
-bool Formatting::PartHides() const {
-  if (!partHides_) partHides_ = HasElement(part_.Root(), part_.Name("vanish"), part_.Name("specVanish"));
-  return *partHides_;
+const Style* Formatting::CharacterStyle(XmlNode rPr) const {
+  return styles_.Character(part_.Attribute(part_.Child(rPr, "rStyle"), "val").Value());
 }
 
 }  // namespace docx

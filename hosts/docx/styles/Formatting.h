@@ -1,8 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
-
-#include <optional>
+#include "hosts/docx/xml/XmlNode.h"
 
 #include "hosts/docx/styles/PropertyValues.h"
 #include "hosts/docx/styles/Styles.h"
@@ -24,8 +22,7 @@ struct RunFormat {
 /// Where characters are asked for, the node is a w:r, or a w:p for its paragraph mark.
 class Formatting {
  public:
-  /// Part and styles must outlive it; the styles may be read anew meanwhile. The part must not get hidden text that it
-  /// had none of when Hidden was first asked.
+  /// Part and styles must outlive it; the styles may be read anew meanwhile.
   Formatting(XmlPart& part, const Styles& styles) : part_(part), styles_(styles) {}
   Formatting(const Formatting&) = delete;
   Formatting& operator=(const Formatting&) = delete;
@@ -33,42 +30,40 @@ class Formatting {
   XmlPart& Part() const { return part_; }
 
   /// Word's -1 or 0. Bold for complex scripts is not looked at.
-  int Bold(pugi::xml_node node) const;
+  int Bold(XmlNode node) const;
   /// Hidden text; for a paragraph mark also one that a style separator hides. A document in which nothing is hidden
   /// answers without looking at the node.
-  bool Hidden(pugi::xml_node node) const;
+  bool Hidden(XmlNode node) const;
   /// A WdColorIndex; wdNoHighlight for none.
-  int Highlight(pugi::xml_node node) const;
+  int Highlight(XmlNode node) const;
   /// What Highlight would say without direct formatting.
-  int InheritedHighlight(pugi::xml_node node) const;
+  int InheritedHighlight(XmlNode node) const;
   /// A WdColor: red lowest, wdColorAutomatic for none. Of a theme colour, the value that the file has beside it.
-  int Color(pugi::xml_node node) const;
+  int Color(XmlNode node) const;
   /// In points.
-  double FontSize(pugi::xml_node node) const;
+  double FontSize(XmlNode node) const;
   /// What the characters would show without direct formatting.
-  RunFormat InheritedRun(pugi::xml_node node) const;
+  RunFormat InheritedRun(XmlNode node) const;
 
   /// A WdParagraphAlignment.
-  int Alignment(pugi::xml_node p) const;
+  int Alignment(XmlNode p) const;
   /// In points. Spacing in lines and automatic spacing read as the points that the file has beside them.
-  double SpaceBefore(pugi::xml_node p) const;
-  double SpaceAfter(pugi::xml_node p) const;
-  bool PageBreakBefore(pugi::xml_node p) const;
+  double SpaceBefore(XmlNode p) const;
+  double SpaceAfter(XmlNode p) const;
+  bool PageBreakBefore(XmlNode p) const;
   /// What the paragraph's own properties state, and what would hold without them; the latter leaves nothing open of
   /// alignment and spacing in twips.
-  ParagraphValues DirectParagraph(pugi::xml_node p) const;
-  ParagraphValues InheritedParagraph(pugi::xml_node p) const;
+  ParagraphValues DirectParagraph(XmlNode p) const;
+  ParagraphValues InheritedParagraph(XmlNode p) const;
 
  private:
-  pugi::xml_node DirectRun(pugi::xml_node node) const;
-  pugi::xml_node ParagraphOf(pugi::xml_node node) const;
-  const Style* ParagraphStyle(pugi::xml_node p) const;
-  const Style* CharacterStyle(pugi::xml_node rPr) const;
-  bool PartHides() const;
+  XmlNode DirectRun(XmlNode node) const;
+  XmlNode ParagraphOf(XmlNode node) const;
+  const Style* ParagraphStyle(XmlNode p) const;
+  const Style* CharacterStyle(XmlNode rPr) const;
 
   XmlPart& part_;
   const Styles& styles_;
-  mutable std::optional<bool> partHides_;
 };
 
 }  // namespace docx

@@ -14,20 +14,20 @@ constexpr std::string_view kAdded = "added";
 constexpr int kDefaultSize = 20;  // half-points
 constexpr int kSingleLine = 240;
 
-pugi::xml_node AppendValue(XmlPart& part, pugi::xml_node parent, const char* local, const std::string& value) {
-  pugi::xml_node child = parent.append_child(part.Name(local));
+XmlNode AppendValue(XmlPart& part, XmlNode parent, const char* local, const std::string& value) {
+  XmlNode child = parent.AppendChild(part.Name(local));
   part.SetAttribute(child, "val", value.c_str());
   return child;
 }
 
 /// Styles stand last in the part, behind the defaults and the latent styles.
-pugi::xml_node AppendStyle(XmlPart& part) {
-  pugi::xml_node last;
-  for (const pugi::xml_node child : part.Root().children()) {
-    if (child.type() == pugi::node_element) last = child;
+XmlNode AppendStyle(XmlPart& part) {
+  XmlNode last;
+  for (const XmlNode child : part.Root().Children()) {
+    if (child.Type() == XmlType::kElement) last = child;
   }
-  const char* name = part.Name("style");
-  return last ? part.Root().insert_child_after(name, last) : part.Root().append_child(name);
+  const XmlName& name = part.Name("style");
+  return last ? part.Root().InsertChildAfter(name, last) : part.Root().AppendChild(name);
 }
 
 std::string FreeId(const Styles& styles, const std::string& wanted) {
@@ -37,11 +37,11 @@ std::string FreeId(const Styles& styles, const std::string& wanted) {
 }
 
 /// Word writes a style as its difference from the one that it is based on.
-void AppendSpacing(XmlPart& part, pugi::xml_node pPr, const ParagraphValues& normal) {
+void AppendSpacing(XmlPart& part, XmlNode pPr, const ParagraphValues& normal) {
   const bool after = normal.after.twips.value_or(0) != 0;
   const bool line = normal.line.value_or(kSingleLine) != kSingleLine || !normal.lineIsAuto.value_or(true);
   if (!after && !line) return;
-  pugi::xml_node spacing = pPr.append_child(part.Name("spacing"));
+  XmlNode spacing = pPr.AppendChild(part.Name("spacing"));
   if (after) part.SetAttribute(spacing, "after", "0");
   if (line) {
     part.SetAttribute(spacing, "line", std::to_string(kSingleLine).c_str());
@@ -72,10 +72,10 @@ std::string EnsureIndexStyle(XmlPart& part, int level) {
   if (existing != nullptr && existing->type == StyleType::kParagraph) return existing->id;
 
   const std::string id = FreeId(styles, heading ? "IndexHeading" : "Index" + std::to_string(level));
-  pugi::xml_node style = AppendStyle(part);
+  XmlNode style = AppendStyle(part);
   part.SetAttribute(style, "type", "paragraph");
   part.SetAttribute(style, "styleId", id.c_str());
-  MakeMark(style.append_child(pugi::node_pi), std::string(kAdded));
+  MakeMark(style.AppendChild(XmlType::kInstruction), std::string(kAdded));
   AppendValue(part, style, "name", name);
 
   const Style* normal = styles.Paragraph({});
@@ -90,20 +90,20 @@ std::string EnsureIndexStyle(XmlPart& part, int level) {
     paragraph = normal->paragraph;
     paragraph.Inherit(styles.ParagraphDefaults());
   }
-  if (!heading) style.append_child(part.Name("autoRedefine"));
+  if (!heading) style.AppendChild(part.Name("autoRedefine"));
   AppendValue(part, style, "uiPriority", "99");
-  style.append_child(part.Name("unhideWhenUsed"));
+  style.AppendChild(part.Name("unhideWhenUsed"));
   part.Touch();
   if (heading) {
-    pugi::xml_node rPr = style.append_child(part.Name("rPr"));
-    for (const char* bold : {"b", "bCs"}) rPr.append_child(part.Name(bold));
+    XmlNode rPr = style.AppendChild(part.Name("rPr"));
+    for (const char* bold : {"b", "bCs"}) rPr.AppendChild(part.Name(bold));
     return id;
   }
 
-  pugi::xml_node pPr = style.append_child(part.Name("pPr"));
+  XmlNode pPr = style.AppendChild(part.Name("pPr"));
   AppendSpacing(part, pPr, paragraph);
   const int step = run.size.value_or(kDefaultSize) * 10;
-  pugi::xml_node indent = pPr.append_child(part.Name("ind"));
+  XmlNode indent = pPr.AppendChild(part.Name("ind"));
   part.SetAttribute(indent, part.Strict() ? "start" : "left", std::to_string(step * level).c_str());
   part.SetAttribute(indent, "hanging", std::to_string(step).c_str());
   return id;
@@ -111,26 +111,26 @@ std::string EnsureIndexStyle(XmlPart& part, int level) {
 
 RemovedIndexStyles RemoveAddedIndexStyles(XmlPart& part) {
   RemovedIndexStyles result;
-  pugi::xml_node root = part.Root();
-  std::vector<pugi::xml_node> added;
-  for (const pugi::xml_node style : root.children(part.Name("style"))) {
+  XmlNode root = part.Root();
+  std::vector<XmlNode> added;
+  for (const XmlNode style : root.Children(part.Name("style"))) {
     if (FindMark(style, kAdded)) added.push_back(style);
   }
-  pugi::xml_node document = root.parent();
-  const pugi::xml_node partMark = FindMark(document, kAdded);
+  XmlNode document = root.Parent();
+  const XmlNode partMark = FindMark(document, kAdded);
   std::size_t elements = 0;
-  for (const pugi::xml_node child : root.children()) elements += child.type() == pugi::node_element ? 1 : 0;
+  for (const XmlNode child : root.Children()) elements += child.Type() == XmlType::kElement ? 1 : 0;
   result.wholePart = partMark && elements == added.size();
   result.changed = partMark || !added.empty();
-  for (pugi::xml_node style : added) {
-    const std::string_view isDefault = part.Attribute(style, "default").value();
+  for (XmlNode style : added) {
+    const std::string_view isDefault = part.Attribute(style, "default").Value();
     if (!result.wholePart && isDefault == "1") {
-      style.remove_child(FindMark(style, kAdded));
+      style.RemoveChild(FindMark(style, kAdded));
     } else {
-      root.remove_child(style);
+      root.RemoveChild(style);
     }
   }
-  if (partMark && !result.wholePart) document.remove_child(partMark);
+  if (partMark && !result.wholePart) document.RemoveChild(partMark);
   if (result.changed) part.Touch();
   return result;
 }

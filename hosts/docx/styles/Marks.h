@@ -1,6 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "hosts/docx/xml/XmlNode.h"
 
 #include <string>
 #include <string_view>
@@ -11,10 +11,10 @@ namespace docx {
 /// before. Word reads past them.
 
 /// The first such child whose text is the word, or the word, a blank and more; empty when there is none.
-pugi::xml_node FindMark(pugi::xml_node parent, std::string_view word);
+XmlNode FindMark(XmlNode parent, std::string_view word);
 /// What stands behind the word and its blank.
-std::string MarkText(pugi::xml_node mark, std::string_view word);
+std::string MarkText(XmlNode mark, std::string_view word);
 /// Makes a node, just inserted as a node_pi, such a mark.
-void MakeMark(pugi::xml_node instruction, const std::string& text);
+void MakeMark(XmlNode instruction, const std::string& text);
 
 }  // namespace docx

@@ -20,15 +20,15 @@ constexpr Side kBefore{"before", "beforeLines", "beforeAutospacing", &ParagraphV
 constexpr Side kAfter{"after", "afterLines", "afterAutospacing", &ParagraphValues::after};
 
 /// Switches an override off: without a word where nothing is inherited.
-void SwitchOff(XmlPart& part, pugi::xml_node spacing, const char* attribute, bool inherited) {
+void SwitchOff(XmlPart& part, XmlNode spacing, const char* attribute, bool inherited) {
   if (inherited) {
     part.SetAttribute(spacing, attribute, "0");
   } else {
-    spacing.remove_attribute(part.Attribute(spacing, attribute));
+    part.RemoveAttribute(spacing, attribute);
   }
 }
 
-bool SetSpace(const Formatting& formatting, pugi::xml_node p, double points, const Side& side) {
+bool SetSpace(const Formatting& formatting, XmlNode p, double points, const Side& side) {
   const int twips = static_cast<int>(std::lround(points * 20));
   const SpacingValues inherited = formatting.InheritedParagraph(p).*side.values;
   SpacingValues now = formatting.DirectParagraph(p).*side.values;
@@ -37,22 +37,22 @@ bool SetSpace(const Formatting& formatting, pugi::xml_node p, double points, con
 
   XmlPart& part = formatting.Part();
   PropertyContainer pPr = PropertyContainer::OfParagraph(part, p);
-  pugi::xml_node spacing = pPr.Ensure("spacing");
+  XmlNode spacing = pPr.Ensure("spacing");
   if (inherited.twips == twips) {
-    spacing.remove_attribute(part.Attribute(spacing, side.twips));
+    part.RemoveAttribute(spacing, side.twips);
   } else {
-    part.SetAttribute(spacing, side.twips, std::to_string(twips).c_str());
+    part.SetAttribute(spacing, side.twips, std::to_string(twips));
   }
   SwitchOff(part, spacing, side.lines, inherited.lines.value_or(0) != 0);
   SwitchOff(part, spacing, side.automatic, inherited.automatic.value_or(false));
-  if (!spacing.first_attribute()) pPr.Remove(spacing);
+  if (spacing.AttributeText().empty()) pPr.Remove(spacing);
   part.Touch();
   return true;
 }
 
 }  // namespace
 
-bool SetAlignment(const Formatting& formatting, pugi::xml_node p, int alignment) {
+bool SetAlignment(const Formatting& formatting, XmlNode p, int alignment) {
   XmlPart& part = formatting.Part();
   const char* name = AlignmentName(alignment, part.Strict());
   if (formatting.Alignment(p) == alignment) return false;
@@ -66,11 +66,11 @@ bool SetAlignment(const Formatting& formatting, pugi::xml_node p, int alignment)
   return true;
 }
 
-bool SetSpaceBefore(const Formatting& formatting, pugi::xml_node p, double points) {
+bool SetSpaceBefore(const Formatting& formatting, XmlNode p, double points) {
   return SetSpace(formatting, p, points, kBefore);
 }
 
-bool SetSpaceAfter(const Formatting& formatting, pugi::xml_node p, double points) {
+bool SetSpaceAfter(const Formatting& formatting, XmlNode p, double points) {
   return SetSpace(formatting, p, points, kAfter);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "hosts/docx/xml/XmlNode.h"
 
 #include "hosts/docx/styles/Formatting.h"
 
@@ -10,10 +10,10 @@ namespace docx {
 // formatting takes the direct formatting away. Each returns whether it changed the XML, and then touches the part.
 
 /// @param alignment a WdParagraphAlignment @throws std::out_of_range for another number
-bool SetAlignment(const Formatting& formatting, pugi::xml_node p, int alignment);
+bool SetAlignment(const Formatting& formatting, XmlNode p, int alignment);
 /// In points, kept to a twentieth. Spacing in lines and automatic spacing end on that side, for Word would let them
 /// win.
-bool SetSpaceBefore(const Formatting& formatting, pugi::xml_node p, double points);
-bool SetSpaceAfter(const Formatting& formatting, pugi::xml_node p, double points);
+bool SetSpaceBefore(const Formatting& formatting, XmlNode p, double points);
+bool SetSpaceAfter(const Formatting& formatting, XmlNode p, double points);
 
 }  // namespace docx

@@ -46,9 +46,9 @@ std::size_t Rank(const Ranks& ranks, std::string_view local) {
 }
 
 /// The name without the prefix of WordprocessingML; empty for names of other namespaces.
-std::string_view Local(const XmlPart& part, pugi::xml_node node) {
-  const std::string_view prefix = part.Name("");
-  const std::string_view name = node.name();
+std::string_view Local(const XmlPart& part, XmlNode node) {
+  const std::string_view prefix = part.Prefix();
+  const std::string_view name = node.Name();
   if (!name.starts_with(prefix)) return {};
   const std::string_view local = name.substr(prefix.size());
   return local.find(':') == std::string_view::npos ? local : std::string_view();
@@ -58,60 +58,59 @@ const char* NameOf(Tag tag) { return tag == Tag::kRPr ? "rPr" : "pPr"; }
 
 }  // namespace
 
-PropertyContainer PropertyContainer::OfRun(XmlPart& part, pugi::xml_node node) {
+PropertyContainer PropertyContainer::OfRun(XmlPart& part, XmlNode node) {
   return PropertyContainer(part, node, Tag::kRPr);
 }
 
-PropertyContainer PropertyContainer::OfParagraph(XmlPart& part, pugi::xml_node p) {
+PropertyContainer PropertyContainer::OfParagraph(XmlPart& part, XmlNode p) {
   return PropertyContainer(part, p, Tag::kPPr);
 }
 
-PropertyContainer::PropertyContainer(XmlPart& part, pugi::xml_node owner, Tag tag)
-    : part_(part), owner_(owner), tag_(tag) {
+PropertyContainer::PropertyContainer(XmlPart& part, XmlNode owner, Tag tag) : part_(part), owner_(owner), tag_(tag) {
   const bool mark = tag == Tag::kRPr && part.Is(owner, Tag::kP);
   node_ = part.Child(mark ? part.Child(owner, Tag::kPPr) : owner, tag);
 }
 
-pugi::xml_node PropertyContainer::Ensure(const char* local) {
-  if (const pugi::xml_node found = Find(local)) return found;
+XmlNode PropertyContainer::Ensure(const char* local) {
+  if (const XmlNode found = Find(local)) return found;
   if (!node_) {
     if (tag_ == Tag::kRPr && part_.Is(owner_, Tag::kP)) {
       node_ = OfParagraph(part_, owner_).Ensure(NameOf(tag_));
     } else {
-      node_ = owner_.prepend_child(part_.Name(NameOf(tag_)));
+      node_ = owner_.PrependChild(part_.Name(NameOf(tag_)));
     }
-  } else if (!node_.first_child()) {
-    MakeMark(node_.append_child(pugi::node_pi), std::string(kKeep));
+  } else if (!node_.FirstChild()) {
+    MakeMark(node_.AppendChild(XmlType::kInstruction), std::string(kKeep));
   }
   return Add(node_, local);
 }
 
-pugi::xml_node PropertyContainer::Add(pugi::xml_node container, const char* local) {
+XmlNode PropertyContainer::Add(XmlNode container, const char* local) {
   static const Ranks runRanks = Number(kRunOrder);
   static const Ranks paragraphRanks = Number(kParagraphOrder);
   const Ranks& order = tag_ == Tag::kRPr ? runRanks : paragraphRanks;
   const std::size_t rank = Rank(order, local);
-  for (const pugi::xml_node child : container.children()) {
-    if (child.type() == pugi::node_element && Rank(order, Local(part_, child)) > rank) {
-      return container.insert_child_before(part_.Name(local), child);
+  for (const XmlNode child : container.Children()) {
+    if (child.Type() == XmlType::kElement && Rank(order, Local(part_, child)) > rank) {
+      return container.InsertChildBefore(part_.Name(local), child);
     }
   }
-  return container.append_child(part_.Name(local));
+  return container.AppendChild(part_.Name(local));
 }
 
-void PropertyContainer::Remove(pugi::xml_node property) {
-  node_.remove_child(property);
-  const pugi::xml_node rest = node_.first_child();
+void PropertyContainer::Remove(XmlNode property) {
+  node_.RemoveChild(property);
+  const XmlNode rest = node_.FirstChild();
   if (!rest) {
-    pugi::xml_node parent = node_.parent();
+    XmlNode parent = node_.Parent();
     if (part_.Is(parent, Tag::kPPr)) {
       OfParagraph(part_, owner_).Remove(node_);
     } else {
-      parent.remove_child(node_);
+      parent.RemoveChild(node_);
     }
     node_ = {};
-  } else if (rest == FindMark(node_, kKeep) && !rest.next_sibling()) {
-    node_.remove_child(rest);
+  } else if (rest == FindMark(node_, kKeep) && !rest.NextSibling()) {
+    node_.RemoveChild(rest);
   }
 }
 

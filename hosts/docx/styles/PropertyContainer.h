@@ -1,6 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "hosts/docx/xml/XmlNode.h"
 
 #include "hosts/docx/xml/XmlPart.h"
 
@@ -12,27 +12,27 @@ namespace docx {
 class PropertyContainer {
  public:
   /// The w:rPr of a w:r, or of a w:p's mark.
-  static PropertyContainer OfRun(XmlPart& part, pugi::xml_node node);
+  static PropertyContainer OfRun(XmlPart& part, XmlNode node);
   /// The w:pPr of a w:p.
-  static PropertyContainer OfParagraph(XmlPart& part, pugi::xml_node p);
+  static PropertyContainer OfParagraph(XmlPart& part, XmlNode p);
 
   /// The container itself; empty when there is none.
-  pugi::xml_node Node() const { return node_; }
+  XmlNode Node() const { return node_; }
   /// A property by local name; empty when there is none.
-  pugi::xml_node Find(const char* local) const { return part_.Child(node_, local); }
+  XmlNode Find(const char* local) const { return part_.Child(node_, local); }
   /// The property, made and put in its place when it is missing.
-  pugi::xml_node Ensure(const char* local);
+  XmlNode Ensure(const char* local);
   /// Takes a property out, and the container when nothing else is in it and it was made here.
-  void Remove(pugi::xml_node property);
+  void Remove(XmlNode property);
 
  private:
-  PropertyContainer(XmlPart& part, pugi::xml_node owner, Tag tag);
-  pugi::xml_node Add(pugi::xml_node container, const char* local);
+  PropertyContainer(XmlPart& part, XmlNode owner, Tag tag);
+  XmlNode Add(XmlNode container, const char* local);
 
   XmlPart& part_;
-  pugi::xml_node owner_;  // run or paragraph
+  XmlNode owner_;  // run or paragraph
   Tag tag_;
-  pugi::xml_node node_;
+  XmlNode node_;
 };
 
 }  // namespace docx

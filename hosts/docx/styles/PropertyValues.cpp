@@ -53,8 +53,8 @@ constexpr std::array kUnits{
 constexpr double kLargestMeasure = 1e6;
 
 /// A plain number counts in the property's own unit; "12pt" is converted.
-std::optional<int> ReadMeasure(pugi::xml_attribute attribute, double perPoint) {
-  const std::string_view text = attribute.value();
+std::optional<int> ReadMeasure(XmlAttribute attribute, double perPoint) {
+  const std::string_view text = attribute.Value();
   double number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
   if (error != std::errc()) return {};
@@ -71,16 +71,16 @@ std::optional<int> ReadMeasure(pugi::xml_attribute attribute, double perPoint) {
   return static_cast<int>(std::lround(number));
 }
 
-std::optional<bool> ReadOnOff(pugi::xml_attribute attribute) {
+std::optional<bool> ReadOnOff(XmlAttribute attribute) {
   if (!attribute) return {};
-  const std::string_view text = attribute.value();
+  const std::string_view text = attribute.Value();
   if (text == "0" || text == "false" || text == "off") return false;
   if (text == "1" || text == "true" || text == "on") return true;
   return {};
 }
 
-std::optional<int> ReadColor(const XmlPart& part, pugi::xml_node element) {
-  const std::string_view text = part.Attribute(element, "val").value();
+std::optional<int> ReadColor(const XmlPart& part, XmlNode element) {
+  const std::string_view text = part.Attribute(element, "val").Value();
   if (text == "auto") return word::wdColorAutomatic;
   if (text.size() != 6) return {};
   std::uint32_t rgb = 0;
@@ -89,8 +89,8 @@ std::optional<int> ReadColor(const XmlPart& part, pugi::xml_node element) {
   return static_cast<int>((rgb >> 16) | (rgb & 0xFF00) | ((rgb & 0xFF) << 16));
 }
 
-std::optional<int> ReadAlignment(const XmlPart& part, pugi::xml_node element) {
-  const std::string_view text = part.Attribute(element, "val").value();
+std::optional<int> ReadAlignment(const XmlPart& part, XmlNode element) {
+  const std::string_view text = part.Attribute(element, "val").Value();
   for (const NamedAlignment& known : kAlignments) {
     if (known.name == text) return known.alignment;
   }
@@ -128,25 +128,25 @@ void ParagraphValues::Inherit(const ParagraphValues& base) {
   Fill(pageBreakBefore, base.pageBreakBefore);
 }
 
-std::optional<bool> ReadOnOff(const XmlPart& part, pugi::xml_node element) {
+std::optional<bool> ReadOnOff(const XmlPart& part, XmlNode element) {
   if (!element) return {};
-  const pugi::xml_attribute value = part.Attribute(element, "val");
+  const XmlAttribute value = part.Attribute(element, "val");
   return value ? ReadOnOff(value) : true;
 }
 
-std::optional<int> ReadHighlight(const XmlPart& part, pugi::xml_node element) {
-  const std::string_view text = part.Attribute(element, "val").value();
+std::optional<int> ReadHighlight(const XmlPart& part, XmlNode element) {
+  const std::string_view text = part.Attribute(element, "val").Value();
   for (std::size_t i = 0; i < kHighlights.size(); ++i) {
     if (kHighlights[i] == text) return static_cast<int>(i);
   }
   return {};
 }
 
-std::optional<int> ReadTwips(pugi::xml_attribute attribute) { return ReadMeasure(attribute, 20); }
+std::optional<int> ReadTwips(XmlAttribute attribute) { return ReadMeasure(attribute, 20); }
 
-RunValues ReadRunValues(const XmlPart& part, pugi::xml_node rPr) {
+RunValues ReadRunValues(const XmlPart& part, XmlNode rPr) {
   RunValues values;
-  if (!rPr.first_child()) return values;
+  if (!rPr.FirstChild()) return values;
   values.bold = ReadOnOff(part, part.Child(rPr, "b"));
   values.hidden = ReadOnOff(part, part.Child(rPr, "vanish"));
   values.specHidden = ReadOnOff(part, part.Child(rPr, "specVanish"));
@@ -156,12 +156,12 @@ RunValues ReadRunValues(const XmlPart& part, pugi::xml_node rPr) {
   return values;
 }
 
-ParagraphValues ReadParagraphValues(const XmlPart& part, pugi::xml_node pPr) {
+ParagraphValues ReadParagraphValues(const XmlPart& part, XmlNode pPr) {
   ParagraphValues values;
-  if (!pPr.first_child()) return values;
+  if (!pPr.FirstChild()) return values;
   values.alignment = ReadAlignment(part, part.Child(pPr, "jc"));
   values.pageBreakBefore = ReadOnOff(part, part.Child(pPr, "pageBreakBefore"));
-  const pugi::xml_node spacing = part.Child(pPr, "spacing");
+  const XmlNode spacing = part.Child(pPr, "spacing");
   values.before.twips = ReadMeasure(part.Attribute(spacing, "before"), 20);
   values.before.lines = ReadMeasure(part.Attribute(spacing, "beforeLines"), 0);
   values.before.automatic = ReadOnOff(part.Attribute(spacing, "beforeAutospacing"));
@@ -169,8 +169,8 @@ ParagraphValues ReadParagraphValues(const XmlPart& part, pugi::xml_node pPr) {
   values.after.lines = ReadMeasure(part.Attribute(spacing, "afterLines"), 0);
   values.after.automatic = ReadOnOff(part.Attribute(spacing, "afterAutospacing"));
   values.line = ReadMeasure(part.Attribute(spacing, "line"), 20);
-  if (const pugi::xml_attribute rule = part.Attribute(spacing, "lineRule")) {
-    values.lineIsAuto = std::string_view(rule.value()) == "auto";
+  if (const XmlAttribute rule = part.Attribute(spacing, "lineRule")) {
+    values.lineIsAuto = std::string_view(rule.Value()) == "auto";
   }
   return values;
 }

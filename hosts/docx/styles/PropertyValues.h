@@ -1,6 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "hosts/docx/xml/XmlNode.h"
 
 #include <optional>
 #include <string_view>
@@ -46,15 +46,15 @@ struct ParagraphValues {
 };
 
 /// @param rPr may be empty
-RunValues ReadRunValues(const XmlPart& part, pugi::xml_node rPr);
+RunValues ReadRunValues(const XmlPart& part, XmlNode rPr);
 /// @param pPr may be empty
-ParagraphValues ReadParagraphValues(const XmlPart& part, pugi::xml_node pPr);
+ParagraphValues ReadParagraphValues(const XmlPart& part, XmlNode pPr);
 
 /// Readers of one property; empty for an empty node.
-std::optional<bool> ReadOnOff(const XmlPart& part, pugi::xml_node element);
-std::optional<int> ReadHighlight(const XmlPart& part, pugi::xml_node element);
+std::optional<bool> ReadOnOff(const XmlPart& part, XmlNode element);
+std::optional<int> ReadHighlight(const XmlPart& part, XmlNode element);
 /// A length in twips, a plain number or one with its unit; empty for what is none.
-std::optional<int> ReadTwips(pugi::xml_attribute attribute);
+std::optional<int> ReadTwips(XmlAttribute attribute);
 
 /// The w:val of a highlight. @throws std::out_of_range unless 0 <= colorIndex <= 16
 const char* HighlightName(int colorIndex);

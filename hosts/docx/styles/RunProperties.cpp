@@ -1,8 +1,9 @@
 #include "hosts/docx/styles/RunProperties.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdio>
-#include <iterator>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,73 +15,80 @@ namespace docx {
 
 namespace {
 
-constexpr const char* kHighlight = "highlight";
+constexpr char kHighlight[] = "highlight";
 
 /// Leaves word that the element stands there although its value changes nothing.
-void Remember(const XmlPart& part, pugi::xml_node highlight) {
+void Remember(const XmlPart& part, XmlNode highlight) {
   std::string text = kHighlight;
-  if (const pugi::xml_attribute value = part.Attribute(highlight, "val")) text += std::string(" ") + value.value();
-  MakeMark(highlight.parent().insert_child_before(pugi::node_pi, highlight), text);
+  if (const XmlAttribute value = part.Attribute(highlight, "val")) text.append(" ").append(value.Value());
+  MakeMark(highlight.Parent().InsertChildBefore(XmlType::kInstruction, highlight), text);
 }
 
-void Recall(XmlPart& part, pugi::xml_node highlight, pugi::xml_node mark) {
-  if (std::string_view(mark.value()) == kHighlight) {
-    highlight.remove_attribute(part.Attribute(highlight, "val"));
+void Recall(XmlPart& part, XmlNode highlight, XmlNode mark) {
+  if (mark.Value() == kHighlight) {
+    part.RemoveAttribute(highlight, "val");
   } else {
-    part.SetAttribute(highlight, "val", MarkText(mark, kHighlight).c_str());
+    part.SetAttribute(highlight, "val", MarkText(mark, kHighlight));
   }
-  mark.parent().remove_child(mark);
+  mark.Parent().RemoveChild(mark);
 }
 
-bool SameAttributes(pugi::xml_node first, pugi::xml_node second) {
-  const auto a = first.attributes();
-  const auto b = second.attributes();
-  if (std::distance(a.begin(), a.end()) != std::distance(b.begin(), b.end())) return false;
-  for (const pugi::xml_attribute attribute : a) {
-    const pugi::xml_attribute other = second.attribute(attribute.name());
-    if (!other || std::string_view(attribute.value()) != other.value()) return false;
+std::size_t Count(const XmlAttributes& attributes) {
+  std::size_t count = 0;
+  for ([[maybe_unused]] const XmlAttribute& attribute : attributes) ++count;
+  return count;
+}
+
+bool SameAttributes(XmlNode first, XmlNode second) {
+  if (first.AttributeText() == second.AttributeText()) return true;
+  if (Count(first.Attributes()) != Count(second.Attributes())) return false;
+  for (const XmlAttribute& attribute : first.Attributes()) {
+    const XmlAttribute other = second.Attribute(attribute.Name());
+    if (!other || attribute.Value() != other.Value()) return false;
   }
   return true;
 }
 
-bool SameNode(pugi::xml_node first, pugi::xml_node second) {
-  return first.type() == second.type() && std::string_view(first.name()) == second.name() &&
-         std::string_view(first.value()) == second.value() && SameAttributes(first, second);
+bool SameNode(XmlNode first, XmlNode second) {
+  return first.Type() == second.Type() && first.Name() == second.Name() && first.Value() == second.Value() &&
+         SameAttributes(first, second);
 }
 
 /// Node by node in document order, without recursion.
-bool SameTree(pugi::xml_node first, pugi::xml_node second) {
-  pugi::xml_node a = first;
-  pugi::xml_node b = second;
+bool SameTree(XmlNode first, XmlNode second) {
+  const std::optional<std::string_view> content = first.ContentText();
+  if (content && content == second.ContentText() && SameNode(first, second)) return true;
+  XmlNode a = first;
+  XmlNode b = second;
   while (true) {
-    if (!SameNode(a, b) || a.first_child().empty() != b.first_child().empty()) return false;
-    if (a.first_child()) {
-      a = a.first_child();
-      b = b.first_child();
+    if (!SameNode(a, b) || a.FirstChild().Empty() != b.FirstChild().Empty()) return false;
+    if (a.FirstChild()) {
+      a = a.FirstChild();
+      b = b.FirstChild();
       continue;
     }
     while (a != first) {
-      if (a.next_sibling().empty() != b.next_sibling().empty()) return false;
-      if (a.next_sibling()) break;
-      a = a.parent();
-      b = b.parent();
+      if (a.NextSibling().Empty() != b.NextSibling().Empty()) return false;
+      if (a.NextSibling()) break;
+      a = a.Parent();
+      b = b.Parent();
     }
     if (a == first) return true;
-    a = a.next_sibling();
-    b = b.next_sibling();
+    a = a.NextSibling();
+    b = b.NextSibling();
   }
 }
 
 }  // namespace
 
-bool SetHighlight(const Formatting& formatting, pugi::xml_node node, int colorIndex) {
+bool SetHighlight(const Formatting& formatting, XmlNode node, int colorIndex) {
   const char* name = HighlightName(colorIndex);
   if (formatting.Highlight(node) == colorIndex) return false;
   XmlPart& part = formatting.Part();
   const int inherited = formatting.InheritedHighlight(node);
   PropertyContainer rPr = PropertyContainer::OfRun(part, node);
-  const pugi::xml_node mark = FindMark(rPr.Node(), kHighlight);
-  const pugi::xml_node existing = rPr.Find(kHighlight);
+  const XmlNode mark = FindMark(rPr.Node(), kHighlight);
+  const XmlNode existing = rPr.Find(kHighlight);
   if (colorIndex == inherited && mark) {
     Recall(part, existing, mark);
   } else if (colorIndex == inherited) {
@@ -93,15 +101,15 @@ bool SetHighlight(const Formatting& formatting, pugi::xml_node node, int colorIn
   return true;
 }
 
-bool SetBold(const Formatting& formatting, pugi::xml_node node, bool bold) {
+bool SetBold(const Formatting& formatting, XmlNode node, bool bold) {
   if ((formatting.Bold(node) != 0) == bold) return false;
   XmlPart& part = formatting.Part();
   PropertyContainer rPr = PropertyContainer::OfRun(part, node);
   if (formatting.InheritedRun(node).bold == bold) {
     rPr.Remove(rPr.Find("b"));
   } else if (bold) {
-    pugi::xml_node b = rPr.Ensure("b");
-    b.remove_attribute(part.Attribute(b, "val"));
+    XmlNode b = rPr.Ensure("b");
+    part.RemoveAttribute(b, "val");
   } else {
     part.SetAttribute(rPr.Ensure("b"), "val", "0");
   }
@@ -109,7 +117,7 @@ bool SetBold(const Formatting& formatting, pugi::xml_node node, bool bold) {
   return true;
 }
 
-bool SetColor(const Formatting& formatting, pugi::xml_node node, int color) {
+bool SetColor(const Formatting& formatting, XmlNode node, int color) {
   if (formatting.Color(node) == color) return false;
   XmlPart& part = formatting.Part();
   PropertyContainer rPr = PropertyContainer::OfRun(part, node);
@@ -121,21 +129,19 @@ bool SetColor(const Formatting& formatting, pugi::xml_node node, int color) {
       const auto rgb = static_cast<unsigned>(color);
       std::snprintf(text.data(), text.size(), "%02X%02X%02X", rgb & 0xFF, (rgb >> 8) & 0xFF, (rgb >> 16) & 0xFF);
     }
-    pugi::xml_node element = rPr.Ensure("color");
+    XmlNode element = rPr.Ensure("color");
     part.SetAttribute(element, "val", text.data());
-    for (const char* theme : {"themeColor", "themeTint", "themeShade"}) {
-      element.remove_attribute(part.Attribute(element, theme));
-    }
+    for (const char* theme : {"themeColor", "themeTint", "themeShade"}) part.RemoveAttribute(element, theme);
   }
   part.Touch();
   return true;
 }
 
-bool SameRunFormatting(const XmlPart& part, pugi::xml_node first, pugi::xml_node second) {
+bool SameRunFormatting(const XmlPart& part, XmlNode first, XmlNode second) {
   if (!SameAttributes(first, second)) return false;
-  const pugi::xml_node a = part.Child(first, Tag::kRPr);
-  const pugi::xml_node b = part.Child(second, Tag::kRPr);
-  if (!a || !b) return a.empty() && b.empty();
+  const XmlNode a = part.Child(first, Tag::kRPr);
+  const XmlNode b = part.Child(second, Tag::kRPr);
+  if (!a || !b) return a.Empty() && b.Empty();
   return SameTree(a, b);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "hosts/docx/xml/XmlNode.h"
 
 #include "hosts/docx/styles/Formatting.h"
 #include "hosts/docx/xml/XmlPart.h"
@@ -15,13 +15,13 @@ namespace docx {
 /// not know stays in the w:rPr as a mark, <?kelvarin keep?> in one that was empty, and <?kelvarin highlight none?>
 /// where that value stood and would have shown anyway.
 /// @param colorIndex a WdColorIndex @throws std::out_of_range unless 0 <= colorIndex <= 16
-bool SetHighlight(const Formatting& formatting, pugi::xml_node node, int colorIndex);
-bool SetBold(const Formatting& formatting, pugi::xml_node node, bool bold);
+bool SetHighlight(const Formatting& formatting, XmlNode node, int colorIndex);
+bool SetBold(const Formatting& formatting, XmlNode node, bool bold);
 /// @param color red lowest, or wdColorAutomatic. A theme colour is dropped.
-bool SetColor(const Formatting& formatting, pugi::xml_node node, int color);
+bool SetColor(const Formatting& formatting, XmlNode node, int color);
 
 /// Whether two runs differ in nothing but their content, so that they can be joined: the same attributes, in any order,
 /// and the same w:rPr down to its marks.
-bool SameRunFormatting(const XmlPart& part, pugi::xml_node first, pugi::xml_node second);
+bool SameRunFormatting(const XmlPart& part, XmlNode first, XmlNode second);
 
 }  // namespace docx

@@ -35,19 +35,19 @@ void Styles::Read(const XmlPart* part) {
   anyHighlight_ = false;
   if (part == nullptr) return;
 
-  const pugi::xml_node root = part->Root();
-  const pugi::xml_node defaults = part->Child(root, "docDefaults");
+  const XmlNode root = part->Root();
+  const XmlNode defaults = part->Child(root, "docDefaults");
   runDefaults_ = ReadRunValues(*part, part->Child(part->Child(defaults, "rPrDefault"), Tag::kRPr));
   paragraphDefaults_ = ReadParagraphValues(*part, part->Child(part->Child(defaults, "pPrDefault"), Tag::kPPr));
   anyHidden_ = Hides(runDefaults_);
   anyHighlight_ = runDefaults_.highlight.has_value();
 
   std::vector<std::string> basedOn;
-  for (const pugi::xml_node node : root.children(part->Name("style"))) {
+  for (const XmlNode node : root.Children(part->Name("style"))) {
     Style style;
-    style.id = part->Attribute(node, "styleId").value();
-    style.name = part->Attribute(part->Child(node, "name"), "val").value();
-    style.type = TypeOf(part->Attribute(node, "type").value());
+    style.id = part->Attribute(node, "styleId").Value();
+    style.name = part->Attribute(part->Child(node, "name"), "val").Value();
+    style.type = TypeOf(part->Attribute(node, "type").Value());
     style.run = ReadRunValues(*part, part->Child(node, Tag::kRPr));
     style.paragraph = ReadParagraphValues(*part, part->Child(node, Tag::kPPr));
     anyHidden_ = anyHidden_ || Hides(style.run);
@@ -56,12 +56,12 @@ void Styles::Read(const XmlPart* part) {
     const std::size_t index = styles_.size();
     byId_.emplace(style.id, index);
     byName_.emplace(FoldName(style.name), index);
-    const std::string_view isDefault = part->Attribute(node, "default").value();
+    const std::string_view isDefault = part->Attribute(node, "default").Value();
     if (isDefault == "1" || isDefault == "true" || isDefault == "on") {
       if (style.type == StyleType::kParagraph) defaultParagraph_ = index;
       if (style.type == StyleType::kCharacter) defaultCharacter_ = index;
     }
-    basedOn.emplace_back(part->Attribute(part->Child(node, "basedOn"), "val").value());
+    basedOn.emplace_back(part->Attribute(part->Child(node, "basedOn"), "val").Value());
     styles_.push_back(std::move(style));
   }
   Resolve(basedOn);

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
+#include <optional>
+#include <unordered_map>
 #include <utility>
 
 #include "hosts/docx/package/Package.h"
@@ -111,108 +112,85 @@ constexpr std::array kTags{
     NamedTag{Space::kMath, "oMathPara", Tag::kOMathPara},
 };
 
-/// The prefix that an attribute declares ("" for xmlns itself), or nothing.
-const char* DeclaredPrefix(const pugi::xml_attribute& attribute) {
-  const std::string_view name = attribute.name();
-  if (name == "xmlns") return attribute.name() + 5;
-  if (name.starts_with("xmlns:")) return attribute.name() + 6;
-  return nullptr;
+constexpr std::string_view kDeclaration = "xmlns";
+
+/// The prefix that an attribute declares, empty for xmlns itself; nothing when it declares none.
+std::optional<std::string_view> DeclaredPrefix(const XmlAttribute& attribute) {
+  std::string_view name = attribute.Name();
+  if (!name.starts_with(kDeclaration)) return std::nullopt;
+  name.remove_prefix(kDeclaration.size());
+  if (name.empty()) return name;
+  return name.front() == ':' ? std::optional(name.substr(1)) : std::nullopt;
 }
 
 /// What a prefix means at a node.
-const NamespaceUri* Resolve(std::string_view prefix, pugi::xml_node node) {
-  for (; node; node = node.parent()) {
-    for (const pugi::xml_attribute attribute : node.attributes()) {
-      const char* declared = DeclaredPrefix(attribute);
-      if (declared != nullptr && prefix == declared) return FindUri(attribute.value());
+const NamespaceUri* Resolve(std::string_view prefix, XmlNode node) {
+  for (; node; node = node.Parent()) {
+    for (const XmlAttribute& attribute : node.Attributes()) {
+      if (DeclaredPrefix(attribute) == prefix) return FindUri(attribute.Value());
     }
   }
   return nullptr;
-}
-
-/// Much faster than find() in XML, where the first letter of any word is everywhere.
-bool Holds(std::string_view text, std::string_view word) {
-  return std::search(text.begin(), text.end(), std::boyer_moore_horspool_searcher(word.begin(), word.end())) !=
-         text.end();
-}
-
-/// Whether namespaces are declared below the root too, which is seldom and costs a walk through everything. May say
-/// yes for nothing.
-bool DeclaresBelowRoot(std::string_view xml) {
-  std::size_t root = xml.find('<');
-  while (root + 1 < xml.size() && (xml[root + 1] == '?' || xml[root + 1] == '!')) root = xml.find('<', root + 1);
-  const std::size_t end = xml.find('>', root);
-  return end != std::string_view::npos && Holds(xml.substr(end), "xmlns");
 }
 
 /// Visits every element below a node without recursion.
 template <typename Visit>
-void ForEachDescendant(pugi::xml_node root, Visit visit) {
-  pugi::xml_node node = root;
+void ForEachDescendant(XmlNode root, Visit visit) {
+  XmlNode node = root;
   while (true) {
-    if (const pugi::xml_node child = node.first_child()) {
+    if (const XmlNode child = node.FirstChild()) {
       node = child;
     } else {
-      while (node != root && !node.next_sibling()) node = node.parent();
+      while (node != root && !node.NextSibling()) node = node.Parent();
       if (node == root) return;
-      node = node.next_sibling();
+      node = node.NextSibling();
     }
-    if (node.type() == pugi::node_element) visit(node);
+    if (node.IsElement()) visit(node);
   }
 }
 
-}  // namespace
-
-namespace {
-
-/// A line end as Word writes it where there is no declaration.
-std::string BlanksAfterDeclaration(std::string_view xml) {
-  const std::size_t end = xml.starts_with("<?xml") ? xml.find("?>") : std::string_view::npos;
-  if (end == std::string_view::npos) return "\r\n";
-  const std::string_view rest = xml.substr(end + 2);
-  return std::string(rest.substr(0, rest.find_first_not_of(" \t\r\n")));
+bool IsUtf8(std::string_view encoding) {
+  constexpr std::string_view kUtf8 = "utf-8";
+  return std::equal(encoding.begin(), encoding.end(), kUtf8.begin(), kUtf8.end(), [](char given, char known) {
+    return (given >= 'A' && given <= 'Z' ? given - 'A' + 'a' : given) == known;
+  });
 }
 
 }  // namespace
 
 XmlPart::XmlPart(std::string name, std::string bytes)
-    : name_(std::move(name)), bytes_(ToUtf8(std::move(bytes), name_)) {
-  CheckXml(bytes_, name_);
-  afterDeclaration_ = BlanksAfterDeclaration(bytes_);
-  // Parsing in place spoils the bytes, and a look at them is far cheaper than a walk through the elements.
-  const bool declaresBelowRoot = DeclaresBelowRoot(bytes_);
-  hasTextBoxes_ = Holds(bytes_, "txbxContent");
-  constexpr unsigned kFlags = (pugi::parse_full | pugi::parse_ws_pcdata) & ~pugi::parse_doctype;
-  const pugi::xml_parse_result result =
-      document_.load_buffer_inplace(bytes_.data(), bytes_.size(), kFlags, pugi::encoding_utf8);
-  if (!result || !document_.document_element()) {
-    throw PackageError("is damaged: its part " + name_ + " is not well-formed XML");
+    : name_(std::move(name)), document_(ToUtf8(std::move(bytes), name_), name_) {
+  for (XmlNode node : document_.Node().Children()) {
+    if (node.Type() != XmlType::kDeclaration) continue;
+    // The text is UTF-8 now, whatever it was.
+    const XmlAttribute encoding = node.Attribute("encoding");
+    if (encoding && !IsUtf8(encoding.Value())) node.SetAttribute("encoding", "UTF-8");
   }
-  ReadNamespaces(declaresBelowRoot);
+  ReadNamespaces();
 }
 
-void XmlPart::ReadNamespaces(bool declaresBelowRoot) {
-  const pugi::xml_node root = Root();
+void XmlPart::ReadNamespaces() {
+  const XmlNode root = Root();
   std::unordered_map<std::string_view, std::string_view> declared;
   bool found = false;
-  for (const pugi::xml_attribute attribute : root.attributes()) {
-    const char* prefix = DeclaredPrefix(attribute);
-    if (prefix == nullptr) continue;
-    declared[prefix] = attribute.value();
-    const NamespaceUri* known = FindUri(attribute.value());
+  for (const XmlAttribute& attribute : root.Attributes()) {
+    const std::optional<std::string_view> prefix = DeclaredPrefix(attribute);
+    if (!prefix) continue;
+    declared[*prefix] = attribute.Value();
+    const NamespaceUri* known = FindUri(attribute.Value());
     if (known == nullptr || known->space != Space::kWord) continue;
     // An attribute needs a prefix, so one that has it is preferred to the default namespace.
-    if (!found || prefix_.empty()) prefix_ = *prefix == '\0' ? "" : std::string(prefix) + ":";
+    if (!found || prefix_.empty()) prefix_ = prefix->empty() ? "" : std::string(*prefix) + ":";
     strict_ = known->strict;
     found = true;
   }
-  if (declaresBelowRoot) {
-    ForEachDescendant(root, [&](pugi::xml_node node) {
-      for (const pugi::xml_attribute attribute : node.attributes()) {
-        const char* prefix = DeclaredPrefix(attribute);
-        if (prefix == nullptr) continue;
-        const auto [at, added] = declared.try_emplace(prefix, attribute.value());
-        if (!added && at->second != attribute.value()) scoped_ = true;
+  if (document_.DeclaresBelowRoot()) {
+    ForEachDescendant(root, [&](XmlNode node) {
+      for (const XmlAttribute& attribute : node.Attributes()) {
+        const std::optional<std::string_view> prefix = DeclaredPrefix(attribute);
+        if (!prefix) continue;
+        const auto [at, added] = declared.try_emplace(*prefix, attribute.Value());
+        if (!added && at->second != attribute.Value()) scoped_ = true;
       }
     });
   }
@@ -222,23 +200,31 @@ void XmlPart::ReadNamespaces(bool declaresBelowRoot) {
     if (known == nullptr) continue;
     for (const NamedTag& named : kTags) {
       if (named.space != known->space) continue;
-      std::string qualified =
-          prefix.empty() ? std::string(named.local) : std::string(prefix) + ":" + std::string(named.local);
-      const auto [kept, added] = names_.try_emplace(qualified, qualified);
-      tags_.emplace(kept->first, named.tag);
+      tags_.emplace(prefix.empty() ? std::string(named.local) : std::string(prefix) + ":" + std::string(named.local),
+                    named.tag);
     }
   }
   if (!found) prefix_ = "w:";
 }
 
-Tag XmlPart::TagOf(pugi::xml_node node) const {
-  const std::string_view qualified = node.name();
-  if (scoped_) return Lookup(qualified, node);
-  const auto found = tags_.find(qualified);
-  return found == tags_.end() ? Tag::kOther : found->second;
+bool XmlPart::Has(Tag tag) const {
+  const std::deque<XmlName>& names = document_.Names();
+  return scoped_ || std::any_of(names.begin(), names.end(), [&](const XmlName& name) {
+           const auto known = tags_.find(std::string(name.text));
+           return name.used && known != tags_.end() && known->second == tag;
+         });
 }
 
-Tag XmlPart::Lookup(std::string_view qualified, pugi::xml_node node) const {
+std::uint8_t XmlPart::Label(XmlNode node) const {
+  if (scoped_) return static_cast<std::uint8_t>(Lookup(node));
+  const XmlName& name = node.Entry();
+  const auto found = tags_.find(std::string(name.text));
+  name.label = static_cast<std::uint8_t>(found == tags_.end() ? Tag::kOther : found->second);
+  return name.label;
+}
+
+Tag XmlPart::Lookup(XmlNode node) const {
+  const std::string_view qualified = node.Name();
   const std::size_t colon = qualified.find(':');
   const std::string_view prefix = colon == std::string_view::npos ? std::string_view() : qualified.substr(0, colon);
   const std::string_view local = colon == std::string_view::npos ? qualified : qualified.substr(colon + 1);
@@ -250,71 +236,29 @@ Tag XmlPart::Lookup(std::string_view qualified, pugi::xml_node node) const {
   return Tag::kOther;
 }
 
-pugi::xml_node XmlPart::Child(pugi::xml_node parent, Tag tag) const {
-  for (const pugi::xml_node child : parent.children()) {
-    if (child.type() == pugi::node_element && TagOf(child) == tag) return child;
-  }
-  return {};
-}
-
-const char* XmlPart::Name(std::string_view local) const {
+const XmlName& XmlPart::Name(std::string_view local) const {
   std::string key = prefix_;
   key += local;
-  const auto found = names_.find(key);
-  if (found != names_.end()) return found->second.c_str();
-  return names_.emplace(key, key).first->second.c_str();
+  return document_.Name(key);
 }
 
-pugi::xml_attribute XmlPart::Attribute(pugi::xml_node node, const char* local) const {
-  for (const pugi::xml_attribute attribute : node.attributes()) {
-    const std::string_view name = attribute.name();
-    if (name.size() > prefix_.size() && name.starts_with(prefix_) && name.substr(prefix_.size()) == local) {
+XmlAttribute XmlPart::Attribute(XmlNode node, std::string_view local) const {
+  for (const XmlAttribute& attribute : node.Attributes()) {
+    const std::string_view name = attribute.Name();
+    if (name.size() == prefix_.size() + local.size() && name.ends_with(local) && name.starts_with(prefix_)) {
       return attribute;
     }
   }
   return {};
 }
 
-void XmlPart::SetAttribute(pugi::xml_node node, const char* local, const char* value) {
-  pugi::xml_attribute attribute = Attribute(node, local);
-  if (!attribute) attribute = node.append_attribute(Name(local));
-  attribute.set_value(value);
+void XmlPart::SetAttribute(XmlNode node, std::string_view local, std::string_view value) {
+  node.SetAttribute(Name(local).text, value);
 }
 
-namespace {
+void XmlPart::RemoveAttribute(XmlNode node, std::string_view local) { node.RemoveAttribute(Name(local).text); }
 
-bool IsUtf8(std::string_view encoding) {
-  constexpr std::string_view kUtf8 = "utf-8";
-  return std::equal(encoding.begin(), encoding.end(), kUtf8.begin(), kUtf8.end(), [](char given, char known) {
-    return (given >= 'A' && given <= 'Z' ? given - 'A' + 'a' : given) == known;
-  });
-}
-
-struct SinkWriter : pugi::xml_writer {
-  explicit SinkWriter(const TextSink& to) : sink(to) {}
-  void write(const void* data, std::size_t size) override { sink({static_cast<const char*>(data), size}); }
-  const TextSink& sink;
-};
-
-}  // namespace
-
-void XmlPart::Write(const TextSink& sink) const {
-  SinkWriter writer(sink);
-  for (const pugi::xml_node node : document_.children()) {
-    if (node.type() != pugi::node_declaration) {
-      node.print(writer, "", pugi::format_raw, pugi::encoding_utf8);
-      continue;
-    }
-    // The text is UTF-8 now, whatever it was.
-    sink("<?xml");
-    for (const pugi::xml_attribute attribute : node.attributes()) {
-      const bool encoding = std::string_view(attribute.name()) == "encoding";
-      const std::string value = encoding && !IsUtf8(attribute.value()) ? "UTF-8" : attribute.value();
-      sink(std::string(" ") + attribute.name() + "=\"" + value + "\"");
-    }
-    sink("?>" + afterDeclaration_);
-  }
-}
+void XmlPart::Write(const TextSink& sink) const { document_.Write(sink); }
 
 std::string XmlPart::Serialize() const {
   std::string text;

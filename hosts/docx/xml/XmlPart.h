@@ -1,13 +1,12 @@
 #pragma once
 
-#include <pugixml.hpp>
-
 #include <string>
 #include <string_view>
 #include <unordered_map>
 
 #include "hosts/docx/package/Deflated.h"
 #include "hosts/docx/xml/Names.h"
+#include "hosts/docx/xml/XmlDocument.h"
 
 namespace docx {
 
@@ -22,34 +21,46 @@ class XmlPart {
   XmlPart& operator=(const XmlPart&) = delete;
 
   const std::string& PartName() const { return name_; }
-  pugi::xml_node Root() const { return document_.document_element(); }
+  XmlNode Root() const { return document_.Root(); }
   bool Strict() const { return strict_; }
+  /// The prefix of WordprocessingML with its colon; empty where it is the default namespace.
+  const std::string& Prefix() const { return prefix_; }
 
-  /// Whether there was a text box in it when it was read. May say yes for nothing.
-  bool HasTextBoxes() const { return hasTextBoxes_; }
+  /// Whether any element has or had that tag, or one of WordprocessingML that local name.
+  bool Has(Tag tag) const;
+  bool Has(std::string_view local) const { return Name(local).used; }
 
-  Tag TagOf(pugi::xml_node node) const;
-  bool Is(pugi::xml_node node, Tag tag) const { return TagOf(node) == tag; }
+  Tag TagOf(XmlNode node) const {
+    const XmlName& name = node.Entry();
+    return static_cast<Tag>(name.label != XmlName::kUnlabelled ? name.label : Label(node));
+  }
+  bool Is(XmlNode node, Tag tag) const { return TagOf(node) == tag; }
   /// The first child with that tag; an empty node when there is none.
-  pugi::xml_node Child(pugi::xml_node parent, Tag tag) const;
+  XmlNode Child(XmlNode parent, Tag tag) const {
+    for (const XmlNode child : parent.Children()) {
+      if (TagOf(child) == tag) return child;
+    }
+    return {};
+  }
   /// A WordprocessingML child by local name, such as "vanish".
   template <typename Local>
-  pugi::xml_node Child(pugi::xml_node parent, const Local& local) const {
-    return parent.child(Name(local));
+  XmlNode Child(XmlNode parent, const Local& local) const {
+    return parent.Child(Name(local));
   }
   /// A WordprocessingML attribute by local name, such as "val"; an empty attribute when there is none.
-  pugi::xml_attribute Attribute(pugi::xml_node node, const char* local) const;
+  XmlAttribute Attribute(XmlNode node, std::string_view local) const;
   /// A WordprocessingML name as this part writes it. @return valid until the part goes
-  const char* Name(std::string_view local) const;
+  const XmlName& Name(std::string_view local) const;
   /// The same for a literal, which is looked up by its address: names are asked for at every edit.
   template <std::size_t size>
-  const char* Name(const char (&literal)[size]) const {
-    const char*& name = literals_[literal];
-    if (name == nullptr) name = Name(std::string_view(literal));
-    return name;
+  const XmlName& Name(const char (&literal)[size]) const {
+    const XmlName*& name = literals_[literal];
+    if (name == nullptr) name = &Name(std::string_view(literal));
+    return *name;
   }
   /// Sets or adds a WordprocessingML attribute.
-  void SetAttribute(pugi::xml_node node, const char* local, const char* value);
+  void SetAttribute(XmlNode node, std::string_view local, std::string_view value);
+  void RemoveAttribute(XmlNode node, std::string_view local);
 
   /// The part was changed and has to be written.
   bool Changed() const { return changed_; }
@@ -59,28 +70,18 @@ class XmlPart {
   std::string Serialize() const;
 
  private:
-  Tag Lookup(std::string_view qualified, pugi::xml_node node) const;
-  void ReadNamespaces(bool declaresBelowRoot);
+  std::uint8_t Label(XmlNode node) const;
+  Tag Lookup(XmlNode node) const;
+  void ReadNamespaces();
 
   std::string name_;
-  std::string bytes_;             // pugixml parses in place: names and values point into it
-  std::string afterDeclaration_;  // the blanks there, which pugixml does not keep
-  pugi::xml_document document_;
-  std::string prefix_;  // of WordprocessingML, with its colon; empty for the default namespace
+  mutable XmlDocument document_;  // remembers the names that it was asked for
+  std::string prefix_;
   bool strict_{false};
-  bool hasTextBoxes_{false};
   bool scoped_{false};  // a prefix means different things in different places
   bool changed_{false};
-  /// Element names are short and few: length and two characters tell most of them apart.
-  struct NameHash {
-    std::size_t operator()(std::string_view name) const {
-      const auto at = [&](std::size_t i) { return static_cast<std::size_t>(static_cast<unsigned char>(name[i])); };
-      return name.empty() ? 0 : name.size() * 31 + at(name.size() - 1) * 257 + at(name.size() / 2) * 8191;
-    }
-  };
-  std::unordered_map<std::string_view, Tag, NameHash> tags_;
-  mutable std::unordered_map<std::string, std::string> names_;
-  mutable std::unordered_map<const char*, const char*> literals_;
+  std::unordered_map<std::string, Tag> tags_;  // unless scoped_
+  mutable std::unordered_map<const char*, const XmlName*> literals_;
 };
 
 }  // namespace docx

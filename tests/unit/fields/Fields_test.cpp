@@ -23,8 +23,8 @@ std::string Field(const std::string& code, const std::string& result) {
 std::unique_ptr<Story> Paragraph(const std::string& content) {
   auto part = std::make_shared<XmlPart>("word/document.xml", "<w:document xmlns:w=\"" + kUri + "\"><w:body><w:p>" +
                                                                  content + "</w:p></w:body></w:document>");
-  const pugi::xml_node body = part->Child(part->Root(), Tag::kBody);
-  return std::make_unique<Story>(part, 1, std::vector<pugi::xml_node>{body});
+  const docx::XmlNode body = part->Child(part->Root(), Tag::kBody);
+  return std::make_unique<Story>(part, 1, std::vector<docx::XmlNode>{body});
 }
 
 TEST(Fields, HaveCodeAndResult) {

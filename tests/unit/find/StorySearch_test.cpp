@@ -35,14 +35,14 @@ std::unique_ptr<Story> Body(const std::string& blocks) {
       "word/document.xml",
       "<w:document xmlns:w=\"http://schemas.openxmlformats.org/wordprocessingml/2006/main\"><w:body>" + blocks +
           "</w:body></w:document>");
-  const pugi::xml_node body = part->Child(part->Root(), Tag::kBody);
-  return std::make_unique<Story>(part, 1, std::vector<pugi::xml_node>{body});
+  const docx::XmlNode body = part->Child(part->Root(), Tag::kBody);
+  return std::make_unique<Story>(part, 1, std::vector<docx::XmlNode>{body});
 }
 
 SearchScope ScopeOf(const Story& story) {
   SearchScope scope;
   const XmlPart* part = &story.Part();
-  scope.hidden = [part](pugi::xml_node run) { return !part->Child(part->Child(run, Tag::kRPr), "vanish").empty(); };
+  scope.hidden = [part](docx::XmlNode run) { return !part->Child(part->Child(run, Tag::kRPr), "vanish").Empty(); };
   return scope;
 }
 

@@ -25,7 +25,7 @@ class StoryFixture {
     const std::size_t from = xml.find("<w:body>") + 8;
     return xml.substr(from, xml.find("</w:body>") - from);
   }
-  pugi::xml_node Node() const { return part->Child(part->Root(), docx::Tag::kBody); }
+  docx::XmlNode Node() const { return part->Child(part->Root(), docx::Tag::kBody); }
 
   /// The story that somebody who opens the document now would see has the same text and the same bookmarks.
   void ExpectFresh() const {
@@ -42,7 +42,7 @@ class StoryFixture {
       const docx::Atom& atom = atoms.Get(place);
       if (atom.length != 0) continue;
       list += (atom.kind == docx::AtomKind::kBookmarkStart ? "(" : ")") + std::to_string(place.start);
-      list += std::string("#") + story.Part().Attribute(atom.Node(), "id").value() + " ";
+      list.append("#").append(story.Part().Attribute(atom.Node(), "id").Value()).append(" ");
     }
     return list;
   }

@@ -130,7 +130,7 @@ TEST(Story, AParagraphMarkInsertedAndErasedLeavesTheParagraphAsItWas) {
   StoryFixture f(P("<w:pPr><w:jc w:val=\"both\"/></w:pPr>" + R("one two")));
   f.story->InsertText(4, u"\r");
   EXPECT_EQ(f.Text(), "one \rtwo\r");
-  EXPECT_EQ(std::string(f.Node().first_child().first_child().first_child().name()), "w:jc");
+  EXPECT_EQ(std::string(f.Node().FirstChild().FirstChild().FirstChild().Name()), "w:jc");
   f.ExpectFresh();
   f.story->Erase(4, 5);
   EXPECT_EQ(f.Body(), f.before);

@@ -35,8 +35,8 @@ struct Sample {
   XmlPart part;
   StylesOf styles;
   Formatting formatting;
-  pugi::xml_node run;
-  pugi::xml_node p;
+  docx::XmlNode run;
+  docx::XmlNode p;
 };
 
 const std::string kHeavy = "<w:pStyle w:val=\"Heavy\"/>";

@@ -129,7 +129,7 @@ TEST(IndexStyles, MarksSurviveSavingAndReading) {
   EnsureIndexStyle(part, 1);
   XmlPart reread("word/styles.xml", part.Serialize());
   EXPECT_TRUE(RemoveAddedIndexStyles(reread).changed);
-  EXPECT_EQ(reread.Root().child("w:style").next_sibling(), pugi::xml_node());
+  EXPECT_EQ(reread.Root().Child("w:style").NextSibling(), docx::XmlNode());
   EXPECT_EQ(reread.Serialize().substr(reread.Serialize().find("<w:styles")), before.substr(before.find("<w:styles")));
 }
 
@@ -147,7 +147,7 @@ TEST(IndexStyles, ANewPartIsKnownAsAWhole) {
 TEST(IndexStyles, ANewPartThatHasOtherStylesByNowStays) {
   XmlPart part("word/styles.xml", docx::NewStylesPart(false));
   EnsureIndexStyle(part, 1);
-  part.SetAttribute(part.Root().append_child("w:style"), "styleId", "Mine");
+  part.SetAttribute(part.Root().AppendChild(part.Name("style")), "styleId", "Mine");
   const RemovedIndexStyles removed = RemoveAddedIndexStyles(part);
   EXPECT_TRUE(removed.changed);
   EXPECT_FALSE(removed.wholePart);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "hosts/docx/xml/XmlNode.h"
 
 #include <string>
 #include <utility>
@@ -24,9 +24,18 @@ inline std::string StylesXml(const std::string& styles, const std::string& uri =
 }
 
 /// The n-th element of that name in document order, from 1; empty when there are fewer.
-inline pugi::xml_node Nth(const docx::XmlPart& part, const char* local, int n = 1) {
-  const std::string name = part.Name(local);
-  return part.Root().find_node([&](pugi::xml_node node) { return name == node.name() && --n == 0; });
+inline docx::XmlNode Nth(const docx::XmlPart& part, const char* local, int n = 1) {
+  docx::XmlNode node = part.Root();
+  while (true) {
+    if (node.Is(part.Name(local)) && --n == 0) return node;
+    if (node.FirstChild()) {
+      node = node.FirstChild();
+      continue;
+    }
+    while (node && !node.NextSibling()) node = node.Parent();
+    if (!node) return node;
+    node = node.NextSibling();
+  }
 }
 
 /// A part of its own for the styles, and what is read of it.
@@ -50,7 +59,7 @@ class Sample {
         formatting_(part_, styles_.styles) {}
 
   const docx::Formatting& Format() const { return formatting_; }
-  pugi::xml_node Node() const { return Nth(part_, local_); }
+  docx::XmlNode Node() const { return Nth(part_, local_); }
   const docx::XmlPart& Part() const { return part_; }
   /// What the element starts with now.
   std::string Start() const {

@@ -215,8 +215,8 @@ TEST(RunProperties, AnotherPrefixIsWrittenAsThePartWritesIt) {
 
 bool SameRuns(const std::string& first, const std::string& second) {
   const XmlPart part("word/document.xml", Document("<w:p>" + first + second + "</w:p>"));
-  const pugi::xml_node p = Nth(part, "p");
-  return SameRunFormatting(part, p.first_child(), p.last_child());
+  const docx::XmlNode p = Nth(part, "p");
+  return SameRunFormatting(part, p.FirstChild(), p.LastChild());
 }
 
 TEST(RunProperties, RunsAreTheSameWhateverTheyHold) {

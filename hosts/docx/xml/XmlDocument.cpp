@@ -1,0 +1,240 @@
+#include "hosts/docx/xml/XmlDocument.h"
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+#include <utility>
+
+#include "hosts/docx/package/XmlScanner.h"
+#include "hosts/docx/xml/XmlText.h"
+
+namespace docx {
+
+namespace {
+
+constexpr std::size_t kFirstMemory = 4096;
+constexpr std::string_view kDeclarationTarget = "xml";
+
+std::size_t RecentSlot(std::string_view name) {
+  const auto at = [&](std::size_t i) { return static_cast<std::size_t>(static_cast<unsigned char>(name[i])); };
+  return (name.size() * 31 + at(name.size() - 1) * 5 + at(name.size() / 2) * 17) % 256;
+}
+
+std::string_view ContentOf(const XmlNodeData& node) { return {node.content, node.contentSize}; }
+
+void SetContent(XmlNodeData& node, const char* begin, const char* end) {
+  node.content = begin;
+  node.contentSize = static_cast<std::uint32_t>(end - begin);
+}
+
+void SetAttributes(XmlNodeData& node, std::string_view text) {
+  node.attributes = text.data();
+  node.attributesSize = static_cast<std::uint32_t>(text.size());
+}
+
+}  // namespace
+
+/// Makes the nodes that a scanner tells of.
+class XmlDocument::Reader {
+ public:
+  /// @param top gets what the text holds
+  Reader(XmlDocument& document, XmlNodeData& top) : document_(document), open_(&top) {}
+
+  void Attribute(std::string_view name) {
+    if (open_->type == XmlType::kElement && name.starts_with("xmlns")) document_.declaresBelowRoot_ = true;
+  }
+  void Start(std::string_view name, std::string_view attributes, bool isEmpty) {
+    XmlNodeData& element = Add(XmlType::kElement, name);
+    SetAttributes(element, attributes);
+    element.flags = XmlNodeData::kExpanded | XmlNodeData::kWhole;
+    if (isEmpty) return;
+    SetContent(element, attributes.data() + attributes.size() + 1, attributes.data() + attributes.size() + 1);
+    open_ = &element;
+  }
+  void End(const char* contentEnd) {
+    XmlNodeData& element = *open_;
+    SetContent(element, element.content, contentEnd);
+    open_ = element.parent;
+    if (element.first == nullptr) return;
+    open_->flags |= XmlNodeData::kDeep;
+    if ((element.flags & XmlNodeData::kDeep) != 0) return;
+    const bool isText = element.first->type == XmlType::kText && element.first->next == nullptr;
+    element.flags = isText ? XmlNodeData::kWhole | XmlNodeData::kTextOnly : XmlNodeData::kWhole;
+    GiveBack(element);
+  }
+  void Text(const char* begin, const char* end) { SetContent(Add(XmlType::kText, {}), begin, end); }
+  void CData(const char* begin, const char* end) { SetContent(Add(XmlType::kCData, {}), begin, end); }
+  void Comment(const char* begin, const char* end) { SetContent(Add(XmlType::kComment, {}), begin, end); }
+  void Instruction(std::string_view target, std::string_view data) {
+    SetAttributes(Add(target == kDeclarationTarget ? XmlType::kDeclaration : XmlType::kInstruction, target), data);
+  }
+
+ private:
+  XmlNodeData& Add(XmlType type, std::string_view name) {
+    XmlNodeData& node = *document_.New(type, name.empty() ? *document_.noName_ : document_.Name(name));
+    open_->Insert(node, nullptr);
+    return node;
+  }
+
+  void GiveBack(XmlNodeData& element) {
+    element.first->previous->next = document_.spare_;
+    document_.spare_ = std::exchange(element.first, nullptr);
+  }
+
+  XmlDocument& document_;
+  XmlNodeData* open_;
+};
+
+XmlDocument::XmlDocument(std::string bytes, const std::string& partName)
+    : source_(std::move(bytes)), memory_(std::max(kFirstMemory, source_.size() / 2)), noName_(&Name({})) {
+  top_.type = XmlType::kDocument;
+  top_.name = noName_;
+  top_.flags = XmlNodeData::kExpanded;
+  Reader reader(*this, top_);
+  XmlScanner<Reader>(source_, partName, reader).Run();
+  for (const XmlNode child : Node().Children()) {
+    if (child.IsElement()) root_ = child;
+  }
+}
+
+const XmlName& XmlDocument::Name(std::string_view text) {
+  const XmlName** slot = text.empty() ? nullptr : &recent_[RecentSlot(text)];
+  if (slot != nullptr && *slot != nullptr && (*slot)->text == text) return **slot;
+  const auto found = byText_.find(text);
+  const XmlName* name = found == byText_.end() ? nullptr : found->second;
+  if (name == nullptr) {
+    // Names of nodes that were read could stay where they are, but callers have theirs anywhere.
+    name = &names_.emplace_back(XmlName{.document = this, .text = Keep(text)});
+    byText_.emplace(name->text, name);
+  }
+  if (slot != nullptr) *slot = name;
+  return *name;
+}
+
+XmlNodeData* XmlDocument::New(XmlType type, const XmlName& name) {
+  void* place = spare_;
+  if (place != nullptr) {
+    spare_ = spare_->next;
+  } else {
+    place = memory_.allocate(sizeof(XmlNodeData), alignof(XmlNodeData));
+  }
+  auto* const node = new (place) XmlNodeData;
+  node->type = type;
+  node->name = &name;
+  node->flags = XmlNodeData::kExpanded;
+  name.used = true;
+  return node;
+}
+
+std::string_view XmlDocument::Keep(std::string_view text) {
+  if (text.empty()) return {"", 0};
+  auto* const kept = static_cast<char*>(memory_.allocate(text.size(), 1));
+  std::memcpy(kept, text.data(), text.size());
+  return {kept, text.size()};
+}
+
+std::string_view XmlDocument::Decoded(std::string_view raw, bool attribute) { return Keep(Unescaped(raw, attribute)); }
+
+void XmlDocument::Expand(XmlNodeData& element) {
+  element.flags |= XmlNodeData::kExpanded;
+  if (element.contentSize == 0) return;
+  Reader reader(*this, element);
+  XmlScanner<Reader>(ContentOf(element), {}, reader).RunContent();
+}
+
+std::size_t XmlDocument::OffsetOf(XmlNode element) const {
+  return static_cast<std::size_t>(element.Data()->attributes - source_.data()) - element.Name().size() - 1;
+}
+
+namespace {
+
+class Writer {
+ public:
+  explicit Writer(const TextSink& sink) : sink_(sink) { pending_.reserve(kPending); }
+
+  void WriteAll(const XmlNodeData& top) {
+    const XmlNodeData* node = top.first;
+    while (node != nullptr) {
+      if (Begin(*node)) {
+        node = node->first;
+        continue;
+      }
+      while (node != &top && node->next == nullptr) {
+        node = node->parent;
+        if (node != &top) End(*node);
+      }
+      node = node->next;
+    }
+    sink_(pending_);
+  }
+
+ private:
+  static constexpr std::size_t kPending = 64 << 10;
+
+  void Put(std::string_view text) {
+    if (pending_.size() + text.size() > kPending) {
+      sink_(pending_);
+      pending_.clear();
+      if (text.size() > kPending) return sink_(text);
+    }
+    pending_ += text;
+  }
+
+  /// @return whether its children are to be written, and then its end
+  bool Begin(const XmlNodeData& node) {
+    const std::string_view attributes(node.attributes, node.attributesSize);
+    switch (node.type) {
+      case XmlType::kElement:
+        Put("<");
+        Put(node.name->text);
+        Put(attributes);
+        if (node.content == nullptr && node.first == nullptr) {
+          Put("/>");
+          return false;
+        }
+        Put(">");
+        if ((node.flags & XmlNodeData::kWhole) != 0) {
+          Put(ContentOf(node));
+        } else if (node.first != nullptr) {
+          return true;
+        }
+        End(node);
+        return false;
+      case XmlType::kText:
+        Put(ContentOf(node));
+        return false;
+      case XmlType::kCData:
+        PutBetween("<![CDATA[", ContentOf(node), "]]>");
+        return false;
+      case XmlType::kComment:
+        PutBetween("<!--", ContentOf(node), "-->");
+        return false;
+      case XmlType::kDeclaration:
+      case XmlType::kInstruction:
+        Put("<?");
+        Put(node.name->text);
+        Put(attributes);
+        Put("?>");
+        return false;
+      default:
+        return false;
+    }
+  }
+
+  void End(const XmlNodeData& element) { PutBetween("</", element.name->text, ">"); }
+
+  void PutBetween(std::string_view before, std::string_view text, std::string_view after) {
+    Put(before);
+    Put(text);
+    Put(after);
+  }
+
+  const TextSink& sink_;
+  std::string pending_;
+};
+
+}  // namespace
+
+void XmlDocument::Write(const TextSink& sink) const { Writer(sink).WriteAll(top_); }
+
+}  // namespace docx
