@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -42,6 +43,13 @@ class Connect : public KVXAddIn {
   /// The command "Find and index": a whole run, from its checks to its clean-up.
   void ShowKVXForm();
 
+  /// The commands "Remove indexing", "Remove highlighting only" and "Update index": nothing without a document, and
+  /// nothing while a run is in progress.
+  /// @return whether the command came to its end
+  bool RemoveIndexing();
+  bool RemoveHighlighting();
+  bool UpdateIndexField();
+
   word::ApplicationPtr WordApp() const override { return wordApp_; }
   word::DocumentPtr ActiveIndexDocument() const override { return run_.ActiveIndexDocument; }
   TermMarker& Marker() override { return *termMarker_; }
@@ -71,6 +79,8 @@ class Connect : public KVXAddIn {
   void CreateTermMarker();
   /// @throws word::HostError when there is no companion and none may be made
   void RequireTermMarker();
+
+  bool OnActiveDocument(std::u16string_view title, const std::function<bool(const word::DocumentPtr&)>& command);
 
   /// @return false for an early stop, which LeaveEarly has to clean up after
   bool Run();

@@ -1,6 +1,7 @@
 #include "dialogs/frmKVX_COM.h"
 
 #include "addin/modCommonErrorMsgs.h"
+#include "engine/TermLists.h"
 #include "platform/forms/FormHost.h"
 #include "platform/word/Application.h"
 #include "platform/word/Bookmarks.h"
@@ -105,6 +106,15 @@ void frmKVX_COM::IndexInsertOrUpdate(const word::ApplicationPtr& application, co
     KVXAddIn->Marker().InsertIndex(application, document, LeadingNumber(txtCols.Text()), separator);
   }
   document->UndoClear();
+}
+
+void frmKVX_COM::NotUsedList(const word::DocumentPtr& document, std::u16string_view terms) {
+  WriteNotUsedList(document, terms);
+}
+
+void frmKVX_COM::NotFoundList(const word::ApplicationPtr& application, const word::DocumentPtr& document,
+                              std::u16string_view terms) {
+  WriteNotFoundList(application, document, terms);
 }
 
 void frmKVX_COM::cmdOK_Click() {

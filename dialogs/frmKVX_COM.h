@@ -78,6 +78,11 @@ class frmKVX_COM : public HelpedForm, public OptionPanel, public IndexingDialog 
   void HideWhileIndexing() override { Hide(); }
   void IndexInsertOrUpdate(const word::ApplicationPtr& application, const word::DocumentPtr& document,
                            bool updateOnly) override;
+  bool IncludesNotUsedList() const override { return chkIncludeNotUsed.Value() == 1; }
+  bool IncludesNotFoundList() const override { return chkIncludeNotFound.Value() == 1; }
+  void NotUsedList(const word::DocumentPtr& document, std::u16string_view terms) override;
+  void NotFoundList(const word::ApplicationPtr& application, const word::DocumentPtr& document,
+                    std::u16string_view terms) override;
 
  protected:
   forms::Layout MakeLayout() override;

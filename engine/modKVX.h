@@ -28,6 +28,15 @@ class IndexingDialog {
   /// updateOnly, brings the present one up to date.
   virtual void IndexInsertOrUpdate(const word::ApplicationPtr& application, const word::DocumentPtr& document,
                                    bool updateOnly) = 0;
+  /// Whether the dialog asks for the list at this moment.
+  virtual bool IncludesNotUsedList() const = 0;
+  virtual bool IncludesNotFoundList() const = 0;
+  /// Writes the list of terms that are not used or used only once behind the index. @param terms sorted, separated by
+  /// CR LF
+  virtual void NotUsedList(const word::DocumentPtr& document, std::u16string_view terms) = 0;
+  /// Writes the list of terms that are not found behind the other one.
+  virtual void NotFoundList(const word::ApplicationPtr& application, const word::DocumentPtr& document,
+                            std::u16string_view terms) = 0;
 };
 
 /// What the controls said when the user pressed OK.
@@ -62,8 +71,9 @@ class modKVX {
   modKVX(const modKVX&) = delete;
   modKVX& operator=(const modKVX&) = delete;
 
-  /// Marks every occurrence of the chosen terms in the main text, footnotes and endnotes, and inserts the
-  /// index at "IndexBKStart". An error is shown; what was done before it stays done.
+  /// Marks every occurrence of the chosen terms in the main text, footnotes and endnotes, inserts the index at
+  /// "IndexBKStart", and behind it the lists that the dialog asks for. An error is shown; what was done before it stays
+  /// done.
   /// @return whether all of it was done
   bool RunIndexing(const word::ApplicationPtr& application, const word::DocumentPtr& document,
                    const std::vector<std::u16string>& chosen, IndexingDialog& dialog, const IndexingOptions& options);
@@ -75,6 +85,20 @@ class modKVX {
   TermTable IndexStory(const word::DocumentPtr& document, const word::RangePtr& story, TermTable table, int storyType,
                        const IndexingOptions& options);
 
+  /// Takes everything away that marking, the index and its lists put into the document, shows how far it is, and goes
+  /// to the first page. An error is shown; steps done before it stay done.
+  /// @param optionsAccepted the options dialog of the last run was confirmed, so that "IndexBKStart" is ours
+  /// @return whether all of it was done
+  bool RemoveIndexing(const word::ApplicationPtr& application, const word::DocumentPtr& document, bool optionsAccepted);
+
+  /// Takes the highlighting of indexed terms away, goes to the first page and says so. Entries, index and lists stay.
+  /// @return whether it was done; an error is shown
+  bool RemoveHighlighting(const word::ApplicationPtr& application, const word::DocumentPtr& document);
+
+  /// Asks, and then updates the first index of defined terms, or says that there is none.
+  /// @return whether the user agreed and no error was shown
+  static bool UpdateIndexField(const word::DocumentPtr& document, os::Messages& messages);
+
   /// Puts back what a run changed in Word. Fast save stays as the run left it, on purpose. An error is shown
   /// and ends it; later values then stay as the run set them.
   void RestoreWordState(const word::ApplicationPtr& application, const word::DocumentPtr& document,
@@ -83,6 +107,10 @@ class modKVX {
  private:
   void Index(const word::ApplicationPtr& application, const word::DocumentPtr& document,
              const std::vector<std::u16string>& chosen, IndexingDialog& dialog, const IndexingOptions& options);
+  void ShowStep(std::u16string_view message);
+  /// Does work with progress shown and screen updating off, and puts both back however it ends.
+  bool WithScreenHeld(const word::ApplicationPtr& application, std::u16string_view title,
+                      const std::function<void()>& work);
 
   TermMarker& marker_;
   clsProgForm& progress_;

@@ -1,3 +1,4 @@
+#include "engine/TermLists.h"
 #include "engine/modKVX.h"
 
 #include "addin/clsProgForm.h"
@@ -56,9 +57,10 @@ void modKVX::Index(const word::ApplicationPtr& application, const word::Document
     }
   }
 
-  // No list is made of it here; who observes the marker reports it.
-  marker_.GetUnusedAndMissing(table);
+  const std::vector<std::u16string> unusedAndMissing = marker_.GetUnusedAndMissing(table);
   dialog.IndexInsertOrUpdate(application, document, false);
+  if (dialog.IncludesNotUsedList()) dialog.NotUsedList(document, SortTermList(unusedAndMissing.at(0)));
+  if (dialog.IncludesNotFoundList()) dialog.NotFoundList(application, document, SortTermList(unusedAndMissing.at(1)));
 
   if (document->Bookmarks()->Exists(kIndexBookmark)) {
     const word::SelectionPtr selection = application->Selection();

@@ -88,7 +88,9 @@ class Reader {
         "written.\nkelvarin COMMAND --help tells a command's options.");
     AddIndex();
     AddTerms();
-    AddRemove();
+    AddChange("remove", Command::kRemove, "take entries, index, lists and highlighting of an earlier run away");
+    AddChange("unhighlight", Command::kUnhighlight, "take the highlighting of an earlier run away, and nothing else");
+    AddChange("update", Command::kUpdate, "bring the index of an earlier run up to date without marking anew");
     AddRun();
     AddInspect();
     AddOpen();
@@ -217,8 +219,8 @@ class Reader {
     AddValue(command, "--separator", index.separator, "what stands between a term and its pages");
     AddSwitch(command, "tab", index.tab, "end the separator with a tab");
     AddSwitch(command, "not-used", index.notUsed,
-              "the setting of the list of terms that are used once only (this build writes no list)");
-    AddSwitch(command, "not-found", index.notFound, "the setting of the list of terms that are not found (the same)");
+              "write the list of terms that are defined but not used, or used only once, behind the index");
+    AddSwitch(command, "not-found", index.notFound, "write the list of terms that are not found behind the index");
     command
         .add_option_function<std::string>(
             "--what",
@@ -253,21 +255,28 @@ class Reader {
     AddCommon(command);
   }
 
-  void AddRemove() {
-    CLI::App& command = AddCommand("remove", Command::kRemove,
-                                   "take entries, index and highlighting of an earlier run away; a document that was "
-                                   "never indexed is written as it is, byte for byte");
-    AddInputs(command, true);
-    AddOutput(command, true);
-    AddCommon(command);
+  void AddChange(const std::string& name, Command command, const std::string& help) {
+    CLI::App& added =
+        AddCommand(name, command, help + "; a document that was never indexed is written as it is, byte for byte");
+    AddInputs(added, true);
+    AddOutput(added, true);
+    if (command == Command::kUpdate) AddPages(added);
+    AddCommon(added);
   }
 
   void AddRun() {
+    const std::map<std::string, Command> commands{{"index", Command::kIndex},
+                                                  {"remove", Command::kRemove},
+                                                  {"unhighlight", Command::kUnhighlight},
+                                                  {"update", Command::kUpdate}};
     CLI::App& command = AddCommand("run", Command::kRun, "run a command with its dialogs answered from a file");
-    command.add_option("COMMAND", options_.runCommand, "index")
+    command
+        .add_option_function<std::string>(
+            "COMMAND", [this, commands](const std::string& name) { options_.runCommand = commands.at(name); },
+            "index, remove, unhighlight or update")
         ->required()
         ->type_name("")
-        ->check(CLI::IsMember({"index"}));
+        ->check(CLI::IsMember(commands));
     AddInputs(command, false);
     AddOutput(command, false);
     AddPath(command, "--answers", options_.answers, "FILE", "the state at the start and the answers, as JSON");
@@ -294,7 +303,8 @@ class Reader {
     const OutputOptions& output = options_.output;
     const int places = output.file.has_value() + output.folder.has_value() + output.inPlace;
     if (places > 1) throw CLI::ValidationError("-o, --out-dir, --in-place", "only one of them can be used");
-    const bool needsOutput = options_.command == Command::kIndex || options_.command == Command::kRemove;
+    const std::set<Command> writing{Command::kIndex, Command::kRemove, Command::kUnhighlight, Command::kUpdate};
+    const bool needsOutput = writing.contains(options_.command);
     if (needsOutput && places == 0) throw CLI::RequiredError("-o OUT, --out-dir DIR or --in-place");
     if (output.file && options_.inputs.size() > 1) throw CLI::ValidationError("-o", "takes one input; use --out-dir");
     CheckNames();

@@ -10,7 +10,8 @@
 
 FileResult IndexFile(const Options& options, const std::filesystem::path& input);
 FileResult ListTerms(const Options& options, const std::filesystem::path& input);
-FileResult RemoveIndexing(const Options& options, const std::filesystem::path& input);
+/// "Remove indexing", "Remove highlighting only" and "Update index".
+FileResult ChangeIndexedFile(const Options& options, const std::filesystem::path& input);
 FileResult RunCommand(const Options& options, const std::filesystem::path& input);
 FileResult InspectFile(const Options& options, const std::filesystem::path& input);
 

@@ -79,7 +79,10 @@ void TellRun(const Options& options, const std::filesystem::path& input, Session
   std::string reason = failure;
   if (reason.empty() && status != kDone && !said) {
     const bool nothingFound = session.Watch().TermsShown() && session.Watch().Found().empty();
-    reason = nothingFound ? "no defined terms were found, and none were added" : "nothing was indexed";
+    const bool updates = options.AddInCommand() == Options::Command::kUpdate;
+    reason = updates        ? "the index was not updated"
+             : nothingFound ? "no defined terms were found, and none were added"
+                            : "nothing was indexed";
   }
   if (reason.empty()) return;
   Say(input, reason);

@@ -1,3 +1,4 @@
+#include "apps/kelvarin/AddInCommand.h"
 #include "apps/kelvarin/Commands.h"
 #include "apps/kelvarin/FileRun.h"
 #include "apps/kelvarin/Output.h"
@@ -23,9 +24,9 @@ FileResult RunCommand(const Options& options, const std::filesystem::path& input
     unattended::AnswersFile file = ReadAnswers(options);
     unattended::FileAnswers answers(std::move(file.answers), options.strict);
     Session session(input, options, answers, file.state, record.transcript);
-    session.Run([](Connect& addIn) { addIn.ShowKVXForm(); });
+    const bool finished = GiveCommand(options.runCommand, session);
     answers.Finish();
-    const Status status = IndexingStatus(session, answers.Failure());
+    const Status status = CommandStatus(options.runCommand, finished, session, answers.Failure());
     TellRun(options, input, session, status, answers.Failure(), record.report);
     if (target && session.HasDocument()) {
       WriteDocument(session.Processor().Updated(), *target);

@@ -189,21 +189,6 @@ void Session::Command(const std::function<void(Connect&)>& command) {
   addIn.OnDisconnection(DisconnectMode::kHostShutdown);
 }
 
-void Session::RemoveIndexing() {
-  Conduct([&] {
-    const word::ApplicationPtr application = Application();
-    const word::DocumentPtr document = application->ActiveDocument();
-    const std::unique_ptr<TermMarker> marker = MakeMarker();
-    marker->RemoveIndexEntries(application, document, false);
-    document->UndoClear();
-    marker->RemoveIndex(application, document, true);
-    document->UndoClear();
-    marker->RemoveTermHighlighting(document);
-    document->UndoClear();
-  });
-  Finish();
-}
-
 void Session::Finish() {
   WriteState();
   settings_.WriteBack();

@@ -43,9 +43,6 @@ class Session {
   /// @throws Failure kStopped when there is no such place for the cursor, kUnreadable
   void Run(const std::function<void(Connect&)>& command);
 
-  /// Takes away what an earlier run left in the document. @throws word::HostError
-  void RemoveIndexing();
-
   /// Ends a session that gave no command. @throws Failure kUnreadable
   void Finish();
 

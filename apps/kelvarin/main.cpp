@@ -19,7 +19,9 @@ FileResult WorkOn(const Options& options, const std::filesystem::path& input) {
     case Options::Command::kTerms:
       return ListTerms(options, input);
     case Options::Command::kRemove:
-      return RemoveIndexing(options, input);
+    case Options::Command::kUnhighlight:
+    case Options::Command::kUpdate:
+      return ChangeIndexedFile(options, input);
     case Options::Command::kRun:
       return RunCommand(options, input);
     case Options::Command::kInspect:

@@ -59,7 +59,8 @@ class Run(program.Case):
                    and event["member"] in ("Options.CheckSpellingAsYouType", "Options.Pagination")]
         self.assertEqual([event["value"] for event in restore], [True, True])
         added = [event["value"]["name"] for event in events if event.get("member") == "Bookmarks.Add"]
-        self.assertEqual(added, ["ReturnHereBK", "IndexBKStart", "IndexBKStart"])
+        self.assertEqual(added, ["ReturnHereBK", "IndexBKStart", "IndexBKStart", "DefinedTermsIndexNotUsedList",
+                                 "DefinedTermsIndexNotFoundList"])
 
     def test_the_last_event_is_the_state(self):
         state = self.run_index(OK)[-1]

@@ -1,4 +1,5 @@
 #include "DocxDocument.h"
+#include "Markup.h"
 
 #include "hosts/linux/IcuCharacters.h"
 #include "marker/MakeTermMarker.h"
@@ -21,39 +22,6 @@
 namespace {
 
 using Terms = std::vector<std::u16string>;
-
-std::string TextRun(const std::string& text, const std::string& properties = {}) {
-  const std::string formatting = properties.empty() ? "" : "<w:rPr>" + properties + "</w:rPr>";
-  return "<w:r>" + formatting + "<w:t xml:space=\"preserve\">" + text + "</w:t></w:r>";
-}
-
-std::string Paragraph(const std::string& content) { return "<w:p>" + content + "</w:p>"; }
-
-std::string FieldMark(const std::string& type) { return "<w:r><w:fldChar w:fldCharType=\"" + type + "\"/></w:r>"; }
-
-std::string Code(const std::string& code) {
-  return "<w:r><w:instrText xml:space=\"preserve\">" + code + "</w:instrText></w:r>";
-}
-
-std::string Field(const std::string& code, const std::string& result) {
-  return FieldMark("begin") + Code(code) + FieldMark("separate") + TextRun(result) + FieldMark("end");
-}
-
-std::string EntryField(const std::string& code) { return FieldMark("begin") + Code(code) + FieldMark("end"); }
-
-std::string Note(const std::string& kind, const std::string& content) {
-  return "<w:" + kind + " w:id=\"2\">" + Paragraph("<w:r><w:" + kind + "Ref/></w:r>" + content) + "</w:" + kind + ">";
-}
-
-constexpr std::string_view kTracked = " w:id=\"9\" w:author=\"A\" w:date=\"2025-01-01T00:00:00Z\"";
-
-std::string Tracked(const std::string& name, const std::string& content) {
-  return "<w:" + name + std::string(kTracked) + ">" + content + "</w:" + name + ">";
-}
-
-std::string DeletedRun(const std::string& text) {
-  return "<w:r><w:delText xml:space=\"preserve\">" + text + "</w:delText></w:r>";
-}
 
 std::u16string Entry(std::u16string_view text) {
   return std::u16string(u"\u0013 XE \"").append(text).append(u"\" \\f \"DefinedTermsIndex\" \u0015");
@@ -351,40 +319,6 @@ TEST_F(TermMarkerOnDocx, RemovingFromADocumentNeverMarkedChangesNothing) {
   const auto before = docx_->Canonical();
   RemoveAll();
   ExpectSameParts(before);
-}
-
-/// Writes a list as the dialog does behind an anchor and covers it with its bookmark.
-void WriteList(const word::DocumentPtr& document, const word::RangePtr& anchor, const std::u16string& heading,
-               const std::u16string& note, const std::u16string& list, const std::u16string& bookmark) {
-  anchor->SetStart(anchor->End());
-  anchor->InsertParagraphBefore();
-  anchor->Collapse(word::wdCollapseEnd);
-  anchor->SetText(heading);
-  anchor->Font()->SetBold(-1);
-  anchor->Collapse(word::wdCollapseEnd);
-  anchor->SetText(note + u"\r\n");
-  anchor->Font()->SetBold(0);
-  anchor->Collapse(word::wdCollapseEnd);
-  anchor->SetText(list + u"\r\n\r\n");
-  anchor->MoveStart(word::wdParagraph, -2);
-  document->Bookmarks()->Add(bookmark, anchor);
-}
-
-TEST_F(TermMarkerOnDocx, TheExtraListsGoWithTheIndex) {
-  for (const int columns : {1, 2}) {
-    Open({.body = Paragraph(TextRun("one Lender")) + Paragraph(TextRun("two"))});
-    const auto before = docx_->Canonical();
-    Mark({u"Lender"});
-    InsertIndexAt(docx_->Story()->End() - 4, columns);
-    const word::DocumentPtr document = docx_->Document();
-    const word::BookmarksPtr bookmarks = document->Bookmarks();
-    WriteList(document, bookmarks->Item(u"DefinedTermsIndex")->Range(), u"DEFINED BUT NOT USED / USED ONLY ONCE",
-              u" (see Index above for page number)", u"Buyer\r\nNote", u"DefinedTermsIndexNotUsedList");
-    WriteList(document, bookmarks->Item(u"DefinedTermsIndexNotUsedList")->Range(), u"NOT FOUND", u"", u"Gone",
-              u"DefinedTermsIndexNotFoundList");
-    RemoveAll();
-    ExpectSameParts(before);
-  }
 }
 
 }  // namespace

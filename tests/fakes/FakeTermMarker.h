@@ -52,7 +52,7 @@ class FakeTermMarker : public TermMarker {
     std::string call = "GetUnusedAndMissing";
     for (const TermRow& row : table) call += " " + Plain(row.term) + "=" + std::to_string(row.count);
     log_.Add(call);
-    return {u"", u""};
+    return unusedAndMissing;
   }
   void InsertIndex(const word::ApplicationPtr&, const word::DocumentPtr& document, int columns,
                    std::u16string_view separator) override {
@@ -72,6 +72,7 @@ class FakeTermMarker : public TermMarker {
   /// How many occurrences of a text a story holds.
   std::function<int(std::u16string_view text, int storyType)> found;
   std::function<void(const word::DocumentPtr&)> onInsertIndex;
+  std::vector<std::u16string> unusedAndMissing{u"", u""};
 
  private:
   CallLog& log_;

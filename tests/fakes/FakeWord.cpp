@@ -39,14 +39,35 @@ class FakeFont : public word::Font {
     if (bold == 0) return 0;
     return bold == place_.end - place_.start ? -1 : word::wdUndefined;
   }
-  void SetBold(int) override { NotHere(); }
+  void SetBold(int value) override { word_.log.Add("Font.Bold = " + std::to_string(value)); }
   int Hidden() const override { return 0; }
   int Color() const override { return word::wdColorAutomatic; }
-  void SetColor(int) override { NotHere(); }
+  void SetColor(int value) override { word_.log.Add("Font.Color = " + std::to_string(value)); }
 
  private:
   FakeWord& word_;
   Place place_;
+};
+
+/// One paragraph format for the whole document.
+class FakeParagraphFormat : public word::ParagraphFormat {
+ public:
+  explicit FakeParagraphFormat(FakeWord& word) : word_(word) {}
+  int Alignment() const override { return word_.alignment; }
+  void SetAlignment(int value) override {
+    word_.log.Add("ParagraphFormat.Alignment = " + std::to_string(value));
+    word_.alignment = value;
+  }
+  double SpaceBefore() const override { return 0; }
+  void SetSpaceBefore(double points) override { Space("SpaceBefore", points); }
+  double SpaceAfter() const override { return 0; }
+  void SetSpaceAfter(double points) override { Space("SpaceAfter", points); }
+
+ private:
+  void Space(const std::string& member, double points) {
+    word_.log.Add("ParagraphFormat." + member + " = " + std::to_string(static_cast<int>(points)));
+  }
+  FakeWord& word_;
 };
 
 class FakeCharactersOfRange : public word::Characters {
@@ -219,7 +240,15 @@ class FakeRange : public word::Range {
     return word_.stories[place_->story].text.substr(static_cast<std::size_t>(place_->start),
                                                     static_cast<std::size_t>(place_->end - place_->start));
   }
-  void SetText(std::u16string_view) override { NotHere(); }
+  void SetText(std::u16string_view value) override {
+    word_.log.Add("Range.Text = " + Plain(value));
+    if (place_->start != place_->end) NotHere();
+    std::u16string text;
+    for (const char16_t unit : value) {
+      if (unit != u'\n') text += unit;
+    }
+    place_->end = word_.Insert(*place_, text);
+  }
   word::TextRetrievalModePtr TextRetrievalMode() const override { NotHere(); }
   word::WdStoryType StoryType() const override {
     return static_cast<word::WdStoryType>(word_.stories[place_->story].type);
@@ -233,21 +262,36 @@ class FakeRange : public word::Range {
     (direction == word::wdCollapseStart ? place_->end : place_->start) =
         direction == word::wdCollapseStart ? place_->start : place_->end;
   }
-  int MoveStart(word::WdUnits, int) override { NotHere(); }
+  int MoveStart(word::WdUnits unit, int count) override {
+    if (unit != word::wdParagraph || count >= 0) NotHere();
+    const std::u16string& text = word_.stories[place_->story].text;
+    int moved = 0;
+    for (; moved > count && place_->start > 0; --moved) {
+      --place_->start;
+      while (place_->start > 0 && text[static_cast<std::size_t>(place_->start) - 1] != u'\r') --place_->start;
+    }
+    return moved;
+  }
   void Select() override {
     word_.log.Add("Range.Select " + Show(word_, *place_));
     word_.selection = *place_;
   }
-  void InsertParagraphBefore() override { NotHere(); }
+  void InsertParagraphBefore() override {
+    word_.log.Add("Range.InsertParagraphBefore " + Show(word_, *place_));
+    word_.Insert({place_->story, place_->start, place_->start}, u"\r");
+    ++place_->end;
+  }
   void Delete() override { NotHere(); }
   word::FindPtr Find() const override { return std::make_shared<FakeFind>(word_, place_); }
   word::CharactersPtr Characters() const override { return std::make_shared<FakeCharactersOfRange>(word_, *place_); }
   word::FieldsPtr Fields() const override { NotHere(); }
   word::RevisionsPtr Revisions() const override { NotHere(); }
   word::FontPtr Font() const override { return std::make_shared<FakeFont>(word_, *place_); }
-  word::ParagraphFormatPtr ParagraphFormat() const override { NotHere(); }
+  word::ParagraphFormatPtr ParagraphFormat() const override { return std::make_shared<FakeParagraphFormat>(word_); }
   int HighlightColorIndex() const override { NotHere(); }
-  void SetHighlightColorIndex(int) override { NotHere(); }
+  void SetHighlightColorIndex(int value) override {
+    word_.log.Add("Range.HighlightColorIndex = " + std::to_string(value));
+  }
 
  private:
   FakeWord& word_;
@@ -395,6 +439,36 @@ class FakeWindow : public word::Window {
   FakeWord& word_;
 };
 
+class FakeField : public word::Field {
+ public:
+  FakeField(FakeWord& word, std::size_t number) : word_(word), number_(number) {}
+  int Type() const override { return word_.fields[number_].type; }
+  word::RangePtr Code() const override { return word_.MakeRange(word_.fields[number_].code); }
+  word::RangePtr Result() const override { return nullptr; }
+  bool Update() override {
+    word_.log.Add("Field.Update " + std::to_string(number_ + 1));
+    return true;
+  }
+  void Delete() override { NotHere(); }
+
+ private:
+  FakeWord& word_;
+  std::size_t number_;
+};
+
+class FakeFields : public word::Fields {
+ public:
+  explicit FakeFields(FakeWord& word) : word_(word) {}
+  int Count() const override { return static_cast<int>(word_.fields.size()); }
+  word::FieldPtr Item(int index) const override {
+    return std::make_shared<FakeField>(word_, static_cast<std::size_t>(index - 1));
+  }
+  word::FieldPtr Add(const word::RangePtr&, const word::FieldArguments&) override { NotHere(); }
+
+ private:
+  FakeWord& word_;
+};
+
 class FakeDocument : public word::Document {
  public:
   explicit FakeDocument(FakeWord& word) : word_(word) {}
@@ -402,7 +476,7 @@ class FakeDocument : public word::Document {
   std::u16string Path() const override { return u"C:\\Contracts"; }
   word::StoryRangesPtr StoryRanges() const override { return std::make_shared<FakeStoryRanges>(word_); }
   word::BookmarksPtr Bookmarks() const override { return std::make_shared<FakeBookmarks>(word_); }
-  word::FieldsPtr Fields() const override { NotHere(); }
+  word::FieldsPtr Fields() const override { return std::make_shared<FakeFields>(word_); }
   word::WindowPtr ActiveWindow() const override { return std::make_shared<FakeWindow>(word_); }
   word::RangePtr Range(word::Position start, word::Position end) const override {
     return word_.MakeRange({0, start, end});
@@ -512,6 +586,16 @@ class FakeApplication : public word::Application {
 word::ApplicationPtr FakeWord::MakeApplication() { return std::make_shared<FakeApplication>(*this); }
 word::DocumentPtr FakeWord::MakeDocument() { return std::make_shared<FakeDocument>(*this); }
 word::RangePtr FakeWord::MakeRange(Place place) { return std::make_shared<FakeRange>(*this, place); }
+word::Position FakeWord::Insert(Place at, std::u16string_view text) {
+  const auto length = static_cast<word::Position>(text.size());
+  stories[at.story].text.insert(static_cast<std::size_t>(at.start), text);
+  for (auto& [bookmark, place] : bookmarks) {
+    if (place.story != at.story) continue;
+    if (place.start > at.start) place.start += length;
+    if (place.end > at.start) place.end += length;
+  }
+  return at.start + length;
+}
 word::RangePtr FakeWord::MakeStory(std::size_t story) {
   return MakeRange({story, 0, static_cast<word::Position>(stories[story].text.size())});
 }

@@ -34,12 +34,20 @@ class FakeWord {
     std::vector<std::pair<word::Position, word::Position>> bold{};
   };
 
+  /// A field of the main text, whose code stands somewhere in a story.
+  struct Field {
+    int type{word::wdFieldEmpty};
+    Place code{};
+  };
+
   explicit FakeWord(CallLog& callLog) : log(callLog) {}
   word::ApplicationPtr MakeApplication();
   word::DocumentPtr MakeDocument();
   word::RangePtr MakeRange(Place place);
   /// The whole of the story with this number in stories.
   word::RangePtr MakeStory(std::size_t story);
+  /// Puts text in; bookmarks behind it move, and those around it grow. @return where it ends
+  word::Position Insert(Place at, std::u16string_view text);
 
   CallLog& log;
   menus::MenuBars menus;
@@ -51,8 +59,11 @@ class FakeWord {
   std::map<std::u16string, Place> bookmarks;
   /// What was highlighted, in that order.
   std::vector<Place> highlights;
+  std::vector<Field> fields;
   Place selection;
   int tables{0};
+  /// Of every paragraph.
+  int alignment{word::wdAlignParagraphLeft};
 
   bool replaceQuotes{true};
   bool allowFastSave{true};

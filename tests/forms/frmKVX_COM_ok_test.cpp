@@ -43,6 +43,8 @@ TEST_F(TermsDialogEnd, OKMakesItsCallsInOrder) {
   profile[u"Highlight"] = u"False";
   profile[u"IndexCols"] = u"3";
   profile[u"IndexSep"] = u"\"; {TAB}\"";
+  profile[u"IncludeNotUsed"] = u"False";
+  profile[u"IncludeNotFound"] = u"False";
   StepsInTerms({u"Buyer"}, R"({"click":"cmdOK"})");
   EXPECT_EQ(log.calls, (Calls{"Application.ScreenUpdating = True",
                               "Selection.HomeKey 6",

@@ -66,7 +66,7 @@ class ParagraphFormatProxy : public word::ParagraphFormat {
         Common([](const Formatting& formats, XmlNode p) { return formats.Alignment(p); }, "ParagraphFormat.Alignment"));
   }
   void SetAlignment(int value) override {
-    if (value < word::wdAlignParagraphLeft || value > word::wdAlignParagraphJustify) {
+    if (!IsAlignment(value)) {
       throw word::HostError(word::kCommandFailed, u"There is no such alignment.", "ParagraphFormat.Alignment");
     }
     Change([&](const Formatting& formats, XmlNode p) { docx::SetAlignment(formats, p, value); },

@@ -142,6 +142,54 @@ FieldSpan RemoveResult(Story& main, const FieldSpan& field) {
   return {field.begin, field.separator, field.separator};
 }
 
+/// The paragraph that a section of the index's own begins behind. Its properties are those of the paragraph that the
+/// index was put into, which may have been given others since.
+class OpeningParagraph {
+ public:
+  OpeningParagraph(const Story& main, const FieldSpan& field) : part_(main.Part()) {
+    const XmlNode properties = part_.Child(main.ParagraphAt(field.begin), Tag::kPPr);
+    const bool isOwn = field.HasResult() && part_.Child(properties, Tag::kSectPr);
+    if (!isOwn) return;
+    XmlNode paragraph = properties.Parent();
+    kept_ = paragraph.InsertCopyAfter(properties, properties);
+    kept_.RemoveChild(part_.Name("sectPr"));
+    paragraph.RemoveChild(kept_);
+  }
+
+  /// Gives the paragraph the properties that it had, besides the section's.
+  void PutBack(const Story& main, Position begin) const {
+    XmlNode properties = part_.Child(main.ParagraphAt(begin), Tag::kPPr);
+    const XmlNode section = part_.Child(properties, Tag::kSectPr);
+    if (!kept_ || !section) return;
+    while (properties.FirstChild() != section) properties.RemoveChild(properties.FirstChild());
+    for (const XmlNode property : kept_.Children()) properties.InsertCopyBefore(property, section);
+  }
+
+ private:
+  XmlPart& part_;
+  XmlNode kept_;  // in no tree
+};
+
+/// The bookmarks that begin right before a field's end mark, as that of a list behind an index does. A new result would
+/// come to stand inside of them.
+std::vector<std::u16string> BookmarksFrom(OpenDocument& document, const Story& main, Position endMark) {
+  std::vector<std::u16string> names;
+  const BookmarkIndex& bookmarks = document.Bookmarks();
+  for (int number = 0; number < bookmarks.Count(); ++number) {
+    const BookmarkIndex::Mark& mark = bookmarks.Item(number);
+    if (mark.story == &main && BookmarkIndex::Start(mark) == endMark && BookmarkIndex::End(mark) > endMark) {
+      names.push_back(mark.name);
+    }
+  }
+  return names;
+}
+
+void MoveStarts(OpenDocument& document, Story& main, const std::vector<std::u16string>& names, Position to) {
+  for (const std::u16string& name : names) {
+    main.MoveBookmarkStart(document.Bookmarks().Find(name)->first, to);
+  }
+}
+
 /// Gives a field without a result one.
 void WriteResult(OpenDocument& document, const FieldSpan& field, const IndexOptions& options,
                  const std::vector<IndexParagraph>& content) {
@@ -180,18 +228,23 @@ void WriteResult(OpenDocument& document, const FieldSpan& field, const IndexOpti
 void UpdateIndexField(OpenDocument& document, const FieldSpan& given) {
   constexpr const char* kMember = "Field.Update";
   Story& main = document.Parts().Main();
+  const OpeningParagraph opening(main, given);
+  const std::vector<std::u16string> behind = BookmarksFrom(document, main, given.end);
+  const auto written = [&](Position begin) { return *FieldAt(main.Atoms(), main.Atoms().At(begin)); };
   FieldSpan field = RemoveResult(main, given);
   const IndexOptions options = ParseIndexOptions(FieldCodeText(main, field));
   std::vector<IndexParagraph> content = BuildIndexContent(CollectEntries(document, options), options);
   for (int layouts = 1;; ++layouts) {
     document.BeforeChange(kMember);
     WriteResult(document, field, options, content);
-    if (layouts == kMostLayouts) return;
+    opening.PutBack(main, field.begin);
+    if (layouts == kMostLayouts) break;
     std::vector<IndexParagraph> settled = BuildIndexContent(CollectEntries(document, options), options);
-    if (settled == content) return;
+    if (settled == content) break;
     content = std::move(settled);
-    field = RemoveResult(main, *FieldAt(main.Atoms(), main.Atoms().At(field.begin)));
+    field = RemoveResult(main, written(field.begin));
   }
+  MoveStarts(document, main, behind, written(field.begin).end);
 }
 
 void DeleteIndexField(OpenDocument& document, const FieldSpan& given) {

@@ -11,5 +11,7 @@ namespace docx {
 bool IsApartMark(XmlNode node);
 /// Puts a mark behind a run. @return the mark
 XmlNode PutApartMark(XmlNode run);
+/// Puts one before a text that stood right behind another in one run, which has been divided between them.
+void PutApartMarkBefore(XmlNode text);
 
 }  // namespace docx

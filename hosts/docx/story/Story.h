@@ -82,6 +82,8 @@ class Story {
     XmlNode last;
   };
   BookmarkElements InsertBookmark(Position start, Position end, std::string_view name, int id);
+  /// Moves a bookmark's start to a position not behind its end.
+  void MoveBookmarkStart(XmlNode startElement, Position to);
   /// Removes the marks, not the text.
   void RemoveBookmark(XmlNode startElement, XmlNode endElement);
 

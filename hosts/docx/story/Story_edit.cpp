@@ -5,6 +5,7 @@
 #include "hosts/docx/story/Story.h"
 #include "hosts/docx/story/StoryBuilder.h"
 #include "hosts/docx/story/TextElement.h"
+#include "hosts/docx/styles/ParagraphProperties.h"
 #include "hosts/docx/styles/RunProperties.h"
 #include "hosts/docx/xml/Utf.h"
 #include "platform/word/Constants.h"
@@ -65,7 +66,7 @@ void Story::DivideAt(Position position) {
 }
 
 XmlNode Story::DivideRun(const AtomSequence::Place& firstOfSecond) {
-  XmlNode element = atoms_.Get(firstOfSecond).Node();
+  XmlNode element = WithItsMark(atoms_.Get(firstOfSecond).Node());
   const XmlNode run = element.Parent();
   XmlNode second = run.Parent().InsertChildAfter(run.Entry(), run);
   second.CopyAttributes(run);
@@ -80,7 +81,8 @@ XmlNode Story::DivideRun(const AtomSequence::Place& firstOfSecond) {
 }
 
 void Story::DivideRunsAt(Position position) {
-  DivideAt(position);
+  const bool isBoundary = atoms_.At(position).start == position;
+  if (!isBoundary) DivideAt(position);
   const AtomSequence::Place place = atoms_.At(position);
   if (atoms_.IsEnd(place) || atoms_.IsBegin(place)) return;
   const Atom& next = atoms_.Get(place);
@@ -89,7 +91,10 @@ void Story::DivideRunsAt(Position position) {
   const XmlNode before = previous.Node().Parent();
   const XmlNode after = next.Node().Parent();
   if (before == after) {
+    const bool areNeighbours = isBoundary && previous.kind == AtomKind::kText && next.kind == AtomKind::kText &&
+                               previous.Node().NextSibling() == next.Node();
     DivideRun(place);
+    if (areNeighbours) PutApartMarkBefore(atoms_.Get(place).Node());
   } else if (before.NextSibling() == after && IsJoinable(previous) && IsJoinable(next) &&
              !inserted_.contains(before.Data()) && !inserted_.contains(after.Data()) &&
              SameRunFormatting(*part_, before, after)) {
@@ -249,6 +254,10 @@ void Story::InsertParagraphMark(Position at) {
     XmlNode copy = first.AppendCopy(properties);
     copy.RemoveChild(part_->Name("sectPr"));
     copy.RemoveChild(part_->Name("pPrChange"));
+    // The mark is new, whatever a tracked change says of the one behind it.
+    XmlNode ofMark = part_->Child(copy, Tag::kRPr);
+    for (const char* change : {"ins", "del", "moveFrom", "moveTo"}) ofMark.RemoveChild(part_->Name(change));
+    DropAlignmentMark(copy);
   }
   if (point.after && point.after != properties) {
     for (XmlNode child = properties ? properties.NextSibling() : paragraph.FirstChild(); child;) {
@@ -449,6 +458,7 @@ void Story::RejoinAt(Position position) {
   run.Parent().RemoveChild(other);
   const XmlNode text = first.Node();
   const XmlNode next = text.NextSibling();
+  if (IsApartMark(next) && next.NextSibling() == second.Node()) run.RemoveChild(next);
   if (first.kind == AtomKind::kText && second.kind == AtomKind::kText && next == second.Node() &&
       text.Name() == next.Name()) {
     JoinText(text, next);
@@ -485,6 +495,17 @@ Story::BookmarkElements Story::InsertBookmark(Position start, Position end, std:
   part_->Touch();
   const XmlNode first = add(start, "bookmarkStart", AtomKind::kBookmarkStart);
   return {first, add(end, "bookmarkEnd", AtomKind::kBookmarkEnd)};
+}
+
+void Story::MoveBookmarkStart(XmlNode startElement, Position to) {
+  const Position from = atoms_.Remove(atoms_.OfBookmark(startElement)).start;
+  InsertionPoint point = PrepareInsertion(to);
+  XmlNode place = point.Add(*part_, "bookmarkStart");
+  place.Parent().InsertMoveBefore(startElement, place);
+  place.Parent().RemoveChild(place);
+  atoms_.Insert(point.before, {MakeAtom(startElement, AtomKind::kBookmarkStart, 0)}, {});
+  RejoinAt(from);
+  part_->Touch();
 }
 
 void Story::RemoveBookmark(XmlNode startElement, XmlNode endElement) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <sstream>
 #include <string>
 
 #include "hosts/docx/xml/Utf.h"
@@ -27,8 +28,8 @@ bool HasBlankEdge(std::string_view text) {
 
 bool IsText(XmlNode node) { return node.Type() == XmlType::kText || node.Type() == XmlType::kCData; }
 
-/// All text in the element, blanks included.
-std::string_view WholeText(XmlNode element, std::string& joined) {
+/// All characters, in UTF-8. @param joined holds them where they do not stand together
+std::string_view AllText(XmlNode element, std::string& joined) {
   if (const std::optional<std::string_view> only = element.OnlyText()) return *only;
   for (const XmlNode child : element.Children()) {
     if (IsText(child)) joined += child.Value();
@@ -36,13 +37,11 @@ std::string_view WholeText(XmlNode element, std::string& joined) {
   return joined;
 }
 
-/// The characters that count, in UTF-8. @param joined holds them where they do not stand together
-std::string_view RawText(XmlNode element, std::string& joined) {
-  const std::string_view text = WholeText(element, joined);
-  if (!HasBlankEdge(text) || Preserves(element)) return text;
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+/// Those of them that count.
+std::string_view Counted(XmlNode element, std::string_view all) {
+  if (!HasBlankEdge(all) || Preserves(element)) return all;
+  const std::size_t first = std::min(all.find_first_not_of(kBlanks), all.size());
+  return all.substr(first, all.find_last_not_of(kBlanks) + 1 - first);
 }
 
 void ReplaceText(XmlNode element, std::string_view utf8) {
@@ -60,22 +59,86 @@ void ReplaceText(XmlNode element, std::string_view utf8) {
 
 void Preserve(XmlNode element) { element.SetAttribute(kSpace, "preserve"); }
 
-// A text may say "preserve" without need. Divided, its parts say it where they need it; in front of the first stands an
-// instruction with the length of the whole, and when the parts are joined to that length, the text says it again.
+// Parts of a divided text say "preserve" where they need it. Where joining them would not give back what was there, an
+// instruction in front of the first says it, with the length of the whole by which the last joining is known: that the
+// text said "preserve" or "default" without need, that it said nothing since something around it does, or which blanks
+// stood at its edges and did not count.
 constexpr std::string_view kTarget = "kelvarin";
-constexpr std::string_view kPreserve = "preserve ";
+constexpr std::string_view kPreserve = "preserve";
+constexpr std::string_view kDefault = "default";
+constexpr std::string_view kSilent = "silent";
+constexpr std::string_view kEdges = "edges";
+constexpr std::string_view kBlankLetters = "strn";  // for the blanks in their order
 
-/// The instruction in front of a text; empty when there is none.
-XmlNode PreserveMark(XmlNode element) {
-  const XmlNode mark = element.PreviousSibling();
-  const bool is = mark.Type() == XmlType::kInstruction && mark.Name() == kTarget && mark.Value().starts_with(kPreserve);
-  return is ? mark : XmlNode();
+struct WholeText {
+  std::string_view kind;
+  std::size_t bytes{0};
+  std::string before{};
+  std::string after{};
+};
+
+std::string Spelt(std::string_view blanks) {
+  std::string letters = ".";
+  for (const char blank : blanks) letters += kBlankLetters[kBlanks.find(blank)];
+  return letters;
 }
 
-void PutPreserveMark(XmlNode element, std::size_t bytes) {
+std::string Unspelt(std::string_view letters) {
+  std::string blanks;
+  for (const char letter : letters) {
+    const std::size_t which = kBlankLetters.find(letter);
+    if (which != std::string_view::npos) blanks += kBlanks[which];
+  }
+  return blanks;
+}
+
+/// The instruction in front of a text, and what it says; an empty node when there is none.
+XmlNode WholeMark(XmlNode element, WholeText* whole = nullptr) {
+  const XmlNode mark = element.PreviousSibling();
+  if (mark.Type() != XmlType::kInstruction || mark.Name() != kTarget) return {};
+  std::istringstream words{std::string(mark.Value())};
+  std::string kind;
+  WholeText read;
+  words >> kind >> read.bytes >> read.before >> read.after;
+  for (const std::string_view known : {kPreserve, kDefault, kSilent, kEdges}) {
+    if (kind != known) continue;
+    if (whole != nullptr) *whole = {known, read.bytes, Unspelt(read.before), Unspelt(read.after)};
+    return mark;
+  }
+  return {};
+}
+
+void PutWholeMark(XmlNode element, const std::string& says) {
   XmlNode mark = element.Parent().InsertChildBefore(XmlType::kInstruction, element);
   mark.SetTarget(kTarget);
-  mark.SetValue(std::string(kPreserve) + std::to_string(bytes));
+  mark.SetValue(says);
+}
+
+/// Puts the instruction in front of a text that is to be divided, where it needs one.
+void RememberWhole(XmlNode element, std::string_view all, std::string_view counted) {
+  const XmlAttribute space = element.Attribute(kSpace);
+  const bool hasEdges = all.size() != counted.size();
+  const bool isPlain = !hasEdges && HasBlankEdge(counted) == static_cast<bool>(space);
+  if (isPlain || WholeMark(element)) return;
+  std::string says(hasEdges ? kEdges : !space ? kSilent : space.Value() == kDefault ? kDefault : kPreserve);
+  says += " " + std::to_string(counted.size());
+  if (hasEdges) {
+    const auto before = static_cast<std::size_t>(counted.data() - all.data());
+    says += " " + Spelt(all.substr(0, before)) + " " + Spelt(all.substr(before + counted.size()));
+  }
+  PutWholeMark(element, says);
+}
+
+/// Once the parts are joined to the whole, makes the text what it was.
+void RecallWhole(XmlNode element, const std::string& joined) {
+  WholeText whole;
+  const XmlNode mark = WholeMark(element, &whole);
+  if (!mark || whole.bytes != joined.size()) return;
+  element.RemoveAttribute(kSpace);
+  if (whole.kind == kPreserve) Preserve(element);
+  if (whole.kind == kDefault) element.SetAttribute(kSpace, kDefault);
+  if (whole.kind == kEdges) ReplaceText(element, whole.before + joined + whole.after);
+  element.Parent().RemoveChild(mark);
 }
 
 void PreserveWhereNeeded(XmlNode element, std::string_view text) {
@@ -90,7 +153,7 @@ void PreserveWhereNeeded(XmlNode element, std::string_view text) {
 
 std::u16string TextOf(XmlNode element) {
   std::string joined;
-  std::u16string text = ToUtf16(RawText(element, joined));
+  std::u16string text = ToUtf16(Counted(element, AllText(element, joined)));
   std::replace_if(
       text.begin(), text.end(), [](char16_t unit) { return unit < 32; }, u' ');
   return text;
@@ -103,9 +166,10 @@ void SetText(XmlNode element, std::string_view utf8) {
 
 XmlNode DivideText(XmlNode element, std::size_t units) {
   std::string joined;
-  const std::string_view text = RawText(element, joined);
+  const std::string_view all = AllText(element, joined);
+  const std::string_view text = Counted(element, all);
   const std::size_t bytes = Utf8Prefix(text, units);
-  if (element.Attribute(kSpace) && !HasBlankEdge(text)) PutPreserveMark(element, text.size());
+  RememberWhole(element, all, text);
   XmlNode second = element.Parent().InsertChildAfter(element.Entry(), element);
   second.CopyAttributes(element);
   const auto fill = [](XmlNode part, std::string_view piece) {
@@ -117,19 +181,20 @@ XmlNode DivideText(XmlNode element, std::size_t units) {
   return second;
 }
 
+XmlNode WithItsMark(XmlNode element) {
+  const XmlNode mark = WholeMark(element);
+  return mark ? mark : element;
+}
+
 void JoinText(XmlNode first, XmlNode second) {
   std::string joined;
-  std::string text(RawText(first, joined));
+  std::string text(Counted(first, AllText(first, joined)));
   joined.clear();
-  text += RawText(second, joined);
+  text += Counted(second, AllText(second, joined));
   first.Parent().RemoveChild(second);
   ReplaceText(first, text);
   PreserveWhereNeeded(first, text);
-  const XmlNode mark = PreserveMark(first);
-  if (mark && mark.Value() == std::string(kPreserve) + std::to_string(text.size())) {
-    Preserve(first);
-    first.Parent().RemoveChild(mark);
-  }
+  RecallWhole(first, text);
 }
 
 }  // namespace docx

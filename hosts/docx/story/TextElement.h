@@ -19,6 +19,8 @@ void SetText(XmlNode element, std::string_view utf8);
 /// Divides the text after some units: the element keeps the first part, a new sibling behind it gets the rest.
 /// @return the new element
 XmlNode DivideText(XmlNode element, std::size_t units);
+/// The text, or the instruction in front of it that goes wherever the text goes.
+XmlNode WithItsMark(XmlNode element);
 /// Undoes DivideText: the first takes the text of the second, which is removed.
 void JoinText(XmlNode first, XmlNode second);
 

@@ -1,13 +1,18 @@
 #include "hosts/docx/styles/ParagraphProperties.h"
 
 #include <cmath>
+#include <optional>
 #include <string>
+#include <string_view>
 
+#include "hosts/docx/styles/Marks.h"
 #include "hosts/docx/styles/PropertyContainer.h"
 
 namespace docx {
 
 namespace {
+
+constexpr const char* kAlignment = "jc";
 
 struct Side {
   const char* twips;
@@ -26,6 +31,15 @@ void SwitchOff(XmlPart& part, XmlNode spacing, const char* attribute, bool inher
   } else {
     part.RemoveAttribute(spacing, attribute);
   }
+}
+
+/// Whether taking the element out and putting its value in again would not give it back.
+bool NeedsMark(const XmlPart& part, XmlNode jc, int inherited) {
+  const std::string_view stated = part.Attribute(jc, "val").Value();
+  const std::optional<int> alignment = ParseAlignment(stated);
+  const bool hasBlanksBeside =
+      jc.PreviousSibling().Type() == XmlType::kText || jc.NextSibling().Type() == XmlType::kText;
+  return !alignment || hasBlanksBeside || *alignment == inherited || stated != AlignmentName(*alignment, part.Strict());
 }
 
 bool SetSpace(const Formatting& formatting, XmlNode p, double points, const Side& side) {
@@ -57,13 +71,28 @@ bool SetAlignment(const Formatting& formatting, XmlNode p, int alignment) {
   const char* name = AlignmentName(alignment, part.Strict());
   if (formatting.Alignment(p) == alignment) return false;
   PropertyContainer pPr = PropertyContainer::OfParagraph(part, p);
-  if (formatting.InheritedParagraph(p).alignment == alignment) {
-    pPr.Remove(pPr.Find("jc"));
+  const int inherited = *formatting.InheritedParagraph(p).alignment;
+  const XmlNode existing = pPr.Find(kAlignment);
+  XmlNode mark = FindMark(pPr.Node(), kAlignment);
+  if (mark && ParseAlignment(MarkText(mark, kAlignment)).value_or(inherited) == alignment) {
+    part.SetAttribute(existing, "val", MarkText(mark, kAlignment).c_str());
+    mark.Parent().RemoveChild(mark);
+  } else if (!mark && existing && NeedsMark(part, existing, inherited)) {
+    const std::string stated = part.Attribute(existing, "val").Value();
+    MakeMark(existing.Parent().InsertChildBefore(XmlType::kInstruction, existing),
+             std::string(kAlignment) + " " + stated);
+    part.SetAttribute(existing, "val", name);
+  } else if (!mark && inherited == alignment) {
+    pPr.Remove(existing);
   } else {
-    part.SetAttribute(pPr.Ensure("jc"), "val", name);
+    part.SetAttribute(pPr.Ensure(kAlignment), "val", name);
   }
   part.Touch();
   return true;
+}
+
+void DropAlignmentMark(XmlNode pPr) {
+  if (const XmlNode mark = FindMark(pPr, kAlignment)) pPr.RemoveChild(mark);
 }
 
 bool SetSpaceBefore(const Formatting& formatting, XmlNode p, double points) {

@@ -1,5 +1,6 @@
 #include "hosts/docx/styles/PropertyValues.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -89,14 +90,6 @@ std::optional<int> ReadColor(const XmlPart& part, XmlNode element) {
   return static_cast<int>((rgb >> 16) | (rgb & 0xFF00) | ((rgb & 0xFF) << 16));
 }
 
-std::optional<int> ReadAlignment(const XmlPart& part, XmlNode element) {
-  const std::string_view text = part.Attribute(element, "val").Value();
-  for (const NamedAlignment& known : kAlignments) {
-    if (known.name == text) return known.alignment;
-  }
-  return {};
-}
-
 template <typename T>
 void Fill(std::optional<T>& own, const std::optional<T>& base) {
   if (!own) own = base;
@@ -159,7 +152,7 @@ RunValues ReadRunValues(const XmlPart& part, XmlNode rPr) {
 ParagraphValues ReadParagraphValues(const XmlPart& part, XmlNode pPr) {
   ParagraphValues values;
   if (!pPr.FirstChild()) return values;
-  values.alignment = ReadAlignment(part, part.Child(pPr, "jc"));
+  values.alignment = ParseAlignment(part.Attribute(part.Child(pPr, "jc"), "val").Value());
   values.pageBreakBefore = ReadOnOff(part, part.Child(pPr, "pageBreakBefore"));
   const XmlNode spacing = part.Child(pPr, "spacing");
   values.before.twips = ReadMeasure(part.Attribute(spacing, "before"), 20);
@@ -176,6 +169,18 @@ ParagraphValues ReadParagraphValues(const XmlPart& part, XmlNode pPr) {
 }
 
 const char* HighlightName(int colorIndex) { return kHighlights.at(static_cast<std::size_t>(colorIndex)); }
+
+bool IsAlignment(int number) {
+  return std::any_of(kAlignments.begin(), kAlignments.end(),
+                     [number](const NamedAlignment& known) { return known.alignment == number; });
+}
+
+std::optional<int> ParseAlignment(std::string_view value) {
+  for (const NamedAlignment& known : kAlignments) {
+    if (known.name == value) return known.alignment;
+  }
+  return {};
+}
 
 const char* AlignmentName(int alignment, bool strict) {
   if (strict && alignment == word::wdAlignParagraphLeft) return "start";

@@ -58,6 +58,9 @@ std::optional<int> ReadTwips(XmlAttribute attribute);
 
 /// The w:val of a highlight. @throws std::out_of_range unless 0 <= colorIndex <= 16
 const char* HighlightName(int colorIndex);
+bool IsAlignment(int number);
+/// The WdParagraphAlignment that a w:val says; empty for one that says none.
+std::optional<int> ParseAlignment(std::string_view value);
 /// The w:val of a paragraph's alignment. @throws std::out_of_range for what is not a WdParagraphAlignment
 const char* AlignmentName(int alignment, bool strict);
 

@@ -49,10 +49,11 @@ class IndexerRun : public testing::Test {
   void CancelTerms() {
     InTermsDialog([](fakes::FormDriver& d) { d.Click("cmdCancel"); });
   }
-  /// A settings file that holds the defaults but for one key.
+  /// A settings file that holds the defaults but for what was set.
   void Set(std::u16string_view key, std::u16string_view value) {
     for (const SettingDefault& setting : kSettingDefaults) {
-      host.profile.Write(u"Defaults", setting.key, setting.value, kIni);
+      const bool isSet = host.profile.values.contains({u"Defaults", std::u16string(setting.key)});
+      if (!isSet) host.profile.Write(u"Defaults", setting.key, setting.value, kIni);
     }
     host.profile.Write(u"Defaults", key, value, kIni);
   }
@@ -186,6 +187,8 @@ TEST_F(IndexerRun, AWholeRunMakesItsCallsInTheirOrder) {
   AcceptTerms();
   host.found = [](std::u16string_view, int) { return 1; };
   Set(u"IndexAllCaps", u"False");
+  Set(u"IncludeNotUsed", u"False");
+  Set(u"IncludeNotFound", u"False");
   host.word.showAll = false;
   InsertIndexBehindTheCursor();
   Run();

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "addin/clsProgForm.h"
 #include "platform/forms/Form.h"
 #include "tests/fakes/FakeFormHost.h"
@@ -23,9 +25,25 @@ class LoggingDialog : public IndexingDialog {
     log_.Add("IndexInsertOrUpdate " + fakes::Plain(updateOnly));
     if (onInsert) onInsert();
   }
+  bool IncludesNotUsedList() const override { return includesNotUsed; }
+  bool IncludesNotFoundList() const override { return includesNotFound; }
+  void NotUsedList(const word::DocumentPtr&, std::u16string_view terms) override {
+    log_.Add("NotUsedList " + Lines(terms));
+  }
+  void NotFoundList(const word::ApplicationPtr&, const word::DocumentPtr&, std::u16string_view terms) override {
+    log_.Add("NotFoundList " + Lines(terms));
+  }
   std::function<void()> onInsert;
+  bool includesNotUsed{false};
+  bool includesNotFound{false};
 
  private:
+  static std::string Lines(std::u16string_view text) {
+    std::string lines = fakes::Plain(text);
+    for (std::size_t end = 0; (end = lines.find("\r\n", end)) != std::string::npos;) lines.replace(end, 2, "|");
+    return lines;
+  }
+
   fakes::CallLog& log_;
 };
 
@@ -132,6 +150,37 @@ TEST_F(Engine, ATermAlreadyInCapitalsIsSearchedOnce) {
   word.stories[0].text = u"NDA\r";
   ASSERT_TRUE(Run({u"NDA"}, {.matchCase = true, .indexCaps = true, .indexWhat = u"IndexAll"}));
   EXPECT_EQ(Marks().size(), 1u);
+}
+
+TEST_F(Engine, TheListsAreSortedAndWrittenBehindTheIndexWhenTheDialogAsksForThem) {
+  marker.unusedAndMissing = {u"b\r\nB\r\na b\r\na", u"z\r\nZ"};
+  dialog.includesNotUsed = true;
+  dialog.includesNotFound = true;
+  ASSERT_TRUE(Run({u"Seller"}));
+  const auto at = [this](std::string_view call) {
+    return std::find(log.calls.begin(), log.calls.end(), call) - log.calls.begin();
+  };
+  EXPECT_EQ(at("NotUsedList B|a|a b|b"), at("IndexInsertOrUpdate False") + 1);
+  EXPECT_EQ(at("NotFoundList Z|z"), at("NotUsedList B|a|a b|b") + 1);
+  EXPECT_LT(at("NotFoundList Z|z"), at("EndIndexing"));
+}
+
+TEST_F(Engine, ADialogMayAskForOneListOnly) {
+  dialog.includesNotFound = true;
+  ASSERT_TRUE(Run({u"Seller"}));
+  EXPECT_EQ(log.CountBeginning("NotUsedList"), 0);
+  EXPECT_TRUE(log.Contains("NotFoundList "));
+}
+
+TEST_F(Engine, WhichListsAreWantedIsReadWhenTheIndexHasBeenInserted) {
+  dialog.includesNotUsed = true;
+  dialog.onInsert = [this] {
+    dialog.includesNotUsed = false;
+    dialog.includesNotFound = true;
+  };
+  ASSERT_TRUE(Run({u"Seller"}));
+  EXPECT_EQ(log.CountBeginning("NotUsedList"), 0);
+  EXPECT_EQ(log.CountBeginning("NotFoundList"), 1);
 }
 
 TEST_F(Engine, AnErrorIsShownAndClosesTheProgress) {
