@@ -70,8 +70,7 @@ class Connect : public KVXAddIn {
  protected:
   /// Checks the quotation marks, finds the terms in quotes and fills the dialog's list with them.
   SearchResult SearchQuotedTerms(const word::DocumentPtr& document, frmKVX_COM& dialog);
-  /// Finds the capitalised words and phrases and fills the dialog's list with them. There is no finder for
-  /// them here, so this fails; a derived class brings one.
+  /// Finds the capitalised words and phrases and fills the dialog's list with them.
   virtual SearchResult SearchCappedTerms(const word::DocumentPtr& document, frmKVX_COM& dialog);
 
  private:

@@ -6,6 +6,7 @@
 #include "dialogs/FirstRunPrompts.h"
 #include "dialogs/frmKVXOptions.h"
 #include "dialogs/frmKVX_COM.h"
+#include "discovery/CappedSearch.h"
 #include "discovery/QuotedSearch.h"
 #include "discovery/TermList.h"
 #include "platform/forms/FormHost.h"
@@ -200,7 +201,16 @@ SearchResult Connect::SearchQuotedTerms(const word::DocumentPtr& document, frmKV
   return result;
 }
 
-SearchResult Connect::SearchCappedTerms(const word::DocumentPtr&, frmKVX_COM&) { return SearchResult::kFailed; }
+SearchResult Connect::SearchCappedTerms(const word::DocumentPtr& document, frmKVX_COM& dialog) {
+  const TermSearch search{wordApp_, document, *termMarker_, *progress_, dialog.SearchControls(), ProgressMode::kWindow};
+  dialog.firstFillInProgress = true;
+  FoundTerms terms(1);
+  const SearchResult result = ::SearchCappedTerms(search, host_, dialog.chkIgnoreNums.Value() == 1, terms);
+  FillFoundTerms(dialog.lstTermsInDoc, terms);
+  dialog.firstFillInProgress = false;
+  // An error was shown, and what was found before it counts.
+  return result == SearchResult::kStopQuietly ? result : SearchResult::kGoOn;
+}
 
 void Connect::PrepareForQuotedTerms() {
   const word::DocumentPtr& document = run_.ActiveIndexDocument;

@@ -14,9 +14,11 @@ clsProgForm::~clsProgForm() {
   }
 }
 
-void clsProgForm::ShowProgress(int displayMode) {
+void clsProgForm::ShowProgress(int displayMode) { ShowProgress(std::make_unique<frmProgressForm>(host_), displayMode); }
+
+void clsProgForm::ShowProgress(std::unique_ptr<frmProgressForm> form, int displayMode) {
   CloseProgress();
-  current_ = std::make_unique<frmProgressForm>(host_);
+  current_ = std::move(form);
   if (displayMode == 0) {
     host_.ShowModeless(*current_);
   } else {

@@ -22,6 +22,8 @@ class clsProgForm {
   /// Shows a new form. One that is current goes away.
   /// @param displayMode 0 modeless, 1 modal
   void ShowProgress(int displayMode);
+  /// Makes a form of another kind the current one and shows it.
+  void ShowProgress(std::unique_ptr<frmProgressForm> form, int displayMode);
 
   /// Sets the texts and draws the form; nothing without a current form.
   /// @param total 0: the bar stays as it is

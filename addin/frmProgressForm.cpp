@@ -1,6 +1,7 @@
 #include "addin/frmProgressForm.h"
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -8,7 +9,7 @@ constexpr int kBarWidth = 1000;
 
 }  // namespace
 
-frmProgressForm::frmProgressForm(forms::FormHost& host) : Form(host, "frmProgressForm") {
+frmProgressForm::frmProgressForm(forms::FormHost& host, std::string name) : Form(host, std::move(name)) {
   lblProgBarTotal.SetWidth(kBarWidth);
   lblProgBarTotal.SetVisible(false);
   lblProgBarCompleted.SetVisible(false);

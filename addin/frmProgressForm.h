@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "platform/forms/Control.h"
@@ -10,7 +11,8 @@
 /// The small window that shows how far a long step is: three lines of text and a bar drawn by two labels.
 class frmProgressForm : public forms::Form, public forms::ProgressView {
  public:
-  explicit frmProgressForm(forms::FormHost& host);
+  /// @param name of the form's class
+  explicit frmProgressForm(forms::FormHost& host, std::string name = "frmProgressForm");
 
   forms::Label lblLabel1{*this, "lblLabel1"};
   forms::Label lblLabel2{*this, "lblLabel2"};

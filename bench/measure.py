@@ -3,7 +3,8 @@
 
 Each figure is the median of so many runs (5 without a number). Times are wall-clock seconds, with processor seconds behind;
 memory is the largest resident set of a run. The limit of memory is 64 MiB and 25 times the unpacked main part. The second table
-has the layout alone: what `inspect` takes longer with it than with an estimate, for each page that comes out too.
+has the layout alone: what `inspect` takes longer with it than with an estimate, for each page that comes out too. The
+third table has whole runs that only search, for both kinds of search.
 """
 
 import json
@@ -51,6 +52,11 @@ def layout_run(program, source, folder):
     return runs["layout"][0] - runs["file"][0], runs["layout"][1] - runs["file"][1], pages
 
 
+def terms_run(program, source, folder, search):
+    return timed(program, "terms", str(source), "--search", search, "--quiet", "--pages", "file",
+                 "--settings", str(folder / "kvx.ini"), out=subprocess.DEVNULL)
+
+
 def zip_run(source, folder):
     unpacked = folder / "unpacked"
     shutil.rmtree(unpacked, ignore_errors=True)
@@ -66,6 +72,7 @@ def main():
     program, runs = str(pathlib.Path(sys.argv[1]).resolve()), int(sys.argv[2]) if len(sys.argv) > 2 else 5
     print("| pages | terms | marked | index: s (cpu) | unzip + zip: s (cpu) | ratio | memory MiB | limit MiB |")
     print("|---:|---:|---:|---:|---:|---:|---:|---:|", flush=True)
+    searches = []
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
         for pages, terms in SIZES:
@@ -79,6 +86,10 @@ def main():
             bare_wall, bare_cpu = (statistics.median(bare[i] for _, bare in measured) for i in range(2))
             report = json.loads((folder / "report.json").read_text(encoding="utf-8"))
             marked = sum(term["count"] for term in report["terms"])
+            searches.append((pages, bare_wall, [
+                [statistics.median(run[i] for run in runs_of) for i in range(2)]
+                for runs_of in ([terms_run(program, source, folder, search) for _ in range(runs)]
+                                for search in ("quoted", "capitals"))]))
             print(f"| {pages} | {terms} | {marked:,} | {wall:.2f} ({cpu:.2f}) | {bare_wall:.2f} ({bare_cpu:.2f}) "
                   f"| {wall / bare_wall:.2f} | {memory / MIB:.0f} | {64 + 25 * main_part / MIB:.0f} |", flush=True)
         print("\n| pages | layout: s (cpu) | a page: ms (cpu) |\n|---:|---:|---:|", flush=True)
@@ -86,6 +97,11 @@ def main():
             measured = [layout_run(program, folder / f"contract{pages}.docx", folder) for _ in range(runs)]
             wall, cpu, laid = (statistics.median(run[i] for run in measured) for i in range(3))
             print(f"| {laid} | {wall:.2f} ({cpu:.2f}) | {1000 * wall / laid:.2f} ({1000 * cpu / laid:.2f}) |", flush=True)
+    print("\n| pages | terms --search quoted: s (cpu) | ratio | terms --search capitals: s (cpu) | ratio |")
+    print("|---:|---:|---:|---:|---:|")
+    for pages, bare_wall, ((quoted, quoted_cpu), (capitals, capitals_cpu)) in searches:
+        print(f"| {pages} | {quoted:.2f} ({quoted_cpu:.2f}) | {quoted / bare_wall:.2f} "
+              f"| {capitals:.2f} ({capitals_cpu:.2f}) | {capitals / bare_wall:.2f} |")
 
 
 if __name__ == "__main__":

@@ -1,6 +1,7 @@
 #include "dialogs/frmKVX_COM.h"
 
 #include "addin/clsProgForm.h"
+#include "discovery/CappedSearch.h"
 #include "discovery/QuotedSearch.h"
 #include "discovery/TermList.h"
 #include "platform/forms/FormHost.h"
@@ -157,10 +158,14 @@ void frmKVX_COM::SearchAgain() {
 
 bool frmKVX_COM::FindTerms(FoundTerms& terms) {
   // The saved setting decides, not the option button: a search type takes effect once it is saved.
-  if (Ini().ReadIniValue(kDefaultsSection, u"SearchType") != u"SearchFlagged") return false;
+  const std::u16string searchType = Ini().ReadIniValue(kDefaultsSection, u"SearchType");
   const TermSearch search{KVXAddIn->WordApp(), KVXAddIn->ActiveIndexDocument(),
                           KVXAddIn->Marker(),  KVXAddIn->Progress(),
                           SearchControls(),    ProgressMode::kStatusBar};
+  if (searchType == u"SearchInitCaps") {
+    return SearchCappedTerms(search, Services(), chkIgnoreNums.Value() == 1, terms) == SearchResult::kGoOn;
+  }
+  if (searchType != u"SearchFlagged") return false;
   const QuoteCodes codes{cmbOpenQuote.ItemData(cmbOpenQuote.ListIndex()),
                          cmbCloseQuote.ItemData(cmbCloseQuote.ListIndex())};
   const QuotedSearch quoted{search, Services(), Ini(), Options(), KVXAddIn->SavedReplaceQuotes()};

@@ -103,7 +103,7 @@ std::u16string TextByPosition(const word::RangePtr& range) {
   return text;
 }
 
-StoryText::StoryText(const word::DocumentPtr& document, const word::RangePtr& story, Hidden hidden) {
+StoryText::StoryText(const word::DocumentPtr& document, const word::RangePtr& story, Hidden hidden, Results results) {
   const std::u16string text = TextByPosition(story);
   const word::Position start = story->Start();
   std::vector<Stretch> barriers;
@@ -111,6 +111,11 @@ StoryText::StoryText(const word::DocumentPtr& document, const word::RangePtr& st
   for (const ScannedField& field : ScanFields(text)) {
     const word::Position begin = start + static_cast<word::Position>(field.begin);
     const word::Position end = start + static_cast<word::Position>(field.end) + 1;
+    if (field.HasResult() && results == Results::kKept) {
+      gaps.push_back({begin, start + static_cast<word::Position>(field.separator) + 1});
+      gaps.push_back({end - 1, end});
+      continue;
+    }
     if (field.HasResult()) {
       barriers.push_back({begin, end});
       continue;

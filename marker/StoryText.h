@@ -38,9 +38,12 @@ std::u16string TextByPosition(const word::RangePtr& range);
 class StoryText {
  public:
   enum class Hidden { kLeftOut, kKept };
+  enum class Results { kLeftOut, kKept };
 
   /// @param hidden telling hidden text costs a call for each stretch of it; with kKept it is text
-  StoryText(const word::DocumentPtr& document, const word::RangePtr& story, Hidden hidden);
+  /// @param results of fields; with kKept they are text, and only the codes are left out
+  StoryText(const word::DocumentPtr& document, const word::RangePtr& story, Hidden hidden,
+            Results results = Results::kLeftOut);
 
   const std::u16string& Plain() const { return plain_; }
 

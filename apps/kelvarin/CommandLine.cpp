@@ -66,12 +66,6 @@ docx::PageSource ReadPages(const std::string& given) {
   throw CLI::ValidationError("--pages", "\"" + given + "\" is none of auto, file, layout, libreoffice");
 }
 
-std::string CheckSearch(std::string& given) {
-  if (given == "quoted") return {};
-  if (given == "capitals") return "\"capitals\" is not available in this build; use quoted";
-  return "\"" + given + "\" is no kind of search";
-}
-
 bool IsSameFile(const fs::path& one, const fs::path& other) {
   std::error_code error;
   if (fs::equivalent(one, other, error) && !error) return true;
@@ -173,14 +167,18 @@ class Reader {
     unattended::IndexOptions& index = options_.index;
     command
         .add_option_function<std::string>(
-            "--search", [&index](const std::string&) { index.search = unattended::IndexOptions::Search::kQuoted; },
-            "what counts as a term: quoted")
-        ->check(CLI::Validator(&CheckSearch, "quoted"));
+            "--search",
+            [&index](const std::string& given) {
+              using Search = unattended::IndexOptions::Search;
+              index.search = given == "quoted" ? Search::kQuoted : Search::kCapitals;
+            },
+            "what counts as a term: a text in quotes, or any capitalised word or phrase")
+        ->check(CLI::IsMember({"quoted", "capitals"}));
     AddSwitch(command, "bold", index.bold, "take quoted terms only where they are bold");
     AddSwitch(command, "case", index.matchCase, "match case");
     AddSwitch(command, "caps", index.caps, "take a term in capitals for the term");
     AddSwitch(command, "highlight", index.highlight, "highlight what was marked");
-    AddSwitch(command, "ignore-numbers", index.ignoreNumbers, "leave out words with digits");
+    AddSwitch(command, "ignore-numbers", index.ignoreNumbers, "leave words with digits out of capitalised phrases");
     const std::set<int> quotes{147, 148, 132, 171, 187};
     AddValue(command, "--open-quote", index.openQuote, "Windows-1252 code of the opening quote", CLI::IsMember(quotes));
     AddValue(command, "--close-quote", index.closeQuote, "and of the closing one", CLI::IsMember(quotes));
@@ -251,7 +249,10 @@ class Reader {
     CLI::App& command = AddCommand("terms", Command::kTerms, "print the candidate terms, one a line");
     AddInputs(command, false);
     AddSearch(command);
-    command.add_flag("--json", options_.json, "print an array of objects");
+    command.add_flag("--json", options_.json,
+                     "print an array of objects, which say where each term stands and whether it is capitalised only in "
+                     "headings or at sentence starts");
+    AddPages(command);
     AddCommon(command);
   }
 

@@ -1,20 +1,29 @@
-#include <iostream>
-
 #include "apps/kelvarin/Commands.h"
 #include "apps/kelvarin/FileRun.h"
 #include "apps/kelvarin/Output.h"
+#include "apps/kelvarin/PrivateDocument.h"
+#include "apps/kelvarin/TermPlaces.h"
+#include "hosts/docx/package/Package.h"
+#include "hosts/linux/IcuCharacters.h"
 #include "hosts/unattended/Text.h"
 
 namespace {
 
-std::string Printed(const std::vector<std::u16string>& terms, bool json) {
+std::string Lines(const std::vector<std::u16string>& terms) {
   std::string text;
-  nlohmann::ordered_json list = nlohmann::ordered_json::array();
-  for (const std::u16string& term : terms) {
-    list.push_back({{"term", unattended::ToUtf8(term)}});
-    text += unattended::ToUtf8(term) + "\n";
-  }
-  return json ? list.dump(2) + "\n" : text;
+  for (const std::u16string& term : terms) text += unattended::ToUtf8(term) + "\n";
+  return text;
+}
+
+/// The terms with their places in the file as it is: a run takes an earlier index away before it shows what it found.
+std::string Described(const Options& options, const std::filesystem::path& input,
+                      const std::vector<std::u16string>& terms) {
+  os::IcuCharacters characters;
+  PrivateDocument neverSaved(input, {});
+  docx::WordProcessor processor;
+  processor.Open(docx::Package::Open(input), {.name = {}, .path = {}, .pages = options.pages}, neverSaved);
+  const nlohmann::ordered_json list = DescribeTerms(processor, characters, terms);
+  return list.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
 }
 
 }  // namespace
@@ -28,7 +37,8 @@ FileResult ListTerms(const Options& options, const std::filesystem::path& input)
     session.Run([](Connect& addIn) { addIn.ShowKVXForm(); });
     const Status status = session.Watch().TermsShown() && answers.Failure().empty() ? kDone : kStopped;
     TellRun(options, input, session, status, answers.Failure(), record.report);
-    if (status == kDone) WriteText(Printed(session.Watch().Found(), options.json), "-");
+    const std::vector<std::u16string>& found = session.Watch().Found();
+    if (status == kDone) WriteText(options.json ? Described(options, input, found) : Lines(found), "-");
     return status;
   });
 }

@@ -53,6 +53,7 @@ class RecordedRange : public Recorded<word::Range> {
     return Wrap(On("Range.TextRetrievalMode").TextRetrievalMode(), Observer());
   }
   word::WdStoryType StoryType() const override { return On("Range.StoryType").StoryType(); }
+  int Information(word::WdInformation type) const override { return On("Range.Information").Information(type); }
   word::Position StoryLength() const override { return On("Range.StoryLength").StoryLength(); }
   word::RangePtr NextStoryRange() const override {
     return Wrap(On("Range.NextStoryRange").NextStoryRange(), Observer());

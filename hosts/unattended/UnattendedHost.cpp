@@ -23,7 +23,7 @@ UnattendedHost::UnattendedHost(DialogAnswers& answers, Transcript* transcript, U
 
 void UnattendedHost::ShowModal(forms::Form& form) {
   form.Load();
-  Begin(form);
+  Begin(form, true);
   form.Shown();
   // A form that did its work when it was activated has ended already.
   if (form.Visible()) answers_.AnswerForm(form, [&] { WriteChanges(form); });
@@ -31,33 +31,33 @@ void UnattendedHost::ShowModal(forms::Form& form) {
 
 void UnattendedHost::ShowModeless(forms::Form& form) {
   form.Load();
-  Begin(form);
+  Begin(form, false);
   form.Shown();
 }
 
 void UnattendedHost::Loaded(forms::Form& form) { form.SetListener(this); }
 
-void UnattendedHost::Begin(forms::Form& form) {
+void UnattendedHost::Begin(forms::Form& form, bool modal) {
   if (IsShown(form)) return;
-  shown_.push_back(&form);
+  const bool progress = AsProgress(form) != nullptr;
+  shown_.push_back({&form, modal || !progress});
   changed_.erase(&form);
-  if (AsProgress(form) != nullptr) {
-    WriteProgress(form, Transcript::Phase::kBegin);
-    return;
+  if (shown_.back().toldAsForm) {
+    if (transcript_ != nullptr) transcript_->Form(form);
+    if (observer_ != nullptr) observer_->FormShown(form);
   }
-  if (transcript_ != nullptr) transcript_->Form(form);
-  if (observer_ != nullptr) observer_->FormShown(form);
+  if (progress) WriteProgress(form, Transcript::Phase::kBegin);
 }
 
 void UnattendedHost::End(forms::Form& form) {
-  const auto place = std::find(shown_.begin(), shown_.end(), &form);
+  const auto place =
+      std::find_if(shown_.begin(), shown_.end(), [&form](const ShownForm& shown) { return shown.form == &form; });
   if (place == shown_.end()) return;
+  const bool toldAsForm = place->toldAsForm;
   shown_.erase(place);
   changed_.erase(&form);
-  if (AsProgress(form) != nullptr) {
-    WriteProgress(form, Transcript::Phase::kEnd);
-    return;
-  }
+  if (AsProgress(form) != nullptr) WriteProgress(form, Transcript::Phase::kEnd);
+  if (!toldAsForm) return;
   if (transcript_ != nullptr) transcript_->FormEnd(form);
   if (observer_ != nullptr) observer_->FormEnded(form);
 }
@@ -84,10 +84,10 @@ int UnattendedHost::TextWidth(forms::Form&, std::u16string_view text) {
 }
 
 std::intptr_t UnattendedHost::RemoveCloseBox(std::u16string_view caption) {
-  const auto found =
-      std::find_if(shown_.rbegin(), shown_.rend(), [&](const forms::Form* form) { return form->Caption() == caption; });
+  const auto found = std::find_if(shown_.rbegin(), shown_.rend(),
+                                  [&](const ShownForm& shown) { return shown.form->Caption() == caption; });
   if (found == shown_.rend()) return 0;
-  (*found)->TakeCloseBoxAway();
+  found->form->TakeCloseBoxAway();
   return static_cast<std::intptr_t>(shown_.rend() - found);
 }
 
@@ -111,7 +111,7 @@ void UnattendedHost::Changed(forms::Form& form, forms::Control* control) {
 }
 
 bool UnattendedHost::IsShown(const forms::Form& form) const {
-  return std::find(shown_.begin(), shown_.end(), &form) != shown_.end();
+  return std::any_of(shown_.begin(), shown_.end(), [&form](const ShownForm& shown) { return shown.form == &form; });
 }
 
 void UnattendedHost::WriteChanges(forms::Form& form) {

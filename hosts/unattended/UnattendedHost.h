@@ -28,7 +28,7 @@ class UnattendedObserver {
 };
 
 /// Shows nothing: dialogs are answered in a person's place as soon as they come, and everything is written to the
-/// transcript. Forms that show progress are told as progress.
+/// transcript. Forms that show progress are told as progress, those of them that are modal as forms too.
 class UnattendedHost : public forms::FormHost, public os::Messages, private forms::Form::Listener {
  public:
   /// All outlive the host. @param transcript, observer nullptr: none
@@ -52,8 +52,15 @@ class UnattendedHost : public forms::FormHost, public os::Messages, private form
 
  private:
   void Changed(forms::Form& form, forms::Control* control) override;
+  /// A form that a person would see.
+  struct ShownForm {
+    forms::Form* form;
+    /// Told of as a form, not only as progress.
+    bool toldAsForm;
+  };
+
   bool IsShown(const forms::Form& form) const;
-  void Begin(forms::Form& form);
+  void Begin(forms::Form& form, bool modal);
   void End(forms::Form& form);
   /// Writes the controls that changed since they were written last.
   void WriteChanges(forms::Form& form);
@@ -63,7 +70,7 @@ class UnattendedHost : public forms::FormHost, public os::Messages, private form
   Transcript* transcript_;
   UnattendedObserver* observer_;
   /// In the order in which they came.
-  std::vector<forms::Form*> shown_;
+  std::vector<ShownForm> shown_;
   std::map<const forms::Form*, std::vector<const forms::Control*>> changed_;
 };
 

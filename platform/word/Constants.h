@@ -18,6 +18,8 @@ enum WdUnits : int { wdParagraph = 4, wdStory = 6 };
 enum WdGoToItem : int { wdGoToBookmark = -1, wdGoToPage = 1 };
 enum WdGoToDirection : int { wdGoToFirst = 1 };
 
+enum WdInformation : int { wdActiveEndPageNumber = 3, wdNumberOfPagesInDocument = 4 };
+
 enum WdFindWrap : int { wdFindStop = 0, wdFindContinue = 1 };
 enum WdReplace : int { wdReplaceNone = 0, wdReplaceOne = 1, wdReplaceAll = 2 };
 

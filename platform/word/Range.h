@@ -30,6 +30,10 @@ class Range : public Object {
   virtual TextRetrievalModePtr TextRetrievalMode() const = 0;
 
   virtual WdStoryType StoryType() const = 0;
+  /// With wdActiveEndPageNumber the page that the range's end stands on, with wdNumberOfPagesInDocument how many there
+  /// are. Pages count from 1 through the whole document, whatever is printed on them; a place between two pages is on
+  /// the second.
+  virtual int Information(WdInformation type) const = 0;
   /// Characters of the whole story; 1 for an empty one.
   virtual Position StoryLength() const = 0;
   /// The next story of the same kind linked to this one; empty for the main text and for notes.

@@ -3,6 +3,7 @@
 #include "platform/word/Fields.h"
 #include "platform/word/Find.h"
 #include "platform/word/Format.h"
+#include "platform/word/HostError.h"
 #include "platform/word/Options.h"
 #include "platform/word/Range.h"
 #include "platform/word/Selection.h"
@@ -107,7 +108,8 @@ class FakeReplacement : public word::Replacement {
   std::shared_ptr<bool> highlights_;
 };
 
-/// Knows wildcard patterns of one character, "*" and one character, and plain texts in ASCII without codes.
+/// Knows wildcard patterns of one character, "*" and one character, the pattern "<[A-Z]*>", and plain texts in ASCII
+/// without codes.
 class FakeFind : public word::Find {
  public:
   FakeFind(FakeWord& word, std::shared_ptr<Place> place) : word_(word), place_(std::move(place)) {}
@@ -137,6 +139,7 @@ class FakeFind : public word::Find {
     return std::make_shared<FakeReplacement>(word_, replacement_, highlights_);
   }
   bool Execute(const word::FindArguments& arguments) override {
+    if (word_.findFails) throw word::HostError(word::kCommandFailed, u"Command failed", "Find.Execute");
     if (arguments.Replace == word::wdReplaceAll) {
       word_.log.Add("Find.Execute replace all");
       return found_ = ReplaceAll();
@@ -154,7 +157,26 @@ class FakeFind : public word::Find {
   }
   std::u16string& StoryText() const { return word_.stories[place_->story].text; }
 
+  bool FindCappedWord() {
+    const auto isLetter = [](char16_t unit) {
+      return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
+    };
+    const std::u16string& text = StoryText();
+    const std::size_t stop = place_->start == place_->end ? text.size() : static_cast<std::size_t>(place_->end);
+    for (auto i = static_cast<std::size_t>(place_->start); i < stop; ++i) {
+      if (text[i] < u'A' || text[i] > u'Z' || (i > 0 && isLetter(text[i - 1]))) continue;
+      std::size_t end = i;
+      while (end < text.size() && isLetter(text[end])) ++end;
+      if (end > stop) continue;
+      place_->start = static_cast<word::Position>(i);
+      place_->end = static_cast<word::Position>(end);
+      return true;
+    }
+    return false;
+  }
+
   bool FindWildcards() {
+    if (text_ == u"<[A-Z]*>") return FindCappedWord();
     if (text_.size() != 3 || text_[1] != u'*') NotHere();
     const std::u16string& text = StoryText();
     const std::size_t stop = place_->start == place_->end ? text.size() : static_cast<std::size_t>(place_->end);
@@ -235,7 +257,10 @@ class FakeRange : public word::Range {
     place_->end = value;
     place_->start = std::min(place_->start, value);
   }
-  void SetRange(word::Position, word::Position) override { NotHere(); }
+  void SetRange(word::Position start, word::Position end) override {
+    place_->start = start;
+    place_->end = end;
+  }
   std::u16string Text() const override {
     return word_.stories[place_->story].text.substr(static_cast<std::size_t>(place_->start),
                                                     static_cast<std::size_t>(place_->end - place_->start));
@@ -252,6 +277,11 @@ class FakeRange : public word::Range {
   word::TextRetrievalModePtr TextRetrievalMode() const override { NotHere(); }
   word::WdStoryType StoryType() const override {
     return static_cast<word::WdStoryType>(word_.stories[place_->story].type);
+  }
+  int Information(word::WdInformation type) const override {
+    const std::vector<word::Position>& starts = word_.stories[place_->story].pages;
+    if (type == word::wdNumberOfPagesInDocument) return static_cast<int>(word_.stories[0].pages.size()) + 1;
+    return static_cast<int>(std::upper_bound(starts.begin(), starts.end(), place_->end) - starts.begin()) + 1;
   }
   word::Position StoryLength() const override {
     return static_cast<word::Position>(word_.stories[place_->story].text.size());

@@ -32,6 +32,8 @@ class FakeWord {
     std::u16string text;
     /// Stretches of bold characters, from and to.
     std::vector<std::pair<word::Position, word::Position>> bold{};
+    /// Where its second page begins, its third, and so on.
+    std::vector<word::Position> pages{};
   };
 
   /// A field of the main text, whose code stands somewhere in a story.
@@ -54,8 +56,10 @@ class FakeWord {
   bool hasMenus{true};
   bool customizationSaved{false};
   bool hasDocument{true};
+  /// Every search is an error.
+  bool findFails{false};
   std::u16string name{u"contract.docx"};
-  std::vector<Story> stories{{word::wdMainTextStory, u"\r", {}}};
+  std::vector<Story> stories{{word::wdMainTextStory, u"\r", {}, {}}};
   std::map<std::u16string, Place> bookmarks;
   /// What was highlighted, in that order.
   std::vector<Place> highlights;

@@ -19,6 +19,8 @@ struct FindSettings {
   bool wildcards{false};
   bool forward{true};
   int wrap{word::wdFindStop};
+
+  bool operator==(const FindSettings&) const = default;
 };
 
 /// What a group of a wildcard pattern matched. -1 and -1 for one that took no part.

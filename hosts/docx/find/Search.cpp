@@ -111,6 +111,40 @@ std::optional<Match> Search(const Story& story, const SearchScope& scope, const 
   return Search(source, settings, start, end);
 }
 
+KeptSearch::KeptSearch(const Story& story, const SearchScope& scope, FindSettings settings, Position start)
+    : atoms_(story.Atoms()),
+      version_(atoms_.Version()),
+      scope_(scope),
+      settings_(std::move(settings)),
+      start_(start),
+      source_(story, scope_),
+      text_(source_, start, source_.Length()),
+      pattern_(CompilePattern(settings_)) {}
+
+bool KeptSearch::Serves(const SearchScope& scope, const FindSettings& settings, Position from) const {
+  return from >= start_ && atoms_.Version() == version_ && scope.showHidden == scope_.showHidden &&
+         scope.showFieldCodes == scope_.showFieldCodes && settings == settings_;
+}
+
+std::optional<Match> KeptSearch::Find(Position start, Position end) {
+  std::optional<Match> match = FirstFrom(start);
+  if (start == end) return match;
+  if (Covers(match, start, end)) return FirstFrom(end);
+  if (!match || match->start >= end) return std::nullopt;
+  // One that reaches beyond the stretch may hide a shorter one.
+  return match->end <= end ? match : Search(source_, settings_, start, end);
+}
+
+std::optional<Match> KeptSearch::FirstFrom(Position from) {
+  // The stretches that were found to hold no match are not searched again.
+  const bool known = lastFrom_ >= 0 && from >= lastFrom_ && (!last_ || from <= last_->start);
+  if (known) return last_;
+  const std::optional<Hit> hit = pattern_->FindFirst(text_, text_.IndexAt(from));
+  last_ = hit ? std::optional(ToMatch(text_, *hit)) : std::nullopt;
+  lastFrom_ = from;
+  return last_;
+}
+
 std::vector<Match> SearchAll(const Story& story, const SearchScope& scope, const FindSettings& settings, Position start,
                              Position end) {
   StorySource source(story, scope);

@@ -64,6 +64,17 @@ Position VisibleText::PositionOf(std::size_t index) const {
   return segment.position + static_cast<Position>(index - segment.index);
 }
 
+std::size_t VisibleText::IndexAt(Position position) {
+  while (next_ < position && next_ < limit_) Read(text_.size());
+  const auto behind =
+      std::upper_bound(segments_.begin(), segments_.end(), position,
+                       [](Position wanted, const Segment& segment) { return wanted < segment.position; });
+  if (behind == segments_.begin()) return 0;
+  const Segment& segment = *(behind - 1);
+  const std::size_t index = segment.index + static_cast<std::size_t>(position - segment.position);
+  return std::min(index, behind == segments_.end() ? text_.size() : behind->index);
+}
+
 char32_t VisibleText::Neighbour(Position position, int direction) {
   while (position >= 0 && position < source_.Length()) {
     const TextSource::Stretch stretch = source_.StretchAt(position);

@@ -41,6 +41,9 @@ class VisibleText {
   /// How many units there are. Reads everything.
   std::size_t Size();
 
+  /// The first index whose character stands at a position or behind it; Size() when there is none.
+  /// @pre position is not before the text's start
+  std::size_t IndexAt(Position position);
   /// Where the character at an index stands. @pre Has(index)
   Position PositionOf(std::size_t index) const;
   MarkKind MarkAt(std::size_t index) { return source_.MarkAt(PositionOf(index)); }

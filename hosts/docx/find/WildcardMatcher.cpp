@@ -49,6 +49,7 @@ class WildcardPatternMatcher : public Pattern {
 
   std::optional<Hit> Run(VisibleText& text, std::size_t from, bool search) {
     std::optional<Hit> hit;
+    steps_ = 0;
     current_.Clear();
     std::size_t index = from;
     bool first = true;

@@ -68,7 +68,7 @@ class FindProxy : public word::Find {
       }
       return range_->found;
     }
-    const std::optional<Match> match = Search(story, scope, Values(), place.start, place.end);
+    const std::optional<Match> match = FindNext(story, scope, place);
     range_->found = match.has_value();
     if (!match) return false;
     range_->SetRange(match->start, match->end);
@@ -80,6 +80,18 @@ class FindProxy : public word::Find {
 
  private:
   FindSettings& Values() const { return range_->findSettings; }
+
+  std::optional<Match> FindNext(const Story& story, const SearchScope& scope, const Anchor& place) const {
+    const FindSettings& settings = Values();
+    if (settings.text.empty() || !settings.forward || settings.wrap != word::wdFindStop) {
+      return Search(story, scope, settings, place.start, place.end);
+    }
+    std::unique_ptr<KeptSearch>& kept = range_->keptSearch;
+    if (!kept || !kept->Serves(scope, settings, place.start)) {
+      kept = std::make_unique<KeptSearch>(story, scope, settings, place.start);
+    }
+    return kept->Find(place.start, place.end);
+  }
 
   static SearchScope Scope(OpenDocument& document, Story& story) {
     SearchScope scope;

@@ -144,6 +144,12 @@ word::WdStoryType RangeProxy::StoryType() const {
   return static_cast<word::WdStoryType>(StoryOf("Range.StoryType").Type());
 }
 
+int RangeProxy::Information(word::WdInformation type) const {
+  const std::shared_ptr<OpenDocument> document = Lock(document_, "Range.Information");
+  const Paginator& pages = document->Pages();
+  return type == word::wdNumberOfPagesInDocument ? pages.PageCount() : pages.PageOf(*anchor_.Of(), anchor_.end);
+}
+
 Position RangeProxy::StoryLength() const { return StoryOf("Range.StoryLength").Length(); }
 
 word::RangePtr RangeProxy::NextStoryRange() const {

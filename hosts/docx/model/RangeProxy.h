@@ -34,6 +34,7 @@ class RangeProxy : public word::Range, public std::enable_shared_from_this<Range
   void SetText(std::u16string_view value) override;
   word::TextRetrievalModePtr TextRetrievalMode() const override;
   word::WdStoryType StoryType() const override;
+  int Information(word::WdInformation type) const override;
   Position StoryLength() const override;
   word::RangePtr NextStoryRange() const override;
   word::RangePtr Duplicate() const override;
@@ -59,6 +60,8 @@ class RangeProxy : public word::Range, public std::enable_shared_from_this<Range
 
   // The range's own search, which lives as long as the range.
   FindSettings findSettings;
+  /// The search that was made last; nullptr: none that can go on.
+  std::unique_ptr<KeptSearch> keptSearch;
   ReplacementSettings replacement;
   bool matchSoundsLike{false};
   bool matchAllWordForms{false};

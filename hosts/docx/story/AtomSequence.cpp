@@ -57,6 +57,7 @@ std::size_t Descend(const std::vector<Number>& tree, Number target, Number& befo
 AtomSequence::AtomSequence() = default;
 
 AtomSequence::Place AtomSequence::Append(const Atom& atom, std::u16string_view text) {
+  ++version_;
   if (chunks_.empty() || chunks_.back()->atoms.size() >= kFill) {
     chunks_.push_back(std::make_unique<Chunk>());
     chunks_.back()->number = chunks_.size() - 1;
@@ -264,6 +265,7 @@ void AtomSequence::DropWhenEmpty(std::size_t number) {
 
 AtomSequence::Place AtomSequence::Insert(const Place& before, const std::vector<Atom>& atoms,
                                          std::u16string_view text) {
+  ++version_;
   Place place = before;
   if (IsEnd(place)) {
     if (chunks_.empty()) {
@@ -297,6 +299,7 @@ AtomSequence::Place AtomSequence::Insert(const Place& before, const std::vector<
 }
 
 AtomSequence::Place AtomSequence::Remove(const Place& place) {
+  ++version_;
   Chunk& chunk = *chunks_[place.chunk];
   const auto at = chunk.atoms.begin() + static_cast<std::ptrdiff_t>(place.atom);
   const Atom atom = *at;
@@ -320,6 +323,7 @@ AtomSequence::Place AtomSequence::Remove(const Place& place) {
 }
 
 void AtomSequence::Divide(const Place& place, std::uint32_t units, XmlNode second) {
+  ++version_;
   Chunk& chunk = *chunks_[place.chunk];
   Atom& first = chunk.atoms[place.atom];
   Atom rest = first;
@@ -332,6 +336,7 @@ void AtomSequence::Divide(const Place& place, std::uint32_t units, XmlNode secon
 }
 
 void AtomSequence::Join(const Place& first) {
+  ++version_;
   const Place next = Next(first);
   const std::uint32_t length = Get(next).length;
   if (next.chunk == first.chunk) {
@@ -352,10 +357,12 @@ void AtomSequence::Join(const Place& first) {
 }
 
 void AtomSequence::SetDeleted(const Place& place, bool deleted) {
+  ++version_;
   chunks_[place.chunk]->atoms[place.atom].deleted = deleted;
 }
 
 void AtomSequence::SetCharacter(const Place& place, char16_t character) {
+  ++version_;
   Chunk& chunk = *chunks_[place.chunk];
   std::size_t offset = 0;
   for (std::size_t i = 0; i < place.atom; ++i) offset += chunk.atoms[i].length;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -39,6 +40,8 @@ class AtomSequence {
   AtomSequence& operator=(const AtomSequence&) = delete;
 
   Position Length() const { return length_; }
+  /// Another number after every change: a place and a text that were taken before are spoilt.
+  std::uint64_t Version() const { return version_; }
   int FieldBegins() const;
   /// While building: adds at the end. @return the atom's place
   Place Append(const Atom& atom, std::u16string_view text);
@@ -94,6 +97,7 @@ class AtomSequence {
 
   std::vector<std::unique_ptr<Chunk>> chunks_;
   Position length_{0};
+  std::uint64_t version_{0};
   // Fenwick trees over the chunks' lengths, field begins and depths, rebuilt when chunks come or go.
   mutable std::vector<Position> lengths_;
   mutable std::vector<int> begins_;

@@ -199,5 +199,51 @@ TEST(StorySearch, GoesThroughALongStoryInTimeWhileItIsEdited) {
   EXPECT_EQ(count, 6'000);
 }
 
+/// Every stretch of the story, forwards, in the order of their starts.
+void ExpectKeptSearchToFindTheSame(const Story& story, const SearchScope& scope, const FindSettings& settings) {
+  KeptSearch kept(story, scope, settings, 0);
+  for (Position start = 0; start <= story.Length(); ++start) {
+    for (Position end = start; end <= story.Length(); ++end) {
+      const std::optional<Match> afresh = Search(story, scope, settings, start, end);
+      ASSERT_TRUE(kept.Serves(scope, settings, start));
+      const std::optional<Match> goingOn = kept.Find(start, end);
+      ASSERT_EQ(goingOn.has_value(), afresh.has_value()) << start << "-" << end;
+      if (!afresh) continue;
+      EXPECT_EQ(goingOn->start, afresh->start) << start << "-" << end;
+      EXPECT_EQ(goingOn->end, afresh->end) << start << "-" << end;
+    }
+  }
+}
+
+TEST(StorySearch, GoingOnFindsWhatSearchingAfreshFinds) {
+  const auto story = Body(P(Text("a Buy") + Hidden("secret ") + Text("er and ") + Deleted("Seller ") +
+                            Field(" REF X ", "Bob") + Text(" \"B\" A")) +
+                          P(Text("Cab ") + Entry("Cab") + Text("BB AAB")));
+  SearchScope scope = ScopeOf(*story);
+  for (const bool showHidden : {false, true}) {
+    scope.showHidden = showHidden;
+    for (const char16_t* pattern : {u"<[A-Z]*>", u"\"*\"", u"B{1,2}", u"[AB]@", u"a*B", u"e"}) {
+      ExpectKeptSearchToFindTheSame(*story, scope, {.text = pattern, .wildcards = true});
+    }
+    ExpectKeptSearchToFindTheSame(*story, scope, {.text = u"b"});
+    ExpectKeptSearchToFindTheSame(*story, scope, {.text = u"cab", .wholeWord = true});
+  }
+}
+
+TEST(StorySearch, AKeptSearchServesNoOtherSearchAndNoChangedStory) {
+  const auto story = Body(P(Text("the Buyer and the Seller")));
+  const SearchScope scope = ScopeOf(*story);
+  const FindSettings settings{.text = u"<[A-Z]*>", .wildcards = true};
+  KeptSearch kept(*story, scope, settings, 4);
+  EXPECT_TRUE(kept.Serves(scope, settings, 4));
+  EXPECT_FALSE(kept.Serves(scope, settings, 3));
+  EXPECT_FALSE(kept.Serves(scope, {.text = u"<[A-Z]*>"}, 4));
+  SearchScope shown = scope;
+  shown.showHidden = true;
+  EXPECT_FALSE(kept.Serves(shown, settings, 4));
+  story->InsertText(10, u"x");
+  EXPECT_FALSE(kept.Serves(scope, settings, 4));
+}
+
 }  // namespace
 }  // namespace docx

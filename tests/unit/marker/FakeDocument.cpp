@@ -108,6 +108,7 @@ class StoryRange : public word::Range {
   }
   word::TextRetrievalModePtr TextRetrievalMode() const override { return mode_; }
   word::WdStoryType StoryType() const override { return story_.type; }
+  int Information(word::WdInformation) const override { Unused("Information"); }
   word::Position StoryLength() const override { return story_.End(); }
   word::RangePtr NextStoryRange() const override { return {}; }
   word::RangePtr Duplicate() const override {

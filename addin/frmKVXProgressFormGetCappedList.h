@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+
+#include "addin/frmProgressForm.h"
+
+/// The progress form behind which capitalised words are searched for. It is shown modally; when it is activated it does
+/// the search, then closes itself. A person may close it meanwhile, which the search is to ask for.
+class frmKVXProgressFormGetCappedList : public frmProgressForm {
+ public:
+  /// @param search what it throws leaves through the modal show; the form is closed all the same
+  frmKVXProgressFormGetCappedList(forms::FormHost& host, std::function<void()> search);
+
+  /// A person closed it.
+  bool Closed() const { return closed_; }
+
+ protected:
+  void OnActivate() override;
+  void OnQueryUnload(forms::UnloadReason reason) override;
+
+ private:
+  std::function<void()> search_;
+  bool closed_{false};
+};

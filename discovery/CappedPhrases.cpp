@@ -1,0 +1,252 @@
+#include "discovery/CappedPhrases.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "discovery/LineText.h"
+#include "discovery/SmallWords.h"
+
+namespace {
+
+/// More words in quotes than this are a sentence that is quoted.
+constexpr std::ptrdiff_t kMostQuotedWords = 10;
+/// More blanks than this are there to set things apart.
+constexpr std::size_t kMostBlanks = 2;
+
+bool IsCapital(char16_t unit) { return unit >= u'A' && unit <= u'Z'; }
+bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
+bool IsApostrophe(char16_t unit) { return unit == u'\'' || unit == u'\u2019'; }
+bool IsHyphen(char16_t unit) { return unit == u'-' || unit == u'\u2010'; }
+
+/// What an apostrophe ties to a word without being part of it: a possessive ending, a shortened verb.
+bool IsTiedOn(std::u16string_view tail) {
+  return tail == u"s" || tail == u"S" || tail == u"re" || tail == u"ll" || tail == u"ve" || tail == u"d" ||
+         tail == u"m";
+}
+
+/// A small word that may stand inside a phrase.
+bool Connects(std::u16string_view word) { return word == u"of" || word == u"Of" || word == u"OF"; }
+
+}  // namespace
+
+CappedPhrases::CappedPhrases(os::Characters& characters, bool ignoreNumbers, Take take)
+    : characters_(characters), ignoreNumbers_(ignoreNumbers), take_(std::move(take)) {}
+
+void CappedPhrases::Add(std::u16string_view text, const std::vector<CappedWord>& words) {
+  std::size_t at = 0;
+  auto word = words.begin();
+  while (at < text.size()) {
+    const std::size_t end = LineEnd(text, at);
+    for (; word != words.end() && word->begin < end; ++word) {
+      Append(text.substr(at, word->begin - at));
+      const std::size_t begin = line_.size();
+      Append(text.substr(word->begin, word->end - word->begin));
+      hits_.push_back({begin, line_.size()});
+      at = word->end;
+    }
+    if (at < end) Append(text.substr(at, end - at));
+    if (end < text.size()) EndLine();
+    at = std::max(at, end + 1);
+  }
+}
+
+void CappedPhrases::EndStory() { EndLine(); }
+
+void CappedPhrases::Append(std::u16string_view piece) { AppendAsRead(piece, line_); }
+
+void CappedPhrases::EndLine() {
+  words_.clear();
+  for (const Span& hit : hits_) {
+    if (words_.empty() || hit.begin >= words_.back().end) words_.push_back(WholeWord(hit));
+  }
+  ReadQuotes();
+  for (std::size_t i = 0; i < words_.size();) {
+    const Word& word = words_[i];
+    std::size_t end = QuotedEnd(word.begin);
+    if (end == 0) end = KnownEnd(word);
+    if (end == 0 && !(word.digits && ignoreNumbers_)) end = word.small ? word.end : PhraseEnd(i);
+    if (end != 0) take_(Text({word.begin, end}));
+    do {
+      ++i;
+    } while (i < words_.size() && words_[i].begin < end);
+  }
+  line_.clear();
+  hits_.clear();
+}
+
+CappedPhrases::Word CappedPhrases::WholeWord(Span hit) const {
+  Word word;
+  word.begin = hit.begin;
+  std::size_t end = AfterLetters(hit.end);
+  bool negation = false;
+  bool initials = false;
+  while (true) {
+    const char16_t unit = At(end);
+    const bool letterBehind = IsLetterAt(end + 1);
+    if (letterBehind && (IsHyphen(unit) || (unit == u'&' && IsCapital(At(end + 1))))) {
+      end = AfterLetters(end + 1);
+    } else if (letterBehind && IsApostrophe(unit)) {
+      const std::size_t behind = AfterLetters(end + 1);
+      const std::u16string_view tail = Text({end + 1, behind});
+      if (IsTiedOn(tail)) break;
+      negation = tail == u"t";
+      end = behind;
+    } else if (unit == u'.' && IsCapital(At(end - 1)) && IsCapital(At(end + 1)) && !IsLetterAt(end + 2) &&
+               (end - 1 == word.begin || At(end - 2) == u'.' || IsHyphen(At(end - 2)))) {
+      initials = true;
+      end += 2;
+    } else {
+      break;
+    }
+  }
+  if (initials && At(end) == u'.') ++end;
+  word.end = end;
+
+  // "10-K": the search begins a word behind the hyphen.
+  std::size_t begin = hit.begin;
+  while (begin > 1 && IsHyphen(At(begin - 1)) && IsLetterAt(begin - 2)) {
+    begin -= 2;
+    while (begin > 0 && IsLetterAt(begin - 1)) --begin;
+  }
+  word.digits = HoldsDigit({begin, end});
+  word.small = negation || IsSmallWord(Text(word));
+  return word;
+}
+
+void CappedPhrases::ReadQuotes() {
+  quoted_.clear();
+  const std::u16string_view line = line_;
+  std::size_t open = FindDoubleQuote(line, 0);
+  while (open != std::u16string_view::npos) {
+    std::size_t next = FindDoubleQuote(line, open + 1);
+    const bool opens = IsLetterAt(open + 1) && (open == 0 || !IsLetterAt(open - 1));
+    if (opens && next != std::u16string_view::npos && At(next) != u'\u201C') {
+      TakeQuoted({open + 1, next});
+      next = FindDoubleQuote(line, next + 1);
+    }
+    open = next;
+  }
+}
+
+void CappedPhrases::TakeQuoted(Span inside) {
+  std::u16string_view text = Text(inside);
+  for (const std::u16string_view article : {u"the ", u"a ", u"an ", u"any ", u"The ", u"A ", u"An ", u"Any "}) {
+    if (!text.starts_with(article)) continue;
+    text.remove_prefix(article.size());
+    inside.begin += article.size();
+    break;
+  }
+  const std::size_t last = text.find_last_not_of(u" ,.;:!?");
+  if (last == std::u16string_view::npos) return;
+  text = text.substr(0, last + 1);
+  inside.end = inside.begin + text.size();
+  if (EndsSentenceInside(text) || std::count(text.begin(), text.end(), u' ') >= kMostQuotedWords) return;
+  const auto word = std::find_if(words_.begin(), words_.end(),
+                                 [&](const Word& candidate) { return candidate.begin == inside.begin; });
+  if (word == words_.end() || (ignoreNumbers_ && HoldsDigit(inside))) return;
+  // A word whose end is cut off, such as one with initials.
+  inside.end = std::max(inside.end, word->end);
+  quoted_.push_back(inside);
+  if (inside.end == word->end) return;
+  std::vector<std::u16string>& phrases = known_[std::u16string(Text(*word))];
+  if (std::find(phrases.begin(), phrases.end(), text) == phrases.end()) phrases.emplace_back(text);
+}
+
+std::size_t CappedPhrases::QuotedEnd(std::size_t begin) const {
+  const auto found =
+      std::find_if(quoted_.begin(), quoted_.end(), [begin](const Span& span) { return span.begin == begin; });
+  return found == quoted_.end() ? 0 : found->end;
+}
+
+std::size_t CappedPhrases::KnownEnd(const Word& word) const {
+  const auto phrases = known_.find(Text(word));
+  if (phrases == known_.end()) return 0;
+  std::size_t end = 0;
+  const std::u16string_view rest = std::u16string_view(line_).substr(word.begin);
+  for (const std::u16string& phrase : phrases->second) {
+    const std::size_t behind = word.begin + phrase.size();
+    if (behind > end && rest.starts_with(phrase) && !IsLetterAt(behind)) end = behind;
+  }
+  return end;
+}
+
+std::size_t CappedPhrases::PhraseEnd(std::size_t first) const {
+  std::size_t end = words_[first].end;
+  std::size_t next = first + 1;
+  bool connected = false;
+  while (true) {
+    if (const std::size_t number = AfterNumber(end); number != end) end = number;
+    while (next < words_.size() && words_[next].begin < end) ++next;
+    if (next == words_.size()) return end;
+    const Word& word = words_[next];
+    const Span gap{end, word.begin};
+    if (word.small) {
+      // "Series A" goes on; "Change Of Control" does, as with a small letter.
+      const bool letter = word.end - word.begin == 1;
+      const bool connects = !connected && Connects(Text(word)) && next + 1 < words_.size() &&
+                            IsBlankGap({word.end, words_[next + 1].begin}) && !words_[next + 1].small &&
+                            Joins(next + 1) && !IsFollowedByNumber(words_[next + 1].end);
+      if (!IsBlankGap(gap) || !(letter || connects)) return end;
+      if (!letter) {
+        connected = true;
+        ++next;
+      }
+    } else if (!Joins(next)) {
+      return end;
+    } else if (!IsBlankGap(gap) && Text(gap) != u"&" && Text(gap) != u" & ") {
+      if (connected || AfterConnector(gap) != gap.end || IsFollowedByNumber(word.end)) return end;
+      connected = true;
+    }
+    end = words_[next++].end;
+  }
+}
+
+/// Behind a word with a digit that follows a blank; where it began when there is none, or none may be taken.
+std::size_t CappedPhrases::AfterNumber(std::size_t end) const {
+  if (ignoreNumbers_) return end;
+  while (At(end) == u' ' && IsLetterAt(end + 1)) {
+    std::size_t behind = AfterLetters(end + 1);
+    while (IsHyphen(At(behind)) && IsLetterAt(behind + 1)) behind = AfterLetters(behind + 1);
+    // "5.1" is no word, and "5" no part of it.
+    const bool goesOn = (At(behind) == u'.' || At(behind) == u',') && IsDigit(At(behind + 1));
+    if (goesOn || !HoldsDigit({end + 1, behind})) break;
+    end = behind;
+  }
+  return end;
+}
+
+/// Behind the blank that follows a connecting word; 0 when the gap does not begin with one between blanks.
+std::size_t CappedPhrases::AfterConnector(Span gap) const {
+  const std::size_t begin = line_.find_first_not_of(u' ', gap.begin);
+  if (begin == gap.begin || begin - gap.begin > kMostBlanks) return 0;
+  const std::size_t end = AfterLetters(begin);
+  if (!Connects(Text({begin, end})) || At(end) != u' ') return 0;
+  const std::size_t behind = line_.find_first_not_of(u' ', end);
+  return behind - end > kMostBlanks ? 0 : behind;
+}
+
+bool CappedPhrases::IsBlankGap(Span gap) const {
+  const std::u16string_view text = Text(gap);
+  return !text.empty() && text.size() <= kMostBlanks && text.find_first_not_of(u' ') == std::u16string_view::npos;
+}
+
+/// Whether a word may go on a phrase: not one that begins a quoted phrase.
+bool CappedPhrases::Joins(std::size_t word) const {
+  return !(words_[word].digits && ignoreNumbers_) && QuotedEnd(words_[word].begin) == 0;
+}
+
+bool CappedPhrases::IsFollowedByNumber(std::size_t end) const { return At(end) == u' ' && IsDigit(At(end + 1)); }
+
+bool CappedPhrases::IsLetterAt(std::size_t index) const {
+  return index < line_.size() && IsWordUnit(characters_, line_[index]);
+}
+
+std::size_t CappedPhrases::AfterLetters(std::size_t index) const {
+  while (IsLetterAt(index)) ++index;
+  return index;
+}
+
+bool CappedPhrases::HoldsDigit(Span span) const {
+  const std::u16string_view text = Text(span);
+  return std::any_of(text.begin(), text.end(), IsDigit);
+}

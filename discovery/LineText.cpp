@@ -1,0 +1,89 @@
+#include "discovery/LineText.h"
+
+#include <algorithm>
+
+#include "platform/word/Constants.h"
+
+namespace {
+
+constexpr char16_t kSoftHyphen = 0x00AD;
+constexpr char16_t kNarrowNonBreakingSpace = 0x202F;
+constexpr char16_t kUnicodeNonBreakingHyphen = 0x2011;
+
+bool EndsLine(char16_t unit) { return unit == word::kCellMark || (unit >= word::kTab && unit <= word::kColumnBreak); }
+
+bool IsSurrogate(char16_t unit) { return (unit & 0xF800U) == 0xD800U; }
+
+void AppendUnitAsRead(char16_t unit, std::u16string& line) {
+  switch (unit) {
+    case word::kCommentMark:
+    case word::kOptionalHyphen:
+    case kSoftHyphen:
+      break;
+    case word::kNonBreakingSpace:
+    case kNarrowNonBreakingSpace:
+      line += u' ';
+      break;
+    case word::kNonBreakingHyphen:
+    case kUnicodeNonBreakingHyphen:
+      line += u'-';
+      break;
+    default:
+      line += unit;
+  }
+}
+
+}  // namespace
+
+std::size_t LineEnd(std::u16string_view text, std::size_t index) {
+  const auto end = std::find_if(text.begin() + static_cast<std::ptrdiff_t>(index), text.end(), EndsLine);
+  return static_cast<std::size_t>(end - text.begin());
+}
+
+bool IsDoubleQuote(char16_t unit) {
+  switch (unit) {
+    case u'"':
+    case u'\u201C':
+    case u'\u201D':
+    case u'\u201E':
+    case u'\u201F':
+    case u'\u00AB':
+    case u'\u00BB':
+      return true;
+    default:
+      return false;
+  }
+}
+
+std::size_t FindDoubleQuote(std::u16string_view text, std::size_t index) {
+  if (index >= text.size()) return std::u16string_view::npos;
+  const auto found = std::find_if(text.begin() + static_cast<std::ptrdiff_t>(index), text.end(), IsDoubleQuote);
+  return found == text.end() ? std::u16string_view::npos : static_cast<std::size_t>(found - text.begin());
+}
+
+void AppendAsRead(std::u16string_view text, std::u16string& line) {
+  while (!text.empty()) {
+    const auto special = std::find_if(text.begin(), text.end(),
+                                      [](char16_t unit) { return unit < u' ' || unit >= word::kNonBreakingSpace; });
+    const auto plain = static_cast<std::size_t>(special - text.begin());
+    line += text.substr(0, plain);
+    if (special == text.end()) return;
+    AppendUnitAsRead(*special, line);
+    text.remove_prefix(plain + 1);
+  }
+}
+
+bool EndsSentenceInside(std::u16string_view text) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == u';' || text[i] == u':') return true;
+    const bool stop = text[i] == u'.' || text[i] == u'?' || text[i] == u'!';
+    if (stop && i + 1 < text.size() && text[i + 1] == u' ') return true;
+  }
+  return false;
+}
+
+bool IsWordUnit(os::Characters& characters, char16_t unit) {
+  constexpr char16_t kBeyondAscii = 0x80;
+  if (unit >= kBeyondAscii) return IsSurrogate(unit) || characters.IsWordCharacter(unit);
+  return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') || (unit >= u'0' && unit <= u'9');
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "platform/os/Characters.h"
+
+/// How the text of a story reads, line by line. A line ends with the mark of a paragraph or a cell, a break of a line,
+/// a page, a column or a section, or a tab.
+
+/// Whether a code unit is a quotation mark of the kinds that come in pairs around a term.
+bool IsDoubleQuote(char16_t unit);
+/// The first such mark at an index or behind it; npos when there is none.
+std::size_t FindDoubleQuote(std::u16string_view text, std::size_t index);
+
+/// Where the line that holds an index ends; the text's length when it does not.
+std::size_t LineEnd(std::u16string_view text, std::size_t index);
+
+/// Adds a text as it reads: a blank for a non-breaking one, a hyphen for a non-breaking one, nothing for an optional
+/// hyphen or the mark of a comment.
+void AppendAsRead(std::u16string_view text, std::u16string& line);
+
+/// Whether a sentence ends within a text, or a separator of phrases stands in it.
+bool EndsSentenceInside(std::u16string_view text);
+
+/// Whether a code unit belongs to a word: a letter, a digit or a mark on one, or half of a character beyond the first
+/// 65,536.
+bool IsWordUnit(os::Characters& characters, char16_t unit);

@@ -1,0 +1,192 @@
+import json
+
+import program
+
+CAPITALS = {"form": "frmKVXOptions", "do": [{"set": "optSearchType", "to": 1}, {"click": "cmdOK"}]}
+OK = {"form": "frmKVX_COM", "do": [{"click": "cmdOK"}]}
+CANCEL = {"form": "frmKVX_COM", "do": [{"click": "cmdCancel"}]}
+FORM = "frmKVXProgressFormGetCappedList"
+BREAK = '<w:r><w:lastRenderedPageBreak/></w:r>'
+
+
+class Capitals(program.Case):
+    def terms(self, lines, *arguments):
+        self.document(lines=lines)
+        return self.check("terms", "contract.docx", "--search", "capitals", *arguments).out.splitlines()
+
+    def described(self, lines, *arguments):
+        self.document(lines=lines)
+        listed = json.loads(self.check("terms", "contract.docx", "--search", "capitals", "--json", *arguments).out)
+        return {item["term"]: item for item in listed}
+
+    def run_index(self, lines, *answers, status=0, state=None, arguments=()):
+        if lines is not None:
+            self.document(lines=lines)
+        content = {"answers": [CAPITALS, *answers], **({"state": state} if state else {})}
+        (self.folder / "answers.json").write_text(json.dumps(content))
+        self.check("run", "index", "contract.docx", "--answers", "answers.json", "--transcript", "log.jsonl",
+                   "--settings", "my.ini", *arguments, status=status)
+        return self.events(self.folder / "log.jsonl")
+
+    def offered(self, events):
+        """What the terms dialog lists when it comes."""
+        return next(event for event in events if event["event"] == "form" and event["name"] == "frmKVX_COM")["controls"]
+
+    def steps(self, events):
+        return [event["lines"][0] for event in events
+                if event["event"] == "progress" and event["lines"][0] and event.get("shown") is not False]
+
+    def test_phrases_come_out_whole(self):
+        self.assertEqual(self.terms("P under the Stock Purchase Agreement any Events of Default found by the Board of Directors "
+                                    "or its Chief Executive Officer affect each share of Series A Preferred Stock"),
+                         ["Board of Directors", "Chief Executive Officer", "Events of Default", "Series A Preferred Stock",
+                          "Stock Purchase Agreement"])
+
+    def test_ignored_words_alone_yield_an_empty_list(self):
+        text = "P The end. This is it. And so on. For now. If not. In time. At once. As is."
+        self.assertEqual(self.terms(text), [])
+        events = self.run_index(text, OK, CANCEL, status=1)
+        controls = self.offered(events)
+        self.assertEqual(controls["lstTermsInDoc"]["items"], [])
+        self.assertTrue(controls["lblTermsInDoc"]["caption"].startswith("No defined terms were found in this document.  "))
+        result = self.check("index", "contract.docx", "-o", "out.docx", "--search", "capitals", status=1)
+        self.assertFalse((self.folder / "out.docx").exists())
+        self.assertTrue(result.err)
+
+    def test_a_word_on_several_pages_is_listed_once(self):
+        text = "P the Agreement\nN\nP the Agreement\nN\nP the Agreement."
+        self.assertEqual(self.terms(text), ["Agreement"])
+        self.assertEqual(self.described(text)["Agreement"]["occurrences"], 3)
+
+    def test_brackets_and_separators_are_never_offered(self):
+        text = "P see Schedule (Part two) and Schedule [Part; “Buyer; Seller” “Saint: Ives” near St. Ives at Rock.\nP Part) Rock"
+        for term in self.terms(text):
+            for part in ("(", "[", ". ", ";", ":"):
+                self.assertNotIn(part, term)
+
+    def test_a_word_with_a_tab_or_line_break_is_never_offered(self):
+        text = ('X <w:p><w:r><w:t>a Stock</w:t><w:tab/><w:t>Purchase</w:t><w:br/><w:t>Agreement Agree</w:t><w:tab/><w:t>ment</w:t>'
+                '</w:r></w:p>\nP end')
+        self.assertEqual(self.terms(text), ["Agreement Agree", "Purchase", "Stock"])
+
+    def test_no_phrase_crosses_a_sentence_a_paragraph_or_a_cell(self):
+        self.assertEqual(self.terms("P the Buyer. Seller pays\nP the Company\nP Parent pays\n| Head | Other |\n| Agent | Lender |"),
+                         ["Agent", "Buyer", "Company", "Head", "Lender", "Other", "Parent", "Seller"])
+
+    def test_hits_join_over_a_page_boundary(self):
+        paragraph = f'<w:p><w:r><w:t xml:space="preserve">the Stock </w:t></w:r>{BREAK}<w:r><w:t>Purchase</w:t></w:r>{BREAK}' \
+                    '<w:r><w:t xml:space="preserve"> Agreement of Acme ends</w:t></w:r></w:p>'
+        events = self.run_index(f"X {paragraph}\nP end", CANCEL, status=1, arguments=("--pages", "file"))
+        self.assertEqual(self.offered(events)["lstTermsInDoc"]["items"], ["Stock Purchase Agreement of Acme"])
+        self.assertEqual([step for step in self.steps(events) if step.startswith("Processing ")],
+                         [f"Processing main document page {page}" for page in (1, 2, 3)])
+
+    def test_a_word_in_capitals_that_begins_a_footnote_is_found(self):
+        events = self.run_index("P the buyer[[fn: ACME is one.]] and seller[[en: Endless.]] agree", CANCEL, status=1)
+        self.assertEqual(self.offered(events)["lstTermsInDoc"]["items"], ["ACME", "Endless"])
+        steps = self.steps(events)
+        self.assertEqual(steps[:2], ["Searching page:  1", "Processing main document page 1"])
+        self.assertEqual(steps[2:], ["Searching page:  1", "Processing footnotes page 1", "Searching page:  1",
+                                     "Processing endnotes page 1"])
+
+    def test_headers_footers_comments_and_text_boxes_are_not_searched(self):
+        box = ('<w:p><w:r><w:pict xmlns:v="urn:schemas-microsoft-com:vml"><v:shape><v:textbox><w:txbxContent><w:p><w:r><w:t>'
+               'Boxed</w:t></w:r></w:p></w:txbxContent></v:textbox></v:shape></w:pict></w:r></w:p>')
+        self.assertEqual(self.terms(f"X {box}\nP a Buyer"), ["Buyer"])
+
+    def test_words_with_digits_are_ignored_or_not(self):
+        text = "P a B2B Agreement, the Series A1 Stock and Form 10-K, “Credit Tier 1”"
+        self.assertEqual(self.terms(text), ["Agreement", "Credit Tier", "Form", "Series", "Stock"])
+        self.assertEqual(self.terms(text, "--no-ignore-numbers"),
+                         ["B2B Agreement", "Credit Tier 1", "Form 10-K", "Series A1 Stock"])
+        self.assertEqual(self.check("terms", "contract.docx", "--ignore-numbers").out, "Credit Tier 1\n")
+
+    def test_the_list_is_sorted_by_code_units(self):
+        self.assertEqual(self.terms("P the Zeta, an ABC, an Abel and a Beta"), ["ABC", "Abel", "Beta", "Zeta"])
+
+    def test_the_run_goes_in_its_order(self):
+        events = self.run_index("P the Buyer pays", OK, arguments=("-o", "out.docx"))
+        names = [event.get("name") or event.get("member") or event.get("operation") or event["event"] for event in events]
+        def at(name, after=-1):
+            return names.index(name, after + 1)
+        shown = at(FORM)
+        ended = at(FORM, shown)
+        search = events[shown + 1:ended]
+        self.assertEqual([event["member"] for event in search if event["event"] == "word"],
+                         ["Find.Text", "Replacement.Text", "Find.Forward", "Find.Wrap", "Find.Format", "Find.MatchCase",
+                          "Find.MatchWholeWord", "Find.MatchWildcards"])
+        updates = [event for event in search if event["event"] == "progress" and "shown" not in event]
+        self.assertEqual([event["lines"] for event in updates],
+                         [["Searching page:  1", "", ""], ["Processing main document page 1", "", ""]])
+        self.assertEqual({event["caption"] for event in updates}, {"Please wait"})
+        self.assertEqual(updates[-1]["bar"], "100% completed")
+        spelling = at("Options.CheckSpellingAsYouType", ended)
+        grammar = at("Options.CheckGrammarAsYouType", spelling)
+        hidden = at("View.ShowHiddenText", grammar)
+        preparing = at("frmKVXProgressFormKVXPreparing", hidden)
+        removed = at("RemoveIndexEntries", preparing)
+        self.assertEqual([name for name in names[removed:] if name.startswith("Remove")][:3],
+                         ["RemoveIndexEntries", "RemoveIndex", "RemoveTermHighlighting"])
+        terms = at("frmKVX_COM", removed)
+        self.assertLess(terms, at("BeginIndexing"))
+        self.assertEqual([entry["text"] for entry in self.inspect(self.folder / "out.docx")["entries"]], ["Buyer"])
+
+    def test_the_label_says_what_was_searched_for(self):
+        caption = self.offered(self.run_index("P the Buyer pays", CANCEL, status=1))["lblTermsInDoc"]["caption"]
+        self.assertEqual(caption, "The following capitalized words and phrases were found in your document.  Sentences Select "
+                                  "which terms you want to index.  You can specify additional terms for indexing in the 'Add "
+                                  "terms for indexing' section below.")
+
+    def test_the_list_is_refreshed_by_the_saved_search_type(self):
+        refresh = {"form": "frmKVX_COM", "do": [{"set": "optSearchType", "to": 0}, {"click": "cmdRefresh"}, {"click": "cmdCancel"}]}
+        events = self.run_index("P the “buyer” and Seller", refresh, status=1)
+        self.assertEqual([event["name"] for event in events if event["event"] == "form"].count(FORM), 2)
+        ended = [event for event in events if event["event"] == "formEnd" and event["name"] == "frmKVX_COM"][-1]
+        self.assertEqual(ended["controls"]["lstTermsInDoc"]["items"], ["Seller"])
+
+    def test_text_of_an_earlier_index_and_its_lists_is_no_candidate(self):
+        text = "P the Buyer pays the Seller; the Buyer and Seller agree.\nP the Parent agrees."
+        first = self.terms(text)
+        self.check("index", "contract.docx", "--search", "capitals", "--in-place", "--add", "Nowhere Found")
+        again = self.check("terms", "contract.docx", "--search", "capitals").out.splitlines()
+        self.assertEqual(again, first)
+        shown = {"view": {"showHiddenText": True, "showAll": True}}
+        events = self.run_index(None, CANCEL, status=1, state=shown)
+        self.assertEqual(self.offered(events)["lstTermsInDoc"]["items"], first)
+
+    def test_what_was_indexed_is_taken_away_again(self):
+        self.document(lines="P the Stock Purchase Agreement[[fn: The Stock Purchase Agreement.]] binds the Buyer.")
+        report = self.report("index", "contract.docx", "-o", "out.docx", "--search", "capitals")
+        self.assertEqual(report["searchType"], "SearchInitCaps")
+        self.assertEqual(report["found"], ["Buyer", "Stock Purchase Agreement"])
+        self.assertEqual({term["term"]: term["count"] for term in report["terms"]},
+                         {"Buyer": 1, "Stock Purchase Agreement": 2})
+        self.check("remove", "out.docx", "-o", "back.docx")
+        self.assertEqual(program.canonical(self.folder / "back.docx"), program.canonical(self.folder / "contract.docx"))
+
+    def test_json_tells_where_a_term_stands(self):
+        found = self.described("P First words. It binds the Buyer.\nN\nP Here the Buyer pays Acme[[fn: Acme of Utah.]].")
+        text = self.inspect(self.folder / "contract.docx")["stories"][0]["text"]
+        self.assertEqual(found["Buyer"], {"term": "Buyer", "story": 1, "position": text.index("Buyer"), "page": 1, "occurrences": 2,
+                                          "sentence": "It binds the Buyer.", "only": None})
+        self.assertEqual(found["Acme of Utah"]["story"], 2)
+        self.assertEqual(found["Acme of Utah"]["page"], 2)
+
+    def test_json_says_what_only_begins_a_sentence_or_stands_in_a_heading(self):
+        found = self.described("1 Governing Law\nP 1.1 Limitation of Liability. Payment is due: (a) Transfer of it to the Buyer.\n"
+                               "P THE GOODS ARE SOLD AS THEY ARE.\nP Make Payment now, since Payments matter. Pay Payments soon.")
+        self.assertEqual({term: item["only"] for term, item in found.items()},
+                         {"Governing Law": "heading", "Limitation of Liability": "heading", "Payment": "sentenceStart",
+                          "Transfer": "sentenceStart", "Buyer": None, "GOODS": "heading", "SOLD": "heading",
+                          "ARE": "heading", "THEY": "heading", "Make Payment": None, "Payments": None,
+                          "Pay Payments": "sentenceStart"})
+
+    def test_json_tells_of_quoted_terms_too(self):
+        self.document(lines="P “Buyer” means Acme. The Buyer pays.\nP “seller” sells")
+        listed = json.loads(self.check("terms", "contract.docx", "--json").out)
+        self.assertEqual([(item["term"], item["position"], item["occurrences"], item["only"]) for item in listed],
+                         [("Buyer", 1, 2, None), ("seller", 37, 1, None)])
+
+
+if __name__ == "__main__":
+    program.main()

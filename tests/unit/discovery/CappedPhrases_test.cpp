@@ -1,0 +1,164 @@
+#include "discovery/CappedPhrases.h"
+
+#include <gtest/gtest.h>
+
+#include "discovery/LineText.h"
+#include "tests/fakes/FakeServices.h"
+
+namespace {
+
+using Phrases = std::vector<std::u16string>;
+
+class PhrasesOfWords : public testing::Test {
+ protected:
+  /// What a search for whole words with a capital finds.
+  std::vector<CappedWord> Words(std::u16string_view text) {
+    std::vector<CappedWord> words;
+    for (std::size_t i = 0; i < text.size();) {
+      if (!IsWordUnit(characters, text[i])) {
+        ++i;
+        continue;
+      }
+      const std::size_t begin = i;
+      while (i < text.size() && IsWordUnit(characters, text[i])) ++i;
+      if (text[begin] >= u'A' && text[begin] <= u'Z') words.push_back({begin, i});
+    }
+    return words;
+  }
+  /// The phrases of a story that pages cut into these texts.
+  Phrases Of(const std::vector<std::u16string>& pages, bool ignoreNumbers = true) {
+    Phrases found;
+    CappedPhrases phrases(characters, ignoreNumbers, [&](std::u16string_view phrase) { found.emplace_back(phrase); });
+    for (const std::u16string& page : pages) phrases.Add(page, Words(page));
+    phrases.EndStory();
+    return found;
+  }
+  Phrases Of(const std::u16string& text, bool ignoreNumbers = true) {
+    return Of(std::vector<std::u16string>{text}, ignoreNumbers);
+  }
+
+  fakes::FakeCharacters characters;
+};
+
+TEST_F(PhrasesOfWords, CapitalisedNeighboursAreOnePhrase) {
+  EXPECT_EQ(Of(u"under the Stock Purchase Agreement, by its Chief Executive Officer\r"),
+            (Phrases{u"Stock Purchase Agreement", u"Chief Executive Officer"}));
+}
+
+TEST_F(PhrasesOfWords, OfConnects) {
+  EXPECT_EQ(Of(u"any Events of Default found by the Board of Directors\r"),
+            (Phrases{u"Events of Default", u"Board of Directors"}));
+  EXPECT_EQ(Of(u"CHANGE OF CONTROL and Change Of Control\r"), (Phrases{u"CHANGE OF CONTROL", u"Change Of Control"}));
+}
+
+TEST_F(PhrasesOfWords, OfConnectsOnceInAPhrase) {
+  EXPECT_EQ(Of(u"the Board of Directors of Seller\r"), (Phrases{u"Board of Directors", u"Seller"}));
+}
+
+TEST_F(PhrasesOfWords, OfDoesNotConnectToAReferenceOrToAnArticle) {
+  EXPECT_EQ(Of(u"a Breach of Section 5.1 or the Board of the Company\r"),
+            (Phrases{u"Breach", u"Section", u"Board", u"Company"}));
+}
+
+TEST_F(PhrasesOfWords, OtherSmallWordsDoNotConnect) {
+  EXPECT_EQ(Of(u"the Buyer and Seller, Fees for Services, Notice to Company\r"),
+            (Phrases{u"Buyer", u"Seller", u"Fees", u"Services", u"Notice", u"Company"}));
+}
+
+TEST_F(PhrasesOfWords, ASmallWordWithACapitalStandsAlone) {
+  EXPECT_EQ(Of(u"The Seller pays. Each Party agrees. A Party who\r"),
+            (Phrases{u"The", u"Seller", u"Each", u"Party", u"A", u"Party"}));
+  EXPECT_EQ(Of(u"Don\u2019t Panic\r"), (Phrases{u"Don\u2019t", u"Panic"}));
+}
+
+TEST_F(PhrasesOfWords, ASingleLetterGoesOnAPhrase) {
+  EXPECT_EQ(Of(u"the Series A Preferred Stock and Schedule I hereto\r"),
+            (Phrases{u"Series A Preferred Stock", u"Schedule I"}));
+}
+
+TEST_F(PhrasesOfWords, NoPhraseCrossesASentenceEndOrPunctuation) {
+  EXPECT_EQ(Of(u"to the Buyer. Seller pays; Company (Holding) and Parent, Subsidiary: Affiliate/Agent\r"),
+            (Phrases{u"Buyer", u"Seller", u"Company", u"Holding", u"Parent", u"Subsidiary", u"Affiliate", u"Agent"}));
+}
+
+TEST_F(PhrasesOfWords, NoPhraseCrossesALineOrACell) {
+  EXPECT_EQ(Of(u"Buyer\rSeller\vCompany\aParent\tAgent\fLender\xEOwner\r"),
+            (Phrases{u"Buyer", u"Seller", u"Company", u"Parent", u"Agent", u"Lender", u"Owner"}));
+}
+
+TEST_F(PhrasesOfWords, WordsJoinOverAPageBoundary) {
+  EXPECT_EQ(Of({u"under the Stock ", u"Purchase", u" Agreement of Buyer\rNext"}),
+            (Phrases{u"Stock Purchase Agreement of Buyer", u"Next"}));
+}
+
+TEST_F(PhrasesOfWords, ThreeBlanksSetWordsApart) {
+  EXPECT_EQ(Of(u"Buyer  Parent   Seller\r"), (Phrases{u"Buyer  Parent", u"Seller"}));
+}
+
+TEST_F(PhrasesOfWords, AHyphenatedWordIsOneWord) {
+  EXPECT_EQ(Of(u"a Non-Disclosure Agreement, Non-disclosure Terms, Cash\u001EOut Price, pre-Closing Period\r"),
+            (Phrases{u"Non-Disclosure Agreement", u"Non-disclosure Terms", u"Cash-Out Price", u"Closing Period"}));
+}
+
+TEST_F(PhrasesOfWords, TextIsGivenAsItReads) {
+  EXPECT_EQ(Of(u"the Stock\u00A0Purchase Agree\u001Fment and Clo\u00ADsing\u0005 Date\r"),
+            (Phrases{u"Stock Purchase Agreement", u"Closing Date"}));
+}
+
+TEST_F(PhrasesOfWords, APossessiveEndingEndsAPhrase) {
+  EXPECT_EQ(Of(u"the Company\u2019s Board, the Investors' Shares, John O\u2019Brien\r"),
+            (Phrases{u"Company", u"Board", u"Investors", u"Shares", u"John O\u2019Brien"}));
+}
+
+TEST_F(PhrasesOfWords, InitialsAreOneWord) {
+  EXPECT_EQ(Of(u"the U.S. Government, a Non-U.S. Member and C.F.R. rules\r"),
+            (Phrases{u"U.S. Government", u"Non-U.S. Member", u"C.F.R."}));
+}
+
+TEST_F(PhrasesOfWords, AnAmpersandJoins) {
+  EXPECT_EQ(Of(u"by Smith & Sons and R&D\r"), (Phrases{u"Smith & Sons", u"R&D"}));
+}
+
+TEST_F(PhrasesOfWords, WordsWithDigitsArePartOfNoPhrase) {
+  EXPECT_EQ(Of(u"a B2B Agreement, the Series A1 Preferred Stock, Form 10-K, Schedule 1\r"),
+            (Phrases{u"Agreement", u"Series", u"Preferred Stock", u"Form", u"Schedule"}));
+}
+
+TEST_F(PhrasesOfWords, WordsWithDigitsJoinWhereTheyAreNotIgnored) {
+  EXPECT_EQ(Of(u"a B2B Agreement, Form 10-K Report, Schedule 1, Section 5.1\r", false),
+            (Phrases{u"B2B Agreement", u"Form 10-K Report", u"Schedule 1", u"Section"}));
+}
+
+TEST_F(PhrasesOfWords, ATextInQuotesIsOnePhraseAsItStands) {
+  EXPECT_EQ(
+      Of(u"(the \u201CTerms and Conditions\u201D), \"Seller\u2019s Knowledge\", \u00ABNotice of default\u00BB, "
+         u"\u201Cthe Change in Control Date,\u201D\r"),
+      (Phrases{u"Terms and Conditions", u"Seller\u2019s Knowledge", u"Notice of default", u"Change in Control Date"}));
+}
+
+TEST_F(PhrasesOfWords, AQuotedPhraseIsKnownFromThereOn) {
+  EXPECT_EQ(Of(u"\u201CTerms and Conditions\u201D\rthe Terms and Conditions. Terms and conditions\r"),
+            (Phrases{u"Terms and Conditions", u"Terms and Conditions", u"Terms"}));
+}
+
+TEST_F(PhrasesOfWords, AQuotedSentenceIsNoPhrase) {
+  EXPECT_EQ(Of(u"\u201CPay Buyer. Then go.\u201D and \u201CBuyer: the Parent\u201D\r"),
+            (Phrases{u"Pay Buyer", u"Then", u"Buyer", u"Parent"}));
+  EXPECT_EQ(Of(u"\u201COne two three four five six seven eight nine ten eleven Buyer\u201D\r"),
+            (Phrases{u"One", u"Buyer"}));
+}
+
+TEST_F(PhrasesOfWords, AQuotedPhraseWithADigitIsTakenApart) {
+  EXPECT_EQ(Of(u"\u201CCredit Tier 1 Fees\u201D\r"), (Phrases{u"Credit Tier", u"Fees"}));
+  EXPECT_EQ(Of(u"\u201CCredit Tier 1 Fees\u201D\r", false), (Phrases{u"Credit Tier 1 Fees"}));
+}
+
+TEST_F(PhrasesOfWords, QuotesThatDoNotPairUpHurtNothing) {
+  EXPECT_EQ(Of(u"\u201CBuyer and \u201CSeller\u201D Parent\u201D\r"), (Phrases{u"Buyer", u"Seller", u"Parent"}));
+}
+
+TEST_F(PhrasesOfWords, AWordOfAPhraseInQuotesDoesNotJoinTheOneBefore) {
+  EXPECT_EQ(Of(u"Acme Limited \u201CSeller\u201D\r"), (Phrases{u"Acme Limited", u"Seller"}));
+}
+
+}  // namespace
