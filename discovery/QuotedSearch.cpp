@@ -1,6 +1,7 @@
 #include "discovery/QuotedSearch.h"
 
 #include "discovery/QuotePairs.h"
+#include "discovery/TermBreaks.h"
 #include "discovery/TermList.h"
 #include "settings/OptionSettings.h"
 
@@ -8,6 +9,7 @@ SearchResult SearchQuotedTerms(const QuotedSearch& quoted, QuoteCodes codes, boo
   const QuoteCheck check{quoted.search, quoted.host, quoted.ini, quoted.savedReplaceQuotes};
   if (CheckQuotePairs(check, codes)) return SearchResult::kStopQuietly;
   SelectQuotes(quoted.options.cmbOpenQuote, quoted.options.cmbCloseQuote, codes.open, codes.close);
-  const bool done = BuildQuotedTermList(quoted.search, quoted.host.messages, codes, bold, terms);
-  return done ? SearchResult::kGoOn : SearchResult::kFailed;
+  if (!BuildQuotedTermList(quoted.search, quoted.host, codes, bold, terms)) return SearchResult::kFailed;
+  WarnOfBreaks(terms, quoted.host.messages);
+  return SearchResult::kGoOn;
 }

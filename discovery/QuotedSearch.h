@@ -17,8 +17,9 @@ struct QuotedSearch {
   bool savedReplaceQuotes{false};
 };
 
-/// The whole search for terms in quotes: checks that the quotation marks pair up, finds the terms and says in
-/// lblTermsInDoc what came of it. The list itself is the caller's to fill.
+/// The whole search for terms in quotes: checks that the quotation marks pair up, finds the terms, offers
+/// to move the quotes of those that begin with an article, says in lblTermsInDoc what came of it, and warns of terms
+/// that hold breaks. The list itself is the caller's to fill.
 /// @param codes what is searched for first
 /// @param terms receives the terms, sorted; a single empty element when there are none; unchanged unless kGoOn
 /// @return kFailed after an error and kStopQuietly for quotation marks that do not pair up, both of which were shown

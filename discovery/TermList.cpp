@@ -2,6 +2,7 @@
 
 #include "addin/clsProgForm.h"
 #include "addin/modCommonErrorMsgs.h"
+#include "discovery/Articles.h"
 #include "discovery/FoundTermsLabel.h"
 #include "discovery/modQuickSort.h"
 #include "platform/word/Document.h"
@@ -19,7 +20,6 @@ FoundTerms FindInDocument(const TermSearch& search, QuoteCodes codes, bool bold)
     if (story->StoryType() >= word::wdCommentsStory) continue;
     terms = FindQuotedTerms(search, story, codes, bold, std::move(terms));
   }
-  QuickSort(terms, 0, static_cast<int>(terms.size()) - 1);
   return terms;
 }
 
@@ -27,10 +27,13 @@ FoundTerms FindInDocument(const TermSearch& search, QuoteCodes codes, bool bold)
 
 bool AnyFound(const FoundTerms& terms) { return terms.size() > 1 || !terms.front().empty(); }
 
-bool BuildQuotedTermList(const TermSearch& search, os::Messages& messages, QuoteCodes codes, bool bold,
-                         FoundTerms& terms) {
-  const bool done = TrapErrors(messages, u"Get list of terms failed", [&] {
-    terms = FindInDocument(search, codes, bold);
+bool BuildQuotedTermList(const TermSearch& search, const Host& host, QuoteCodes codes, bool bold, FoundTerms& terms) {
+  const bool done = TrapErrors(host.messages, u"Get list of terms failed", [&] {
+    FoundTerms found = FindInDocument(search, codes, bold);
+    // What was moved shows in the list as it now stands in the document.
+    if (OfferToMoveQuotes(search.document, host, found)) found = FindInDocument(search, codes, bold);
+    QuickSort(found, 0, static_cast<int>(found.size()) - 1);
+    terms = std::move(found);
     const TermKind kind = bold ? TermKind::kBoldQuoted : TermKind::kQuoted;
     search.controls.lblTermsInDoc.SetCaption(FoundTermsLabel(kind, AnyFound(terms)));
   });

@@ -10,7 +10,9 @@ struct FindArguments {
   int Replace{wdReplaceNone};
 };
 
-/// What a replacement puts in the place of a match.
+/// What a replacement puts in the place of a match. Where its text is the searched one with the first character moved
+/// on, as when a quotation mark goes past a word, only that character moves, with the style and formatting that it has;
+/// where changes are tracked, as one deletion and one insertion.
 class Replacement : public Object {
  public:
   virtual void ClearFormatting() = 0;

@@ -8,6 +8,7 @@ namespace word {
 
 /// The numbers a host raises. Where Word has a number for the case, it is Word's.
 enum ErrorNumber : int {
+  kInvalidCall = 5,
   kOutOfMemory = 7,
   kFileNotFound = 53,
   kDeviceError = 57,

@@ -1,5 +1,6 @@
 #include <utility>
 
+#include "hosts/docx/find/Replacing.h"
 #include "hosts/docx/find/Search.h"
 #include "hosts/docx/model/RangeProxy.h"
 #include "platform/word/Find.h"
@@ -107,7 +108,11 @@ class FindProxy : public word::Find {
                const SearchScope& scope, const Match& match) const {
     const ReplacementSettings& replacement = range_->replacement;
     const bool formats = replacement.format || replacement.highlight.has_value();
-    if (!replacement.text.empty() || !formats) {
+    const std::optional<std::size_t> past =
+        Values().wildcards ? std::nullopt : CharactersMovedPast(Values().text, replacement.text);
+    if (past) {
+      MoveFirst(*document, story, SeenParts(story, scope, match), *past);
+    } else if (!replacement.text.empty() || !formats) {
       const std::vector<GroupSpan> parts = SeenParts(story, scope, match);
       for (std::size_t part = parts.size(); part-- > 1;) {
         RangeProxy::Make(document, story, parts[part].start, parts[part].end)->Delete();
@@ -118,6 +123,25 @@ class FindProxy : public word::Find {
     if (replacement.highlight) {
       range->SetHighlightColorIndex(*replacement.highlight != 0 ? word::wdYellow : word::wdNoHighlight);
     }
+  }
+
+  /// @param parts of the match, as far as it was seen @param past so many of the characters behind the first
+  static void MoveFirst(OpenDocument& document, Story& story, const std::vector<GroupSpan>& parts, std::size_t past) {
+    document.BeforeChange("Find.Execute");
+    // Directly before the character that is to follow.
+    Position to = parts.back().end;
+    auto left = static_cast<Position>(past) + 1;
+    for (const GroupSpan& part : parts) {
+      if (left < part.end - part.start) {
+        to = part.start + left;
+        break;
+      }
+      left -= part.end - part.start;
+    }
+    std::optional<Story::TrackedMove> tracked;
+    RevisionMarks& revisions = document.Revisions();
+    if (revisions.Tracking()) tracked = {revisions.Next(), revisions.Next()};
+    story.MoveCharacter(parts.front().start, to, tracked ? &*tracked : nullptr);
   }
 
   RangeProxyPtr range_;

@@ -9,7 +9,7 @@
 namespace docx {
 
 OpenDocument::OpenDocument(std::unique_ptr<Package> package, DocumentSettings settings, DocumentFile& file)
-    : settings_(std::move(settings)), file_(file), parts_(std::move(package)) {
+    : settings_(std::move(settings)), file_(file), parts_(std::move(package)), revisions_(parts_) {
   for (const int type : {word::wdMainTextStory, word::wdFootnotesStory, word::wdEndnotesStory}) {
     for (const auto& story : parts_.Stories(type)) bookmarks_.Read(*story);
   }

@@ -6,6 +6,7 @@
 #include "hosts/docx/WordProcessor.h"
 #include "hosts/docx/model/BookmarkIndex.h"
 #include "hosts/docx/model/DocumentParts.h"
+#include "hosts/docx/model/RevisionMarks.h"
 #include "hosts/docx/pages/Paginator.h"
 
 namespace docx {
@@ -20,6 +21,7 @@ class OpenDocument {
   DocumentParts& Parts() { return parts_; }
   /// The bookmarks of main text and notes.
   BookmarkIndex& Bookmarks() { return bookmarks_; }
+  RevisionMarks& Revisions() { return revisions_; }
   Anchor& Selection() { return *selection_; }
   void Select(Story& story, Position start, Position end);
 
@@ -46,6 +48,7 @@ class OpenDocument {
   DocumentFile& file_;
   DocumentParts parts_;
   BookmarkIndex bookmarks_;
+  RevisionMarks revisions_;
   std::unique_ptr<Anchor> selection_;
   std::unique_ptr<Paginator> pages_;
   bool protected_{false};

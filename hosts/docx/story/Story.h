@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "hosts/docx/story/AtomSequence.h"
+#include "hosts/docx/story/RevisionStamp.h"
 #include "hosts/docx/xml/XmlPart.h"
 
 namespace docx {
@@ -69,6 +70,14 @@ class Story {
   /// Removes text. Bookmarks whose whole text goes are removed with it. A paragraph mark that has no other paragraph
   /// of the same container behind it stays.
   void Erase(Position start, Position end);
+  struct TrackedMove {
+    RevisionStamp deletion;
+    RevisionStamp insertion;
+  };
+  /// Puts a character of a text elsewhere in its story, with the formatting that it has; outside of a bookmark that
+  /// begins there. @param tracked as a deletion and an insertion; nullptr: untracked @pre the character is behind no
+  /// mark of a field, from < to
+  void MoveCharacter(Position from, Position to, const TrackedMove* tracked);
   /// Divides runs so that none spans the stretch's ends. @return the runs between, in order, each once; only runs
   /// with text that is not deleted
   std::vector<XmlNode> IsolateRuns(Position start, Position end);
@@ -118,6 +127,10 @@ class Story {
   /// Of the marks of separate runs in front of a run one at most is wanted, and none at a paragraph's start.
   void RejoinAt(Position position);
   void MoveAnchors(Position at, Position removed, Position inserted);
+  XmlNode InsertCopyOf(Position from, Position to, const std::u16string& character,
+                              const RevisionStamp* tracked);
+  void PutBeforeBookmarkStarts(Position character, XmlNode inserted);
+  void MarkDeleted(Position at, const RevisionStamp& stamp);
 
   std::shared_ptr<XmlPart> part_;
   int type_;

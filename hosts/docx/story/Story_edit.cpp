@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "hosts/docx/story/ApartMark.h"
+#include "hosts/docx/story/InsertionPoint.h"
 #include "hosts/docx/story/Story.h"
 #include "hosts/docx/story/StoryBuilder.h"
 #include "hosts/docx/story/TextElement.h"
@@ -12,27 +13,6 @@
 #include "platform/word/HostError.h"
 
 namespace docx {
-
-/// Where new run-level elements go: behind `after` in `parent`, or, without it, first in the parent (behind its
-/// properties).
-struct Story::InsertionPoint {
-  XmlNode parent;
-  XmlNode after;
-  AtomSequence::Place before;  ///< of the atom that will follow the new ones
-
-  XmlNode Add(const XmlPart& part, const char* local) {
-    XmlNode added;
-    if (after) {
-      added = parent.InsertChildAfter(part.Name(local), after);
-    } else if (const XmlNode properties = part.Child(parent, Tag::kPPr)) {
-      added = parent.InsertChildAfter(part.Name(local), properties);
-    } else {
-      added = parent.PrependChild(part.Name(local));
-    }
-    after = added;
-    return added;
-  }
-};
 
 namespace {
 

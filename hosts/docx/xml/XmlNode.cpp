@@ -197,6 +197,12 @@ void XmlNode::SetTarget(std::string_view target) {
   Parent().ContentChanged();
 }
 
+void XmlNode::SetName(const XmlName& name) {
+  name.used = true;
+  data_->name = &name;
+  Parent().ContentChanged();
+}
+
 void XmlNode::SetOnlyText(std::string_view text) {
   data_->first = nullptr;
   data_->flags = XmlNodeData::kWhole | XmlNodeData::kTextOnly;

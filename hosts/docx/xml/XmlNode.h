@@ -173,6 +173,8 @@ class XmlNode {
   /// Of an instruction or text.
   void SetValue(std::string_view value);
   void SetTarget(std::string_view target);
+  /// Of an element. @param name of the same document
+  void SetName(const XmlName& name);
   /// Makes one text of all that an element holds.
   void SetOnlyText(std::string_view text);
 

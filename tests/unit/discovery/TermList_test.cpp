@@ -3,10 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "addin/clsProgForm.h"
-#include "tests/fakes/FakeFormHost.h"
-#include "tests/fakes/FakeServices.h"
+#include "tests/fakes/FakeHost.h"
 #include "tests/fakes/FakeTermMarker.h"
-#include "tests/fakes/FakeWord.h"
 #include "tests/fakes/TermListForm.h"
 
 namespace {
@@ -19,16 +17,17 @@ class TermList : public testing::Test {
                             marker,
                             progress,
                             {form.lstTermsInDoc, form.lblTermsInDoc, form.StatusBar1}};
-    return BuildQuotedTermList(search, messages, {}, false, terms);
+    return BuildQuotedTermList(search, services, {}, false, terms);
   }
 
-  fakes::CallLog log;
-  fakes::FakeMessages messages{log};
-  fakes::FakeWord word{log};
+  fakes::FakeHost host;
+  Host services{host.Make()};
+  fakes::CallLog& log{host.log};
+  fakes::FakeMessages& messages{host.messages};
+  fakes::FakeWord& word{host.word};
   fakes::FakeTermMarker marker{log};
-  fakes::FakeFormHost host{log};
-  fakes::TermListForm form{host};
-  clsProgForm progress{host};
+  fakes::TermListForm form{host.forms};
+  clsProgForm progress{host.forms};
   FoundTerms terms{u"before"};
 };
 
@@ -74,6 +73,27 @@ TEST_F(TermList, AnErrorIsShownAndLeavesTheTermsAlone) {
   EXPECT_EQ(terms, FoundTerms{u"before"});
   EXPECT_EQ(messages.shown.at(0).text, u"Error: 4605 This method or property is not available");
   EXPECT_EQ(log.Count("unload frmProgressForm"), 1);
+}
+
+TEST_F(TermList, AMovedTermIsListedAsItNowStandsAndNoQuestionComesAgain) {
+  word.stories = {{1, u"\"the Seller\" \"the Buyer\" \"Act\"\r", {}}, {2, u"\"The Seller\"\r", {}}};
+  host.forms.On("frmKVXRemoveArticles", [](fakes::FormDriver& d) {
+    const auto& list = d.At<forms::ListBox>("lstTerms");
+    EXPECT_EQ(list.List(0), u"the Seller") << "in the order of the document";
+    EXPECT_EQ(list.List(1), u"the Buyer");
+    d.Select("lstTerms", 0, true);
+    d.Click("cmdOK");
+  });
+  ASSERT_TRUE(Build());
+  EXPECT_EQ(terms, (FoundTerms{u"Act", u"Seller", u"the Buyer"}));
+}
+
+TEST_F(TermList, ArticlesThatAreLeftStayInTheList) {
+  word.stories = {{1, u"\"the Seller\"\r", {}}};
+  host.forms.On("frmKVXRemoveArticles", [](fakes::FormDriver& d) { d.Click("cmdCancel"); });
+  ASSERT_TRUE(Build());
+  EXPECT_EQ(terms, FoundTerms{u"the Seller"});
+  EXPECT_EQ(word.stories[0].text, u"\"the Seller\"\r");
 }
 
 TEST_F(TermList, EveryTermIsListedAndSelected) {

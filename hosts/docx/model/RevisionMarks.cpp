@@ -1,0 +1,75 @@
+#include "hosts/docx/model/RevisionMarks.h"
+
+#include <array>
+#include <charconv>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <string_view>
+
+#include "platform/word/Constants.h"
+
+namespace docx {
+
+namespace {
+
+constexpr char kAuthor[] = "Kelvarin";
+
+std::time_t Now() {
+  const char* const given = std::getenv("SOURCE_DATE_EPOCH");
+  if (given != nullptr) {
+    std::time_t seconds = 0;
+    const char* const end = given + std::strlen(given);
+    const auto [last, error] = std::from_chars(given, end, seconds);
+    if (error == std::errc() && last == end) return seconds;
+  }
+  return std::time(nullptr);
+}
+
+std::string Date() {
+  const std::time_t now = Now();
+  std::tm parts{};
+  std::array<char, sizeof "9999-12-31T23:59:59Z"> text{};
+  if (gmtime_r(&now, &parts) == nullptr) return {};
+  return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%SZ", &parts)};
+}
+
+bool SaysTracking(XmlPart* settings) {
+  if (settings == nullptr) return false;
+  const XmlNode tracking = settings->Child(settings->Root(), "trackRevisions");
+  const std::string_view value = settings->Attribute(tracking, "val").Value();
+  return tracking && value != "0" && value != "false" && value != "off";
+}
+
+/// The node behind another in document order, its children first; none at the end.
+XmlNode Following(XmlNode node) {
+  if (node.IsElement() && node.FirstChild()) return node.FirstChild();
+  while (node && !node.NextSibling()) node = node.Parent();
+  return node.NextSibling();
+}
+
+}  // namespace
+
+RevisionMarks::RevisionMarks(DocumentParts& parts) : parts_(parts), tracking_(SaysTracking(parts.Settings())) {}
+
+void RevisionMarks::CollectIds() {
+  ids_.insert(0);
+  for (const int type : {word::wdMainTextStory, word::wdFootnotesStory, word::wdEndnotesStory}) {
+    for (const auto& story : parts_.Stories(type)) {
+      const XmlPart& part = story->Part();
+      for (XmlNode node = part.Root(); node; node = Following(node)) {
+        if (const XmlAttribute id = part.Attribute(node, "id")) ids_.insert(id.AsInt());
+      }
+    }
+  }
+}
+
+RevisionStamp RevisionMarks::Next() {
+  if (ids_.empty()) CollectIds();
+  do {
+    ++last_;
+  } while (!ids_.insert(last_).second);
+  return {last_, kAuthor, Date()};
+}
+
+}  // namespace docx

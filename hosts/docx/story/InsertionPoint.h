@@ -1,0 +1,28 @@
+#pragma once
+
+#include "hosts/docx/story/Story.h"
+
+namespace docx {
+
+/// Where new run-level elements go: behind `after` in `parent`, or, without it, first in the parent (behind its
+/// properties).
+struct Story::InsertionPoint {
+  XmlNode parent;
+  XmlNode after;
+  AtomSequence::Place before;  ///< of the atom that will follow the new ones
+
+  XmlNode Add(const XmlPart& part, const char* local) {
+    XmlNode added;
+    if (after) {
+      added = parent.InsertChildAfter(part.Name(local), after);
+    } else if (const XmlNode properties = part.Child(parent, Tag::kPPr)) {
+      added = parent.InsertChildAfter(part.Name(local), properties);
+    } else {
+      added = parent.PrependChild(part.Name(local));
+    }
+    after = added;
+    return added;
+  }
+};
+
+}  // namespace docx
