@@ -7,6 +7,7 @@
 #include "dialogs/frmKVXOptions.h"
 #include "dialogs/frmKVX_COM.h"
 #include "discovery/CappedSearch.h"
+#include "discovery/DocumentCheck.h"
 #include "discovery/QuotedSearch.h"
 #include "discovery/TermList.h"
 #include "platform/forms/FormHost.h"
@@ -190,6 +191,10 @@ bool Connect::Search(frmKVX_COM& dialog) {
 }
 
 SearchResult Connect::SearchQuotedTerms(const word::DocumentPtr& document, frmKVX_COM& dialog) {
+  // The first list of a run is made without asking; a refresh asks.
+  const DocumentCheck check =
+      CheckDocumentBeforeSearch(document, host_.forms.WindowHandle(dialog), false, u"SearchFlagged", host_);
+  if (check == DocumentCheck::kStop) return SearchResult::kStopQuietly;
   const QuoteCodes codes{ReadQuoteCode(ini_, u"OpenQuote", u"147"), ReadQuoteCode(ini_, u"CloseQuote", u"148")};
   const TermSearch search{wordApp_, document, *termMarker_, *progress_, dialog.SearchControls(), ProgressMode::kWindow};
   const QuotedSearch quoted{search, host_, ini_, dialog.Options(), SavedReplaceQuotes()};
@@ -202,6 +207,9 @@ SearchResult Connect::SearchQuotedTerms(const word::DocumentPtr& document, frmKV
 }
 
 SearchResult Connect::SearchCappedTerms(const word::DocumentPtr& document, frmKVX_COM& dialog) {
+  const DocumentCheck check =
+      CheckDocumentBeforeSearch(document, host_.forms.WindowHandle(dialog), true, u"SearchInitCaps", host_);
+  if (check == DocumentCheck::kStop) return SearchResult::kStopQuietly;
   const TermSearch search{wordApp_, document, *termMarker_, *progress_, dialog.SearchControls(), ProgressMode::kWindow};
   dialog.firstFillInProgress = true;
   FoundTerms terms(1);

@@ -2,6 +2,7 @@
 
 #include "addin/clsProgForm.h"
 #include "discovery/CappedSearch.h"
+#include "discovery/DocumentCheck.h"
 #include "discovery/QuotedSearch.h"
 #include "discovery/TermList.h"
 #include "platform/forms/FormHost.h"
@@ -147,6 +148,10 @@ void frmKVX_COM::cmdSetDefaults_Click() {
 
 void frmKVX_COM::SearchAgain() {
   if (KVXAddIn == nullptr) return;
+  const std::u16string_view chosenType = optSearchType[1].Value() ? u"SearchInitCaps" : u"SearchFlagged";
+  const DocumentCheck check = CheckDocumentBeforeSearch(
+      KVXAddIn->ActiveIndexDocument(), Services().forms.WindowHandle(*this), true, chosenType, Services());
+  if (check == DocumentCheck::kStop) return;
   const KeptList before(lstTermsInDoc);
   FoundTerms terms{u""};
   if (FindTerms(terms) && AnyFound(terms)) {

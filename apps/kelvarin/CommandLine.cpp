@@ -182,6 +182,8 @@ class Reader {
     const std::set<int> quotes{147, 148, 132, 171, 187};
     AddValue(command, "--open-quote", index.openQuote, "Windows-1252 code of the opening quote", CLI::IsMember(quotes));
     AddValue(command, "--close-quote", index.closeQuote, "and of the closing one", CLI::IsMember(quotes));
+    command.add_flag("--fix-articles", index.fixArticles,
+                     "move the opening quote past the article of every term that begins with one");
   }
 
   void AddPages(CLI::App& command) {

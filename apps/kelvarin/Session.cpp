@@ -21,15 +21,9 @@ namespace fs = std::filesystem;
 using unattended::RunStateOptions;
 using Json = nlohmann::ordered_json;
 
-/// Windows' numbers of the attributes that a file can have here.
-constexpr int kReadOnlyAttribute = 1;
-constexpr int kArchiveAttribute = 32;
-
 constexpr std::u16string_view kNewDocumentName = u"Document1";
 
-int AttributesOf(const fs::path& file) {
-  return os::IsReadOnly(file) ? kArchiveAttribute | kReadOnlyAttribute : kArchiveAttribute;
-}
+int AttributesOf(const fs::path& file) { return os::IsReadOnly(file) ? os::kArchive | os::kReadOnly : os::kArchive; }
 
 PrivateSettings::Source SettingsSource(const Options& options, const RunStateOptions& state) {
   return {.file = options.settings, .writeBack = options.inputs.size() == 1, .applicationData = state.appData};
@@ -103,6 +97,7 @@ void Session::Open(const fs::path& input) {
   } else {
     settings.name = os::ToWindowsPath(absolute.filename().string());
     settings.path = os::ToWindowsPath(absolute.parent_path().lexically_normal().string());
+    files_.SetDocument(settings.path + u"\\" + settings.name, attributes_);
   }
   processor_.Open(docx::Package::Open(input), settings, file_);
 }
@@ -218,11 +213,16 @@ Json Session::OptionsAtEnd() const {
   return options;
 }
 
+int Session::AttributesAtEnd() {
+  const word::DocumentPtr document = processor_.Application()->ActiveDocument();
+  return document->Path().empty() ? attributes_ : files_.Attributes(document->Path() + u"\\" + document->Name());
+}
+
 Json Session::StateAtEnd() {
   Json state = Json::object();
   if (HasDocument()) {
     if (processor_.Application()->ActiveDocument()->Path().empty()) state["new"] = true;
-    state["attributes"] = attributes_;
+    state["attributes"] = AttributesAtEnd();
     const docx::SelectionState selection = processor_.Selection();
     state["cursor"] = {{"story", selection.story}, {"start", selection.start}, {"end", selection.end}};
     const docx::WindowState& window = processor_.Window();

@@ -14,6 +14,7 @@
 #include "apps/kelvarin/PrivateDocument.h"
 #include "apps/kelvarin/PrivateFolder.h"
 #include "apps/kelvarin/PrivateSettings.h"
+#include "apps/kelvarin/RunFiles.h"
 #include "apps/kelvarin/RunLog.h"
 #include "apps/kelvarin/RunWatch.h"
 #include "hosts/docx/WordProcessor.h"
@@ -68,6 +69,7 @@ class Session {
   std::string AddInFolder() const;
   nlohmann::ordered_json OptionsAtEnd() const;
   nlohmann::ordered_json StateAtEnd();
+  int AttributesAtEnd();
 
   const Options& options_;
   unattended::RunStateOptions state_;
@@ -77,7 +79,7 @@ class Session {
   int attributes_;
 
   os::LinuxProfile profile_;
-  os::LinuxFiles files_;
+  RunFiles files_;
   os::LinuxFolders folders_;
   os::LinuxProcesses processes_;
   os::LinuxUserSettings userSettings_;

@@ -123,6 +123,11 @@ bool LinuxFiles::FolderExists(std::u16string_view path) {
   return std::filesystem::is_directory(ToPosixPath(path), failure);
 }
 
+int LinuxFiles::Attributes(std::u16string_view path) {
+  if (!FileExists(path)) return -1;
+  return IsReadOnly(ToPosixPath(path)) ? kReadOnly : kArchive;
+}
+
 void LinuxFiles::CreateFolder(std::u16string_view path) {
   if (mkdir(ToPosixPath(path).c_str(), 0777) != 0) FailPathNotFound("Files.CreateFolder");
 }

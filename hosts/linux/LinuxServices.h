@@ -18,6 +18,8 @@ class LinuxFiles : public Files {
   /// Anything but a folder, links followed.
   bool FileExists(std::u16string_view path) override;
   bool FolderExists(std::u16string_view path) override;
+  /// Read-only alone for a file without write permission: there is no archive attribute to go with it.
+  int Attributes(std::u16string_view path) override;
   void CreateFolder(std::u16string_view path) override;
   /// A lock that another program holds on the file, of either kind that Linux has, makes this fail.
   void OpenForBinary(std::u16string_view path) override;

@@ -3,6 +3,7 @@
 #include "hosts/unattended/FormScript.h"
 #include "hosts/unattended/Text.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace unattended {
@@ -55,12 +56,15 @@ class Steps {
     step.select = Step::Select::kAll;
     Do(step);
   }
-  bool Holds(const char* list, const std::u16string& item) {
+  std::vector<std::u16string> Entries(const char* list) {
     const auto& box = dynamic_cast<const forms::ListBox&>(Control(list));
-    for (int i = 0; i < box.ListCount(); ++i) {
-      if (box.List(i) == item) return true;
-    }
-    return false;
+    std::vector<std::u16string> entries;
+    for (int i = 0; i < box.ListCount(); ++i) entries.push_back(box.List(i));
+    return entries;
+  }
+  bool Holds(const char* list, const std::u16string& item) {
+    const std::vector<std::u16string> entries = Entries(list);
+    return std::find(entries.begin(), entries.end(), item) != entries.end();
   }
 
  private:
@@ -87,6 +91,15 @@ class Steps {
   forms::Form& form_;
   const std::function<void()>& stepDone_;
 };
+
+/// Whether a term has something behind its article, and is short enough to be searched for behind a quote; a caret is
+/// searched for as two.
+bool CanMoveQuote(const std::u16string& term) {
+  constexpr std::size_t kLongestSearch = 255;
+  const std::size_t blank = term.find(u' ');
+  if (blank == std::u16string::npos || term.find_first_not_of(u' ', blank) == std::u16string::npos) return false;
+  return 1 + term.size() + static_cast<std::size_t>(std::count(term.begin(), term.end(), u'^')) <= kLongestSearch;
+}
 
 template <class Enum>
 std::optional<int> Element(std::optional<Enum> value) {
@@ -128,6 +141,8 @@ void IndexAnswers::WorkIn(forms::Form& form, const std::function<void()>& stepDo
   try {
     if (form.Name() == "frmKVXOptions") {
       SetOptions(form, stepDone);
+    } else if (form.Name() == "frmKVXRemoveArticles" && options_.fixArticles) {
+      MoveArticles(form, stepDone);
     } else if (form.Name() == "frmKVX_COM") {
       if (!options_.searchOnly) ChooseTerms(form, stepDone);
     } else {
@@ -155,6 +170,14 @@ void IndexAnswers::SetOptions(forms::Form& form, const std::function<void()>& st
   if (options_.columns) steps.Type("txtCols", std::to_string(*options_.columns));
   steps.Type("txtSep", options_.separator);
   steps.Tick("chkTabSep", options_.tab);
+  steps.Click("cmdOK");
+}
+
+void IndexAnswers::MoveArticles(forms::Form& form, const std::function<void()>& stepDone) {
+  Steps steps(form, stepDone);
+  std::vector<std::u16string> movable = steps.Entries("lstTerms");
+  std::erase_if(movable, [](const std::u16string& term) { return !CanMoveQuote(term); });
+  for (const std::u16string& term : movable) steps.Select("lstTerms", term, true);
   steps.Click("cmdOK");
 }
 

@@ -39,6 +39,8 @@ struct IndexOptions {
   std::vector<std::string> exclude{};
   /// Deselect every found term first.
   bool onlyAdded{false};
+  /// Tick every term whose quote can be moved past its article.
+  bool fixArticles{false};
   /// Search only: the terms dialog is cancelled when it comes.
   bool searchOnly{false};
 };
@@ -57,6 +59,7 @@ class IndexAnswers : public DialogAnswers {
  private:
   void SetOptions(forms::Form& form, const std::function<void()>& stepDone);
   void LoadList(forms::Form& form, const std::function<void()>& stepDone);
+  void MoveArticles(forms::Form& form, const std::function<void()>& stepDone);
   void ChooseTerms(forms::Form& form, const std::function<void()>& stepDone);
 
   IndexOptions options_;

@@ -6,6 +6,10 @@
 
 namespace os {
 
+/// Windows' numbers of the attributes that a file can have here.
+inline constexpr int kReadOnly = 1;
+inline constexpr int kArchive = 32;
+
 /// A file that is written anew. Until Close the file is what it was before; without Close, what was written is
 /// dropped.
 class OutputFile {
@@ -27,6 +31,8 @@ class Files {
   virtual ~Files() = default;
   virtual bool FileExists(std::u16string_view path) = 0;
   virtual bool FolderExists(std::u16string_view path) = 0;
+  /// The sum of the file's attributes; -1 when there is no such file.
+  virtual int Attributes(std::u16string_view path) = 0;
   /// Creates the last level. @throws word::HostError kPathNotFound
   virtual void CreateFolder(std::u16string_view path) = 0;
   /// Opens a file for reading and writing, or where that is refused for reading, and closes it again. A file that is

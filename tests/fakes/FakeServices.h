@@ -36,6 +36,10 @@ class FakeFiles : public os::Files {
   }
   bool FileExists(std::u16string_view path) override { return files.count(Single(path)) != 0; }
   bool FolderExists(std::u16string_view path) override { return folders.count(Single(path)) != 0; }
+  int Attributes(std::u16string_view path) override {
+    const auto found = attributes.find(Single(path));
+    return found == attributes.end() ? os::kArchive : found->second;
+  }
   void CreateFolder(std::u16string_view path) override {
     const std::u16string folder = Single(path);
     if (!folders.count(folder.substr(0, folder.rfind(u'\\')))) {
@@ -64,6 +68,8 @@ class FakeFiles : public os::Files {
   std::set<std::u16string> files;
   std::set<std::u16string> folders;
   std::vector<std::u16string> created;
+  /// Of files that are more than merely there.
+  std::map<std::u16string, int> attributes;
   /// The bytes of files; one that is not here is empty.
   std::map<std::u16string, std::string> contents;
   std::set<std::u16string> locked;

@@ -503,7 +503,7 @@ class FakeDocument : public word::Document {
  public:
   explicit FakeDocument(FakeWord& word) : word_(word) {}
   std::u16string Name() const override { return word_.name; }
-  std::u16string Path() const override { return u"C:\\Contracts"; }
+  std::u16string Path() const override { return word_.path; }
   word::StoryRangesPtr StoryRanges() const override { return std::make_shared<FakeStoryRanges>(word_); }
   word::BookmarksPtr Bookmarks() const override { return std::make_shared<FakeBookmarks>(word_); }
   word::FieldsPtr Fields() const override { return std::make_shared<FakeFields>(word_); }
@@ -522,8 +522,13 @@ class FakeDocument : public word::Document {
     word_.showSpellingErrors = value;
   }
   void UndoClear() override { word_.log.Add("Document.UndoClear"); }
-  void Save() override { NotHere(); }
-  void SaveAs(std::u16string_view) override { NotHere(); }
+  void Save() override { word_.log.Add("Document.Save"); }
+  void SaveAs(std::u16string_view fileName) override {
+    word_.log.Add("Document.SaveAs " + Plain(fileName));
+    const std::size_t separator = fileName.rfind(u'\\');
+    word_.path = fileName.substr(0, separator);
+    word_.name = fileName.substr(separator + 1);
+  }
 
  private:
   FakeWord& word_;

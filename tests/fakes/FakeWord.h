@@ -59,6 +59,7 @@ class FakeWord {
   /// Every search is an error.
   bool findFails{false};
   std::u16string name{u"contract.docx"};
+  std::u16string path{u"C:\\Contracts"};
   std::vector<Story> stories{{word::wdMainTextStory, u"\r", {}, {}}};
   std::map<std::u16string, Place> bookmarks;
   /// What was highlighted, in that order.

@@ -1,5 +1,6 @@
 #include "hosts/unattended/IndexAnswers.h"
 
+#include "dialogs/frmKVXRemoveArticles.h"
 #include "tests/forms/Dialogs.h"
 
 namespace {
@@ -134,6 +135,22 @@ TEST_F(Index, WithNoTermChosenTheDialogIsCancelled) {
   EXPECT_EQ(ShowTerms(wanted, {u"Buyer"}).Tag(), u"Cancel");
   EXPECT_EQ(shown.at(0).title, u"Nothing selected");
   EXPECT_EQ(source->Failure(), "");
+}
+
+TEST_F(Index, ArticlesAreLeftAloneUnlessTheyAreToBeFixed) {
+  const std::u16string caretsOnly = u"the " + std::u16string(126, u'^');
+  const Texts found{
+      u"the Bank", u"the", u"a  ", u"any " + std::u16string(250, u'x'), u"any " + std::u16string(251, u'x'),
+      caretsOnly};
+  for (const bool fix : {false, true}) {
+    IndexOptions wanted;
+    wanted.fixArticles = fix;
+    Use(wanted);
+    frmKVXRemoveArticles dialog(*services, found);
+    host->ShowModal(dialog);
+    EXPECT_EQ(dialog.Tag(), fix ? u"OK" : u"Cancel");
+    EXPECT_EQ(dialog.TickedTerms(), fix ? (Texts{found[0], found[3]}) : Texts{});
+  }
 }
 
 TEST_F(Index, ASearchAloneCancelsTheTermsDialog) {

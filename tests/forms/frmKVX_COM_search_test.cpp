@@ -9,9 +9,17 @@ namespace {
 using Texts = std::vector<std::u16string>;
 using Json = nlohmann::ordered_json;
 
+const std::string kSave = R"({"message":"Save document","press":"OK"})";
+
 class Refresh : public Dialogs {
  protected:
   Refresh() { word.stories = {{word::wdMainTextStory, u"The \"Seller\" sells to the \"Buyer\".\r", {{5, 11}}}}; }
+
+  /// Steps that search once, answered with the leave to save, before the other answers.
+  frmKVX_COM& StepsThatSearch(const std::vector<std::u16string>& found, const std::string& steps,
+                              const std::string& otherAnswers = "") {
+    return StepsInTerms(found, steps, kSave + (otherAnswers.empty() ? "" : "," + otherAnswers));
+  }
 
   std::vector<Json> Events(const std::string& kind) const {
     std::vector<Json> events;
@@ -25,14 +33,15 @@ class Refresh : public Dialogs {
 };
 
 TEST_F(Refresh, TheFoundTermsReplaceTheListSortedAndSelected) {
-  frmKVX_COM& dialog = StepsInTerms({u"old"}, R"({"click":"cmdRefresh"})");
+  frmKVX_COM& dialog = StepsThatSearch({u"old"}, R"({"click":"cmdRefresh"})");
   EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*Buyer", u"*Seller"}));
   EXPECT_EQ(dialog.lstTermsInDoc.ListIndex(), 0);
   EXPECT_EQ(dialog.DefaultButton(), &dialog.cmdOK);
 }
 
 TEST_F(Refresh, ItEnablesOKAndCancel) {
-  Answer(R"({"form":"frmKVX_COM","do":[{"click":"cmdRefresh"},{"focus":"cmdOK"},{"click":"cmdCancel"}]})");
+  Answer(R"({"form":"frmKVX_COM","do":[{"click":"cmdRefresh"},{"focus":"cmdOK"},{"click":"cmdCancel"}]})" +
+         ("," + kSave));
   frmKVX_COM& dialog = MakeTerms();
   dialog.cmdOK.SetEnabled(false);
   dialog.cmdCancel.SetEnabled(false);
@@ -42,7 +51,7 @@ TEST_F(Refresh, ItEnablesOKAndCancel) {
 }
 
 TEST_F(Refresh, TheOptionsInTheDialogCountWithoutBeingSaved) {
-  frmKVX_COM& dialog = StepsInTerms({}, R"({"set":"chkBold","to":1},{"click":"cmdRefresh"})");
+  frmKVX_COM& dialog = StepsThatSearch({}, R"({"set":"chkBold","to":1},{"click":"cmdRefresh"})");
   EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*Seller"}));
   EXPECT_TRUE(profile.written.empty());
 }
@@ -50,21 +59,21 @@ TEST_F(Refresh, TheOptionsInTheDialogCountWithoutBeingSaved) {
 TEST_F(Refresh, TheChosenQuotesAreSearchedFor) {
   frmKVX_COM& dialog =
       StepsInTerms({u"old"}, R"({"set":"cmbOpenQuote","to":3},{"set":"cmbCloseQuote","to":4},{"click":"cmdRefresh"})",
-                   R"({"message":"Refresh terms list","press":"OK"})");
+                   R"({"message":"Refresh terms list","press":"OK"},)" + kSave);
   EXPECT_TRUE(log.Contains("Find.Text = ?*?"));
   EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*old"}));
 }
 
 TEST_F(Refresh, TheSavedSearchTypeIsTheOneThatRuns) {
   frmKVX_COM& dialog = StepsInTerms({}, R"({"click":["optSearchType",1]},{"click":"cmdRefresh"})",
-                                    R"({"message":"Refresh terms list","press":"OK"})");
+                                    R"({"message":"Refresh terms list","press":"OK"},)" + kSave);
   EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*Buyer", u"*Seller"}));
   EXPECT_FALSE(dialog.cmbOpenQuote.Enabled());
 }
 
 TEST_F(Refresh, AnEmptySearchLeavesListAndButtonsAsTheyWere) {
   word.stories = {{word::wdMainTextStory, u"No terms here.\r", {}}};
-  Answer(R"({"form":"frmKVX_COM","do":[{"click":["lstTermsInDoc",1]},{"click":"cmdRefresh"}]})");
+  Answer(R"({"form":"frmKVX_COM","do":[{"click":["lstTermsInDoc",1]},{"click":"cmdRefresh"}]})" + ("," + kSave));
   frmKVX_COM& dialog = MakeTerms({u"a", u"b"});
   dialog.cmdOK.SetEnabled(false);
   ShowToItsEnd(dialog);
@@ -76,13 +85,13 @@ TEST_F(Refresh, AnEmptySearchLeavesListAndButtonsAsTheyWere) {
 TEST_F(Refresh, AFailedSearchIsReportedAndLeavesTheList) {
   log.failAt = "Find.Text = \"*\"";
   frmKVX_COM& dialog =
-      StepsInTerms({u"a"}, R"({"click":"cmdRefresh"})", R"({"message":"Get list of terms failed","press":"OK"})");
+      StepsThatSearch({u"a"}, R"({"click":"cmdRefresh"})", R"({"message":"Get list of terms failed","press":"OK"})");
   EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*a"}));
   EXPECT_FALSE(dialog.lblLabel1.Visible());
 }
 
 TEST_F(Refresh, TheStatusLinesAreDrawnBeforeTheSearch) {
-  Answer(R"({"form":"frmKVX_COM","do":[{"click":"cmdRefresh"}]})");
+  Answer(R"({"form":"frmKVX_COM","do":[{"click":"cmdRefresh"}]})" + ("," + kSave));
   frmKVX_COM& dialog = MakeTerms({u"a"});
   dialog.lblTermsInDoc.SetCaption(u"old");
   ShowToItsEnd(dialog);
@@ -98,10 +107,28 @@ TEST_F(Refresh, TheStatusLinesAreDrawnBeforeTheSearch) {
   EXPECT_FALSE(dialog.lblLabel2.Visible());
 }
 
+TEST_F(Refresh, TheDocumentIsSavedWithTheChosenSearchTypeNamed) {
+  StepsThatSearch({}, R"({"click":"cmdRefresh"})");
+  EXPECT_TRUE(shown.at(0).text.starts_with(u"Your document needs to be saved before searching for defined terms.  "));
+  EXPECT_EQ(log.calls.front(), "Document.Save");
+  StepsInTerms({}, R"({"click":["optSearchType",1]},{"click":"cmdRefresh"})",
+               R"({"message":"Refresh terms list","press":"OK"},)" + kSave);
+  EXPECT_TRUE(shown.back().text.starts_with(
+      u"Your document needs to be saved before searching for capitalized words and phrases.  "));
+}
+
+TEST_F(Refresh, WithoutLeaveToSaveNothingIsSearched) {
+  frmKVX_COM& dialog =
+      StepsInTerms({u"old"}, R"({"click":"cmdRefresh"})", R"({"message":"Save document","press":"Cancel"})");
+  EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*old"}));
+  EXPECT_TRUE(log.calls.empty());
+  EXPECT_FALSE(dialog.lblLabel1.Visible());
+}
+
 TEST_F(Refresh, TheQuotationMarksAreCheckedFirst) {
   word.stories[0].text = u"The \u201CSeller\u201D sells to the \u201CBuyer.\r";
-  frmKVX_COM& dialog = StepsInTerms({u"old"}, R"({"click":"cmdRefresh"})",
-                                    R"({"message":"Mis-matched double quotes","press":"No"},
+  frmKVX_COM& dialog = StepsThatSearch({u"old"}, R"({"click":"cmdRefresh"})",
+                                       R"({"message":"Mis-matched double quotes","press":"No"},
                                        {"message":"Mis-matched double quotes","press":"No"},
                                        {"message":"Cannot index","press":"OK"})");
   EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*old"}));
@@ -110,8 +137,8 @@ TEST_F(Refresh, TheQuotationMarksAreCheckedFirst) {
 
 TEST_F(Refresh, QuotationMarksChosenOnTheWayAreShownAndSearchedFor) {
   word.stories[0].text = u"The \u00ABSeller\u00BB sells to the \u201CBuyer.\r";
-  frmKVX_COM& dialog = StepsInTerms({u"old"}, R"({"click":"cmdRefresh"})",
-                                    R"({"message":"Mis-matched double quotes","press":"No"},
+  frmKVX_COM& dialog = StepsThatSearch({u"old"}, R"({"click":"cmdRefresh"})",
+                                       R"({"message":"Mis-matched double quotes","press":"No"},
                                        {"message":"Mis-matched double quotes","press":"Yes"},
                                        {"form":"frmKVXChangeQuotes","do":[{"set":"cmbOpenQuote","to":3},
                                          {"set":"cmbCloseQuote","to":4},{"click":"cmdOK"}]})");
@@ -121,7 +148,7 @@ TEST_F(Refresh, QuotationMarksChosenOnTheWayAreShownAndSearchedFor) {
 }
 
 TEST_F(Refresh, ProgressOfTheSearchGoesToTheStatusBar) {
-  StepsInTerms({}, R"({"click":"cmdRefresh"})");
+  StepsThatSearch({}, R"({"click":"cmdRefresh"})");
   const std::vector<Json> status = Events("status");
   ASSERT_FALSE(status.empty());
   EXPECT_EQ(status.front()["text"], "Please wait: Finding defined terms in document");
@@ -133,7 +160,7 @@ TEST_F(Refresh, ProgressOfTheSearchGoesToTheStatusBar) {
 }
 
 TEST_F(Refresh, SetAsDefaultsWritesEveryOptionInOrderAndSearches) {
-  frmKVX_COM& dialog = StepsInTerms({u"old"}, R"({"click":"cmdSetDefaults"})");
+  frmKVX_COM& dialog = StepsThatSearch({u"old"}, R"({"click":"cmdSetDefaults"})");
   EXPECT_EQ(profile.written, (Texts{u"Bold", u"CaseSensitive", u"IndexAllCaps", u"Highlight", u"IgnoreWordsWithNums",
                                     u"IncludeNotFound", u"IncludeNotUsed", u"IndexCols", u"IndexSep", u"OpenQuote",
                                     u"CloseQuote", u"SearchType", u"IndexWhat"}));
@@ -143,7 +170,7 @@ TEST_F(Refresh, SetAsDefaultsWritesEveryOptionInOrderAndSearches) {
 
 TEST_F(Refresh, SetAsDefaultsSavesTheSearchTypeBeforeTheSearch) {
   frmKVX_COM& dialog = StepsInTerms({u"old"}, R"({"click":["optSearchType",1]},{"click":"cmdSetDefaults"})",
-                                    R"({"message":"Refresh terms list","press":"OK"})");
+                                    R"({"message":"Refresh terms list","press":"OK"},)" + kSave);
   EXPECT_EQ(profile[u"SearchType"], u"SearchInitCaps");
   EXPECT_EQ(log.CountBeginning("Find.Text"), 0);
   EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*old"}));

@@ -29,8 +29,6 @@ void Story::MoveCharacter(Position from, Position to, const TrackedMove* tracked
 
 /// @return what was inserted: the run, or the tracked insertion around it
 XmlNode Story::InsertCopyOf(Position from, Position to, const std::u16string& character, const RevisionStamp* tracked) {
-  DivideRunsAt(from);
-  DivideRunsAt(from + 1);
   InsertionPoint point = PrepareInsertion(to);
   // An insertion of somebody else's is tracked already.
   const bool inInsertion = part_->Is(point.parent, Tag::kIns) || part_->Is(point.parent, Tag::kMoveTo);
