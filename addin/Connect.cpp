@@ -22,12 +22,13 @@ std::u16string_view LastName(std::u16string_view path) { return path.substr(path
 Connect::Connect(const Host& host)
     : host_(host), ini_(host.profile, host.files), settingsFolder_(host.folders, host.files) {}
 
-Connect::~Connect() = default;
+Connect::~Connect() { ReleaseButtons(); }
 
-void Connect::OnConnection(const word::ApplicationPtr& application, ConnectMode) {
+void Connect::OnConnection(const word::ApplicationPtr& application, ConnectMode mode) {
   TrapErrors(host_.messages, u"Connecting to Word", [&] {
     wordApp_ = application;
     progress_ = std::make_unique<clsProgForm>(host_.forms);
+    if (mode != ConnectMode::kExternal && IsOnlyWordProcess()) AddMenu();
   });
 }
 
@@ -45,9 +46,11 @@ void Connect::OnStartupComplete() {
 void Connect::OnDisconnection(DisconnectMode) {
   TrapErrors(host_.messages, u"Disconnecting from Word", [&] {
     if (!IsOnlyWordProcess()) return;
+    RemoveMenu();
     host_.userSettings.Write(kSettingsSection, kDisplayOnConnect, running_ ? u"1" : u"0");
     running_ = false;
   });
+  ReleaseButtons();
   engine_.reset();
   termMarker_.reset();
   progress_.reset();

@@ -12,6 +12,7 @@
 #include "engine/modKVX.h"
 #include "platform/Host.h"
 #include "platform/TermMarker.h"
+#include "platform/office/CommandBars.h"
 #include "platform/word/Types.h"
 #include "settings/modGetCSIDLFolderPath.h"
 #include "settings/modIniFile.h"
@@ -23,6 +24,14 @@ class frmKVX_COM;
 enum class ConnectMode : int { kAfterStartup = 0, kStartup = 1, kExternal = 2, kCommandLine = 3 };
 /// Why Word lets the add-in go; Word's numbers.
 enum class DisconnectMode : int { kHostShutdown = 0, kUserClosed = 1 };
+
+/// The add-in's buttons in Word's menu, kept as long as they are to be heard; empty where there is no menu.
+struct MenuButtons {
+  office::CommandBarControlPtr mcbKVXIndexButton;
+  office::CommandBarControlPtr mcbKVXRemoveIndexButton;
+  office::CommandBarControlPtr mcbKVXRemoveHighlightButton;
+  office::CommandBarControlPtr mcbKVXUpdateButton;
+};
 
 /// The add-in. Word creates one, hands it its application, and calls it back for each command. It owns the
 /// progress object and the companion from connection to disconnection. Its public members are entry points: no error
@@ -81,6 +90,11 @@ class Connect : public KVXAddIn {
 
   bool OnActiveDocument(std::u16string_view title, const std::function<bool(const word::DocumentPtr&)>& command);
 
+  /// Puts the popup with the four commands under "Tools", in place of one that is left of earlier.
+  void AddMenu();
+  void RemoveMenu();
+  void ReleaseButtons();
+
   /// @return false for an early stop, which LeaveEarly has to clean up after
   bool Run();
   word::DocumentPtr LookUpActiveDocument() const;
@@ -112,6 +126,7 @@ class Connect : public KVXAddIn {
   std::unique_ptr<clsProgForm> progress_;
   std::unique_ptr<TermMarker> termMarker_;
   std::unique_ptr<modKVX> engine_;
+  MenuButtons buttons_;
   RunState run_;
   /// The terms dialog was shown since Word started.
   bool running_{false};

@@ -4,7 +4,7 @@
 #include "settings/OptionSettings.h"
 
 frmKVXChangeQuotes::frmKVXChangeQuotes(const Host& host, modIniFile& ini)
-    : Form(host.forms, "frmKVXChangeQuotes"), messages_(host.messages), ini_(ini) {
+    : HelpedForm(host, "frmKVXChangeQuotes", kHelpFormattingTerms), ini_(ini) {
   cmdOK.onClick = [this] { cmdOK_Click(); };
   cmdCancel.onClick = [this] { Hide(); };
 }
@@ -16,7 +16,7 @@ void frmKVXChangeQuotes::OnLoad() {
 }
 
 void frmKVXChangeQuotes::cmdOK_Click() {
-  if (!SaveQuotes(ini_, cmbOpenQuote, cmbCloseQuote)) ShowIniFileProblem(messages_);
+  if (!SaveQuotes(ini_, cmbOpenQuote, cmbCloseQuote)) ShowIniFileProblem(Services().messages);
   SetTag(u"OK");
   Hide();
 }

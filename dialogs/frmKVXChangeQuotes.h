@@ -1,13 +1,12 @@
 #pragma once
 
-#include "platform/Host.h"
+#include "dialogs/HelpedForm.h"
 #include "platform/forms/Control.h"
-#include "platform/forms/Form.h"
 #include "settings/modIniFile.h"
 
 /// The small form in which the user chooses other quotation marks to search for. It opens with those of the settings
 /// and writes the chosen ones there. Tag() is "OK" after its OK button and empty otherwise.
-class frmKVXChangeQuotes : public forms::Form {
+class frmKVXChangeQuotes : public HelpedForm {
  public:
   /// Both outlive the form.
   frmKVXChangeQuotes(const Host& host, modIniFile& ini);
@@ -26,6 +25,5 @@ class frmKVXChangeQuotes : public forms::Form {
  private:
   void cmdOK_Click();
 
-  os::Messages& messages_;
   modIniFile& ini_;
 };

@@ -138,13 +138,7 @@ void Desktop::Remember(const std::string& path) {
   }
 }
 
-std::vector<qt::DesktopProgram::Command> Desktop::Tools() {
-  std::vector<Command> commands = Commands(menus_.Tools());
-  if (commands.empty()) {
-    commands.push_back({u"&Find and index", [this] { Run([this] { addIn_.ShowKVXForm(); }); }});
-  }
-  return commands;
-}
+std::vector<qt::DesktopProgram::Command> Desktop::Tools() { return Commands(menus_.Tools()); }
 
 std::vector<qt::DesktopProgram::Command> Desktop::Commands(const std::vector<std::shared_ptr<menus::Item>>& items) {
   std::vector<Command> commands;

@@ -47,6 +47,11 @@ struct MenuBars::State {
     const std::shared_ptr<Item> here = FindById(tools, id);
     return here ? here : FindById(elsewhere, id);
   }
+  /// The list that holds an item; nullptr when it was deleted.
+  Items* Holder(const Item* item) {
+    Items* here = HolderOf(tools, item);
+    return here != nullptr ? here : HolderOf(elsewhere, item);
+  }
   void Changed() const {
     if (observer != nullptr) observer->Changed();
   }
@@ -89,7 +94,7 @@ class MenuBars::Control : public office::CommandBarControl {
   void Delete() override {
     Item& item = There("CommandBarControl.Delete");
     const std::shared_ptr<State> state = state_.lock();
-    Items& holder = *HolderOf(state->tools, &item);
+    Items& holder = *state->Holder(&item);
     const auto place = std::find_if(holder.begin(), holder.end(), [&](const auto& one) { return one.get() == &item; });
     const std::shared_ptr<Item> gone = *place;
     holder.erase(place);
@@ -109,7 +114,7 @@ class MenuBars::Control : public office::CommandBarControl {
   Item& There(std::string_view member) const {
     const std::shared_ptr<State> state = state_.lock();
     const std::shared_ptr<Item> item = item_.lock();
-    if (!state || !item || HolderOf(state->tools, item.get()) == nullptr) ThrowDeleted(member);
+    if (!state || !item || state->Holder(item.get()) == nullptr) ThrowDeleted(member);
     return *item;
   }
 
@@ -148,7 +153,7 @@ class MenuBars::Controls : public office::CommandBarControls {
     const std::shared_ptr<State> state = state_.lock();
     if (!state) ThrowDeleted(member);
     if (!popup_) return state->tools;
-    if (HolderOf(state->tools, popup_.get()) == nullptr) ThrowDeleted(member);
+    if (state->Holder(popup_.get()) == nullptr) ThrowDeleted(member);
     return popup_->items;
   }
 
@@ -208,7 +213,7 @@ void MenuBars::AddBuiltIn(Item item) {
 void MenuBars::AddElsewhere(Item item) { state_->elsewhere.push_back(std::make_shared<Item>(std::move(item))); }
 
 bool MenuBars::Click(const std::shared_ptr<Item>& item) {
-  if (!item->visible || !item->onClick || HolderOf(state_->tools, item.get()) == nullptr) return false;
+  if (!item->visible || !item->onClick || state_->Holder(item.get()) == nullptr) return false;
   // The handler may take the button away.
   const office::ClickHandler handler = item->onClick;
   bool cancelDefault = false;

@@ -129,5 +129,10 @@ class Case(unittest.TestCase):
     def events(self, path):
         return [json.loads(line) for line in path.read_text(encoding="utf-8").splitlines()]
 
+    def without_menu(self, events):
+        """What lies between connecting and disconnecting, which add the command menu and delete it."""
+        return [event for event in events
+                if event["event"] != "menu" and not event.get("member", "").startswith("CustomizationContext.")]
+
 
 main = unittest.main

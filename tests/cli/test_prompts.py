@@ -119,5 +119,31 @@ class Prompts(program.Case):
                 self.assertTrue((page.parent / target).is_file(), f"{page.name}: {target}")
 
 
+class Menu(program.Case):
+    NAMES = [("&Kelvarin", "KVXMenu"), ("&Find and index", "KVXIndexTag"), ("&Remove indexing", "RemoveIndexTag"),
+             ("Remove &highlighting only", "RemoveHighlightTag"), ("&Update index", "UpdateTag")]
+
+    def menu(self, state):
+        self.document()
+        (self.folder / "answers.json").write_text(json.dumps(
+            {"state": state, "answers": [{"form": "frmKVXOptions", "do": [{"click": "cmdCancel"}]}]}))
+        self.check("run", "index", "contract.docx", "--answers", "answers.json", "--transcript", "log.jsonl", status=1)
+        events = self.events(self.folder / "log.jsonl")
+        return [(event["action"], event["caption"], event["tag"]) for event in events if event["event"] == "menu"], events
+
+    def test_the_menu_is_added_first_and_deleted_last(self):
+        menu, events = self.menu({})
+        self.assertEqual(menu, [("add", *names) for names in self.NAMES] + [("delete", *self.NAMES[0])])
+        self.assertEqual([event["event"] for event in events[:5]], ["menu"] * 5)
+        self.assertEqual([(event["event"], event.get("member")) for event in events[-4:]],
+                         [("menu", None), ("word", "CustomizationContext.Save"), ("word", "CustomizationContext.Saved"),
+                          ("state", None)])
+
+    def test_a_second_word_and_one_that_is_driven_from_outside_get_no_menu(self):
+        self.assertEqual(self.menu({"wordProcesses": 2})[0], [])
+        # What another connection left would go all the same; there is none.
+        self.assertEqual(self.menu({"connectMode": 2})[0], [])
+
+
 if __name__ == "__main__":
     program.main()

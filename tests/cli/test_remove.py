@@ -36,7 +36,7 @@ class Remove(program.Case):
         self.document()
         self.check("index", "contract.docx", "-o", "indexed.docx")
         result = self.check("remove", "indexed.docx", "-o", "out.docx", "--transcript", "log.jsonl", "--progress")
-        events = self.events(self.folder / "log.jsonl")
+        events = self.without_menu(self.events(self.folder / "log.jsonl"))
         self.assertEqual([event["operation"] for event in events if event["event"] == "marker"],
                          ["RemoveIndexEntries", "RemoveIndex", "RemoveTermHighlighting"])
         steps = [event for event in events if event["event"] == "progress" and "shown" not in event]
@@ -80,7 +80,7 @@ class Remove(program.Case):
         for command in ("remove", "unhighlight", "update"):
             (self.folder / "answers.json").write_text('{"state":{"noDocument":true},"answers":[]}')
             self.check("run", command, "contract.docx", "--answers", "answers.json", "--transcript", "log.jsonl")
-            events = self.events(self.folder / "log.jsonl")
+            events = self.without_menu(self.events(self.folder / "log.jsonl"))
             self.assertEqual([event["event"] for event in events], ["state"], command)
 
     def test_indexing_again_shows_the_same_document(self):
@@ -108,7 +108,7 @@ class Unhighlight(program.Case):
         self.document()
         self.check("unhighlight", "contract.docx", "-o", "out.docx", "--transcript", "log.jsonl")
         self.assertEqual(program.parts(self.folder / "contract.docx"), program.parts(self.folder / "out.docx"))
-        events = self.events(self.folder / "log.jsonl")
+        events = self.without_menu(self.events(self.folder / "log.jsonl"))
         order = [event.get("title") or event.get("member") for event in events
                  if event["event"] in ("message", "word")]
         self.assertEqual(order, ["Application.ScreenUpdating", "UndoClear", "Selection.GoTo", "Done",
@@ -125,7 +125,7 @@ class Update(program.Case):
         (self.folder / "answers.json").write_text(json.dumps({"answers": list(answers)}))
         self.check("run", "update", name, "-o", "out.docx", "--force", "--answers", "answers.json", "--strict",
                    "--transcript", "log.jsonl", status=status)
-        return self.events(self.folder / "log.jsonl")
+        return self.without_menu(self.events(self.folder / "log.jsonl"))
 
     def edit(self, name, *changes):
         content = program.parts(self.folder / name)

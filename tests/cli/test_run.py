@@ -119,6 +119,7 @@ class Run(program.Case):
 
     def test_without_a_document_only_its_message_is_shown(self):
         events = self.run_index([], "-o", "out.docx", state={"noDocument": True}, status=1)
+        events = self.without_menu(events)
         self.assertEqual([event["event"] for event in events], ["message", "state"])
         self.assertEqual(events[0]["title"], "No document to index")
         self.assertEqual(events[0]["icon"], "information")

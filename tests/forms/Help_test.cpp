@@ -1,5 +1,7 @@
 #include "dialogs/modHelpLinks.h"
 
+#include "dialogs/frmKVXChangeQuotes.h"
+#include "dialogs/frmKVXFormatInstrux.h"
 #include "tests/forms/Dialogs.h"
 
 #include <map>
@@ -54,6 +56,18 @@ TEST_F(Help, TheOptionsDialogOpensTheSameTopics) {
   std::vector<std::string> expected = TopicsOfMenu(&Help::Topic);
   for (int i = 0; i < 2; ++i) expected.push_back(Topic(7));
   EXPECT_EQ(Opened(), expected);
+}
+
+TEST_F(Help, FormsAboutQuotesOpenTheTopicAboutFormatting) {
+  Answer(R"({"form":"frmKVXChangeQuotes","do":[{"f1":"cmbOpenQuote"}]},
+            {"form":"frmKVXFormatInstrux","do":[{"f1":"lblFormatInstrux"}]})");
+  {
+    frmKVXChangeQuotes quotes(*services, ini);
+    host->ShowModal(quotes);
+    frmKVXFormatInstrux reminder(*services, ini);
+    ShowToItsEnd(reminder);
+  }
+  EXPECT_EQ(Opened(), (std::vector<std::string>{Topic(16), Topic(16)}));
 }
 
 TEST_F(Help, ATopicNumberBelowOneOpensTheContents) {

@@ -10,6 +10,7 @@
 #include "addin/frmKVXProgressFormKVXPreparing.h"
 #include "addin/frmProgressForm.h"
 #include "dialogs/frmKVXAbout_COM.h"
+#include "dialogs/frmKVXChangeQuotes.h"
 #include "dialogs/frmKVXFormatInstrux.h"
 #include "dialogs/frmKVXSearchChooser.h"
 #include "dialogs/frmKVXShowHelp.h"
@@ -49,6 +50,8 @@ class FormContract : public Windows {
     Show(reminder, [&](QWidget& window) { look(reminder, window); });
     frmKVXShowHelp offer(services, ini);
     Show(offer, [&](QWidget& window) { look(offer, window); });
+    frmKVXChangeQuotes quotes(services, ini);
+    Show(quotes, [&](QWidget& window) { look(quotes, window); });
     frmKVXAbout_COM about(services);
     Show(about, [&](QWidget& window) { look(about, window); });
     frmProgressForm progress(windows);
@@ -78,7 +81,7 @@ TEST_F(FormContract, EachFormIsShownAsItIs) {
     ExpectShownAsItIs(form);
     ++looked;
   });
-  EXPECT_EQ(looked, 10);
+  EXPECT_EQ(looked, 11);
 }
 
 TEST_F(FormContract, WhatCodeChangesIsShown) {

@@ -11,6 +11,7 @@
 #include "addin/frmKVXProgressFormKVXPreparing.h"
 #include "addin/frmProgressForm.h"
 #include "dialogs/frmKVXAbout_COM.h"
+#include "dialogs/frmKVXChangeQuotes.h"
 #include "dialogs/frmKVXFormatInstrux.h"
 #include "dialogs/frmKVXSearchChooser.h"
 #include "dialogs/frmKVXShowHelp.h"
@@ -80,6 +81,11 @@ TEST_F(Pictures, OfThePrompts) {
   Show(reminder, [](QWidget& window) { Keep(window, "format_reminder"); });
   frmKVXShowHelp offer(services, ini);
   Show(offer, [](QWidget& window) { Keep(window, "help_offer"); });
+}
+
+TEST_F(Pictures, OfTheChoiceOfQuotes) {
+  frmKVXChangeQuotes quotes(services, ini);
+  Show(quotes, [](QWidget& window) { Keep(window, "change_quotes"); });
 }
 
 TEST_F(Pictures, OfTheAboutBox) {
