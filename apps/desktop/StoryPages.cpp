@@ -255,6 +255,7 @@ qt::PageParagraph StoryPages::Show(const Part& part, int story) const {
   const bool first = part.begin == 0;
   const bool last = part.end == paragraph.text.size();
   qt::PageParagraph shown{.story = story,
+                          .start = first ? paragraph.start : PositionAt(paragraph, part.begin),
                           .end = last ? paragraph.end : PositionAt(paragraph, part.end),
                           .runs = {},
                           .label = first ? paragraph.label : std::u16string(),

@@ -11,7 +11,7 @@
 #include <QStatusBar>
 #include <QTemporaryDir>
 
-#include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -204,6 +204,8 @@ TEST_F(DesktopTest, FindGoesFromPlaceToPlaceAndAroundTheEnd) {
   EXPECT_EQ(View().Selected().start, first);
   Shortcut("Find &previous");
   EXPECT_GT(View().Selected().start.position, first.position);
+  QTest::keyClick(&Person::At(*window_, "findText"), Qt::Key_Escape);
+  EXPECT_FALSE(Person::At(*window_, "findBar").isVisible());
   FindText("there is no such text");
   EXPECT_EQ(Person::At<QLabel>(*window_, "findResult").text().toStdString(), "Not found");
 }
@@ -237,6 +239,9 @@ TEST_F(DesktopTest, AWholeRunByKeysAndMouseLeavesAnIndexThatLeadsToItsPlaces) {
   // The cursor stands at the index, whose first entry is a link to the term.
   qt::DocumentSource& pages = *desktop_->Document();
   const qt::Place index = View().Selected().start;
+  const QPoint cursor = View().PointOf(index);
+  const QPoint below = View().PointOf({1, index.position + 40});
+  EXPECT_LT(std::abs(cursor.y() - below.y()), 60) << "the cursor is drawn away from the index";
   bool found = false;
   for (const qt::PageParagraph& paragraph : pages.TextOf(pages.PageOf(index)).body) {
     std::u16string text;

@@ -1,15 +1,21 @@
-// Makes pictures of every form, for scripts/screenshots: qt_pictures FOLDER light|dark
+// Makes pictures of every form and of the document window, for scripts/screenshots: qt_pictures FOLDER light|dark
 
 #include <QApplication>
 #include <QDir>
+#include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPalette>
 #include <QStyleFactory>
+#include <QTemporaryDir>
 
+#include <filesystem>
 #include <iostream>
+#include <string>
 
 #include "addin/frmKVXProgressFormKVXPreparing.h"
 #include "addin/frmProgressForm.h"
+#include "apps/desktop/Desktop.h"
 #include "dialogs/frmKVXAbout_COM.h"
 #include "dialogs/frmKVXChangeQuotes.h"
 #include "dialogs/frmKVXFormatInstrux.h"
@@ -128,6 +134,59 @@ TEST_F(Pictures, OfMessages) {
        u"Save selected items only?  Click Yes to save only the selected items, click No to save all items in the "
        u"additional terms list.");
   show("message_critical", os::Icon::kCritical, os::Buttons::kOk, u"Error setting defaults", u"Error: 5 Cannot write");
+}
+
+/// Follows one run on a sample, and takes the window at each step.
+TEST(WindowPictures, OfARun) {
+  QTemporaryDir home;
+  qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
+  const std::string path = (home.path() + "/agreement.docx").toStdString();
+  std::filesystem::copy_file(std::filesystem::path(KVX_SAMPLES) / "share_purchase_agreement.docx", path);
+  qt::DocumentWindow window;
+  Desktop desktop(window);
+  Person person;
+  window.SetProgram(desktop);
+  window.show();
+  Keep(window, "window_empty");
+  ASSERT_TRUE(window.Open(path));
+  Keep(window, "window");
+  const auto trigger = [&](const char* caption) {
+    for (QAction* action : window.findChildren<QAction*>()) {
+      if (action->text() == caption) return action->trigger();
+    }
+    ADD_FAILURE() << caption;
+  };
+  trigger("&Find...");
+  auto& text = Person::At<QLineEdit>(window, "findText");
+  QTest::keyClicks(&text, "Completion Date");
+  QTest::keyClick(&text, Qt::Key_Return);
+  Keep(window, "window_find");
+  QTest::keyClick(&text, Qt::Key_Escape);
+  QTest::keyClick(&window.View(), Qt::Key_End, Qt::ControlModifier);
+  for (const char* button : {"cmdOK", "cmdOK", "cmdNo"}) {
+    person.Expect([button](QWidget& prompt) { Person::Click(prompt, button); });
+  }
+  person.Expect([](QWidget& options) {
+    Keep(options, "run_options");
+    Person::Click(options, "cmdOK");
+  });
+  person.Expect([](QWidget& terms) {
+    Keep(terms, "run_terms");
+    Person::Click(terms, "cmdOK");
+  });
+  trigger("&Find and index");
+  Keep(window, "window_index");
+  QMenu* tools = window.findChild<QMenu*>("tools");
+  tools->popup(window.mapToGlobal(QPoint(100, 30)));
+  Keep(*tools, "window_tools");
+  tools->hide();
+  for (int step = 0; step < 12; ++step) QTest::keyClick(&window.View(), Qt::Key_PageUp);
+  Keep(window, "window_highlights");
+  trigger("Zoom &out");
+  trigger("Zoom &out");
+  trigger("Zoom &out");
+  Keep(window, "window_small");
+  window.View().SetSource(nullptr);
 }
 
 }  // namespace

@@ -40,7 +40,8 @@ enum class Align { kLeft, kCenter, kRight, kBoth };
 /// A paragraph, or the part of it that stands on a page. Lengths in points.
 struct PageParagraph {
   int story{word::wdMainTextStory};
-  word::Position end{0};  ///< behind the last character, before the mark
+  word::Position start{0};  ///< before the first character, also one that does not show
+  word::Position end{0};    ///< behind the last character, before the mark
   std::vector<PageRun> runs;
   std::u16string label;  ///< its number or bullet; empty for none, and on the pages after its first
   Align align{Align::kLeft};

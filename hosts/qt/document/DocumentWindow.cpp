@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -116,16 +117,20 @@ void DocumentWindow::MakeFindBar() {
   QObject::connect(next, &QPushButton::clicked, this, [this] { FindNext(true); });
   QObject::connect(previous, &QPushButton::clicked, this, [this] { FindNext(false); });
   QObject::connect(findText_, &QLineEdit::returnPressed, this, [this] { FindNext(true); });
-  const auto leave = [this] {
-    findBar_->hide();
-    view_->setFocus();
-  };
-  QObject::connect(close, &QToolButton::clicked, this, leave);
-  auto* escape = new QAction(findBar_);
-  escape->setShortcut(Qt::Key_Escape);
-  escape->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-  QObject::connect(escape, &QAction::triggered, this, leave);
-  findBar_->addAction(escape);
+  QObject::connect(close, &QToolButton::clicked, this, [this] { CloseFindBar(); });
+  findText_->installEventFilter(this);
+}
+
+bool DocumentWindow::eventFilter(QObject* target, QEvent* event) {
+  const bool escape = event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+  if (target != findText_ || !escape) return QMainWindow::eventFilter(target, event);
+  CloseFindBar();
+  return true;
+}
+
+void DocumentWindow::CloseFindBar() {
+  findBar_->hide();
+  view_->setFocus();
 }
 
 void DocumentWindow::SetProgram(DesktopProgram& program) {

@@ -30,6 +30,7 @@ class DocumentWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* target, QEvent* event) override;
 
  private:
   void MakeMenus();
@@ -47,6 +48,7 @@ class DocumentWindow : public QMainWindow {
   bool MayLeave();
   bool SaveTo(const std::function<void()>& save);
   void OpenFindBar();
+  void CloseFindBar();
   void FindNext(bool forward);
 
   DesktopProgram* program_{nullptr};

@@ -259,7 +259,7 @@ const PageLayout::Block* PageLayout::BlockOf(const Place& place) const {
   const Block* before = nullptr;
   for (const Block& block : blocks_) {
     if (block.paragraph->story != place.story) continue;
-    if (place.position < StartOf(*block.paragraph)) break;
+    if (place.position < block.paragraph->start) break;
     before = &block;
     if (place.position <= block.paragraph->end) break;
   }

@@ -74,8 +74,10 @@ class LabelView : public ControlView {
     if (style != LabelStyle::kText) return;
     const bool isLong = label.Caption().size() > kLongestLine;
     label_.setWordWrap(isLong);
-    // Enough for the text to be a block and not a column.
-    if (isLong) label_.setMinimumWidth(label_.fontMetrics().averageCharWidth() * (kLongestLine / 2));
+    if (!isLong) return;
+    // Enough for the text to be a block and not a column; a frame may be narrower than a whole form.
+    const int characters = label.Parent() == nullptr ? kLongestLine : kLongestLine / 2;
+    label_.setMinimumWidth(label_.fontMetrics().averageCharWidth() * characters);
   }
 
  protected:

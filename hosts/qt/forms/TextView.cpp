@@ -53,6 +53,7 @@ class ReadingView : public ControlView {
     edit_.setFocusPolicy(Qt::TabFocus);
     edit_.setReadOnly(true);
     edit_.setTabChangesFocus(true);
+    edit_.setLineWrapMode(QPlainTextEdit::NoWrap);
   }
   QWidget* MouseArea() const override { return edit_.viewport(); }
   bool FocusOnPress() const override { return true; }
@@ -74,7 +75,7 @@ class ReadingView : public ControlView {
     for (const QString& line : lines) widest = std::max(widest, metrics.horizontalAdvance(line));
     const int around = 2 * (edit_.frameWidth() + static_cast<int>(edit_.document()->documentMargin()));
     edit_.setMinimumWidth(widest + around + metrics.averageCharWidth());
-    edit_.setFixedHeight(metrics.lineSpacing() * static_cast<int>(lines.size()) + around);
+    edit_.setFixedHeight(metrics.lineSpacing() * static_cast<int>(lines.size()) + around + metrics.lineSpacing() / 3);
   }
 
   forms::TextBox& box_;
