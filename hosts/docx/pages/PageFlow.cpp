@@ -176,24 +176,12 @@ void FlowReader::ReadBlocks(XmlNode container) {
       case Tag::kTbl:
         ReadTable(child);
         break;
-      case Tag::kSdt:
-        ReadBlocks(part_.Child(child, Tag::kSdtContent));
-        break;
-      case Tag::kCustomXml:
-      case Tag::kIns:
-      case Tag::kMoveTo:
-      case Tag::kDel:
-      case Tag::kMoveFrom:
-        ReadBlocks(child);
-        break;
-      case Tag::kAlternateContent:
-        ReadBlocks(ChosenBranch(part_, child));
-        break;
       case Tag::kBookmarkStart:
       case Tag::kBookmarkEnd:
         Meet(child);
         break;
       default:
+        if (const XmlNode content = WrappedBy(part_, child, Within::kBlocks).content) ReadBlocks(content);
         break;
     }
   }
@@ -227,21 +215,12 @@ void FlowReader::ReadTable(XmlNode table) {
         Meet(child);
         Add(FlowKind::kCellEnd, child);
         break;
-      case Tag::kSdt:
-        ReadTable(part_.Child(child, Tag::kSdtContent));
-        break;
-      case Tag::kCustomXml:
-      case Tag::kIns:
-      case Tag::kMoveTo:
-      case Tag::kDel:
-      case Tag::kMoveFrom:
-        ReadTable(child);
-        break;
       case Tag::kBookmarkStart:
       case Tag::kBookmarkEnd:
         Meet(child);
         break;
       default:
+        if (const XmlNode content = WrappedBy(part_, child, Within::kRows).content) ReadTable(content);
         break;
     }
   }
@@ -253,23 +232,6 @@ void FlowReader::ReadInlines(XmlNode parent) {
       case Tag::kR:
         ReadRun(child);
         break;
-      case Tag::kHyperlink:
-      case Tag::kSmartTag:
-      case Tag::kCustomXml:
-      case Tag::kDir:
-      case Tag::kBdo:
-      case Tag::kIns:
-      case Tag::kMoveTo:
-      case Tag::kDel:
-      case Tag::kMoveFrom:
-        ReadInlines(child);
-        break;
-      case Tag::kSdt:
-        ReadInlines(part_.Child(child, Tag::kSdtContent));
-        break;
-      case Tag::kAlternateContent:
-        ReadInlines(ChosenBranch(part_, child));
-        break;
       case Tag::kFldSimple:
         Meet(child);
         ReadInlines(child);
@@ -280,6 +242,7 @@ void FlowReader::ReadInlines(XmlNode parent) {
         Meet(child);
         break;
       default:
+        if (const XmlNode content = WrappedBy(part_, child, Within::kText).content) ReadInlines(content);
         break;
     }
   }

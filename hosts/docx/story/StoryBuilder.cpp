@@ -46,6 +46,30 @@ XmlNode ChosenBranch(const XmlPart& part, XmlNode alternate) {
   return choice ? choice : part.Child(alternate, Tag::kFallback);
 }
 
+Wrapped WrappedBy(const XmlPart& part, XmlNode element, Within within) {
+  switch (part.TagOf(element)) {
+    case Tag::kSdt:
+      return {.content = part.Child(element, Tag::kSdtContent)};
+    case Tag::kAlternateContent:
+      return within == Within::kRows ? Wrapped{} : Wrapped{.content = ChosenBranch(part, element)};
+    case Tag::kIns:
+    case Tag::kMoveTo:
+      return {.content = element, .inserted = true};
+    case Tag::kDel:
+    case Tag::kMoveFrom:
+      return {.content = element, .deleted = true};
+    case Tag::kCustomXml:
+      return {.content = element};
+    case Tag::kHyperlink:
+    case Tag::kSmartTag:
+    case Tag::kDir:
+    case Tag::kBdo:
+      return within == Within::kText ? Wrapped{.content = element} : Wrapped{};
+    default:
+      return {};
+  }
+}
+
 StoryBuilder::Piece StoryBuilder::ReadRunContent(const XmlPart& part, XmlNode element, bool deleted) {
   Piece piece;
   piece.atom.element = element.Data();
@@ -139,6 +163,12 @@ void StoryBuilder::Add(XmlNode element, AtomKind kind, std::u16string_view text,
   if (lastIsMark_) lastMark_ = place;
 }
 
+void StoryBuilder::AddWrapped(XmlNode element, Within within, bool deleted, void (StoryBuilder::*add)(XmlNode, bool)) {
+  const Wrapped wrapped = WrappedBy(part_, element, within);
+  hasRevisions_ = hasRevisions_ || wrapped.inserted;
+  if (wrapped.content) (this->*add)(wrapped.content, deleted || wrapped.deleted);
+}
+
 void StoryBuilder::AddBlocks(XmlNode container, bool deleted) {
   for (const XmlNode child : container.Children()) {
     if (!child.IsElement()) continue;
@@ -149,24 +179,6 @@ void StoryBuilder::AddBlocks(XmlNode container, bool deleted) {
       case Tag::kTbl:
         AddTable(child, deleted);
         break;
-      case Tag::kSdt:
-        AddBlocks(part_.Child(child, Tag::kSdtContent), deleted);
-        break;
-      case Tag::kIns:
-      case Tag::kMoveTo:
-        hasRevisions_ = true;
-        AddBlocks(child, deleted);
-        break;
-      case Tag::kCustomXml:
-        AddBlocks(child, deleted);
-        break;
-      case Tag::kDel:
-      case Tag::kMoveFrom:
-        AddBlocks(child, true);
-        break;
-      case Tag::kAlternateContent:
-        AddBlocks(ChosenBranch(part_, child), deleted);
-        break;
       case Tag::kBookmarkStart:
         Add(child, AtomKind::kBookmarkStart, {}, deleted);
         break;
@@ -174,6 +186,7 @@ void StoryBuilder::AddBlocks(XmlNode container, bool deleted) {
         Add(child, AtomKind::kBookmarkEnd, {}, deleted);
         break;
       default:
+        AddWrapped(child, Within::kBlocks, deleted, &StoryBuilder::AddBlocks);
         break;
     }
   }
@@ -203,21 +216,6 @@ void StoryBuilder::AddTable(XmlNode table, bool deleted) {
       case Tag::kTc:
         AddCell(child, deleted);
         break;
-      case Tag::kSdt:
-        AddTable(part_.Child(child, Tag::kSdtContent), deleted);
-        break;
-      case Tag::kIns:
-      case Tag::kMoveTo:
-        hasRevisions_ = true;
-        AddTable(child, deleted);
-        break;
-      case Tag::kCustomXml:
-        AddTable(child, deleted);
-        break;
-      case Tag::kDel:
-      case Tag::kMoveFrom:
-        AddTable(child, true);
-        break;
       case Tag::kBookmarkStart:
         Add(child, AtomKind::kBookmarkStart, {}, deleted);
         break;
@@ -225,6 +223,7 @@ void StoryBuilder::AddTable(XmlNode table, bool deleted) {
         Add(child, AtomKind::kBookmarkEnd, {}, deleted);
         break;
       default:
+        AddWrapped(child, Within::kRows, deleted, &StoryBuilder::AddTable);
         break;
     }
   }
@@ -251,28 +250,6 @@ void StoryBuilder::AddInlines(XmlNode parent, bool deleted) {
       case Tag::kR:
         AddRun(child, deleted);
         break;
-      case Tag::kIns:
-      case Tag::kMoveTo:
-        hasRevisions_ = true;
-        AddInlines(child, deleted);
-        break;
-      case Tag::kHyperlink:
-      case Tag::kSmartTag:
-      case Tag::kCustomXml:
-      case Tag::kDir:
-      case Tag::kBdo:
-        AddInlines(child, deleted);
-        break;
-      case Tag::kDel:
-      case Tag::kMoveFrom:
-        AddInlines(child, true);
-        break;
-      case Tag::kSdt:
-        AddInlines(part_.Child(child, Tag::kSdtContent), deleted);
-        break;
-      case Tag::kAlternateContent:
-        AddInlines(ChosenBranch(part_, child), deleted);
-        break;
       case Tag::kFldSimple: {
         std::u16string begin(1, word::kFieldBegin);
         begin += ToUtf16(part_.Attribute(child, "instr").Value());
@@ -289,6 +266,7 @@ void StoryBuilder::AddInlines(XmlNode parent, bool deleted) {
         Add(child, AtomKind::kBookmarkEnd, {}, deleted);
         break;
       default:
+        AddWrapped(child, Within::kText, deleted, &StoryBuilder::AddInlines);
         break;
     }
   }

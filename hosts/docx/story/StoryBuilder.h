@@ -10,6 +10,9 @@
 
 namespace docx {
 
+/// What a stretch of XML holds: paragraphs and tables, rows and cells, or runs.
+enum class Within { kBlocks, kRows, kText };
+
 /// Reads blocks of XML into the atoms of a story.
 class StoryBuilder {
  public:
@@ -33,6 +36,8 @@ class StoryBuilder {
   void AddTable(XmlNode table, bool deleted);
   void AddCell(XmlNode cell, bool deleted);
   void AddInlines(XmlNode parent, bool deleted);
+  /// Adds what an element wraps, if anything.
+  void AddWrapped(XmlNode element, Within within, bool deleted, void (StoryBuilder::*add)(XmlNode, bool));
   void AddRun(XmlNode run, bool deleted);
   void Add(XmlNode element, AtomKind kind, std::u16string_view text, bool deleted);
 
@@ -47,5 +52,13 @@ class StoryBuilder {
 
 /// The branch of mc:AlternateContent that a reader of today takes; empty when there is none.
 XmlNode ChosenBranch(const XmlPart& part, XmlNode alternate);
+
+/// What stands in the place of an element that only wraps others.
+struct Wrapped {
+  XmlNode content{};     ///< whose children they are; empty when the element wraps nothing
+  bool deleted{false};   ///< by a tracked deletion, or the place that a move came from
+  bool inserted{false};  ///< likewise
+};
+Wrapped WrappedBy(const XmlPart& part, XmlNode element, Within within);
 
 }  // namespace docx
