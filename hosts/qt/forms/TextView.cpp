@@ -54,6 +54,9 @@ class ReadingView : public ControlView {
     edit_.setReadOnly(true);
     edit_.setTabChangesFocus(true);
     edit_.setLineWrapMode(QPlainTextEdit::NoWrap);
+    // It is as large as its text.
+    edit_.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    edit_.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   }
   QWidget* MouseArea() const override { return edit_.viewport(); }
   bool FocusOnPress() const override { return true; }
