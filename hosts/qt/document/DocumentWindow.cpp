@@ -196,6 +196,8 @@ void DocumentWindow::FillRecent() {
 }
 
 void DocumentWindow::FillTools() {
+  // Clearing a menu leaves the menus within it.
+  qDeleteAll(tools_->findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly));
   tools_->clear();
   if (program_ != nullptr) AddTools(*tools_, program_->Tools());
 }
