@@ -389,13 +389,10 @@ void BlockReader::ReadDrawing(XmlNode element) {
 
 std::unique_ptr<Table> BlockReader::ReadTable(XmlNode element, bool deleted) {
   auto table = std::make_unique<Table>();
-  table->start = atoms_ == nullptr ? 0 : place_.start;
   if (depth_ >= kDeepest) return table;
   const XmlNode properties = part_.Child(element, "tblPr");
   const SheetStyle* style = formats_.Styles().Table(ValueOf(part_, part_.Child(properties, "tblStyle")));
   ReadWidth(part_, part_.Child(properties, "tblW"), table->width, table->widthShare);
-  table->fixed = std::string_view(part_.Attribute(part_.Child(properties, "tblLayout"), "type").Value()) == "fixed";
-  table->indent = TwipsOf(part_, part_.Child(properties, "tblInd"), "w").value_or(0);
   table->floating = static_cast<bool>(part_.Child(properties, "tblpPr"));
   for (const XmlNode column : part_.Child(element, "tblGrid").Children(part_.Name("gridCol"))) {
     if (table->grid.size() < kMostColumns) table->grid.push_back(std::max(0, TwipsOf(part_, column, "w").value_or(0)));

@@ -1,7 +1,6 @@
 #include "hosts/docx/layout/Flow.h"
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 namespace docx::layout {
@@ -9,8 +8,7 @@ namespace docx::layout {
 namespace {
 
 constexpr double kAutomaticSpace = 280;  // twips, as HTML has it
-constexpr double kLeastCellWidth = 20;
-constexpr double kWideShare = 0.6;  // of the column: beside a wider picture there is no text
+constexpr double kWideShare = 0.6;       // of the column: beside a wider picture there is no text
 
 bool SameBorders(const Paragraph& a, const Paragraph& b) {
   const ParagraphFormat& one = a.look.format;

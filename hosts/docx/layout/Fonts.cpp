@@ -147,20 +147,18 @@ const Font& FontLibrary::Get(int family, bool bold, bool italic) {
 }
 
 std::unique_ptr<Font> FontLibrary::Make(const std::string& family, bool bold, bool italic) {
-  const auto firstOf = [&](std::span<const StandIn> standIns, bool exact) -> std::unique_ptr<Font> {
+  const auto firstOf = [&](std::span<const StandIn> standIns) -> std::unique_ptr<Font> {
     for (const StandIn& standIn : standIns) {
       std::shared_ptr<Font::File> file = Open(standIn.family, bold, italic);
       if (!file) continue;
-      auto font = std::make_unique<Font>(std::move(file), standIn.widthFactor, standIn.line);
-      font->SetExact(exact && standIn.widthFactor == 1);
-      return font;
+      return std::make_unique<Font>(std::move(file), standIn.widthFactor, standIn.line);
     }
     return nullptr;
   };
   if (std::shared_ptr<Font::File> file = Open(family, bold, italic)) {
     return std::make_unique<Font>(std::move(file), 1, LineMetrics{});
   }
-  if (auto font = firstOf(StandInsFor(family), true)) return font;
+  if (auto font = firstOf(StandInsFor(family))) return font;
   const auto described = descriptions_.find(family);
   const Description description = described == descriptions_.end() ? Description{} : described->second;
   if (!description.otherName.empty()) {
@@ -168,12 +166,10 @@ std::unique_ptr<Font> FontLibrary::Make(const std::string& family, bool bold, bo
     if (std::shared_ptr<Font::File> file = Open(other, bold, italic)) {
       return std::make_unique<Font>(std::move(file), 1, LineMetrics{});
     }
-    if (auto font = firstOf(StandInsFor(other), true)) return font;
+    if (auto font = firstOf(StandInsFor(other))) return font;
   }
-  if (auto font = firstOf(StandInsFor(description.kind), false)) return font;
-  auto font = std::make_unique<Font>(nullptr, 1, LineMetrics{});
-  font->SetExact(false);
-  return font;
+  if (auto font = firstOf(StandInsFor(description.kind))) return font;
+  return std::make_unique<Font>(nullptr, 1, LineMetrics{});
 }
 
 std::shared_ptr<Font::File> FontLibrary::Open(const std::string& family, bool bold, bool italic) {

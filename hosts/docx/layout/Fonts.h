@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <map>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -27,9 +26,6 @@ class Font {
   Font& operator=(const Font&) = delete;
 
   const LineMetrics& Line() const { return line_; }
-  /// Whether the advances are the font's own, or of one made to its measures.
-  bool Exact() const { return exact_; }
-  void SetExact(bool exact) { exact_ = exact; }
   /// 0 for characters that only modify others. Of one that the font lacks, what another font would take.
   double Advance(char32_t character) const;
   /// The advance of a text that has to be shaped: with ligatures and kerning, joined and reordered as its script wants.
@@ -41,7 +37,6 @@ class Font {
   std::shared_ptr<File> file_;
   double widthFactor_;
   LineMetrics line_;
-  bool exact_{true};
   static constexpr std::size_t kDirect = 0x250;
   mutable std::array<float, kDirect> direct_;
   mutable std::unordered_map<char32_t, float> others_;

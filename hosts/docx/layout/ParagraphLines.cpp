@@ -51,7 +51,7 @@ void LineMaker::Measure(const Paragraph& paragraph) {
     switch (piece.kind) {
       case PieceKind::kText:
       case PieceKind::kNote:
-        MeasureText(paragraph, piece, i);
+        MeasureText(paragraph, piece);
         break;
       case PieceKind::kObject:
         units_[piece.start].width = piece.width;
@@ -63,7 +63,7 @@ void LineMaker::Measure(const Paragraph& paragraph) {
   FindBreaks(paragraph.text, breaks_);
 }
 
-void LineMaker::MeasureText(const Paragraph& paragraph, const Piece& piece, std::uint32_t /*index*/) {
+void LineMaker::MeasureText(const Paragraph& paragraph, const Piece& piece) {
   const std::u16string_view text(paragraph.text);
   const TextStyle& style = *piece.style;
   const std::size_t end = piece.start + piece.length;
@@ -207,7 +207,7 @@ std::size_t LineMaker::FindEnd(const Paragraph& paragraph, std::size_t from, dou
           slack = 0;
         } else {
           slack = stop - x;
-          x = kind == TabKind::kCenter ? stop : stop;
+          x = stop;
         }
         pending = kind;
         blanks = 0;

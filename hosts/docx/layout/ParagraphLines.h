@@ -47,7 +47,7 @@ class LineMaker {
   };
 
   void Measure(const Paragraph& paragraph);
-  void MeasureText(const Paragraph& paragraph, const Piece& piece, std::uint32_t index);
+  void MeasureText(const Paragraph& paragraph, const Piece& piece);
   void MeasureShaped(std::u16string_view text, const Piece& piece, Script script, std::size_t from);
   std::size_t FindEnd(const Paragraph& paragraph, std::size_t from, double start, double right, bool first);
   double NextTab(const Paragraph& paragraph, double x, double right, bool first, TabKind& kind) const;
