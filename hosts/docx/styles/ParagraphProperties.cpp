@@ -78,7 +78,7 @@ bool SetAlignment(const Formatting& formatting, XmlNode p, int alignment) {
     part.SetAttribute(existing, "val", MarkText(mark, kAlignment).c_str());
     mark.Parent().RemoveChild(mark);
   } else if (!mark && existing && NeedsMark(part, existing, inherited)) {
-    const std::string stated = part.Attribute(existing, "val").Value();
+    const std::string stated(part.Attribute(existing, "val").Value());
     MakeMark(existing.Parent().InsertChildBefore(XmlType::kInstruction, existing),
              std::string(kAlignment) + " " + stated);
     part.SetAttribute(existing, "val", name);
