@@ -108,6 +108,25 @@ TEST_F(TermMarkerOnDocx, ATermSplitOverRunsIsOneOccurrence) {
   ExpectMarkedAndGivenBack(u"Stock Purchase Price", 1);
 }
 
+TEST_F(TermMarkerOnDocx, BlanksAtTheEdgesOfATextThatDoNotCountComeBack) {
+  OpenParagraph("<w:r><w:t> \t the Lender pays\n </w:t></w:r>");
+  ExpectMarkedAndGivenBack(u"Lender", 1);
+}
+
+TEST_F(TermMarkerOnDocx, WhatATextSaidOfItsBlanksWithoutNeedComesBack) {
+  OpenParagraph("<w:r><w:t xml:space=\"default\">the Lender pays </w:t></w:r>");
+  EXPECT_EQ(docx_->Text(), u"the Lender pays\r");
+  OpenParagraph("<w:r><w:t xml:space=\"default\">the Lender pays</w:t></w:r>");
+  ExpectMarkedAndGivenBack(u"Lender", 1);
+  OpenParagraph("<w:r><w:t xml:space=\"preserve\">the Lender pays</w:t></w:r>");
+  ExpectMarkedAndGivenBack(u"Lender", 1);
+}
+
+TEST_F(TermMarkerOnDocx, TwoTextsOfOneRunStayTwo) {
+  OpenParagraph("<w:r><w:t>Lender</w:t><w:t xml:space=\"preserve\"> pays</w:t></w:r>");
+  ExpectMarkedAndGivenBack(u"Lender", 1);
+}
+
 TEST_F(TermMarkerOnDocx, BookmarksProofingMarksAndCommentsDoNotBreakATerm) {
   OpenParagraph(TextRun("Stock ") + "<w:bookmarkStart w:id=\"5\" w:name=\"mine\"/>" +
                 "<w:proofErr w:type=\"spellStart\"/>" + TextRun("Pur") + "<w:bookmarkEnd w:id=\"5\"/>" +
