@@ -37,9 +37,9 @@ void SwitchOff(XmlPart& part, XmlNode spacing, const char* attribute, bool inher
 bool NeedsMark(const XmlPart& part, XmlNode jc, int inherited) {
   const std::string_view stated = part.Attribute(jc, "val").Value();
   const std::optional<int> alignment = ParseAlignment(stated);
-  const bool hasBlanksBeside =
-      jc.PreviousSibling().Type() == XmlType::kText || jc.NextSibling().Type() == XmlType::kText;
-  return !alignment || hasBlanksBeside || *alignment == inherited || stated != AlignmentName(*alignment, part.Strict());
+  // What is put in stands right before an element, or last.
+  const bool hasBlanksBehind = jc.NextSibling().Type() == XmlType::kText;
+  return !alignment || hasBlanksBehind || *alignment == inherited || stated != AlignmentName(*alignment, part.Strict());
 }
 
 bool SetSpace(const Formatting& formatting, XmlNode p, double points, const Side& side) {

@@ -44,6 +44,18 @@ TEST(ParagraphProperties, AnEmptyContainerSurvives) {
   EXPECT_EQ(p.Start(), "<w:pPr/>");
 }
 
+TEST(ParagraphProperties, AnAlignmentAmongBlanksComesBackInItsPlace) {
+  for (const std::string start :
+       {"<w:pPr>\n <w:jc w:val=\"both\"/>\n</w:pPr>", "<w:pPr>\n <w:jc w:val=\"both\"/></w:pPr>",
+        "<w:pPr>\n <w:pStyle w:val=\"Centred\"/>\n <w:rPr/>\n</w:pPr>"}) {
+    Paragraph p(start);
+    const int before = p.Format().Alignment(p.Node());
+    SetAlignment(p.Format(), p.Node(), word::wdAlignParagraphLeft);
+    SetAlignment(p.Format(), p.Node(), before);
+    EXPECT_EQ(p.Start(), start);
+  }
+}
+
 TEST(ParagraphProperties, AValueThatShowsAlreadyChangesNothing) {
   Paragraph p("<w:pPr><w:pStyle w:val=\"Centred\"/></w:pPr>");
   EXPECT_FALSE(SetAlignment(p.Format(), p.Node(), word::wdAlignParagraphCenter));
