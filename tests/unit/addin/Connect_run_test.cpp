@@ -576,15 +576,41 @@ TEST_F(IndexerRun, AQuietStopOfTheSearchShowsNothing) {
   ExpectCursorAt(4);
 }
 
+TEST_F(IndexerRun, WithoutLeaveToSaveTheSearchForCapitalisedWordsStopsQuietly) {
+  Set(u"SearchType", u"SearchInitCaps");
+  AcceptOptions();
+  host.messages.Expect(u"Save document", os::Pressed::kCancel);
+  Connect plain(host.Make());
+  plain.OnConnection(host.word.MakeApplication(), ConnectMode::kStartup);
+  plain.OnStartupComplete();
+  plain.ShowKVXForm();
+  EXPECT_EQ(host.messages.shown.size(), 1u);
+  EXPECT_FALSE(host.log.Contains("Document.Save"));
+  EXPECT_TRUE(host.word.bookmarks.empty());
+}
+
+TEST_F(IndexerRun, QuotesThatDoNotPairUpStopTheRunQuietly) {
+  host.word.stories[0].text = u"The \u201CSeller\u201D sells to the \u201CBuyer.\r";
+  AcceptOptions();
+  host.messages.Expect(u"Mis-matched double quotes", os::Pressed::kNo);
+  host.messages.Expect(u"Mis-matched double quotes", os::Pressed::kNo);
+  host.messages.Expect(u"Cannot index");
+  Run();
+  EXPECT_EQ(host.log.Count("show frmKVX_COM"), 0);
+  EXPECT_TRUE(host.word.bookmarks.empty());
+  ExpectCursorAt(4);
+}
+
 TEST_F(IndexerRun, WithoutAFinderForCapitalisedWordsTheRunSaysThatItCannotContinue) {
   Set(u"SearchType", u"SearchInitCaps");
   AcceptOptions();
+  host.messages.Expect(u"Save document");
   host.messages.Expect(u"Cannot continue");
   Connect plain(host.Make());
   plain.OnConnection(host.word.MakeApplication(), ConnectMode::kStartup);
   plain.OnStartupComplete();
   plain.ShowKVXForm();
-  EXPECT_EQ(host.messages.shown.at(0).text, u"Could not initialize");
+  EXPECT_EQ(host.messages.shown.at(1).text, u"Could not initialize");
   EXPECT_TRUE(host.word.bookmarks.empty());
 }
 
