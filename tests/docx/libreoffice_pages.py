@@ -6,7 +6,7 @@ libreoffice_pages.py KELVARIN FILE.docx...
 Each file is indexed in one column. A copy of the result gets a bookmark at every entry, in its XML and without the program;
 LibreOffice's PDF of the copy tells their pages, and the sections of the file what is printed on them. Every term in the index
 has to have exactly these. LibreOffice names no places in floating tables: what stands there is counted and may add pages to
-its term. Where a file holds no terms, its three commonest words are added. Exit status 1 when anything differs, 77 when
+its term. Where a file holds no terms, or its quotes do not pair up, its three commonest words are indexed. Exit status 1 when anything differs, 77 when
 LibreOffice is not installed.
 """
 
@@ -124,8 +124,11 @@ def compare(kelvarin, file, folder):
     command = [kelvarin, "index", file, "-o", result, "--force", "--pages", "libreoffice", "--columns", "1", "--no-tab",
                "--separator", SEPARATOR, "--report", report, "--quiet"]
     if subprocess.run(command, capture_output=True).returncode != 0:
+        # With no kind of search nothing is asked of the quotes.
+        settings = folder / "no-search.ini"
+        settings.write_bytes(b"[Defaults]\r\nSearchType=None\r\n")
         words = commonest_words(kelvarin, file)
-        adding = [argument for word in words for argument in ("--add", word)]
+        adding = ["--settings", settings, *(argument for word in words for argument in ("--add", word))]
         if not words or subprocess.run([*command, *adding], capture_output=True).returncode != 0:
             return None
     terms, sections = mark(result, copy)
