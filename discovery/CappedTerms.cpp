@@ -10,6 +10,7 @@
 #include "discovery/CappedPhrases.h"
 #include "discovery/LineText.h"
 #include "discovery/StoryPages.h"
+#include "engine/TermLists.h"
 #include "engine/modKVX.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Document.h"
@@ -17,9 +18,6 @@
 #include "platform/word/Range.h"
 
 namespace {
-
-constexpr std::u16string_view kNotUsedBookmark = u"DefinedTermsIndexNotUsedList";
-constexpr std::u16string_view kNotFoundBookmark = u"DefinedTermsIndexNotFoundList";
 
 constexpr std::u16string_view kTitle = u"Please wait";
 /// A whole word that begins with a capital letter.
@@ -53,7 +51,7 @@ struct Stretch {
 std::vector<Stretch> OwnText(const word::DocumentPtr& document, word::WdStoryType type) {
   std::vector<Stretch> own;
   const word::BookmarksPtr bookmarks = document->Bookmarks();
-  for (const std::u16string_view name : {kIndexBookmark, kNotUsedBookmark, kNotFoundBookmark}) {
+  for (const std::u16string_view name : {kIndexBookmark, kNotUsedListBookmark, kNotFoundListBookmark}) {
     if (!bookmarks->Exists(name)) continue;
     const word::RangePtr range = bookmarks->Item(name)->Range();
     if (range->StoryType() == type) own.push_back({range->Start(), range->End()});

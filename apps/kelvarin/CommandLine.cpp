@@ -251,9 +251,10 @@ class Reader {
     CLI::App& command = AddCommand("terms", Command::kTerms, "print the candidate terms, one a line");
     AddInputs(command, false);
     AddSearch(command);
-    command.add_flag("--json", options_.json,
-                     "print an array of objects, which say where each term stands and whether it is capitalised only in "
-                     "headings or at sentence starts");
+    command.add_flag(
+        "--json", options_.json,
+        "print an array of objects, which say where each term stands and whether it is capitalised only in "
+        "headings or at sentence starts");
     AddPages(command);
     AddCommon(command);
   }

@@ -18,7 +18,7 @@ enum class PageSource {
   kAuto,    ///< the best at hand
   kFile,    ///< the breaks in the file, and an estimate
   kLayout,  ///< the layout engine alone
-  kPdf,  ///< of a PdfMaker
+  kPdf,     ///< of a PdfMaker
 };
 
 /// Has another word processor lay documents out.

@@ -127,8 +127,7 @@ class Story {
   /// Of the marks of separate runs in front of a run one at most is wanted, and none at a paragraph's start.
   void RejoinAt(Position position);
   void MoveAnchors(Position at, Position removed, Position inserted);
-  XmlNode InsertCopyOf(Position from, Position to, const std::u16string& character,
-                              const RevisionStamp* tracked);
+  XmlNode InsertCopyOf(Position from, Position to, const std::u16string& character, const RevisionStamp* tracked);
   void PutBeforeBookmarkStarts(Position character, XmlNode inserted);
   void MarkDeleted(Position at, const RevisionStamp& stamp);
 

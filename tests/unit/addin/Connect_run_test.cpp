@@ -601,19 +601,6 @@ TEST_F(IndexerRun, QuotesThatDoNotPairUpStopTheRunQuietly) {
   ExpectCursorAt(4);
 }
 
-TEST_F(IndexerRun, WithoutAFinderForCapitalisedWordsTheRunSaysThatItCannotContinue) {
-  Set(u"SearchType", u"SearchInitCaps");
-  AcceptOptions();
-  host.messages.Expect(u"Save document");
-  host.messages.Expect(u"Cannot continue");
-  Connect plain(host.Make());
-  plain.OnConnection(host.word.MakeApplication(), ConnectMode::kStartup);
-  plain.OnStartupComplete();
-  plain.ShowKVXForm();
-  EXPECT_EQ(host.messages.shown.at(1).text, u"Could not initialize");
-  EXPECT_TRUE(host.word.bookmarks.empty());
-}
-
 TEST_F(IndexerRun, AnErrorBehindTheCloseFormIsShownAndTheFormGoes) {
   AcceptOptions();
   CancelTerms();
