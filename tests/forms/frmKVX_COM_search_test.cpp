@@ -168,12 +168,12 @@ TEST_F(Refresh, SetAsDefaultsWritesEveryOptionInOrderAndSearches) {
   EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*Buyer", u"*Seller"}));
 }
 
-TEST_F(Refresh, SetAsDefaultsSavesTheSearchTypeBeforeTheSearch) {
+TEST_F(Refresh, SetAsDefaultsWithCapitalisedWordsSearchesForThemAtOnce) {
   frmKVX_COM& dialog = StepsInTerms({u"old"}, R"({"click":["optSearchType",1]},{"click":"cmdSetDefaults"})",
                                     R"({"message":"Refresh terms list","press":"OK"},)" + kSave);
   EXPECT_EQ(profile[u"SearchType"], u"SearchInitCaps");
-  EXPECT_EQ(log.CountBeginning("Find.Text"), 0);
-  EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*old"}));
+  EXPECT_TRUE(log.Contains("Find.Text = <[A-Z]*>"));
+  EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*Buyer", u"*Seller"}));
 }
 
 }  // namespace
