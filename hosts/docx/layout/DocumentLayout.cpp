@@ -16,8 +16,6 @@ constexpr const char* kTheme = "/theme";
 constexpr const char* kNumbering = "/numbering";
 constexpr const char* kStyles = "/styles";
 constexpr const char* kFontTable = "/fontTable";
-constexpr const char* kFootnotes = "/footnotes";
-constexpr const char* kEndnotes = "/endnotes";
 
 /// What a document without settings of its own is: one of Word 2007.
 constexpr int kOldestCompatibility = 12;
