@@ -1,5 +1,6 @@
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
@@ -17,6 +18,8 @@
 #include <iterator>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "apps/desktop/Desktop.h"
 #include "hosts/qt/Text.h"
@@ -105,9 +108,10 @@ class DesktopTest : public ::testing::Test {
   }
 
   /// "Find and index" with the options as they are, by the keyboard in the first dialog and the mouse in the second.
-  void Index() {
-    person_.Expect([](QWidget& window) {
+  void Index(bool highlight = false) {
+    person_.Expect([highlight](QWidget& window) {
       EXPECT_EQ(window.objectName().toStdString(), "frmKVXOptions");
+      if (Person::At<QCheckBox>(window, "chkHighlight").isChecked() != highlight) Person::Click(window, "chkHighlight");
       Person::Press(window, Qt::Key_Return);
     });
     person_.Expect([this](QWidget& window) {
@@ -119,6 +123,47 @@ class DesktopTest : public ::testing::Test {
       Person::Click(window, "cmdOK");
     });
     Choose("&Find and index");
+  }
+
+  /// The paragraphs of the body on all pages.
+  std::vector<qt::PageParagraph> Paragraphs() {
+    std::vector<qt::PageParagraph> all;
+    for (int page = 1; page <= desktop_->Document()->PageCount(); ++page) {
+      for (qt::PageParagraph& paragraph : desktop_->Document()->TextOf(page).body) all.push_back(std::move(paragraph));
+    }
+    return all;
+  }
+  static std::string TextOf(const qt::PageParagraph& paragraph) {
+    std::u16string text;
+    for (const qt::PageRun& run : paragraph.runs) text += run.text;
+    return qt::ToQt(text).toStdString();
+  }
+  std::string WholeText() {
+    std::string text;
+    for (const qt::PageParagraph& paragraph : Paragraphs()) text += TextOf(paragraph) + '\n';
+    return text;
+  }
+  bool Highlighted() {
+    for (const qt::PageParagraph& paragraph : Paragraphs()) {
+      for (const qt::PageRun& run : paragraph.runs) {
+        if (run.look.highlight == word::wdYellow) return true;
+      }
+    }
+    return false;
+  }
+  /// The line of the index about a term; empty when there is none.
+  std::string IndexEntry(const std::string& term) {
+    for (const qt::PageParagraph& paragraph : Paragraphs()) {
+      if (paragraph.rightTab && TextOf(paragraph).starts_with(term)) return TextOf(paragraph);
+    }
+    return {};
+  }
+
+  static void SaysYesToUpdating(QWidget& window) {
+    EXPECT_EQ(window.windowTitle().toStdString(), "Update only?");
+    auto* box = qobject_cast<QMessageBox*>(&window);
+    ASSERT_NE(box, nullptr);
+    QTest::mouseClick(box->button(QMessageBox::Yes), Qt::LeftButton);
   }
 
   QTemporaryDir folder_;
@@ -231,7 +276,7 @@ TEST_F(DesktopTest, AWholeRunByKeysAndMouseLeavesAnIndexThatLeadsToItsPlaces) {
     });
   }
   person_.Expect([](QWidget& window) { Person::Click(window, "cmdNo"); });
-  Index();
+  Index(true);
   EXPECT_GT(termsFound_, 3);
   EXPECT_TRUE(window_->isWindowModified());
   EXPECT_EQ(Bytes(path_), before) << "nothing is saved without being asked";
@@ -265,6 +310,70 @@ TEST_F(DesktopTest, AWholeRunByKeysAndMouseLeavesAnIndexThatLeadsToItsPlaces) {
     for (const qt::PageRun& run : paragraph.runs) highlighted = highlighted || run.look.highlight == word::wdYellow;
   }
   EXPECT_TRUE(highlighted);
+}
+
+TEST_F(DesktopTest, TheToolsMenuHasTheFourCommandsOfTheAddInAndNothingElse) {
+  QMenu* tools = window_->findChild<QMenu*>("tools");
+  ASSERT_EQ(tools->actions().size(), 1);
+  EXPECT_EQ(tools->actions()[0]->text().toStdString(), "&Kelvarin");
+  QMenu* popup = tools->actions()[0]->menu();
+  ASSERT_NE(popup, nullptr);
+  std::vector<std::string> captions;
+  for (const QAction* action : popup->actions()) captions.push_back(action->text().toStdString());
+  EXPECT_EQ(captions, (std::vector<std::string>{"&Find and index", "&Remove indexing", "Remove &highlighting only",
+                                                "&Update index"}));
+}
+
+TEST_F(DesktopTest, HighlightingGoesAtACommandAndTheIndexStays) {
+  Open();
+  Key(Qt::Key_End, Qt::ControlModifier);
+  Index(true);
+  ASSERT_TRUE(Highlighted());
+  person_.ExpectMessage("Done", "Highlighting removed from indexed terms.", "OK");
+  Choose("Remove &highlighting only");
+  EXPECT_FALSE(Highlighted());
+  EXPECT_FALSE(IndexEntry("premises").empty());
+}
+
+TEST_F(DesktopTest, IndexingGoesAtACommandAndLeavesTheDocumentAsItWas) {
+  Open();
+  Key(Qt::Key_End, Qt::ControlModifier);
+  const std::string before = WholeText();
+  Index(true);
+  ASSERT_NE(WholeText(), before);
+  Choose("&Remove indexing");
+  EXPECT_EQ(WholeText(), before);
+  EXPECT_FALSE(Highlighted());
+}
+
+TEST_F(DesktopTest, TheIndexIsBroughtUpToDateAtACommand) {
+  Open();
+  Key(Qt::Key_End, Qt::ControlModifier);
+  Index();
+  const std::string entry = IndexEntry("premises");
+  ASSERT_FALSE(entry.empty());
+  person_.Expect(SaysYesToUpdating);
+  person_.ExpectMessage("Done", "Defined terms index updated.", "OK");
+  Choose("&Update index");
+  EXPECT_EQ(IndexEntry("premises"), entry);
+}
+
+TEST_F(DesktopTest, ADocumentWithoutAnIndexHasNoneToUpdate) {
+  Open();
+  person_.Expect(SaysYesToUpdating);
+  person_.ExpectMessage("No defined terms index found",
+                        "No defined terms index found.  Please re-run Kelvarin to create one.", "OK");
+  Choose("&Update index");
+  EXPECT_FALSE(window_->isWindowModified());
+}
+
+TEST_F(DesktopTest, WithoutADocumentTheCommandsDoNothing) {
+  person_.ExpectMessage("No document to index", "At least 1 document needs to be open to run the indexer.", "OK");
+  Choose("&Find and index");
+  for (const char* command : {"&Remove indexing", "Remove &highlighting only", "&Update index"}) {
+    Choose(command);
+  }
+  EXPECT_EQ(desktop_->Document(), nullptr);
 }
 
 TEST_F(DesktopTest, SavingWritesTheWholeResultAndNothingIsLeftToSave) {
