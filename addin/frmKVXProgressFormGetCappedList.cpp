@@ -1,9 +1,12 @@
 #include "addin/frmKVXProgressFormGetCappedList.h"
 
+#include "addin/modCommonErrorMsgs.h"
+#include "dialogs/modHelpLinks.h"
+
 #include <utility>
 
-frmKVXProgressFormGetCappedList::frmKVXProgressFormGetCappedList(forms::FormHost& host, std::function<void()> search)
-    : frmProgressForm(host, "frmKVXProgressFormGetCappedList"), search_(std::move(search)) {}
+frmKVXProgressFormGetCappedList::frmKVXProgressFormGetCappedList(const Host& host, std::function<void()> search)
+    : frmProgressForm(host.forms, "frmKVXProgressFormGetCappedList"), host_(host), search_(std::move(search)) {}
 
 void frmKVXProgressFormGetCappedList::OnActivate() {
   try {
@@ -13,6 +16,11 @@ void frmKVXProgressFormGetCappedList::OnActivate() {
     throw;
   }
   Hide();
+}
+
+void frmKVXProgressFormGetCappedList::OnHelp(forms::Control&) {
+  TrapErrors(host_.messages, u"Error showing help",
+             [this] { OpenHelpTopic(host_, kHelpFile, kHelpCreateIndex, *this); });
 }
 
 void frmKVXProgressFormGetCappedList::OnQueryUnload(forms::UnloadReason reason) {

@@ -1,7 +1,7 @@
 #include "dialogs/frmKVXRemoveArticles.h"
 
 frmKVXRemoveArticles::frmKVXRemoveArticles(const Host& host, const std::vector<std::u16string>& terms)
-    : Form(host.forms, "frmKVXRemoveArticles") {
+    : HelpedForm(host, "frmKVXRemoveArticles", kHelpFormattingTerms) {
   for (const std::u16string& term : terms) lstTerms.AddItem(term);
   txtInstrux.onGotFocus = [this] { lstTerms.SetFocus(); };
   cmdOK.onClick = [this] { End(u"OK"); };

@@ -3,13 +3,12 @@
 #include <string>
 #include <vector>
 
-#include "platform/Host.h"
+#include "dialogs/HelpedForm.h"
 #include "platform/forms/Control.h"
-#include "platform/forms/Form.h"
 
 /// The small form in which the user ticks the terms whose opening quote is to go past their article. Tag() is "OK"
 /// after its OK button, "Cancel" otherwise.
-class frmKVXRemoveArticles : public forms::Form {
+class frmKVXRemoveArticles : public HelpedForm {
  public:
   /// The host outlives the form. @param terms what is listed, unticked
   frmKVXRemoveArticles(const Host& host, const std::vector<std::u16string>& terms);

@@ -22,7 +22,7 @@ SearchResult SearchCappedTerms(const TermSearch& search, const Host& host, bool 
                         [&host] { host.forms.DoEvents(); },
                         [&shown] { return shown->Closed(); }};
   bool done = false;
-  auto form = std::make_unique<frmKVXProgressFormGetCappedList>(host.forms, [&] {
+  auto form = std::make_unique<frmKVXProgressFormGetCappedList>(host, [&] {
     done = TrapErrors(host.messages, u"Build capped terms array failed", [&] {
       if (FindCappedTerms(scan, terms)) QuickSort(terms, 0, static_cast<int>(terms.size()) - 1);
     });

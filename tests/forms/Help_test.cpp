@@ -2,6 +2,7 @@
 
 #include "dialogs/frmKVXChangeQuotes.h"
 #include "dialogs/frmKVXFormatInstrux.h"
+#include "dialogs/frmKVXRemoveArticles.h"
 #include "tests/forms/Dialogs.h"
 
 #include <map>
@@ -60,14 +61,17 @@ TEST_F(Help, TheOptionsDialogOpensTheSameTopics) {
 
 TEST_F(Help, FormsAboutQuotesOpenTheTopicAboutFormatting) {
   Answer(R"({"form":"frmKVXChangeQuotes","do":[{"f1":"cmbOpenQuote"}]},
-            {"form":"frmKVXFormatInstrux","do":[{"f1":"lblFormatInstrux"}]})");
+            {"form":"frmKVXFormatInstrux","do":[{"f1":"lblFormatInstrux"}]},
+            {"form":"frmKVXRemoveArticles","do":[{"f1":"lstTerms"},{"click":"cmdOK"}]})");
   {
     frmKVXChangeQuotes quotes(*services, ini);
     host->ShowModal(quotes);
     frmKVXFormatInstrux reminder(*services, ini);
-    ShowToItsEnd(reminder);
+    host->ShowModal(reminder);
+    frmKVXRemoveArticles articles(*services, {u"the Bank"});
+    ShowToItsEnd(articles);
   }
-  EXPECT_EQ(Opened(), (std::vector<std::string>{Topic(16), Topic(16)}));
+  EXPECT_EQ(Opened(), (std::vector<std::string>{Topic(16), Topic(16), Topic(16)}));
 }
 
 TEST_F(Help, ATopicNumberBelowOneOpensTheContents) {

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "addin/frmKVXProgressFormGetCappedList.h"
 #include "addin/frmKVXProgressFormKVXPreparing.h"
 #include "platform/word/HostError.h"
 #include "tests/qt/Windows.h"
@@ -85,6 +86,14 @@ TEST_F(FormWork, EscapePressesTheCancelButton) {
   frmKVXOptions& form = MakeOptions();
   Show(form, [&](QWidget& window) { Person::Press(window, Qt::Key_Escape); });
   EXPECT_EQ(form.Tag(), u"Cancel");
+}
+
+TEST_F(FormWork, F1OpensHelpWhereNothingHasTheFocus) {
+  frmKVXProgressFormGetCappedList form(
+      services, [&] { Person::Press(*FindWindow("frmKVXProgressFormGetCappedList"), Qt::Key_F1); });
+  windows.ShowModal(form);
+  ASSERT_EQ(fake.help.shown.size(), 1u);
+  EXPECT_EQ(fake.help.shown[0].data, 11);
 }
 
 TEST_F(FormWork, TheCloseBoxEndsAFormThatHasOne) {

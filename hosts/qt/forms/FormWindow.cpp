@@ -71,11 +71,16 @@ void FormWindow::Appear(bool modal) {
   if (form_ == nullptr) return;
   Refresh();
   // Left to itself, a window takes two thirds of the screen at most, whatever that cuts off.
-  if (!testAttribute(Qt::WA_Resized)) resize(layout()->totalSizeHint());
+  if (!testAttribute(Qt::WA_Resized)) resize(layout()->totalSizeHint().expandedTo(RoomForTitle()));
   setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
   show();
   raise();
   if (modal) activateWindow();
+}
+
+/// A small form is wide enough for its title between the boxes of its frame.
+QSize FormWindow::RoomForTitle() const {
+  return {fontMetrics().horizontalAdvance(windowTitle()) + 12 * fontMetrics().averageCharWidth(), 0};
 }
 
 void FormWindow::WaitUntilHidden() {
@@ -287,10 +292,17 @@ bool FormWindow::Accelerator(char16_t letter) {
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
   if (form_ == nullptr) return;
+  if (event->key() == Qt::Key_F1) return HelpWithoutFocus();
   forms::Control* button = nullptr;
   if (DialogKey(*event) == kEnter) button = form_->DefaultButton();
   if (DialogKey(*event) == kEscape) button = form_->CancelButton();
   if (button != nullptr) Act([&] { button->UserClick(); });
+}
+
+/// A form of nothing but labels has no control that the focus, and so F1, could be in.
+void FormWindow::HelpWithoutFocus() {
+  const auto view = std::find_if(views_.begin(), views_.end(), [](const auto& one) { return one->Of().Usable(); });
+  if (view != views_.end()) Act([&] { form_->UserHelp((*view)->Of()); });
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

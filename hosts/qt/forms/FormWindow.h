@@ -44,6 +44,7 @@ class FormWindow : public QDialog, public ActionGate, private forms::Form::Liste
 
  private:
   void Changed(forms::Form& form, forms::Control* control) override;
+  QSize RoomForTitle() const;
   void RefreshLater();
   void RefreshControls();
   void RefreshFocus();
@@ -52,6 +53,7 @@ class FormWindow : public QDialog, public ActionGate, private forms::Form::Liste
   bool Key(ControlView* view, QKeyEvent& event);
   bool IsOwnKey(const QKeyEvent& event) const;
   bool Accelerator(char16_t letter);
+  void HelpWithoutFocus();
   forms::Control* AcceleratorTarget(std::size_t view) const;
 
   forms::Form* form_;

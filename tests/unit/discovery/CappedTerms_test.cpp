@@ -132,6 +132,16 @@ TEST_F(CappedTermsOfADocument, ClosingTheFormStopsTheSearchQuietly) {
   EXPECT_EQ(host.log.CountBeginning("message"), 0);
 }
 
+TEST_F(CappedTermsOfADocument, HelpOpensWhileTheSearchGoesOn) {
+  host.word.stories = {{word::wdMainTextStory, u"a Buyer\ra Seller\r", {}, {8}}};
+  onStep = [this](forms::Form& shown) {
+    if (steps.size() == 1) shown.UserHelp(*shown.Find("lblLabel1"));
+  };
+  EXPECT_EQ(Search(), (FoundTerms{u"Buyer", u"Seller"}));
+  ASSERT_EQ(host.help.shown.size(), 1u);
+  EXPECT_EQ(host.help.shown[0].data, 11);
+}
+
 TEST_F(CappedTermsOfADocument, AnErrorIsShownAndWhatWasFoundUntilThenIsKept) {
   host.messages.Expect(u"Build capped terms array failed");
   host.word.stories = {{word::wdMainTextStory, u"a Seller\ra Buyer\ra Parent\r", {}, {9, 17}}};
