@@ -3,10 +3,12 @@
 #include <iostream>
 
 #include "apps/desktop/Desktop.h"
+#include "hosts/qt/OutlinedStyle.h"
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Kelvarin"));
+  qt::UseOutlinedStyle();
   if (argc > 2) {
     std::cerr << "usage: kelvarin open [FILE]\n";
     return 2;

@@ -1,19 +1,27 @@
 #include <QAbstractButton>
+#include <QCheckBox>
+#include <QImage>
 #include <QLabel>
 #include <QStyle>
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "addin/frmKVXProgressFormGetCappedList.h"
+#include "addin/frmKVXProgressFormKVXClose.h"
 #include "addin/frmKVXProgressFormKVXPreparing.h"
 #include "addin/frmProgressForm.h"
 #include "dialogs/frmKVXAbout_COM.h"
 #include "dialogs/frmKVXChangeQuotes.h"
 #include "dialogs/frmKVXFormatInstrux.h"
+#include "dialogs/frmKVXRemoveArticles.h"
 #include "dialogs/frmKVXSearchChooser.h"
 #include "dialogs/frmKVXShowHelp.h"
+#include "discovery/FoundTermsLabel.h"
+#include "hosts/qt/OutlinedStyle.h"
 #include "hosts/qt/Text.h"
 #include "hosts/qt/forms/ControlView.h"
 #include "platform/forms/Dump.h"
@@ -37,6 +45,7 @@ class FormContract : public Windows {
     Show(first, [&](QWidget& window) { look(first, window); });
     frmKVX_COM& second = MakeTerms({u"Buyer", u"Completion Date", u"Seller"});
     second.lstAddTerms.AddItem(u"Escrow");
+    second.lblTermsInDoc.SetCaption(FoundTermsLabel(TermKind::kQuoted, true));
     Show(second, [&](QWidget& window) {
       for (const int tab : {0, 1, 2}) {
         second.tbcTabs.SetSelectedTab(tab);
@@ -52,6 +61,10 @@ class FormContract : public Windows {
     Show(offer, [&](QWidget& window) { look(offer, window); });
     frmKVXChangeQuotes quotes(services, ini);
     Show(quotes, [&](QWidget& window) { look(quotes, window); });
+    frmKVXRemoveArticles articles(services, {u"the Bank", u"a Loan"});
+    articles.Load();
+    articles.lstTerms.SetSelected(1, true);
+    Show(articles, [&](QWidget& window) { look(articles, window); });
     frmKVXAbout_COM about(services);
     Show(about, [&](QWidget& window) { look(about, window); });
     frmProgressForm progress(windows);
@@ -62,16 +75,34 @@ class FormContract : public Windows {
     progress.SetPosition(45, 100);
     windows.Repaint(progress);
     look(progress, *FindWindow("frmProgressForm"));
-    frmKVXProgressFormKVXPreparing preparing(windows, [&] {
-      QWidget* window = FindWindow("frmKVXProgressFormKVXPreparing");
-      ASSERT_NE(window, nullptr) << "it works behind a window that is not there";
-      look(preparing, *window);
+    frmKVXProgressFormGetCappedList capitals(services, [&] {
+      capitals.SetCaption(u"Searching");
+      capitals.lblLabel1.SetCaption(u"Searching page:  3");
+      capitals.SetPosition(3, 4);
+      windows.Repaint(capitals);
+      LookAtWork(capitals, look);
     });
-    preparing.Load();
-    preparing.lblLabel1.SetCaption(u"Please wait");
-    preparing.lblProgBarTotal.SetVisible(false);
-    preparing.lblProgBarCompleted.SetVisible(false);
-    windows.ShowModal(preparing);
+    windows.ShowModal(capitals);
+    frmKVXProgressFormKVXPreparing preparing(windows, [&] { LookAtWork(preparing, look); });
+    ShowAtWork(preparing);
+    frmKVXProgressFormKVXClose closing(windows, [&] { LookAtWork(closing, look); });
+    ShowAtWork(closing);
+  }
+
+  /// From within the work that the form does.
+  static void LookAtWork(forms::Form& form, const std::function<void(forms::Form&, QWidget&)>& look) {
+    QWidget* window = FindWindow(QString::fromStdString(form.Name()));
+    ASSERT_NE(window, nullptr) << "it works behind a window that is not there";
+    look(form, *window);
+  }
+
+  void ShowAtWork(WorkProgressForm& form) {
+    form.Load();
+    form.lblLabel1.SetCaption(u"Please wait");
+    form.lblLabel2.SetCaption(u"Preparing document...");
+    form.lblProgBarTotal.SetVisible(false);
+    form.lblProgBarCompleted.SetVisible(false);
+    windows.ShowModal(form);
   }
 };
 
@@ -81,7 +112,7 @@ TEST_F(FormContract, EachFormIsShownAsItIs) {
     ExpectShownAsItIs(form);
     ++looked;
   });
-  EXPECT_EQ(looked, 11);
+  EXPECT_EQ(looked, 14);
 }
 
 TEST_F(FormContract, WhatCodeChangesIsShown) {
@@ -142,6 +173,38 @@ TEST_F(FormContract, EachControlHasANameForThoseWhoDoNotSeeIt) {
     EXPECT_EQ(name("imgAbout"), "About");
     EXPECT_EQ(name("tbcTabs"), "Options");
   });
+}
+
+TEST_F(FormContract, EachFormFitsASmallScreen) {
+  InEachForm([](forms::Form& form, QWidget& window) {
+    EXPECT_LE(window.width(), 1024) << form.Name();
+    EXPECT_LE(window.height(), 700) << form.Name();
+  });
+}
+
+TEST_F(FormContract, ASmallFormHasRoomForItsTitle) {
+  frmKVXChangeQuotes quotes(services, ini);
+  quotes.Load();
+  quotes.SetCaption(u"A title that is longer than anything that stands in the form");
+  Show(quotes, [](QWidget& window) {
+    EXPECT_GT(window.width(), window.fontMetrics().horizontalAdvance(window.windowTitle()));
+  });
+}
+
+TEST(OutlinedStyle, ABoxWithoutATickIsSeenInADarkPalette) {
+  qt::OutlinedStyle style;
+  QCheckBox box;
+  box.setStyle(&style);
+  box.setPalette(QPalette(QColor(0x3c, 0x3c, 0x40), QColor(0x2d, 0x2d, 0x30)));
+  box.resize(box.sizeHint());
+  QImage shown(box.size(), QImage::Format_RGB32);
+  shown.fill(QColor(0x2d, 0x2d, 0x30));
+  box.render(&shown, {}, {}, QWidget::DrawChildren);
+  int brightest = 0;
+  for (int x = 0; x < shown.width(); ++x) {
+    brightest = std::max(brightest, shown.pixelColor(x, shown.height() / 2).lightness());
+  }
+  EXPECT_GT(brightest, 0x2d + 0x50);
 }
 
 TEST_F(FormContract, NothingIsCutOff) {

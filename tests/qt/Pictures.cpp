@@ -13,14 +13,18 @@
 #include <iostream>
 #include <string>
 
+#include "addin/frmKVXProgressFormGetCappedList.h"
+#include "addin/frmKVXProgressFormKVXClose.h"
 #include "addin/frmKVXProgressFormKVXPreparing.h"
 #include "addin/frmProgressForm.h"
 #include "apps/desktop/Desktop.h"
 #include "dialogs/frmKVXAbout_COM.h"
 #include "dialogs/frmKVXChangeQuotes.h"
 #include "dialogs/frmKVXFormatInstrux.h"
+#include "dialogs/frmKVXRemoveArticles.h"
 #include "dialogs/frmKVXSearchChooser.h"
 #include "dialogs/frmKVXShowHelp.h"
+#include "hosts/qt/OutlinedStyle.h"
 #include "tests/qt/Windows.h"
 
 namespace {
@@ -28,7 +32,8 @@ namespace {
 QString folder;
 
 QPalette DarkPalette() {
-  QPalette palette;
+  // With the shades of an edge, which a theme sets too.
+  QPalette palette(QColor(0x3c, 0x3c, 0x40), QColor(0x2d, 0x2d, 0x30));
   palette.setColor(QPalette::Window, QColor(0x2d, 0x2d, 0x30));
   palette.setColor(QPalette::WindowText, Qt::white);
   palette.setColor(QPalette::Base, QColor(0x1e, 0x1e, 0x1e));
@@ -53,7 +58,19 @@ void Keep(QWidget& window, const QString& name) {
   EXPECT_TRUE(window.grab().save(path)) << path.toStdString();
 }
 
-class Pictures : public Windows {};
+class Pictures : public Windows {
+ protected:
+  /// As the run command shows its forms that work.
+  void ShowAtWork(WorkProgressForm& form, std::u16string_view task) {
+    form.Load();
+    form.SetCaption(u"Kelvarin");
+    form.lblLabel1.SetCaption(u"Please wait");
+    form.lblLabel2.SetCaption(task);
+    form.lblProgBarTotal.SetVisible(false);
+    form.lblProgBarCompleted.SetVisible(false);
+    windows.ShowModal(form);
+  }
+};
 
 TEST_F(Pictures, OfTheOptions) {
   Show(MakeOptions(), [](QWidget& window) { Keep(window, "options"); });
@@ -94,6 +111,14 @@ TEST_F(Pictures, OfTheChoiceOfQuotes) {
   Show(quotes, [](QWidget& window) { Keep(window, "change_quotes"); });
 }
 
+TEST_F(Pictures, OfTheArticles) {
+  frmKVXRemoveArticles articles(services,
+                                {u"a Loan", u"any Permitted Assignee", u"the Bank", u"The Royal Bank of York"});
+  articles.Load();
+  articles.lstTerms.SetSelected(2, true);
+  Show(articles, [](QWidget& window) { Keep(window, "remove_articles"); });
+}
+
 TEST_F(Pictures, OfTheAboutBox) {
   frmKVXAbout_COM about(services);
   Show(about, [](QWidget& window) { Keep(window, "about"); });
@@ -106,15 +131,20 @@ TEST_F(Pictures, OfTheProgressForms) {
                           u"Indexing document");
   Keep(*FindWindow("frmProgressForm"), "progress");
   progress.CloseProgress();
+  frmKVXProgressFormGetCappedList capitals(services, [&] {
+    capitals.SetCaption(u"Searching for terms");
+    capitals.lblLabel1.SetCaption(u"Searching page:  3");
+    capitals.lblLabel2.SetCaption(u"Processing main document page 3");
+    capitals.SetPosition(3, 12);
+    windows.Repaint(capitals);
+    Keep(*FindWindow("frmKVXProgressFormGetCappedList"), "progress_capitals");
+  });
+  windows.ShowModal(capitals);
   frmKVXProgressFormKVXPreparing preparing(windows,
                                            [] { Keep(*FindWindow("frmKVXProgressFormKVXPreparing"), "preparing"); });
-  preparing.Load();
-  preparing.SetCaption(u"Kelvarin");
-  preparing.lblLabel1.SetCaption(u"Please wait");
-  preparing.lblLabel2.SetCaption(u"Preparing document...");
-  preparing.lblProgBarTotal.SetVisible(false);
-  preparing.lblProgBarCompleted.SetVisible(false);
-  windows.ShowModal(preparing);
+  ShowAtWork(preparing, u"Preparing document...");
+  frmKVXProgressFormKVXClose closing(windows, [] { Keep(*FindWindow("frmKVXProgressFormKVXClose"), "closing"); });
+  ShowAtWork(closing, u"Restoring document...");
 }
 
 TEST_F(Pictures, OfMessages) {
@@ -177,9 +207,11 @@ TEST(WindowPictures, OfARun) {
   trigger("&Find and index");
   Keep(window, "window_index");
   QMenu* tools = window.findChild<QMenu*>("tools");
-  tools->popup(window.mapToGlobal(QPoint(100, 30)));
-  Keep(*tools, "window_tools");
-  tools->hide();
+  QMenu* commands = tools->actions().front()->menu();
+  ASSERT_NE(commands, nullptr);
+  commands->popup(window.mapToGlobal(QPoint(100, 30)));
+  Keep(*commands, "window_tools");
+  commands->hide();
   for (int step = 0; step < 12; ++step) QTest::keyClick(&window.View(), Qt::Key_PageUp);
   Keep(window, "window_highlights");
   trigger("Zoom &out");
@@ -201,6 +233,7 @@ int main(int argc, char** argv) {
   folder = QString::fromLocal8Bit(argv[1]);
   QDir().mkpath(folder);
   QApplication::setStyle(QStringLiteral("Fusion"));
+  qt::UseOutlinedStyle();
   QApplication::setQuitOnLastWindowClosed(false);
   if (QString::fromLocal8Bit(argv[2]) == "dark") QApplication::setPalette(DarkPalette());
   return RUN_ALL_TESTS();

@@ -48,7 +48,10 @@ Face FaceOf(const QWidget& widget) {
     Face face{"ListBox", QString("=%1").arg(list->currentIndex().row())};
     for (int i = 0; i < list->model()->rowCount(); ++i) {
       const QModelIndex entry = list->model()->index(i, 0);
-      face.entries << Entry(list->selectionModel()->isSelected(entry), entry.data().toString());
+      // A list of boxes to tick shows its marks there.
+      const QVariant tick = entry.data(Qt::CheckStateRole);
+      const bool marked = tick.isValid() ? tick.toInt() == Qt::Checked : list->selectionModel()->isSelected(entry);
+      face.entries << Entry(marked, entry.data().toString());
     }
     return face;
   }

@@ -71,17 +71,14 @@ class LabelView : public ControlView {
  public:
   LabelView(forms::Label& label, QWidget& parent, LabelStyle style) : LabelView(label, MakeLabel(parent, style)) {
     label_.setTextFormat(Qt::PlainText);
-    if (style != LabelStyle::kText) return;
-    const bool isLong = label.Caption().size() > kLongestLine;
-    label_.setWordWrap(isLong);
-    if (!isLong) return;
-    // Enough for the text to be a block and not a column; a frame may be narrower than a whole form.
-    const int characters = label.Parent() == nullptr ? kLongestLine : kLongestLine / 2;
-    label_.setMinimumWidth(label_.fontMetrics().averageCharWidth() * characters);
+    mayWrap_ = style == LabelStyle::kText;
+    WrapWhenLong();
   }
 
  protected:
   void MirrorState() override {
+    // A text that came later wraps where a list beside it gives way to it; else the window grows with it.
+    if (Of().Parent() != nullptr) WrapWhenLong();
     // A label shows "&" as it stands unless it has a partner.
     const std::u16string& caption = Of().Caption();
     label_.setText(label_.buddy() != nullptr ? ToQt(caption) : WithoutMnemonic(caption));
@@ -93,7 +90,17 @@ class LabelView : public ControlView {
 
  private:
   LabelView(forms::Label& label, QLabel& widget) : ControlView(label, widget), label_(widget) {}
+
+  void WrapWhenLong() {
+    if (!mayWrap_ || label_.wordWrap() || Of().Caption().size() <= kLongestLine) return;
+    label_.setWordWrap(true);
+    // Enough for the text to be a block and not a column; a frame may be narrower than a whole form.
+    const int characters = Of().Parent() == nullptr ? kLongestLine : kLongestLine / 2;
+    label_.setMinimumWidth(label_.fontMetrics().averageCharWidth() * characters);
+  }
+
   QLabel& label_;
+  bool mayWrap_{false};
 };
 
 class LinkView : public ControlView {

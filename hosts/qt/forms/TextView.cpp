@@ -2,6 +2,9 @@
 
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QTextLayout>
+
+#include <algorithm>
 
 #include "hosts/qt/Text.h"
 
@@ -10,6 +13,21 @@ namespace qt {
 namespace {
 
 constexpr char16_t kBackspace = 8;
+/// In average characters: what is longer goes on in a further line.
+constexpr int kLongestLine = 80;
+
+/// How many lines a paragraph takes at a width.
+int LinesAt(const QString& paragraph, const QFont& font, int width) {
+  QTextLayout layout(paragraph, font);
+  layout.beginLayout();
+  int lines = 0;
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLineWidth(width);
+    ++lines;
+  }
+  layout.endLayout();
+  return std::max(lines, 1);
+}
 
 class LineView : public ControlView {
  public:
@@ -53,7 +71,6 @@ class ReadingView : public ControlView {
     edit_.setFocusPolicy(Qt::TabFocus);
     edit_.setReadOnly(true);
     edit_.setTabChangesFocus(true);
-    edit_.setLineWrapMode(QPlainTextEdit::NoWrap);
     // It is as large as its text.
     edit_.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     edit_.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -76,9 +93,14 @@ class ReadingView : public ControlView {
     int widest = 0;
     const QStringList lines = text.split(QLatin1Char('\n'));
     for (const QString& line : lines) widest = std::max(widest, metrics.horizontalAdvance(line));
+    const int longest = metrics.averageCharWidth() * kLongestLine;
+    edit_.setLineWrapMode(widest > longest ? QPlainTextEdit::WidgetWidth : QPlainTextEdit::NoWrap);
+    widest = std::min(widest, longest);
+    int count = 0;
+    for (const QString& line : lines) count += LinesAt(line, edit_.font(), widest);
     const int around = 2 * (edit_.frameWidth() + static_cast<int>(edit_.document()->documentMargin()));
     edit_.setMinimumWidth(widest + around + metrics.averageCharWidth());
-    edit_.setFixedHeight(metrics.lineSpacing() * static_cast<int>(lines.size()) + around + metrics.lineSpacing() / 3);
+    edit_.setFixedHeight(metrics.lineSpacing() * count + around + metrics.lineSpacing() / 3);
   }
 
   forms::TextBox& box_;
