@@ -59,18 +59,18 @@ class Remove(program.Case):
     def test_a_protected_document_is_told_of_and_not_written(self):
         self.document()
         self.check("index", "contract.docx", "-o", "indexed.docx")
-        self.protect("indexed.docx")
-        for command in ("remove", "unhighlight", "update"):
+        self.set("indexed.docx", '<w:documentProtection w:edit="readOnly" w:enforcement="1"/>')
+        for command in ("remove", "unhighlight", "update", "index"):
             result = self.check(command, "indexed.docx", "-o", "out.docx", status=1)
             self.assertIn("Error: 4605", result.err, command)
             self.assertFalse((self.folder / "out.docx").exists(), command)
 
-    def protect(self, name):
+    def set(self, name, setting):
+        """Puts a setting into a document."""
         content = program.parts(self.folder / name)
         settings = content["word/settings.xml"].decode()
         end = settings.index(">", settings.index("<w:settings")) + 1
-        content["word/settings.xml"] = (
-            settings[:end] + '<w:documentProtection w:edit="readOnly" w:enforcement="1"/>' + settings[end:]).encode()
+        content["word/settings.xml"] = (settings[:end] + setting + settings[end:]).encode()
         with zipfile.ZipFile(self.folder / name, "w", zipfile.ZIP_DEFLATED) as package:
             for part, data in content.items():
                 package.writestr(part, data)
@@ -88,6 +88,20 @@ class Remove(program.Case):
         self.check("index", "contract.docx", "-o", "once.docx")
         self.check("index", "once.docx", "-o", "twice.docx")
         self.assertEqual(self.inspect(self.folder / "once.docx"), self.inspect(self.folder / "twice.docx"))
+
+    def test_where_changes_are_tracked_indexing_again_is_indexing_once_and_removing_gives_the_document_back(self):
+        self.document()
+        self.set("contract.docx", "<w:trackRevisions/>")
+        for name, result in (("contract", "once"), ("once", "twice")):
+            self.check("index", f"{name}.docx", "-o", f"{result}.docx")
+        self.check("remove", "twice.docx", "-o", "removed.docx")
+        indexed = program.canonical(self.folder / "once.docx")["word/document.xml"]
+        self.assertEqual(indexed.count('w:author="Kelvarin"'), 6)
+        # The hour of the second run is another.
+        dates = re.compile('w:date="[^"]*"')
+        again = program.canonical(self.folder / "twice.docx")["word/document.xml"]
+        self.assertEqual(dates.sub("", again), dates.sub("", indexed))
+        self.assertEqual(program.canonical(self.folder / "removed.docx"), program.canonical(self.folder / "contract.docx"))
 
 
 class Unhighlight(program.Case):

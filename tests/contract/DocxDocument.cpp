@@ -7,6 +7,7 @@
 #include <pugixml.hpp>
 
 #include <cstddef>
+#include <span>
 #include <sstream>
 #include <stdexcept>
 #include <utility>
@@ -108,6 +109,13 @@ std::map<std::string, std::string> DocxDocument::Canonical() const {
 }
 
 std::string DocxDocument::Part(const std::string& name) const { return CanonicalXml(processor_.Updated().Read(name)); }
+
+std::vector<std::byte> DocxDocument::File() const {
+  std::vector<std::byte> file;
+  processor_.Updated().Write(
+      [&](std::span<const std::byte> piece) { file.insert(file.end(), piece.begin(), piece.end()); });
+  return file;
+}
 
 word::RangePtr DocxDocument::Story(int storyType) const {
   const word::StoryRangesPtr stories = Document()->StoryRanges();

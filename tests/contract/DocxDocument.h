@@ -2,9 +2,11 @@
 
 #include "hosts/docx/WordProcessor.h"
 
+#include <cstddef>
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 /// A document open in the word processor of the .docx host, made of blocks of WordprocessingML.
 class DocxDocument {
@@ -26,6 +28,8 @@ class DocxDocument {
   /// Every part as it is now, XML written anew so that only its content counts.
   std::map<std::string, std::string> Canonical() const;
   std::string Part(const std::string& name) const;
+  /// The file that saving would write.
+  std::vector<std::byte> File() const;
   /// The text of a story, field codes included.
   std::u16string Text(int storyType = 1) const;
   /// nullptr when there is none.

@@ -1,3 +1,4 @@
+#include <optional>
 #include <utility>
 
 #include "hosts/docx/fields/FieldCode.h"
@@ -104,9 +105,13 @@ class FieldsProxy : public word::Fields {
     story.Erase(at, place.End());
     std::u16string code = u" " + Keyword(arguments.Type) + arguments.Text + u" ";
     if (arguments.PreserveFormatting) code += u" \\* MERGEFORMAT ";
-    story.InsertField(at, code);
+    const bool isIndex = FieldType(code) == word::wdFieldIndex;
+    std::optional<RevisionStamp> tracked;
+    // An index is made anew at each update.
+    if (document->Revisions().Tracking() && !isIndex) tracked = document->Revisions().Next();
+    story.InsertField(at, code, tracked ? &*tracked : nullptr);
     const word::FieldPtr field = At(story, at);
-    if (FieldType(code) == word::wdFieldIndex) field->Update();
+    if (isIndex) field->Update();
     return field;
   }
 

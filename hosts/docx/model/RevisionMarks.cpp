@@ -58,6 +58,7 @@ void RevisionMarks::CollectIds() {
     for (const auto& story : parts_.Stories(type)) {
       const XmlPart& part = story->Part();
       for (XmlNode node = part.Root(); node; node = Following(node)) {
+        if (!node.IsElement()) continue;
         if (const XmlAttribute id = part.Attribute(node, "id")) ids_.insert(id.AsInt());
       }
     }

@@ -25,4 +25,7 @@ struct Story::InsertionPoint {
   }
 };
 
+/// Writes into a tracked change what it says of itself.
+void Stamp(XmlPart& part, XmlNode revision, const RevisionStamp& stamp);
+
 }  // namespace docx

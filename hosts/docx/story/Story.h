@@ -60,8 +60,9 @@ class Story {
   /// Inserts text: CR a paragraph mark, 9 a tab, 11 a line break, 12 a page break, all else as it is. The text gets the
   /// formatting of the character before it in its paragraph, or else of the one after it.
   void InsertText(Position at, std::u16string_view text);
-  /// Inserts a field of begin mark, code and end mark, in runs without formatting of their own. @return its length
-  Position InsertField(Position at, std::u16string_view code);
+  /// Inserts a field of begin mark, code and end mark, in runs without formatting of their own.
+  /// @param tracked as one insertion; nullptr: untracked @return its length
+  Position InsertField(Position at, std::u16string_view code, const RevisionStamp* tracked = nullptr);
   /// Puts the separator mark into a field that has none.
   void InsertFieldSeparator(Position at);
   /// Exchanges the character of a paragraph mark: 12 once its paragraph has got section properties, 13 when it lost
@@ -128,6 +129,15 @@ class Story {
   void RejoinAt(Position position);
   void MoveAnchors(Position at, Position removed, Position inserted);
   XmlNode InsertCopyOf(Position from, Position to, const std::u16string& character, const RevisionStamp* tracked);
+  /// The place inside of a new tracked insertion at the point.
+  InsertionPoint TrackInsertion(InsertionPoint point, const RevisionStamp& stamp);
+  /// Before something comes between neighbours that say the same, which must not be taken for one then that was
+  /// divided.
+  void KeepInsertionsApart(XmlNode first);
+  /// Once what divided an insertion has gone.
+  void JoinInsertions(XmlNode first, XmlNode second);
+  /// Whether neighbours are insertions that were separate though they say the same.
+  bool AreKeptApart(XmlNode before, XmlNode after) const;
   void PutBeforeBookmarkStarts(Position character, XmlNode inserted);
   void MarkDeleted(Position at, const RevisionStamp& stamp);
 

@@ -111,6 +111,7 @@ Story::InsertionPoint Story::PrepareInsertion(Position at) {
     point.after = up;
   }
   point.parent = point.after.Parent();
+  KeepInsertionsApart(point.after);
   return point;
 }
 
@@ -178,8 +179,9 @@ void Story::InsertRunText(Position at, std::u16string_view text) {
   part_->Touch();
 }
 
-Position Story::InsertField(Position at, std::u16string_view code) {
+Position Story::InsertField(Position at, std::u16string_view code, const RevisionStamp* tracked) {
   InsertionPoint point = PrepareInsertion(at);
+  if (tracked != nullptr) point = TrackInsertion(point, *tracked);
   std::vector<Atom> atoms;
   const auto mark = [&](const char* type, AtomKind kind) {
     XmlNode element = point.Add(*part_, "r").AppendChild(part_->Name("fldChar"));
@@ -297,8 +299,11 @@ void Story::RemoveEmptied(XmlNode run) {
   XmlNode node = run;
   while (true) {
     XmlNode parent = node.Parent();
+    const XmlNode before = node.PreviousSibling();
+    const XmlNode after = node.NextSibling();
     inserted_.erase(node.Data());
     parent.RemoveChild(node);
+    JoinInsertions(before, after);
     const Tag tag = part_->TagOf(parent);
     const bool container = tag == Tag::kIns || tag == Tag::kHyperlink || tag == Tag::kSmartTag || tag == Tag::kMoveTo;
     if (!container || parent.FirstChild()) return;
@@ -455,7 +460,7 @@ void Story::DropApartMarks() {
     const XmlNode after = mark.NextSibling();
     const bool neighbours = part_->Is(before, Tag::kR) && part_->Is(after, Tag::kR) && !holdsField(before) &&
                             !holdsField(after) && SameRunFormatting(*part_, before, after);
-    if (!neighbours) return false;
+    if (!neighbours && !AreKeptApart(before, after)) return false;
     mark.Parent().RemoveChild(mark);
     part_->Touch();
     return true;
@@ -494,7 +499,10 @@ void Story::RemoveBookmark(XmlNode startElement, XmlNode endElement) {
     if (element == startElement && bookmarkRemoved) bookmarkRemoved(startElement);
     const AtomSequence::Place next = atoms_.Remove(atoms_.OfBookmark(element));
     const Position at = next.start;
+    const XmlNode before = element.PreviousSibling();
+    const XmlNode after = element.NextSibling();
     element.Parent().RemoveChild(element);
+    JoinInsertions(before, after);
     RejoinAt(at);
   }
   part_->Touch();

@@ -5,16 +5,6 @@
 
 namespace docx {
 
-namespace {
-
-void Stamp(XmlPart& part, XmlNode revision, const RevisionStamp& stamp) {
-  part.SetAttribute(revision, "id", std::to_string(stamp.id).c_str());
-  part.SetAttribute(revision, "author", stamp.author.c_str());
-  part.SetAttribute(revision, "date", stamp.date.c_str());
-}
-
-}  // namespace
-
 void Story::MoveCharacter(Position from, Position to, const TrackedMove* tracked) {
   const std::u16string character = Text(from, from + 1);
   XmlNode copy = InsertCopyOf(from, to, character, tracked != nullptr ? &tracked->insertion : nullptr);
