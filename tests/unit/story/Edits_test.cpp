@@ -6,6 +6,8 @@
 
 namespace {
 
+docx::RevisionStamp Stamp(int id) { return {id, "Kelvarin", "2026-01-02T03:04:05Z"}; }
+
 std::string RandomBody(std::mt19937& random) {
   const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
   std::string body;
@@ -16,7 +18,7 @@ std::string RandomBody(std::mt19937& random) {
       const std::string text = "<w:r><w:t>" +
                                std::string(static_cast<std::size_t>(1 + below(6)), static_cast<char>('a' + below(26))) +
                                "</w:t></w:r>";
-      switch (below(6)) {
+      switch (below(7)) {
         case 0:
           body += "<w:del>" + text + "</w:del>";
           break;
@@ -31,6 +33,10 @@ std::string RandomBody(std::mt19937& random) {
         }
         case 3:
           body += "<w:r><w:t>x</w:t><w:tab/><w:t>y</w:t></w:r>";
+          break;
+        case 4:
+          // All say the same of themselves.
+          body += "<w:ins w:id=\"50\" w:author=\"A\">" + text + "</w:ins>";
           break;
         default:
           body += text;
@@ -54,6 +60,7 @@ TEST(Edits, AStoryAlwaysSaysWhatItsXmlSays) {
       docx::Position a = below(f.story->Length());
       docx::Position b = below(f.story->Length());
       if (a > b) std::swap(a, b);
+      const docx::RevisionStamp stamp = Stamp(100 + step);
       try {
         switch (below(6)) {
           case 0:
@@ -63,7 +70,7 @@ TEST(Edits, AStoryAlwaysSaysWhatItsXmlSays) {
             f.story->InsertText(a, u"\r");
             break;
           case 2:
-            f.story->InsertField(a, u" XE \"x\" ");
+            f.story->InsertField(a, u" XE \"x\" ", seed % 2 == 0 ? &stamp : nullptr);
             break;
           case 3:
             f.story->Erase(a, b);
@@ -85,7 +92,7 @@ TEST(Edits, AStoryAlwaysSaysWhatItsXmlSays) {
 }
 
 // Fields come and go without a trace, wherever they were put.
-TEST(Edits, FieldsInsertedAndErasedInReverseLeaveTheXmlAsItWas) {
+void ExpectFieldsLeaveNoTrace(bool tracked) {
   for (unsigned seed = 1; seed <= 300; ++seed) {
     std::mt19937 random(seed);
     StoryFixture f(RandomBody(random));
@@ -93,8 +100,10 @@ TEST(Edits, FieldsInsertedAndErasedInReverseLeaveTheXmlAsItWas) {
     for (int step = 0; step < 8; ++step) {
       const auto at = static_cast<docx::Position>(random() % static_cast<unsigned>(f.story->Length()));
       if (f.story->Atoms().Get(f.story->Atoms().At(at)).deleted) continue;
+      const docx::RevisionStamp stamp = Stamp(100 + step);
       try {
-        fields.emplace_back(at, f.story->InsertField(at, u" XE \"x\" "));
+        fields.emplace_back(at, f.story->InsertField(at, u" XE \"x\" ", tracked ? &stamp : nullptr));
+        f.ExpectFresh();
       } catch (const word::HostError&) {
       }
     }
@@ -104,5 +113,9 @@ TEST(Edits, FieldsInsertedAndErasedInReverseLeaveTheXmlAsItWas) {
     ASSERT_EQ(f.Body(), f.before) << "seed " << seed;
   }
 }
+
+TEST(Edits, FieldsInsertedAndErasedInReverseLeaveTheXmlAsItWas) { ExpectFieldsLeaveNoTrace(false); }
+
+TEST(Edits, TrackedFieldsInsertedAndErasedInReverseLeaveTheXmlAsItWas) { ExpectFieldsLeaveNoTrace(true); }
 
 }  // namespace
