@@ -33,7 +33,7 @@ std::optional<DesktopDocument::Stamp> DesktopDocument::StampNow() const {
   return error ? std::nullopt : std::optional(stamp);
 }
 
-void DesktopDocument::Save(const docx::Package& package) { Write(package, path_, "Document.Save"); }
+void DesktopDocument::Save(const Current& current) { Write(current(), path_, "Document.Save"); }
 
 void DesktopDocument::SaveAs(std::u16string_view fileName, const docx::Package& package) {
   const fs::path target = os::ToPosixPath(fileName);

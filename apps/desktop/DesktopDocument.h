@@ -13,7 +13,7 @@ class DesktopDocument : public docx::DocumentFile {
   explicit DesktopDocument(std::filesystem::path path);
 
   /// @throws word::HostError kCannotSaveFile
-  void Save(const docx::Package& package) override;
+  void Save(const Current& current) override;
   void SaveAs(std::u16string_view fileName, const docx::Package& package) override;
 
   const std::filesystem::path& Path() const { return path_; }

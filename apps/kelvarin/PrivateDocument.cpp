@@ -9,10 +9,9 @@
 #include "hosts/unattended/Text.h"
 #include "platform/word/HostError.h"
 
-PrivateDocument::PrivateDocument(std::filesystem::path input, std::filesystem::path copy)
-    : input_(std::move(input)), copy_(std::move(copy)) {}
+PrivateDocument::PrivateDocument(std::filesystem::path input) : input_(std::move(input)) {}
 
-void PrivateDocument::Save(const docx::Package& package) { Write(package, copy_, "Document.Save"); }
+void PrivateDocument::Save(const Current&) {}
 
 void PrivateDocument::SaveAs(std::u16string_view fileName, const docx::Package& package) {
   const std::filesystem::path target = os::ToPosixPath(fileName);
@@ -21,14 +20,9 @@ void PrivateDocument::SaveAs(std::u16string_view fileName, const docx::Package& 
     throw word::HostError(word::kCannotSaveFile, u"The document cannot replace the file that it was read from.",
                           "Document.SaveAs");
   }
-  Write(package, target, "Document.SaveAs");
-}
-
-void PrivateDocument::Write(const docx::Package& package, const std::filesystem::path& target,
-                            const char* member) const {
   try {
     WriteDocument(package, target);
   } catch (const Failure& failure) {
-    throw word::HostError(word::kCannotSaveFile, unattended::FromUtf8(failure.what()), member);
+    throw word::HostError(word::kCannotSaveFile, unattended::FromUtf8(failure.what()), "Document.SaveAs");
   }
 }

@@ -4,19 +4,16 @@
 
 #include "hosts/docx/WordProcessor.h"
 
-/// Where a document's own saving goes: Save to a private copy, SaveAs to the path that was given, but never to the
-/// input.
+/// Where a document's own saving goes: SaveAs to the path that was given, but never to the input. Save succeeds and
+/// writes nothing, since the document goes with its run and nobody could read what it wrote.
 class PrivateDocument : public docx::DocumentFile {
  public:
-  PrivateDocument(std::filesystem::path input, std::filesystem::path copy);
+  explicit PrivateDocument(std::filesystem::path input);
 
+  void Save(const Current& current) override;
   /// @throws word::HostError kCannotSaveFile
-  void Save(const docx::Package& package) override;
   void SaveAs(std::u16string_view fileName, const docx::Package& package) override;
 
  private:
-  void Write(const docx::Package& package, const std::filesystem::path& target, const char* member) const;
-
   std::filesystem::path input_;
-  std::filesystem::path copy_;
 };

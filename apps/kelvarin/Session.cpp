@@ -61,7 +61,7 @@ Session::Session(const fs::path& input, const Options& options, unattended::Dial
     : options_(options),
       state_(state),
       settings_(SettingsSource(options, state)),
-      file_(input, folder_.Path() / "document"),
+      file_(input),
       attributes_(state.attributes.value_or(AttributesOf(input))),
       folders_(settings_.ApplicationData().string()),
       processes_(state.wordProcesses.value_or(1)),

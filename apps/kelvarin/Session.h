@@ -12,7 +12,6 @@
 #include "apps/kelvarin/MenuLog.h"
 #include "apps/kelvarin/Options.h"
 #include "apps/kelvarin/PrivateDocument.h"
-#include "apps/kelvarin/PrivateFolder.h"
 #include "apps/kelvarin/PrivateSettings.h"
 #include "apps/kelvarin/RunFiles.h"
 #include "apps/kelvarin/RunLog.h"
@@ -73,7 +72,6 @@ class Session {
 
   const Options& options_;
   unattended::RunStateOptions state_;
-  PrivateFolder folder_;
   PrivateSettings settings_;
   PrivateDocument file_;
   int attributes_;

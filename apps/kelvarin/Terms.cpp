@@ -19,7 +19,7 @@ std::string Lines(const std::vector<std::u16string>& terms) {
 std::string Described(const Options& options, const std::filesystem::path& input,
                       const std::vector<std::u16string>& terms) {
   os::IcuCharacters characters;
-  PrivateDocument neverSaved(input, {});
+  PrivateDocument neverSaved(input);
   docx::WordProcessor processor;
   processor.Open(docx::Package::Open(input), {.name = {}, .path = {}, .pages = options.pages}, neverSaved);
   const nlohmann::ordered_json list = DescribeTerms(processor, characters, terms);

@@ -61,8 +61,10 @@ struct SelectionState {
 class DocumentFile {
  public:
   virtual ~DocumentFile() = default;
-  /// Document.Save. @param package the document as it is now
-  virtual void Save(const Package& package) = 0;
+  /// Packs the document as it is now, which costs as much as the document is long.
+  using Current = std::function<const Package&()>;
+  /// Document.Save.
+  virtual void Save(const Current& current) = 0;
   /// Document.SaveAs. @param fileName as the system gave it
   virtual void SaveAs(std::u16string_view fileName, const Package& package) = 0;
 };

@@ -38,7 +38,7 @@ class DocxDocument {
  private:
   class NoFile : public docx::DocumentFile {
    public:
-    void Save(const docx::Package&) override {}
+    void Save(const Current&) override {}
     void SaveAs(std::u16string_view, const docx::Package&) override {}
   };
 

@@ -96,6 +96,7 @@ const std::vector<std::unique_ptr<Story>>& DocumentParts::Stories(int type) {
 void DocumentParts::LoadNotes(int type) {
   const bool foot = type == word::wdFootnotesStory;
   const Tag referenceTag = foot ? Tag::kFootnoteReference : Tag::kEndnoteReference;
+  if (!mainPart_->Has(referenceTag)) return;
   // A story holds the notes in the order of their references; a note that nothing refers to is in none.
   std::vector<std::string_view> order;
   const AtomSequence& atoms = main_->Atoms();
@@ -245,10 +246,14 @@ bool DocumentParts::Changed() const {
          std::any_of(parts_.begin(), parts_.end(), [](const auto& entry) { return entry.second->Changed(); });
 }
 
-const Package& DocumentParts::Updated() {
+void DocumentParts::Settle() {
   for (const auto& [type, stories] : stories_) {
     for (const auto& story : stories) story->DropApartMarks();
   }
+}
+
+const Package& DocumentParts::Updated() {
+  Settle();
   for (const auto& [name, part] : parts_) {
     if (!part->Changed()) continue;
     const XmlPart& changed = *part;

@@ -50,6 +50,8 @@ class DocumentParts {
 
   /// Whether anything would be written differently from what was opened.
   bool Changed() const;
+  /// Takes away what only changes that were not saved yet needed.
+  void Settle();
   /// Brings changed parts into the package and returns it.
   const Package& Updated();
 

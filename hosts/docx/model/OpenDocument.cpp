@@ -21,7 +21,11 @@ void OpenDocument::Select(Story& story, Position start, Position end) {
   selection_ = std::make_unique<Anchor>(story, start, end);
 }
 
-void OpenDocument::Save() { file_.Save(parts_.Updated()); }
+void OpenDocument::Save() {
+  // Whether or not somebody reads what is saved, the document is the same afterwards.
+  parts_.Settle();
+  file_.Save([this]() -> const Package& { return parts_.Updated(); });
+}
 
 void OpenDocument::SaveAs(std::u16string_view fileName) {
   file_.SaveAs(fileName, parts_.Updated());
