@@ -6,6 +6,7 @@
 #include "apps/kelvarin/Batch.h"
 #include "apps/kelvarin/CommandLine.h"
 #include "apps/kelvarin/Commands.h"
+#include "apps/kelvarin/Memory.h"
 #include "apps/kelvarin/Messages.h"
 #include "apps/kelvarin/Output.h"
 #include "apps/kelvarin/Status.h"
@@ -60,7 +61,9 @@ int main(int argc, char** argv) {
     int status = kDone;
     const std::optional<Options> options = ReadCommandLine(argc, argv, status);
     if (!options) return status;
-    return options->command == Options::Command::kOpen ? OpenDesktop(*options) : Work(*options);
+    if (options->command == Options::Command::kOpen) return OpenDesktop(*options);
+    TakeMemoryInLargePages();
+    return Work(*options);
   } catch (const std::exception& error) {
     Say(error.what());
     return kUnreadable;

@@ -1,0 +1,30 @@
+#include "apps/kelvarin/Memory.h"
+
+#include <malloc.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <cstdlib>
+
+namespace {
+
+constexpr std::uintptr_t kLargePage = 2U << 20;
+/// Address space, of which only what is used costs anything.
+constexpr int kAhead = 256 << 20;
+
+}  // namespace
+
+void TakeMemoryInLargePages() {
+  // One stretch that grows, so that all of it can be asked for in large pages.
+  if (mallopt(M_MMAP_THRESHOLD, kAhead) == 0 || mallopt(M_TRIM_THRESHOLD, kAhead) == 0) return;
+  mallopt(M_TOP_PAD, kAhead);
+  void* const grown = std::malloc(kLargePage);
+  mallopt(M_TOP_PAD, static_cast<int>(kLargePage));
+  if (grown == nullptr) return;
+  const std::uintptr_t begin = (reinterpret_cast<std::uintptr_t>(grown) + kLargePage - 1) & ~(kLargePage - 1);
+  const auto end = reinterpret_cast<std::uintptr_t>(sbrk(0)) & ~(kLargePage - 1);
+  // Where the system has no large pages to give, all goes as before.
+  if (begin < end) static_cast<void>(madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE));
+  std::free(grown);
+}
