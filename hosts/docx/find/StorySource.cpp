@@ -7,6 +7,27 @@
 
 namespace docx {
 
+namespace {
+
+/// Outside of fields and hidden text every search sees it.
+bool IsPlain(const Atom& atom) {
+  switch (atom.kind) {
+    case AtomKind::kText:
+    case AtomKind::kCharacter:
+    case AtomKind::kParagraphMark:
+    case AtomKind::kRowMark:
+    case AtomKind::kCellMark:
+      return !atom.deleted;
+    case AtomKind::kBookmarkStart:
+    case AtomKind::kBookmarkEnd:
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
 StorySource::StorySource(const Story& story, SearchScope scope)
     : story_(story), atoms_(story.Atoms()), scope_(std::move(scope)), fields_(atoms_) {}
 
@@ -32,7 +53,26 @@ TextSource::Stretch StorySource::StretchAt(Position position) {
   if (atom.deleted || !ShownByFields(place_.start)) return stretch;
   if (!scope_.showHidden && InHiddenRun(atom)) return stretch;
   stretch.treatment = Treatment::kSearched;
+  if (open_.empty() && (scope_.showHidden || !scope_.hidden)) Extend(stretch);
   return stretch;
+}
+
+void StorySource::Extend(Stretch& stretch) {
+  const std::vector<Atom>& atoms = atoms_.AtomsAround(place_);
+  std::size_t last = place_.atom;
+  Position start = place_.start;
+  Position end = atomEnd_;
+  for (std::size_t i = last + 1; i < atoms.size() && IsPlain(atoms[i]); ++i) {
+    if (atoms[i].length == 0) continue;
+    last = i;
+    start = end;
+    end += static_cast<Position>(atoms[i].length);
+  }
+  place_.atom = last;
+  place_.start = start;
+  atomEnd_ = end;
+  stretch.text = block_.text.substr(static_cast<std::size_t>(stretch.start - block_.start),
+                                    static_cast<std::size_t>(end - stretch.start));
 }
 
 void StorySource::Seek(Position position) {

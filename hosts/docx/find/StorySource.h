@@ -41,6 +41,8 @@ class StorySource : public TextSource {
   bool ShowsCode(const FieldSpan& span) const;
   bool ShownByFields(Position position) const;
   bool InHiddenRun(const Atom& atom);
+  /// Adds what follows as long as it is searched whatever the window shows.
+  void Extend(Stretch& stretch);
 
   const Story& story_;
   const AtomSequence& atoms_;

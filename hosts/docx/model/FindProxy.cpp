@@ -98,7 +98,7 @@ class FindProxy : public word::Find {
     SearchScope scope;
     scope.showHidden = document.window.showHiddenText || document.window.showAll;
     const Formatting& formats = document.Parts().Formats(story.Part());
-    scope.hidden = [&formats](XmlNode run) { return formats.Hidden(run); };
+    if (formats.MayHide()) scope.hidden = [&formats](XmlNode run) { return formats.Hidden(run); };
     return scope;
   }
 

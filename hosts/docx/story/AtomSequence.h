@@ -52,12 +52,15 @@ class AtomSequence {
   Place End() const;
   bool IsEnd(const Place& place) const { return place.chunk >= chunks_.size(); }
   const Atom& Get(const Place& place) const { return chunks_[place.chunk]->atoms[place.atom]; }
+  /// The atoms that are kept together with the one at the place, which is the place.atom-th of them.
+  const std::vector<Atom>& AtomsAround(const Place& place) const { return chunks_[place.chunk]->atoms; }
   /// The atom's own text.
   std::u16string_view Text(const Place& place) const;
   Place Next(Place place) const;
   /// @pre place is not Begin()
   Place Previous(Place place) const;
   bool IsBegin(const Place& place) const { return place.chunk == 0 && place.atom == 0; }
+  bool HasBookmarks() const { return !bookmarks_.empty(); }
   /// The place of a bookmark's atom. @pre the element has such an atom in this sequence
   Place OfBookmark(XmlNode element) const;
   /// The n-th field begin (complex or simple), from 0. @pre 0 <= n < FieldBegins()

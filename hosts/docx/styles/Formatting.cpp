@@ -30,8 +30,10 @@ int Formatting::Bold(XmlNode node) const {
   return (direct ? *direct : InheritedRun(node).bold) ? -1 : 0;
 }
 
+bool Formatting::MayHide() const { return part_.Has("vanish") || part_.Has("specVanish") || styles_.AnyHidden(); }
+
 bool Formatting::Hidden(XmlNode node) const {
-  if (!part_.Has("vanish") && !part_.Has("specVanish") && !styles_.AnyHidden()) return false;
+  if (!MayHide()) return false;
   const XmlNode rPr = DirectRun(node);
   if (part_.Is(node, Tag::kP)) {
     const std::optional<bool> separator = ReadOnOff(part_, part_.Child(rPr, "specVanish"));

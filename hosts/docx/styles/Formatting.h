@@ -31,6 +31,8 @@ class Formatting {
 
   /// Word's -1 or 0. Bold for complex scripts is not looked at.
   int Bold(XmlNode node) const;
+  /// Whether any text could be hidden, by its formatting or a style.
+  bool MayHide() const;
   /// Hidden text; for a paragraph mark also one that a style separator hides. A document in which nothing is hidden
   /// answers without looking at the node.
   bool Hidden(XmlNode node) const;
