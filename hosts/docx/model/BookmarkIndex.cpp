@@ -25,7 +25,9 @@ void BookmarkIndex::Read(Story& story) {
   std::unordered_map<std::string, std::u16string> open;
   const AtomSequence& atoms = story.Atoms();
   const XmlPart& part = story.Part();
-  for (AtomSequence::Place place = atoms.Begin(); !atoms.IsEnd(place); place = atoms.Next(place)) {
+  // Most stories have none, and are not walked through.
+  const AtomSequence::Place begin = atoms.HasBookmarks() ? atoms.Begin() : atoms.End();
+  for (AtomSequence::Place place = begin; !atoms.IsEnd(place); place = atoms.Next(place)) {
     const Atom& atom = atoms.Get(place);
     if (atom.kind != AtomKind::kBookmarkStart && atom.kind != AtomKind::kBookmarkEnd) continue;
     const std::string id(part.Attribute(atom.Node(), "id").Value());

@@ -59,8 +59,14 @@ AtomSequence::AtomSequence() = default;
 AtomSequence::Place AtomSequence::Append(const Atom& atom, std::u16string_view text) {
   ++version_;
   if (chunks_.empty() || chunks_.back()->atoms.size() >= kFill) {
-    chunks_.push_back(std::make_unique<Chunk>());
-    chunks_.back()->number = chunks_.size() - 1;
+    auto chunk = std::make_unique<Chunk>();
+    if (!chunks_.empty()) {
+      // Most are like the one before.
+      chunk->atoms.reserve(kFill);
+      chunk->text.reserve(chunks_.back()->text.size());
+    }
+    chunk->number = chunks_.size();
+    chunks_.push_back(std::move(chunk));
     stale_ = true;
   }
   Chunk& chunk = *chunks_.back();

@@ -1,6 +1,8 @@
 #include "hosts/docx/story/StoryBuilder.h"
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "hosts/docx/story/ApartMark.h"
 #include "hosts/docx/story/TextElement.h"
@@ -37,6 +39,12 @@ bool StandsInLine(const XmlPart& part, XmlNode node) {
     default:
       return false;
   }
+}
+
+/// Whether an element of that local name may be within, without making nodes of what is there.
+bool MayHold(XmlNode node, std::string_view local) {
+  const std::optional<std::string_view> content = node.ContentText();
+  return !content || content->find(local) != std::string_view::npos;
 }
 
 }  // namespace
@@ -195,10 +203,13 @@ void StoryBuilder::AddBlocks(XmlNode container, bool deleted) {
 void StoryBuilder::AddParagraph(XmlNode paragraph, bool deleted) {
   AddInlines(paragraph, deleted);
   const XmlNode properties = part_.Child(paragraph, Tag::kPPr);
-  const XmlNode markProperties = part_.Child(properties, Tag::kRPr);
-  const bool markDeleted =
-      deleted || part_.Child(markProperties, Tag::kDel) || part_.Child(markProperties, Tag::kMoveFrom);
-  const char16_t mark = part_.Child(properties, Tag::kSectPr) ? word::kPageBreak : word::kParagraphMark;
+  bool markDeleted = deleted;
+  if (marksMayBeDeleted_ && !deleted) {
+    const XmlNode markProperties = part_.Child(properties, Tag::kRPr);
+    markDeleted = part_.Child(markProperties, Tag::kDel) || part_.Child(markProperties, Tag::kMoveFrom);
+  }
+  const bool endsSection = MayHold(properties, "sectPr") && part_.Child(properties, Tag::kSectPr);
+  const char16_t mark = endsSection ? word::kPageBreak : word::kParagraphMark;
   Add(paragraph, AtomKind::kParagraphMark, std::u16string_view(&mark, 1), markDeleted);
 }
 
@@ -275,6 +286,12 @@ void StoryBuilder::AddInlines(XmlNode parent, bool deleted) {
 void StoryBuilder::AddRun(XmlNode run, bool deleted) {
   for (const XmlNode child : run.Children()) {
     if (!child.IsElement()) continue;
+    if (part_.Is(child, Tag::kT)) {
+      text_.clear();
+      AppendTextOf(child, text_);
+      if (!text_.empty()) Add(child, AtomKind::kText, text_, deleted);
+      continue;
+    }
     const Piece piece = ReadRunContent(part_, child, deleted);
     if (piece.atom.length != 0) Add(child, piece.atom.kind, piece.text, deleted);
   }

@@ -18,7 +18,10 @@ class StoryBuilder {
  public:
   /// @param apart gets the marks that keep equal runs apart
   StoryBuilder(const XmlPart& part, AtomSequence& atoms, std::vector<XmlNode>& apart)
-      : part_(part), atoms_(atoms), apart_(apart) {}
+      : part_(part),
+        atoms_(atoms),
+        apart_(apart),
+        marksMayBeDeleted_(part.Has(Tag::kDel) || part.Has(Tag::kMoveFrom)) {}
   void AddBlocks(XmlNode container) { AddBlocks(container, false); }
   /// Whether a tracked insertion, deletion or move came by.
   bool HasRevisions() const { return hasRevisions_; }
@@ -44,6 +47,9 @@ class StoryBuilder {
   const XmlPart& part_;
   AtomSequence& atoms_;
   std::vector<XmlNode>& apart_;
+  const bool marksMayBeDeleted_;
+  /// The text that is being added.
+  std::u16string text_;
   /// The last paragraph mark, which becomes the cell's mark when the cell ends behind it.
   AtomSequence::Place lastMark_;
   bool lastIsMark_{false};

@@ -152,11 +152,17 @@ void PreserveWhereNeeded(XmlNode element, std::string_view text) {
 }  // namespace
 
 std::u16string TextOf(XmlNode element) {
-  std::string joined;
-  std::u16string text = ToUtf16(Counted(element, AllText(element, joined)));
-  std::replace_if(
-      text.begin(), text.end(), [](char16_t unit) { return unit < 32; }, u' ');
+  std::u16string text;
+  AppendTextOf(element, text);
   return text;
+}
+
+void AppendTextOf(XmlNode element, std::u16string& text) {
+  const auto before = static_cast<std::ptrdiff_t>(text.size());
+  std::string joined;
+  AppendUtf16(Counted(element, AllText(element, joined)), text);
+  std::replace_if(
+      text.begin() + before, text.end(), [](char16_t unit) { return unit < 32; }, u' ');
 }
 
 void SetText(XmlNode element, std::string_view utf8) {

@@ -14,6 +14,8 @@ class XmlPart;
 
 /// One unit a position. Control characters, which a text element can only hold as white space, read as blanks.
 std::u16string TextOf(XmlNode element);
+/// The same behind what `text` holds.
+void AppendTextOf(XmlNode element, std::u16string& text);
 /// Replaces the text and says xml:space="preserve" where the text needs it.
 void SetText(XmlNode element, std::string_view utf8);
 /// Divides the text after some units: the element keeps the first part, a new sibling behind it gets the rest.

@@ -25,17 +25,30 @@ char32_t Decode(std::string_view text, std::size_t& at) {
 
 std::u16string ToUtf16(std::string_view utf8) {
   std::u16string result;
-  result.reserve(utf8.size());
+  AppendUtf16(utf8, result);
+  return result;
+}
+
+void AppendUtf16(std::string_view utf8, std::u16string& utf16) {
+  // No character takes more units than bytes.
+  const std::size_t before = utf16.size();
+  utf16.resize(before + utf8.size());
+  char16_t* next = utf16.data() + before;
   for (std::size_t at = 0; at < utf8.size();) {
+    if (const auto byte = static_cast<unsigned char>(utf8[at]); byte < 0x80) {
+      *next++ = byte;
+      ++at;
+      continue;
+    }
     const char32_t character = Decode(utf8, at);
     if (character < 0x10000) {
-      result += static_cast<char16_t>(character);
+      *next++ = static_cast<char16_t>(character);
     } else {
-      result += static_cast<char16_t>(0xD7C0 + (character >> 10));
-      result += static_cast<char16_t>(0xDC00 + (character & 0x3FF));
+      *next++ = static_cast<char16_t>(0xD7C0 + (character >> 10));
+      *next++ = static_cast<char16_t>(0xDC00 + (character & 0x3FF));
     }
   }
-  return result;
+  utf16.resize(static_cast<std::size_t>(next - utf16.data()));
 }
 
 std::string ToUtf8(std::u16string_view utf16) {

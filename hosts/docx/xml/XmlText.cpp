@@ -80,7 +80,7 @@ std::string EscapedValue(std::string_view text) {
 }
 
 bool IsEscapedText(std::string_view raw) {
-  return std::any_of(raw.begin(), raw.end(), [](char c) { return c == '&' || c == '\r'; });
+  return raw.find('&') != std::string_view::npos || raw.find('\r') != std::string_view::npos;
 }
 
 bool IsEscapedValue(std::string_view raw) {
