@@ -21,9 +21,10 @@ std::u16string WithCellMarks(std::u16string_view text) {
 
 /// Whether the position lies in a field's code, that is, how many codes are open there.
 int OpenCodes(const Story& story, Position start) {
+  const AtomSequence& atoms = story.Atoms();
+  if (atoms.FieldBegins() == 0) return 0;
   int open = 0;
   std::vector<bool> inCode;
-  const AtomSequence& atoms = story.Atoms();
   for (AtomSequence::Place place = atoms.At(story.ParagraphStart(start)); place.start < start;
        place = atoms.Next(place)) {
     const AtomKind kind = atoms.Get(place).kind;
@@ -50,12 +51,16 @@ std::u16string AllText(const Story& story, Position start, Position end) {
 std::u16string ShownText(const Story& story, const Formatting& formats, Position start, Position end, bool fieldCodes,
                          bool hidden) {
   std::u16string text;
+  text.reserve(static_cast<std::size_t>(end - start));
   std::vector<bool> inCode(static_cast<std::size_t>(OpenCodes(story, start)), true);
   const auto codesOpen = [&] { return std::find(inCode.begin(), inCode.end(), true) != inCode.end(); };
   const AtomSequence& atoms = story.Atoms();
+  const bool mayHide = !hidden && formats.MayHide();
+  AtomSequence::TextBlock block;
   for (AtomSequence::Place place = atoms.At(start); !atoms.IsEnd(place) && place.start < end;
        place = atoms.Next(place)) {
     const Atom& atom = atoms.Get(place);
+    if (atom.length == 0) continue;
     bool shown = !atom.deleted;
     const bool mark = atom.kind == AtomKind::kFieldBegin || atom.kind == AtomKind::kFieldSeparator ||
                       atom.kind == AtomKind::kFieldEnd || atom.kind == AtomKind::kSimpleBegin ||
@@ -64,11 +69,13 @@ std::u16string ShownText(const Story& story, const Formatting& formats, Position
     shown = shown && (fieldCodes || (!mark && !codesOpen()));
     if (atom.kind == AtomKind::kFieldSeparator && !inCode.empty()) inCode.back() = false;
     if (atom.kind == AtomKind::kFieldEnd && !inCode.empty()) inCode.pop_back();
-    if (shown && !hidden && atom.InRun() && formats.Hidden(atom.Node().Parent())) shown = false;
+    if (shown && mayHide && atom.InRun() && formats.Hidden(atom.Node().Parent())) shown = false;
     if (!shown) continue;
     const auto from = static_cast<std::size_t>(std::max(start - place.start, 0));
     const auto to = static_cast<std::size_t>(std::min(end - place.start, static_cast<Position>(atom.length)));
-    text += atoms.Text(place).substr(from, to - from);
+    // All of an atom's text is in one block.
+    if (place.start >= block.start + static_cast<Position>(block.text.size())) block = atoms.BlockAt(place.start);
+    text += block.text.substr(static_cast<std::size_t>(place.start - block.start) + from, to - from);
   }
   return WithCellMarks(text);
 }
