@@ -6,18 +6,22 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <limits>
 
 namespace {
 
 constexpr std::uintptr_t kLargePage = 2U << 20;
 /// Address space, of which only what is used costs anything.
 constexpr int kAhead = 256 << 20;
+/// The largest that the C library takes for it.
+constexpr int kLargestBlock = 32 << 20;
 
 }  // namespace
 
 void TakeMemoryInLargePages() {
   // One stretch that grows, so that all of it can be asked for in large pages.
-  if (mallopt(M_MMAP_THRESHOLD, kAhead) == 0 || mallopt(M_TRIM_THRESHOLD, kAhead) == 0) return;
+  if (mallopt(M_MMAP_THRESHOLD, kLargestBlock) == 0 || mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max()) == 0)
+    return;
   mallopt(M_TOP_PAD, kAhead);
   void* const grown = std::malloc(kLargePage);
   mallopt(M_TOP_PAD, static_cast<int>(kLargePage));
