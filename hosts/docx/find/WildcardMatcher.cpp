@@ -26,9 +26,12 @@ class WildcardPatternMatcher : public Pattern {
   explicit WildcardPatternMatcher(WildcardProgram program)
       : program_(std::move(program)), stride_(1 + 2 * program_.groups), visited_(program_.code.size(), 0) {
     for (char16_t unit = 0; unit < beginsWith_.size(); ++unit) beginsWith_[unit] = MayBeginWith(0, unit, 0);
+    findsWords_ = FindsWords();
   }
 
-  std::optional<Hit> FindFirst(VisibleText& text, std::size_t from) override { return Run(text, from, true); }
+  std::optional<Hit> FindFirst(VisibleText& text, std::size_t from) override {
+    return findsWords_ ? FindWord(text, from) : Run(text, from, true);
+  }
   std::optional<Hit> MatchAt(VisibleText& text, std::size_t index) override { return Run(text, index, false); }
 
  private:
@@ -69,6 +72,32 @@ class WildcardPatternMatcher : public Pattern {
       std::swap(current_, next_);
       index += point.units;
     }
+  }
+
+  /// Whether the pattern is <[...]*>: a whole word that begins with a character of a set.
+  bool FindsWords() const {
+    const std::vector<Instruction>& code = program_.code;
+    return code.size() == 7 && code[0].op == Op::kWordStart && code[1].op == Op::kSet && code[2].op == Op::kSplit &&
+           code[2].first == 5 && code[2].second == 3 && code[3].op == Op::kAny && code[4].op == Op::kJump &&
+           code[4].first == 2 && code[5].op == Op::kWordEnd && code[6].op == Op::kMatch;
+  }
+
+  /// What Run finds for such a pattern: from a word's first character the nearest end of a word is that word's.
+  std::optional<Hit> FindWord(VisibleText& text, std::size_t from) const {
+    const CharacterSet& initials = program_.sets[program_.code[1].first];
+    for (std::size_t index = SkipToCandidate(text, from); text.Has(index); index = SkipToCandidate(text, index + 1)) {
+      if (text.SplitsCharacter(index) || IsWordCharacter(text.Before(index))) continue;
+      const CodePoint initial = text.CharacterAt(index);
+      if (!IsWordCharacter(initial.value) || !initials.Has(initial.value)) continue;
+      std::size_t end = index + initial.units;
+      while (IsWordCharacter(text.After(end))) {
+        // What stands behind the text searched may go on with the word, which then does not end here.
+        if (!text.Has(end)) return std::nullopt;
+        end += text.CharacterAt(end).units;
+      }
+      return Hit{index, end, {}};
+    }
+    return std::nullopt;
   }
 
   /// The next index at which a match could begin.
@@ -238,6 +267,7 @@ class WildcardPatternMatcher : public Pattern {
   std::vector<std::uint64_t> visited_;
   std::uint64_t generation_{1};
   std::uint64_t steps_{0};
+  bool findsWords_{false};
   std::array<bool, 128> beginsWith_{};
   std::vector<std::size_t> registers_;
   Threads current_;

@@ -80,9 +80,28 @@ TEST(WildcardSearch, WordBounds) {
   });
 }
 
+TEST(WildcardSearch, AWholeWordEndsWhereTheShortestRunWould) {
+  for (const std::u16string_view marked : {u"The Buyer's A (One) xY", u"Été Büro B\u0301a AÉ", u"A¶B C→D",
+                                           u"A\U0001D400 \U0001D400B", u"A‖B Cd‖e F¤G", u"B⟦C⟧D E⟦ F⟧", u"", u"A"}) {
+    MarkedText text(marked);
+    // In a group the same is searched for in the general way.
+    const std::vector<Match> words = SearchAll(text, {.text = u"<[A-Z]*>", .wildcards = true}, 0, text.Length());
+    const std::vector<Match> grouped = SearchAll(text, {.text = u"(<[A-Z]*>)", .wildcards = true}, 0, text.Length());
+    ASSERT_EQ(words.size(), grouped.size());
+    for (std::size_t i = 0; i < words.size(); ++i) {
+      EXPECT_EQ(words[i].start, grouped[i].start);
+      EXPECT_EQ(words[i].end, grouped[i].end);
+    }
+  }
+}
+
 TEST(WildcardSearch, WordBoundsSeeWhatIsAroundTheStretch) {
   MarkedText text(u"xAbc");
   EXPECT_FALSE(Search(text, {.text = u"<[A-Z]*>", .wildcards = true}, 1, 3));
+  EXPECT_FALSE(Search(text, {.text = u"<[A-Z]*>", .wildcards = true}, 0, 3));
+  MarkedText cut(u"A Buyer");
+  EXPECT_FALSE(Search(cut, {.text = u"<[A-Z]*>", .wildcards = true}, 1, 5));
+  EXPECT_TRUE(Search(cut, {.text = u"<[A-Z]*>", .wildcards = true}, 1, 7));
   MarkedText parted(u"Buyer⟦, once⟧s");
   EXPECT_FALSE(Search(parted, {.text = u"Buyer>", .wildcards = true}, 0, 0));
 }
