@@ -144,4 +144,25 @@ TEST_F(TrackedMarking, NotesAreTrackedAndGivenBack) {
   ExpectSameParts(before);
 }
 
+TEST_F(TermMarkerOnDocx, AnInsertionInTheMiddleOfWhichTheIndexWasPutComesBackWhole) {
+  for (const char* settings : {"", kTracking}) {
+    for (const int columns : {1, 2}) {
+      for (const std::string& content : {Tracked("ins", TextRun("The Lender pays")),
+                                         Tracked("ins", TextRun("The Lender", "<w:b/>") + TextRun(" pays")),
+                                         Tracked("ins", TextRun("The Lender")) + Tracked("ins", TextRun(" pays"))}) {
+        Open({.body = Paragraph(content) + Paragraph(Tracked("ins", TextRun("End."))), .settings = settings});
+        const auto before = docx_->Canonical();
+        const word::DocumentPtr document = docx_->Document();
+        document->Bookmarks()->Add(u"IndexBKStart", document->Range(10, 10));
+        Mark({u"Lender"});
+        marker_->InsertIndex(docx_->Application(), document, columns, u":  \t");
+        document->Bookmarks()->Item(u"IndexBKStart")->Delete();
+        ASSERT_NE(docx_->Text().find(u"Lender:  \t1"), std::u16string::npos);
+        RemoveAll();
+        ExpectSameParts(before);
+      }
+    }
+  }
+}
+
 }  // namespace

@@ -289,6 +289,7 @@ bool Story::MergeWithNext(const AtomSequence::Place& mark) {
     between = next;
   }
   first.Parent().RemoveChild(first);
+  if (after) JoinInsertions(after, after.NextSibling());
   return true;
 }
 
