@@ -165,7 +165,11 @@ std::size_t CappedPhrases::KnownEnd(const Word& word) const {
   const std::u16string_view rest = std::u16string_view(line_).substr(word.begin);
   for (const std::u16string& phrase : phrases->second) {
     const std::size_t behind = word.begin + phrase.size();
-    if (behind > end && rest.starts_with(phrase) && !IsLetterAt(behind)) end = behind;
+    // Most differ in length or at their ends: they begin with the same word.
+    if (behind > end && phrase.size() <= rest.size() && rest[phrase.size() - 1] == phrase.back() &&
+        rest.starts_with(phrase) && !IsLetterAt(behind)) {
+      end = behind;
+    }
   }
   return end;
 }

@@ -10,6 +10,9 @@ constexpr char16_t kSoftHyphen = 0x00AD;
 constexpr char16_t kNarrowNonBreakingSpace = 0x202F;
 constexpr char16_t kUnicodeNonBreakingHyphen = 0x2011;
 
+/// Of the letters and blanks of most lines quickly: no.
+bool MayBeDoubleQuote(char16_t unit) { return unit == u'"' || unit >= u'\u00AB'; }
+
 bool EndsLine(char16_t unit) { return unit == word::kCellMark || (unit >= word::kTab && unit <= word::kColumnBreak); }
 
 bool IsSurrogate(char16_t unit) { return (unit & 0xF800U) == 0xD800U; }
@@ -36,7 +39,8 @@ void AppendUnitAsRead(char16_t unit, std::u16string& line) {
 }  // namespace
 
 std::size_t LineEnd(std::u16string_view text, std::size_t index) {
-  const auto end = std::find_if(text.begin() + static_cast<std::ptrdiff_t>(index), text.end(), EndsLine);
+  const auto end = std::find_if(text.begin() + static_cast<std::ptrdiff_t>(index), text.end(),
+                                [](char16_t unit) { return EndsLine(unit); });
   return static_cast<std::size_t>(end - text.begin());
 }
 
@@ -57,7 +61,8 @@ bool IsDoubleQuote(char16_t unit) {
 
 std::size_t FindDoubleQuote(std::u16string_view text, std::size_t index) {
   if (index >= text.size()) return std::u16string_view::npos;
-  const auto found = std::find_if(text.begin() + static_cast<std::ptrdiff_t>(index), text.end(), IsDoubleQuote);
+  const auto found = std::find_if(text.begin() + static_cast<std::ptrdiff_t>(index), text.end(),
+                                  [](char16_t unit) { return MayBeDoubleQuote(unit) && IsDoubleQuote(unit); });
   return found == text.end() ? std::u16string_view::npos : static_cast<std::size_t>(found - text.begin());
 }
 
