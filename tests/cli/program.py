@@ -92,7 +92,8 @@ class Case(unittest.TestCase):
         return self.home / ".config/Brantholt/Kelvarin/kvx.ini"
 
     def environment(self):
-        return {"PATH": os.environ["PATH"], "HOME": str(self.home), "TMPDIR": str(self.temporary), "LC_ALL": "C.UTF-8"}
+        own = {"HOME": str(self.home), "TMPDIR": str(self.temporary), "LC_ALL": "C.UTF-8"}
+        return own | {name: os.environ[name] for name in ("PATH", "LSAN_OPTIONS") if name in os.environ}
 
     def kelvarin(self, *arguments, prepare=None, cwd=None):
         process = subprocess.Popen([KELVARIN, *map(str, arguments)], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,

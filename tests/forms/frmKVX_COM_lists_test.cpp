@@ -140,6 +140,7 @@ class ExtentHost : public unattended::UnattendedHost {
 TEST_F(TermLists, TheListScrollsAsFarAsItsWidestEntry) {
   unattended::FileAnswers none({}, false);
   ExtentHost wide(none, nullptr, nullptr);
+  desktop = std::make_unique<unattended::UnattendedServices>(none, nullptr, AsTheyAre());
   const Host widely{wide,         wide,     profile,  files,    folders, characters, processes,
                     userSettings, *desktop, *desktop, *desktop, locale,  u"",        {}};
   frmKVX_COM dialog(widely, ini);
