@@ -96,7 +96,7 @@ class modKVX {
   bool RemoveHighlighting(const word::ApplicationPtr& application, const word::DocumentPtr& document);
 
   /// Asks, and then updates the first index of defined terms, or says that there is none.
-  /// @return whether the user agreed and no error was shown
+  /// @return whether no error was shown; a user who says no has had what they wanted
   static bool UpdateIndexField(const word::DocumentPtr& document, os::Messages& messages);
 
   /// Puts back what a run changed in Word. Fast save stays as the run left it, on purpose. An error is shown

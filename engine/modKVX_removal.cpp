@@ -98,11 +98,11 @@ bool modKVX::RemoveHighlighting(const word::ApplicationPtr& application, const w
 }
 
 bool modKVX::UpdateIndexField(const word::DocumentPtr& document, os::Messages& messages) {
-  bool agreed = false;
-  const bool done = TrapErrors(messages, u"Error updating index", [&] {
-    agreed =
-        messages.Show(u"Update only?", kUpdateQuestion, os::Icon::kQuestion, os::Buttons::kYesNo) == os::Pressed::kYes;
-    if (!agreed) return;
+  return TrapErrors(messages, u"Error updating index", [&] {
+    if (messages.Show(u"Update only?", kUpdateQuestion, os::Icon::kQuestion, os::Buttons::kYesNo) !=
+        os::Pressed::kYes) {
+      return;
+    }
     const word::FieldsPtr fields = document->Fields();
     const int count = fields->Count();
     for (int index = 1; index <= count; ++index) {
@@ -116,5 +116,4 @@ bool modKVX::UpdateIndexField(const word::DocumentPtr& document, os::Messages& m
                   u"No defined terms index found.  Please re-run Kelvarin to create one.", os::Icon::kExclamation,
                   os::Buttons::kOk);
   });
-  return done && agreed;
 }

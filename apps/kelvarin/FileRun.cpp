@@ -72,17 +72,14 @@ void TellRun(const Options& options, const std::filesystem::path& input, Session
   if (status == kDone && options.quiet) return;
   bool said = false;
   for (const RunWatch::ShownMessage& message : session.Watch().Messages()) {
-    if (message.icon == os::Icon::kQuestion) continue;
+    if (message.asked) continue;
     Say(input, ToUtf8(message.title) + ": " + ToUtf8(message.text));
     said = true;
   }
   std::string reason = failure;
   if (reason.empty() && status != kDone && !said) {
     const bool nothingFound = session.Watch().TermsShown() && session.Watch().Found().empty();
-    const bool updates = options.AddInCommand() == Options::Command::kUpdate;
-    reason = updates        ? "the index was not updated"
-             : nothingFound ? "no defined terms were found, and none were added"
-                            : "nothing was indexed";
+    reason = nothingFound ? "no defined terms were found, and none were added" : "nothing was indexed";
   }
   if (reason.empty()) return;
   Say(input, reason);

@@ -27,8 +27,10 @@ void RunWatch::ReadFound(const forms::Form& form) {
   for (int i = 0; i < list.ListCount(); ++i) found_.push_back(list.List(i));
 }
 
-void RunWatch::MessageShown(std::u16string_view title, std::u16string_view text, os::Icon icon, os::Pressed) {
-  messages_.push_back({std::u16string(title), std::u16string(text), icon});
+void RunWatch::MessageShown(std::u16string_view title, std::u16string_view text, os::Icon icon, os::Buttons buttons,
+                            os::Pressed pressed) {
+  const bool asked = icon == os::Icon::kQuestion || (buttons == os::Buttons::kOkCancel && pressed == os::Pressed::kOk);
+  messages_.push_back({std::u16string(title), std::u16string(text), icon, asked});
 }
 
 void RunWatch::ProgressShown(const unattended::ProgressState& state, unattended::Transcript::Phase phase) {

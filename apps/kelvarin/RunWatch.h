@@ -13,6 +13,8 @@ class RunWatch : public unattended::UnattendedObserver {
     std::u16string title;
     std::u16string text;
     os::Icon icon;
+    /// A question, or one in all but its icon that was answered with OK: nothing that anybody is to be told of.
+    bool asked;
   };
 
   /// @param file what progress is shown for; empty: it is not
@@ -20,7 +22,8 @@ class RunWatch : public unattended::UnattendedObserver {
 
   void FormShown(const forms::Form& form) override;
   void FormEnded(const forms::Form& form) override;
-  void MessageShown(std::u16string_view title, std::u16string_view text, os::Icon icon, os::Pressed pressed) override;
+  void MessageShown(std::u16string_view title, std::u16string_view text, os::Icon icon, os::Buttons buttons,
+                    os::Pressed pressed) override;
   void ProgressShown(const unattended::ProgressState& state, unattended::Transcript::Phase phase) override;
 
   /// The terms dialog came.

@@ -95,7 +95,7 @@ os::Pressed UnattendedHost::Show(std::u16string_view title, std::u16string_view 
                                  os::Buttons buttons) {
   const os::Pressed pressed = answers_.AnswerMessage(title, buttons);
   if (transcript_ != nullptr) transcript_->Message(title, text, icon, buttons, pressed);
-  if (observer_ != nullptr) observer_->MessageShown(title, text, icon, pressed);
+  if (observer_ != nullptr) observer_->MessageShown(title, text, icon, buttons, pressed);
   answers_.LeaveFailedStep();
   return pressed;
 }

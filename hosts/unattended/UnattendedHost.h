@@ -18,8 +18,10 @@ class UnattendedObserver {
   virtual void FormShown(const forms::Form& form) { static_cast<void>(form); }
   /// The form was hidden or unloaded; its controls still hold their last values.
   virtual void FormEnded(const forms::Form& form) { static_cast<void>(form); }
-  virtual void MessageShown(std::u16string_view title, std::u16string_view text, os::Icon icon, os::Pressed pressed) {
-    static_cast<void>(title), static_cast<void>(text), static_cast<void>(icon), static_cast<void>(pressed);
+  virtual void MessageShown(std::u16string_view title, std::u16string_view text, os::Icon icon, os::Buttons buttons,
+                            os::Pressed pressed) {
+    static_cast<void>(title), static_cast<void>(text), static_cast<void>(icon);
+    static_cast<void>(buttons), static_cast<void>(pressed);
   }
   /// A progress form appears, changes, or goes away.
   virtual void ProgressShown(const ProgressState& state, Transcript::Phase phase) {

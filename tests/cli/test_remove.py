@@ -175,7 +175,7 @@ class Update(program.Case):
 
     def test_the_question_is_asked_and_no_changes_nothing(self):
         self.indexed()
-        events = self.run_update("indexed.docx", self.NO, status=1)
+        events = self.run_update("indexed.docx", self.NO)
         question = next(event for event in events if event["event"] == "message")
         self.assertEqual((question["title"], question["icon"], question["buttons"]), ("Update only?", "question", "YesNo"))
         self.assertTrue(question["text"].startswith(

@@ -56,6 +56,16 @@ class Saving(program.Case):
         terms = [event for event in events if event["event"] == "formEnd" and event["name"] == "frmKVX_COM"]
         self.assertEqual(terms[0]["controls"]["lstTermsInDoc"]["items"], ["Buyer", "Seller"])
 
+    def test_a_prompt_that_was_answered_with_ok_is_not_told_of(self):
+        result = self.check("index", "contract.docx", "-o", "out.docx", "--search", "capitals")
+        self.assertEqual(result.err, "")
+
+    def test_a_prompt_that_was_answered_with_ok_is_no_reason_for_a_run_that_stopped(self):
+        self.document(lines="P no capitals here.")
+        result = self.check("index", "contract.docx", "-o", "out.docx", "--search", "capitals", status=1)
+        self.assertIn("no defined terms were found, and none were added", result.err)
+        self.assertNotIn("Save document", result.err)
+
     def test_without_leave_nothing_is_saved_or_searched(self):
         events = self.refresh({"message": "Save document", "press": "Cancel"})
         self.assertEqual(self.calls(events), [])

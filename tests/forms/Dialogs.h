@@ -151,7 +151,8 @@ class Dialogs : public ::testing::Test, public unattended::UnattendedObserver {
     return entries;
   }
 
-  void MessageShown(std::u16string_view title, std::u16string_view text, os::Icon icon, os::Pressed) override {
+  void MessageShown(std::u16string_view title, std::u16string_view text, os::Icon icon, os::Buttons,
+                    os::Pressed) override {
     shown.push_back({std::u16string(title), std::u16string(text), icon});
   }
 

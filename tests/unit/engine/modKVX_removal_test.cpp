@@ -108,7 +108,7 @@ TEST_F(Removal, AnErrorWhileHighlightingIsRemovedIsShown) {
 
 TEST_F(Removal, UpdatingAsksFirstAndNoChangesNothing) {
   AddField(word::wdFieldIndex, u" INDEX \\f \"DefinedTermsIndex\" ");
-  EXPECT_FALSE(Update(os::Pressed::kNo));
+  EXPECT_TRUE(Update(os::Pressed::kNo));
   EXPECT_EQ(log.CountBeginning("Field.Update"), 0);
   EXPECT_EQ(messages.shown.at(0).text,
             u"Click Yes if you want to update your existing defined terms index without adding additional terms to "

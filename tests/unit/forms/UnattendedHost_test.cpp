@@ -157,7 +157,7 @@ TEST_F(Unattended, ObserversSeeFormsMessagesAndProgress) {
    public:
     void FormShown(const forms::Form& form) override { seen.push_back("shown " + form.Name()); }
     void FormEnded(const forms::Form& form) override { seen.push_back("ended " + form.Name()); }
-    void MessageShown(std::u16string_view title, std::u16string_view, os::Icon, os::Pressed) override {
+    void MessageShown(std::u16string_view title, std::u16string_view, os::Icon, os::Buttons, os::Pressed) override {
       seen.push_back("message " + std::string(title.begin(), title.end()));
     }
     void ProgressShown(const ProgressState& state, Transcript::Phase) override {
