@@ -70,16 +70,11 @@ int CountRows(const XmlPart& part, XmlNode parent) {
       case Tag::kTr:
         ++rows;
         break;
-      case Tag::kSdt:
-        rows += CountRows(part, part.Child(child, Tag::kSdtContent));
+      default: {
+        const Wrapped wrapped = WrappedBy(part, child, Within::kRows);
+        if (wrapped.content && !wrapped.deleted) rows += CountRows(part, wrapped.content);
         break;
-      case Tag::kCustomXml:
-      case Tag::kIns:
-      case Tag::kMoveTo:
-        rows += CountRows(part, child);
-        break;
-      default:
-        break;
+      }
     }
   }
   return rows;
@@ -150,27 +145,15 @@ void BlockReader::ReadBlocks(XmlNode container, bool deleted, const TableValues*
         if (!table->rows.empty()) into.push_back({std::move(table)});
         break;
       }
-      case Tag::kSdt:
-        ReadBlocks(part_.Child(child, Tag::kSdtContent), deleted, cell, into);
-        break;
-      case Tag::kCustomXml:
-      case Tag::kIns:
-      case Tag::kMoveTo:
-        ReadBlocks(child, deleted, cell, into);
-        break;
-      case Tag::kDel:
-      case Tag::kMoveFrom:
-        ReadBlocks(child, true, cell, into);
-        break;
-      case Tag::kAlternateContent:
-        ReadBlocks(ChosenBranch(part_, child), deleted, cell, into);
-        break;
       case Tag::kBookmarkStart:
       case Tag::kBookmarkEnd:
         Meet(child);
         break;
-      default:
+      default: {
+        const Wrapped wrapped = WrappedBy(part_, child, Within::kBlocks);
+        if (wrapped.content) ReadBlocks(wrapped.content, deleted || wrapped.deleted, cell, into);
         break;
+      }
     }
   }
 }
@@ -217,25 +200,6 @@ void BlockReader::ReadInlines(XmlNode parent, bool deleted) {
       case Tag::kR:
         ReadRun(child, deleted);
         break;
-      case Tag::kHyperlink:
-      case Tag::kSmartTag:
-      case Tag::kCustomXml:
-      case Tag::kDir:
-      case Tag::kBdo:
-      case Tag::kIns:
-      case Tag::kMoveTo:
-        ReadInlines(child, deleted);
-        break;
-      case Tag::kDel:
-      case Tag::kMoveFrom:
-        ReadInlines(child, true);
-        break;
-      case Tag::kSdt:
-        ReadInlines(part_.Child(child, Tag::kSdtContent), deleted);
-        break;
-      case Tag::kAlternateContent:
-        ReadInlines(ChosenBranch(part_, child), deleted);
-        break;
       case Tag::kFldSimple:
         Meet(child);
         ReadInlines(child, deleted);
@@ -249,8 +213,11 @@ void BlockReader::ReadInlines(XmlNode parent, bool deleted) {
       case Tag::kOMathPara:
         if (!deleted && Shows()) AddMath(child);
         break;
-      default:
+      default: {
+        const Wrapped wrapped = WrappedBy(part_, child, Within::kText);
+        if (wrapped.content) ReadInlines(wrapped.content, deleted || wrapped.deleted);
         break;
+      }
     }
   }
 }
@@ -451,24 +418,15 @@ void BlockReader::ReadRows(XmlNode parent, bool deleted, const SheetStyle* style
         if (!gone && !row.cells.empty()) table.rows.push_back(std::move(row));
         break;
       }
-      case Tag::kSdt:
-        ReadRows(part_.Child(child, Tag::kSdtContent), deleted, style, table, rows);
-        break;
-      case Tag::kCustomXml:
-      case Tag::kIns:
-      case Tag::kMoveTo:
-        ReadRows(child, deleted, style, table, rows);
-        break;
-      case Tag::kDel:
-      case Tag::kMoveFrom:
-        ReadRows(child, true, style, table, rows);
-        break;
       case Tag::kBookmarkStart:
       case Tag::kBookmarkEnd:
         Meet(child);
         break;
-      default:
+      default: {
+        const Wrapped wrapped = WrappedBy(part_, child, Within::kRows);
+        if (wrapped.content) ReadRows(wrapped.content, deleted || wrapped.deleted, style, table, rows);
         break;
+      }
     }
   }
 }
@@ -515,20 +473,16 @@ void BlockReader::ReadCells(XmlNode parent, bool deleted, const SheetStyle* styl
         if (!deleted) row.cells.push_back(std::move(cell));
         break;
       }
-      case Tag::kSdt:
-        ReadCells(part_.Child(child, Tag::kSdtContent), deleted, style, rowPlaces, table, row, column);
-        break;
-      case Tag::kCustomXml:
-      case Tag::kIns:
-      case Tag::kMoveTo:
-        ReadCells(child, deleted, style, rowPlaces, table, row, column);
-        break;
       case Tag::kBookmarkStart:
       case Tag::kBookmarkEnd:
         Meet(child);
         break;
-      default:
+      default: {
+        const Wrapped wrapped = WrappedBy(part_, child, Within::kRows);
+        if (wrapped.content)
+          ReadCells(wrapped.content, deleted || wrapped.deleted, style, rowPlaces, table, row, column);
         break;
+      }
     }
   }
 }
