@@ -67,7 +67,9 @@ double XmlAttribute::AsDouble() const { return std::strtod(std::string(Value()).
 
 XmlAttributes::Iterator& XmlAttributes::Iterator::operator++() {
   RawAttribute raw;
-  current_ = NextAttribute(at_, end_, raw) ? XmlAttribute(owner_, raw.name, raw.value) : XmlAttribute();
+  // What another node keeps there is no tag's text.
+  const bool isElement = owner_ != nullptr && owner_->type == XmlType::kElement;
+  current_ = isElement && NextAttribute(at_, end_, raw) ? XmlAttribute(owner_, raw.name, raw.value) : XmlAttribute();
   return *this;
 }
 

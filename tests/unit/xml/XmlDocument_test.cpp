@@ -239,6 +239,15 @@ TEST(XmlNode, InstructionsAreMade) {
   EXPECT_EQ(mark.Value(), "apart");
 }
 
+TEST(XmlNode, WhatIsNoElementHasNoAttributes) {
+  XmlDocument document("<a><?kelvarin keep b='1'?>c='2' &amp; d<!-- e='3' --></a>", "part.xml");
+  for (const XmlNode child : document.Root().Children()) {
+    static_cast<void>(child.Value());
+    EXPECT_FALSE(child.Attributes().begin() != child.Attributes().end());
+    EXPECT_FALSE(child.Attribute("b"));
+  }
+}
+
 TEST(XmlNode, DeepTreesNeedNoStack) {
   constexpr int kDepth = 3900;
   std::string text;
