@@ -8,6 +8,7 @@
 #include "platform/word/Range.h"
 
 #include <algorithm>
+#include <map>
 #include <optional>
 #include <set>
 #include <string_view>
@@ -133,16 +134,47 @@ void HighlightRecord::KeepQuotes(const word::RangePtr& story, char16_t quote) {
   }
 }
 
-void HighlightRecord::PutBack() {
-  std::vector<Name> names = Names();
-  // A stretch recorded as ours lies over the author's colours within it: it goes first.
-  std::stable_sort(names.begin(), names.end(),
-                   [](const Name& left, const Name& right) { return left.colour < right.colour; });
-  for (const Name& name : names) {
-    const word::BookmarkPtr bookmark = bookmarks_->Item(BookmarkName(name.colour, name.number));
-    bookmark->Range()->SetHighlightColorIndex(name.colour);
-    bookmark->Delete();
+std::vector<Stretch> HighlightRecord::Authors(int storyType) const {
+  std::vector<Stretch> authors;
+  for (const Name& name : Names()) {
+    if (name.colour == word::wdNoHighlight) continue;
+    const word::RangePtr range = bookmarks_->Item(BookmarkName(name.colour, name.number))->Range();
+    if (range->StoryType() == storyType) authors.push_back({range->Start(), range->End()});
   }
+  std::sort(authors.begin(), authors.end(),
+            [](const Stretch& left, const Stretch& right) { return left.begin < right.begin; });
+  return authors;
+}
+
+void TakeHighlightOff(const word::RangePtr& range, Stretch stretch, const std::vector<Stretch>& authors) {
+  const auto takeOff = [&](word::Position begin, word::Position end) {
+    if (begin >= end) return;
+    range->SetRange(begin, end);
+    range->SetHighlightColorIndex(word::wdNoHighlight);
+  };
+  auto next = std::upper_bound(authors.begin(), authors.end(), stretch.begin,
+                               [](word::Position begin, const Stretch& author) { return begin < author.end; });
+  for (; next != authors.end() && next->begin < stretch.end; ++next) {
+    takeOff(stretch.begin, next->begin);
+    stretch.begin = next->end;
+  }
+  takeOff(stretch.begin, stretch.end);
+}
+
+void HighlightRecord::PutBack() {
+  std::map<int, std::vector<Stretch>> authors;
+  for (const Name& name : Names()) {
+    const word::BookmarkPtr bookmark = bookmarks_->Item(BookmarkName(name.colour, name.number));
+    const word::RangePtr range = bookmark->Range();
+    if (name.colour == word::wdNoHighlight) {
+      const auto [ofStory, isNew] = authors.try_emplace(range->StoryType());
+      if (isNew) ofStory->second = Authors(range->StoryType());
+      TakeHighlightOff(range, {range->Start(), range->End()}, ofStory->second);
+    } else {
+      range->SetHighlightColorIndex(name.colour);
+    }
+  }
+  for (const Name& name : Names()) bookmarks_->Item(BookmarkName(name.colour, name.number))->Delete();
   if (IsLaidOn()) bookmarks_->Item(kLaidOnName)->Delete();
   isLaidOn_ = false;
   lastNumber_ = -1;

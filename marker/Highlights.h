@@ -34,6 +34,8 @@ class HighlightRecord {
   /// Keeps the colour of every quotation mark of a story that a search for this one finds. One that the record holds
   /// already is passed over: it may have our highlight by now.
   void KeepQuotes(const word::RangePtr& story, char16_t quote);
+  /// The recorded stretches of one story that have a highlight of the author's, in order.
+  std::vector<Stretch> Authors(int storyType) const;
   /// Gives every recorded stretch its colour and takes the whole record away.
   void PutBack();
 
@@ -49,5 +51,11 @@ class HighlightRecord {
   int lastNumber_{-1};  ///< below 0 until the document was asked
   bool isLaidOn_{false};
 };
+
+/// Takes the highlight from a stretch except for what is the author's, which goes from our colour to its own at once: a
+/// host that tracks changes then has none to note.
+/// @param range any of the story, which is moved
+/// @param authors as HighlightRecord::Authors() gives them
+void TakeHighlightOff(const word::RangePtr& range, Stretch stretch, const std::vector<Stretch>& authors);
 
 }  // namespace marker

@@ -2,7 +2,10 @@
 
 #include "marker/BookmarkNames.h"
 #include "marker/Entries.h"
+#include "marker/FieldScan.h"
+#include "marker/StoryText.h"
 #include "platform/word/Bookmarks.h"
+#include "platform/word/Constants.h"
 #include "platform/word/Document.h"
 #include "platform/word/Fields.h"
 #include "platform/word/Range.h"
@@ -36,12 +39,27 @@ word::Position BehindEntriesAt(const word::DocumentPtr& document, word::Position
   }
 }
 
+/// Another field's next update would take an index in its result with it, and a code is no place for one.
+word::Position BehindFieldsAround(const word::DocumentPtr& document, word::Position position) {
+  if (document->Fields()->Count() == 0) return position;
+  const std::u16string text = TextByPosition(document->StoryRanges()->Item(word::wdMainTextStory));
+  word::Position behind = position;
+  for (const ScannedField& field : ScanFields(text)) {
+    const auto begin = static_cast<word::Position>(field.begin);
+    const auto end = static_cast<word::Position>(field.end);
+    const bool isEnded = text[field.end] == word::kFieldEnd;
+    if (isEnded && begin < position && position <= end) behind = std::max(behind, end + 1);
+  }
+  return behind;
+}
+
 }  // namespace
 
 word::RangePtr InsertIndexField(const word::DocumentPtr& document, int columns, std::u16string_view separator) {
   const word::BookmarksPtr bookmarks = document->Bookmarks();
   // An empty range: a bookmark over text must not cost that text.
-  const word::Position at = BehindEntriesAt(document, bookmarks->Item(kIndexStartBookmark)->Range()->Start());
+  const word::Position start = bookmarks->Item(kIndexStartBookmark)->Range()->Start();
+  const word::Position at = BehindEntriesAt(document, BehindFieldsAround(document, start));
   const int wanted = std::clamp(columns, 1, kMostColumns);
   const bool isPlain = wanted == 1 && IsParagraphStart(document, at);
   const word::FieldPtr field = document->Fields()->Add(

@@ -176,20 +176,21 @@ void KvxTermMarker::RemoveIndex(const word::ApplicationPtr& /*application*/, con
 void KvxTermMarker::RemoveTermHighlighting(const word::DocumentPtr& document) {
   HighlightRecord record(document);
   if (record.IsLaidOn()) {
-    for (const word::RangePtr& story : MarkedStories(document)) RemoveHighlightsOf(document, story);
+    for (const word::RangePtr& story : MarkedStories(document)) RemoveHighlightsOf(document, story, record);
   }
   record.PutBack();
 }
 
-void KvxTermMarker::RemoveHighlightsOf(const word::DocumentPtr& document, const word::RangePtr& story) {
+void KvxTermMarker::RemoveHighlightsOf(const word::DocumentPtr& document, const word::RangePtr& story,
+                                       const HighlightRecord& record) {
   if (story->HighlightColorIndex() == word::wdNoHighlight) return;
   const StoryText text(document, story, StoryText::Hidden::kKept);
   HighlightedEntries highlighted(letters_, text);
   const word::RangePtr range = story->Duplicate();
+  const std::vector<Stretch> authors = record.Authors(story->StoryType());
   for (const OurEntry& entry : text.Entries()) {
     for (const Stretch& stretch : highlighted.Before(range, entry.begin, entry.text)) {
-      range->SetRange(stretch.begin, stretch.end);
-      range->SetHighlightColorIndex(word::wdNoHighlight);
+      TakeHighlightOff(range, stretch, authors);
     }
   }
 }

@@ -37,7 +37,8 @@ class KvxTermMarker : public TermMarker {
  private:
   void RemoveEntriesOf(const word::DocumentPtr& document, const word::RangePtr& story, HighlightRecord& record,
                        bool isHighlighted);
-  void RemoveHighlightsOf(const word::DocumentPtr& document, const word::RangePtr& story);
+  void RemoveHighlightsOf(const word::DocumentPtr& document, const word::RangePtr& story,
+                          const HighlightRecord& record);
 
   Letters letters_;
   std::optional<MarkingRun> run_;  ///< between BeginIndexing and EndIndexing

@@ -107,9 +107,10 @@ class FieldsProxy : public word::Fields {
     if (arguments.PreserveFormatting) code += u" \\* MERGEFORMAT ";
     const bool isIndex = FieldType(code) == word::wdFieldIndex;
     std::optional<RevisionStamp> tracked;
-    // An index is made anew at each update.
-    if (document->Revisions().Tracking() && !isIndex) tracked = document->Revisions().Next();
-    story.InsertField(at, code, tracked ? &*tracked : nullptr);
+    if (const Tracking* own = document->Revisions().Wanted()) tracked = own->Next();
+    // An index is a part of the document by itself, not of a link or somebody else's insertion.
+    story.InsertField(at, code, tracked ? &*tracked : nullptr,
+                      isIndex ? Story::Containers::kDivided : Story::Containers::kHold);
     const word::FieldPtr field = At(story, at);
     if (isIndex) field->Update();
     return field;

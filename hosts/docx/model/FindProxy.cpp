@@ -139,8 +139,7 @@ class FindProxy : public word::Find {
       left -= part.end - part.start;
     }
     std::optional<Story::TrackedMove> tracked;
-    RevisionMarks& revisions = document.Revisions();
-    if (revisions.Tracking()) tracked = {revisions.Next(), revisions.Next()};
+    if (const Tracking* own = document.Revisions().Wanted()) tracked = {own->Next(), own->Next()};
     story.MoveCharacter(parts.front().start, to, tracked ? &*tracked : nullptr);
   }
 

@@ -2,6 +2,7 @@
 #include <optional>
 #include <utility>
 
+#include "hosts/docx/model/FormatRevision.h"
 #include "hosts/docx/model/RangeProxy.h"
 #include "hosts/docx/model/RangeText.h"
 #include "hosts/docx/styles/ParagraphProperties.h"
@@ -49,7 +50,9 @@ class FontProxy : public word::Font {
     const Position start = range_->Start();
     const Position end = range_->End();
     for (const XmlNode run : story.IsolateRuns(start, end)) {
+      NoteFormatting(story.Part(), run, document->Revisions().Wanted());
       setter(formats, run);
+      DropNoteOfEqualFormatting(story.Part(), run, document->Revisions().Own());
     }
     story.RejoinRuns(start, end);
   }

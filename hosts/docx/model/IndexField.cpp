@@ -94,8 +94,8 @@ std::vector<IndexEntry> CollectEntries(OpenDocument& document, const IndexOption
   return entries;
 }
 
-/// The style and the right tab that Word gives each paragraph of an index, and nothing else but a section's end. A
-/// heading stays with the entry below it.
+/// The style and the right tab that Word gives each paragraph of an index, and nothing else but a section's end and
+/// that it is a tracked insertion. A heading stays with the entry below it.
 void FormatParagraph(XmlPart& part, XmlNode paragraph, const std::string& style, bool heading, int tabPosition) {
   XmlNode given = part.Child(paragraph, Tag::kPPr);
   XmlNode properties = paragraph.PrependChild(part.Name("pPr"));
@@ -106,6 +106,9 @@ void FormatParagraph(XmlPart& part, XmlNode paragraph, const std::string& style,
   part.SetAttribute(tab, "leader", "dot");
   part.SetAttribute(tab, "pos", std::to_string(tabPosition).c_str());
   if (!given) return;
+  if (const XmlNode insertion = part.Child(part.Child(given, Tag::kRPr), Tag::kIns)) {
+    properties.AppendChild(part.Name("rPr")).AppendMove(insertion);
+  }
   if (const XmlNode section = part.Child(given, Tag::kSectPr)) properties.AppendMove(section);
   paragraph.RemoveChild(given);
 }
@@ -190,25 +193,36 @@ void MoveStarts(OpenDocument& document, Story& main, const std::vector<std::u16s
   }
 }
 
+/// A field's result is inserted as the field itself was: whoever refuses the insertion shall not be left with the one
+/// without the other. @return nullptr for a field that no tracked insertion holds
+const Tracking* TrackingOf(OpenDocument& document, const Story& main, const FieldSpan& field) {
+  const XmlPart& part = main.Part();
+  for (XmlNode up = main.RunAt(field.begin); up && !part.Is(up, Tag::kP); up = up.Parent()) {
+    if (part.Is(up, Tag::kIns)) return &document.Revisions().Own();
+  }
+  return nullptr;
+}
+
 /// Gives a field without a result one.
 void WriteResult(OpenDocument& document, const FieldSpan& field, const IndexOptions& options,
                  const std::vector<IndexParagraph>& content) {
   Story& main = document.Parts().Main();
   XmlPart& part = main.Part();
   const bool ownSection = options.columns > 0;
+  const Tracking* tracked = TrackingOf(document, main, field);
 
-  main.InsertFieldSeparator(field.end);
+  main.InsertFieldSeparator(field.end, tracked);
   Position at = field.end + 1;
   const Position firstMark = at;
-  if (ownSection) main.InsertText(at++, std::u16string_view(&word::kParagraphMark, 1));
+  if (ownSection) main.InsertText(at++, std::u16string_view(&word::kParagraphMark, 1), tracked);
   std::vector<Written> written;
   for (const IndexParagraph& paragraph : content) {
     const std::u16string text = TextOf(paragraph) + word::kParagraphMark;
-    main.InsertText(at, text);
+    main.InsertText(at, text, tracked);
     written.push_back({&paragraph, at});
     at += static_cast<Position>(text.size());
   }
-  if (ownSection && !written.empty()) EncloseInSection(main, firstMark, at - 1, options.columns);
+  if (ownSection && !written.empty()) EncloseInSection(main, firstMark, at - 1, options.columns, tracked);
 
   const int columns = std::max(options.columns, 1);
   const int tab = MeasureColumns(part, SectionAt(main, written.front().start)).Column(columns) - kTabInset;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "hosts/docx/model/FormatRevision.h"
 #include "hosts/docx/model/RangeText.h"
 #include "hosts/docx/styles/RunProperties.h"
 
@@ -123,13 +124,14 @@ void RangeProxy::SetText(std::u16string_view value) {
   const auto length = static_cast<Position>(text.size());
   const Position start = anchor_.start;
   const Position end = anchor_.end;
+  const Tracking* tracked = document->Revisions().Wanted();
   if (start < end && story.RunAt(start)) {
     // Behind the first character the new text takes that character's formatting.
-    story.InsertText(start + 1, text);
+    story.InsertText(start + 1, text, tracked);
     story.Erase(start + 1 + length, end + length);
     story.Erase(start, start + 1);
   } else {
-    story.InsertText(start, text);
+    story.InsertText(start, text, tracked);
     story.Erase(start + length, end + length);
   }
   // What could not be erased, such as the last mark of a cell, stays behind the new text.
@@ -188,10 +190,11 @@ int RangeProxy::MoveStart(word::WdUnits unit, int count) {
 void RangeProxy::Select() { Lock(document_, "Range.Select")->Select(*anchor_.Of(), anchor_.start, anchor_.end); }
 
 void RangeProxy::InsertParagraphBefore() {
-  Lock(document_, "Range.InsertParagraphBefore")->BeforeChange("Range.InsertParagraphBefore");
+  const std::shared_ptr<OpenDocument> document = Lock(document_, "Range.InsertParagraphBefore");
+  document->BeforeChange("Range.InsertParagraphBefore");
   const Position start = anchor_.start;
   const Position end = anchor_.end;
-  anchor_.Of()->InsertText(start, std::u16string_view(&word::kParagraphMark, 1));
+  anchor_.Of()->InsertText(start, std::u16string_view(&word::kParagraphMark, 1), document->Revisions().Wanted());
   SetRange(start, end + 1);
 }
 
@@ -234,7 +237,14 @@ void RangeProxy::SetHighlightColorIndex(int value) {
   document->BeforeChange("Range.HighlightColorIndex");
   Story& story = *anchor_.Of();
   const Formatting& formats = document->Parts().Formats(story.Part());
-  for (const XmlNode run : story.IsolateRuns(anchor_.start, anchor_.end)) SetHighlight(formats, run, value);
+  // Only what was laid on is ever taken away, and that leaves no trace.
+  const Tracking* tracked = value == word::wdNoHighlight ? nullptr : document->Revisions().Wanted();
+  for (const XmlNode run : story.IsolateRuns(anchor_.start, anchor_.end)) {
+    if (formats.Highlight(run) == value) continue;
+    NoteFormatting(story.Part(), run, tracked);
+    SetHighlight(formats, run, value);
+    DropNoteOfEqualFormatting(story.Part(), run, document->Revisions().Own());
+  }
   story.RejoinRuns(anchor_.start, anchor_.end);
 }
 

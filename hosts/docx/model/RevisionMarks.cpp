@@ -36,9 +36,13 @@ std::string Date() {
 
 bool SaysTracking(XmlPart* settings) {
   if (settings == nullptr) return false;
+  const auto isOff = [](std::string_view value) { return value == "0" || value == "false" || value == "off"; };
   const XmlNode tracking = settings->Child(settings->Root(), "trackRevisions");
-  const std::string_view value = settings->Attribute(tracking, "val").Value();
-  return tracking && value != "0" && value != "false" && value != "off";
+  if (tracking && !isOff(settings->Attribute(tracking, "val").Value())) return true;
+  // A document can be protected against whatever is not tracked.
+  const XmlNode protection = settings->Child(settings->Root(), "documentProtection");
+  const std::string_view enforced = settings->Attribute(protection, "enforcement").Value();
+  return settings->Attribute(protection, "edit").Value() == "trackedChanges" && !enforced.empty() && !isOff(enforced);
 }
 
 /// The node behind another in document order, its children first; none at the end.
@@ -50,7 +54,10 @@ XmlNode Following(XmlNode node) {
 
 }  // namespace
 
-RevisionMarks::RevisionMarks(DocumentParts& parts) : parts_(parts), tracking_(SaysTracking(parts.Settings())) {}
+RevisionMarks::RevisionMarks(DocumentParts& parts)
+    : parts_(parts),
+      tracking_(SaysTracking(parts.Settings())),
+      own_{.author = kAuthor, .date = Date(), .nextId = [this] { return NextId(); }} {}
 
 void RevisionMarks::CollectIds() {
   ids_.insert(0);
@@ -65,12 +72,12 @@ void RevisionMarks::CollectIds() {
   }
 }
 
-RevisionStamp RevisionMarks::Next() {
+int RevisionMarks::NextId() {
   if (ids_.empty()) CollectIds();
   do {
     ++last_;
   } while (!ids_.insert(last_).second);
-  return {last_, kAuthor, Date()};
+  return last_;
 }
 
 }  // namespace docx

@@ -13,17 +13,22 @@ class RevisionMarks {
   /// @param parts outlive the object
   explicit RevisionMarks(DocumentParts& parts);
 
-  /// Whether the document says that changes are to be tracked.
-  bool Tracking() const { return tracking_; }
-  /// A stamp for a further change: of this system as the author, at the time of SOURCE_DATE_EPOCH when that is set, or
-  /// else now.
-  RevisionStamp Next();
+  RevisionMarks(const RevisionMarks&) = delete;
+  RevisionMarks& operator=(const RevisionMarks&) = delete;
+
+  /// Changes as this system's own, at the time of SOURCE_DATE_EPOCH when that is set, or else the one at which the
+  /// document was opened.
+  const Tracking& Own() const { return own_; }
+  /// The same where the document says that changes are to be tracked; nullptr elsewhere.
+  const Tracking* Wanted() const { return tracking_ ? &own_ : nullptr; }
 
  private:
+  int NextId();
   void CollectIds();
 
   DocumentParts& parts_;
   bool tracking_{false};
+  Tracking own_;
   /// Those in use; empty until one is wanted.
   std::set<int> ids_;
   int last_{0};

@@ -121,6 +121,18 @@ void MoveInto(XmlPart& part, XmlNode paragraph, XmlNode section) {
   }
 }
 
+/// Notes what a section was. Headers and footers cannot be noted: they go on from the section before.
+void NoteChange(XmlPart& part, XmlNode section, XmlNode original, const RevisionStamp& stamp) {
+  XmlNode change = section.AppendChild(part.Name("sectPrChange"));
+  Stamp(part, change, stamp);
+  XmlNode was = change.AppendCopy(original);
+  for (const char* local : {"headerReference", "footerReference", "sectPrChange"}) {
+    RemoveAll(part, was, local);
+  }
+  if (const XmlNode mark = was.FirstChild(); mark.Type() == XmlType::kInstruction) was.RemoveChild(mark);
+  CompletePageSetup(part, was);
+}
+
 }  // namespace
 
 XmlNode SectionAt(const Story& main, Position position) { return NextSection(main.Part(), main.ParagraphAt(position)); }
@@ -136,7 +148,7 @@ ColumnMeasure MeasureColumns(const XmlPart& part, XmlNode section) {
   return measure;
 }
 
-void EncloseInSection(Story& main, Position firstMark, Position secondMark, int columns) {
+void EncloseInSection(Story& main, Position firstMark, Position secondMark, int columns, const Tracking* tracked) {
   XmlPart& part = main.Part();
   XmlNode around = SectionAt(main, secondMark);
   if (!around) {
@@ -157,6 +169,7 @@ void EncloseInSection(Story& main, Position firstMark, Position secondMark, int 
   part.RemoveAttribute(cols, "equalWidth");
   part.SetAttribute(cols, "num", std::to_string(columns).c_str());
   part.SetAttribute(cols, "space", space.c_str());
+  if (tracked != nullptr) NoteChange(part, around, original, tracked->Next());
   main.SetMarkCharacter(firstMark, word::kPageBreak);
   main.SetMarkCharacter(secondMark, word::kPageBreak);
 }

@@ -19,7 +19,9 @@ ColumnMeasure MeasureColumns(const XmlPart& part, XmlNode section);
 /// Makes a continuous section with columns of its own out of two neighbouring stretches' ends: the section up to the
 /// first mark keeps what the section was; the one up to the second mark gets the columns; the rest goes on as before.
 /// @param firstMark, secondMark paragraph marks, which become section marks
-void EncloseInSection(Story& main, Position firstMark, Position secondMark, int columns);
+/// @param tracked what the rest was is noted as a tracked change, since the section marks go when they are refused;
+///     nullptr: it is not
+void EncloseInSection(Story& main, Position firstMark, Position secondMark, int columns, const Tracking* tracked);
 /// Undoes EncloseInSection before the text between is erased. @param firstMark the mark given then
 void OpenSection(Story& main, Position firstMark, Position end);
 

@@ -25,7 +25,11 @@ struct Story::InsertionPoint {
   }
 };
 
-/// Writes into a tracked change what it says of itself.
-void Stamp(XmlPart& part, XmlNode revision, const RevisionStamp& stamp);
+/// Whether an element follows in the same container; white space between elements is nothing.
+bool HasElementBehind(XmlNode node);
+/// Whether an element is a tracked insertion, deletion or move of what it holds.
+bool IsRevision(Tag tag);
+/// Whether an element around runs may become two.
+bool IsDivisible(Tag tag);
 
 }  // namespace docx

@@ -59,12 +59,17 @@ class Story {
 
   /// Inserts text: CR a paragraph mark, 9 a tab, 11 a line break, 12 a page break, all else as it is. The text gets the
   /// formatting of the character before it in its paragraph, or else of the one after it.
-  void InsertText(Position at, std::u16string_view text);
+  /// @param tracked whose insertion it is; nullptr: untracked
+  void InsertText(Position at, std::u16string_view text, const Tracking* tracked = nullptr);
+  /// What holds runs in a paragraph, such as a link or an insertion, may hold what is inserted in its middle, or is
+  /// divided by it, and joined again when that goes.
+  enum class Containers { kHold, kDivided };
   /// Inserts a field of begin mark, code and end mark, in runs without formatting of their own.
   /// @param tracked as one insertion; nullptr: untracked @return its length
-  Position InsertField(Position at, std::u16string_view code, const RevisionStamp* tracked = nullptr);
-  /// Puts the separator mark into a field that has none.
-  void InsertFieldSeparator(Position at);
+  Position InsertField(Position at, std::u16string_view code, const RevisionStamp* tracked = nullptr,
+                       Containers containers = Containers::kHold);
+  /// Puts the separator mark into a field that has none. @param tracked as above
+  void InsertFieldSeparator(Position at, const Tracking* tracked = nullptr);
   /// Exchanges the character of a paragraph mark: 12 once its paragraph has got section properties, 13 when it lost
   /// them.
   void SetMarkCharacter(Position mark, char16_t character);
@@ -113,14 +118,15 @@ class Story {
   struct InsertionPoint;
 
   XmlNode ParagraphOf(const AtomSequence::Place& place) const;
-  InsertionPoint PrepareInsertion(Position at);
+  InsertionPoint PrepareInsertion(Position at, Containers containers = Containers::kHold);
   XmlNode FormattingRun(const AtomSequence::Place& at) const;
   void DivideAt(Position position);
   void DivideRunsAt(Position position);
   XmlNode DivideRun(const AtomSequence::Place& firstOfSecond);
-  void DivideContainer(XmlNode container, XmlNode lastOfFirst);
-  void InsertParagraphMark(Position at);
-  void InsertRunText(Position at, std::u16string_view text);
+  /// @return the second part
+  XmlNode DivideContainer(XmlNode container, XmlNode lastOfFirst);
+  void InsertParagraphMark(Position at, const Tracking* tracked);
+  void InsertRunText(Position at, std::u16string_view text, const Tracking* tracked);
   bool MergeWithNext(const AtomSequence::Place& mark);
   void RemoveEmptied(XmlNode run);
   void EraseBookmarksWithin(Position start, Position end);
@@ -131,13 +137,15 @@ class Story {
   XmlNode InsertCopyOf(Position from, Position to, const std::u16string& character, const RevisionStamp* tracked);
   /// The place inside of a new tracked insertion at the point.
   InsertionPoint TrackInsertion(InsertionPoint point, const RevisionStamp& stamp);
+  /// The same, but an insertion of the same author and date goes on.
+  InsertionPoint TrackInsertion(InsertionPoint point, const Tracking& tracking);
   /// Before something comes between neighbours that say the same, which must not be taken for one then that was
   /// divided.
-  void KeepInsertionsApart(XmlNode first);
-  /// Once what divided an insertion has gone.
-  void JoinInsertions(XmlNode first, XmlNode second);
-  /// Whether neighbours are insertions that were separate though they say the same.
-  bool AreKeptApart(XmlNode before, XmlNode after) const;
+  void KeepRevisionsApart(XmlNode first);
+  /// Joins neighbours that were one, and what was divided with them, once what divided them has gone.
+  void JoinDivided(XmlNode first, XmlNode second);
+  /// Whether of two tracked changes side by side the one could be the rest of the other, down to the number.
+  bool AreOneRevision(XmlNode first, XmlNode second) const;
   void PutBeforeBookmarkStarts(Position character, XmlNode inserted);
   void MarkDeleted(Position at, const RevisionStamp& stamp);
 

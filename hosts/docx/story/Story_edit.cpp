@@ -7,6 +7,7 @@
 #include "hosts/docx/story/StoryBuilder.h"
 #include "hosts/docx/story/TextElement.h"
 #include "hosts/docx/styles/ParagraphProperties.h"
+#include "hosts/docx/styles/PropertyContainer.h"
 #include "hosts/docx/styles/RunProperties.h"
 #include "hosts/docx/xml/Utf.h"
 #include "platform/word/Constants.h"
@@ -16,15 +17,10 @@ namespace docx {
 
 namespace {
 
-bool IsJoinable(const Atom& atom) { return atom.kind == AtomKind::kText || atom.kind == AtomKind::kCharacter; }
+/// Whether a text element may hold it.
+bool IsText(const Atom& atom) { return atom.kind == AtomKind::kText || atom.kind == AtomKind::kCode; }
 
-/// Whether an element follows in the same container; white space between elements is nothing.
-bool HasElementBehind(XmlNode node) {
-  do {
-    node = node.NextSibling();
-  } while (node && node.Type() != XmlType::kElement);
-  return !node.Empty();
-}
+bool IsJoinable(const Atom& atom) { return IsText(atom) || atom.kind == AtomKind::kCharacter; }
 
 /// The text of an element of run content that was just made, as an atom.
 Atom MakeAtom(XmlNode element, AtomKind kind, std::size_t length) {
@@ -37,7 +33,7 @@ void Story::DivideAt(Position position) {
   const AtomSequence::Place place = atoms_.At(position);
   if (place.start == position) return;
   const Atom& atom = atoms_.Get(place);
-  if (atom.kind != AtomKind::kText && atom.kind != AtomKind::kCode) {
+  if (!IsText(atom)) {
     throw word::HostError(word::kCommandFailed, u"This place in a field cannot be edited.", "Range");
   }
   const auto units = static_cast<std::uint32_t>(position - place.start);
@@ -71,8 +67,8 @@ void Story::DivideRunsAt(Position position) {
   const XmlNode before = previous.Node().Parent();
   const XmlNode after = next.Node().Parent();
   if (before == after) {
-    const bool areNeighbours = isBoundary && previous.kind == AtomKind::kText && next.kind == AtomKind::kText &&
-                               previous.Node().NextSibling() == next.Node();
+    const bool areNeighbours =
+        isBoundary && IsText(previous) && IsText(next) && previous.Node().NextSibling() == next.Node();
     DivideRun(place);
     if (areNeighbours) PutApartMarkBefore(atoms_.Get(place).Node());
   } else if (before.NextSibling() == after && IsJoinable(previous) && IsJoinable(next) &&
@@ -82,7 +78,7 @@ void Story::DivideRunsAt(Position position) {
   }
 }
 
-Story::InsertionPoint Story::PrepareInsertion(Position at) {
+Story::InsertionPoint Story::PrepareInsertion(Position at, Containers containers) {
   DivideRunsAt(at);
   const AtomSequence::Place place = atoms_.At(at);
   const XmlNode paragraph = atoms_.IsEnd(place) ? XmlNode() : ParagraphOf(place);
@@ -100,39 +96,37 @@ Story::InsertionPoint Story::PrepareInsertion(Position at) {
   }
   point.after = previous.InRun() ? previous.Node().Parent() : previous.Node();
   // What is inserted behind deleted text is no part of the deletion, and behind the last of a container not in it.
+  XmlNode second;
+  // What was one until now shall be one again.
+  const auto keepApart = [&] {
+    if (!second || second != point.after.NextSibling()) KeepRevisionsApart(point.after);
+  };
   for (XmlNode up = point.after.Parent(); up != paragraph; up = up.Parent()) {
     const Tag tag = part_->TagOf(up);
     // The end mark of a simple field stands behind its content; what stands beside a branch is only another branch.
     if (tag == Tag::kFldSimple) break;
-    if (tag != Tag::kAlternateContent && HasElementBehind(point.after)) {
-      if (tag != Tag::kDel && tag != Tag::kMoveFrom) break;
-      DivideContainer(up, point.after);
+    const bool divides = tag != Tag::kAlternateContent && HasElementBehind(point.after);
+    if (divides) {
+      const bool wanted = containers == Containers::kDivided && IsDivisible(tag);
+      if (!wanted && tag != Tag::kDel && tag != Tag::kMoveFrom) break;
+      keepApart();
+      second = DivideContainer(up, point.after);
     }
     point.after = up;
   }
   point.parent = point.after.Parent();
-  KeepInsertionsApart(point.after);
+  keepApart();
   return point;
 }
 
-void Story::DivideContainer(XmlNode container, XmlNode lastOfFirst) {
-  XmlNode second = container.Parent().InsertChildAfter(container.Entry(), container);
-  second.CopyAttributes(container);
-  for (XmlNode child = lastOfFirst.NextSibling(); child;) {
-    const XmlNode next = child.NextSibling();
-    second.AppendMove(child);
-    child = next;
-  }
-}
-
-void Story::InsertText(Position at, std::u16string_view text) {
+void Story::InsertText(Position at, std::u16string_view text, const Tracking* tracked) {
   while (!text.empty()) {
     const std::size_t mark = text.find(word::kParagraphMark);
     const std::u16string_view line = text.substr(0, mark);
-    if (!line.empty()) InsertRunText(at, line);
+    if (!line.empty()) InsertRunText(at, line, tracked);
     at += static_cast<Position>(line.size());
     if (mark == std::u16string_view::npos) return;
-    InsertParagraphMark(at++);
+    InsertParagraphMark(at++, tracked);
     text.remove_prefix(mark + 1);
   }
 }
@@ -146,8 +140,9 @@ XmlNode Story::FormattingRun(const AtomSequence::Place& at) const {
   return !atoms_.IsEnd(at) && atoms_.Get(at).InRun() ? atoms_.Get(at).Node().Parent() : XmlNode();
 }
 
-void Story::InsertRunText(Position at, std::u16string_view text) {
+void Story::InsertRunText(Position at, std::u16string_view text, const Tracking* tracked) {
   InsertionPoint point = PrepareInsertion(at);
+  if (tracked != nullptr) point = TrackInsertion(point, *tracked);
   const XmlNode model = FormattingRun(point.before);
   XmlNode run = point.Add(*part_, "r");
   inserted_.insert(run.Data());
@@ -179,8 +174,9 @@ void Story::InsertRunText(Position at, std::u16string_view text) {
   part_->Touch();
 }
 
-Position Story::InsertField(Position at, std::u16string_view code, const RevisionStamp* tracked) {
-  InsertionPoint point = PrepareInsertion(at);
+Position Story::InsertField(Position at, std::u16string_view code, const RevisionStamp* tracked,
+                            Containers containers) {
+  InsertionPoint point = PrepareInsertion(at, containers);
   if (tracked != nullptr) point = TrackInsertion(point, *tracked);
   std::vector<Atom> atoms;
   const auto mark = [&](const char* type, AtomKind kind) {
@@ -212,8 +208,9 @@ Position Story::InsertField(Position at, std::u16string_view code, const Revisio
   return static_cast<Position>(text.size());
 }
 
-void Story::InsertFieldSeparator(Position at) {
+void Story::InsertFieldSeparator(Position at, const Tracking* tracked) {
   InsertionPoint point = PrepareInsertion(at);
+  if (tracked != nullptr) point = TrackInsertion(point, *tracked);
   XmlNode element = point.Add(*part_, "r").AppendChild(part_->Name("fldChar"));
   part_->SetAttribute(element, "fldCharType", "separate");
   atoms_.Insert(point.before, {MakeAtom(element, AtomKind::kFieldSeparator, 1)},
@@ -222,12 +219,15 @@ void Story::InsertFieldSeparator(Position at) {
   part_->Touch();
 }
 
-void Story::InsertParagraphMark(Position at) {
+void Story::InsertParagraphMark(Position at, const Tracking* tracked) {
   InsertionPoint point = PrepareInsertion(at);
   const XmlNode paragraph = ParagraphOf(point.before);
   // Containers around the place, such as a hyperlink, are divided with the paragraph.
   for (XmlNode up = point.parent; up != paragraph; up = up.Parent()) {
-    if (point.after && HasElementBehind(point.after)) DivideContainer(up, point.after);
+    if (point.after && HasElementBehind(point.after)) {
+      XmlNode rest = DivideContainer(up, point.after);
+      if (tracked != nullptr && IsInsertionBy(*part_, rest, *tracked)) Stamp(*part_, rest, tracked->Next());
+    }
     point.after = up;
   }
   XmlNode first = paragraph.Parent().InsertChildBefore(paragraph.Entry(), paragraph);
@@ -240,6 +240,10 @@ void Story::InsertParagraphMark(Position at) {
     XmlNode ofMark = part_->Child(copy, Tag::kRPr);
     for (const char* change : {"ins", "del", "moveFrom", "moveTo"}) ofMark.RemoveChild(part_->Name(change));
     DropAlignmentMark(copy);
+  }
+  if (tracked != nullptr) {
+    Stamp(*part_, PropertyContainer::OfRun(*part_, first).Ensure("ins"), tracked->Next());
+    hasRevisions_ = true;
   }
   if (point.after && point.after != properties) {
     for (XmlNode child = properties ? properties.NextSibling() : paragraph.FirstChild(); child;) {
@@ -289,7 +293,7 @@ bool Story::MergeWithNext(const AtomSequence::Place& mark) {
     between = next;
   }
   first.Parent().RemoveChild(first);
-  if (after) JoinInsertions(after, after.NextSibling());
+  if (after) JoinDivided(after, after.NextSibling());
   return true;
 }
 
@@ -304,7 +308,7 @@ void Story::RemoveEmptied(XmlNode run) {
     const XmlNode after = node.NextSibling();
     inserted_.erase(node.Data());
     parent.RemoveChild(node);
-    JoinInsertions(before, after);
+    JoinDivided(before, after);
     const Tag tag = part_->TagOf(parent);
     const bool container = tag == Tag::kIns || tag == Tag::kHyperlink || tag == Tag::kSmartTag || tag == Tag::kMoveTo;
     if (!container || parent.FirstChild()) return;
@@ -445,23 +449,20 @@ void Story::RejoinAt(Position position) {
   const XmlNode text = first.Node();
   const XmlNode next = text.NextSibling();
   if (IsApartMark(next) && next.NextSibling() == second.Node()) run.RemoveChild(next);
-  if (first.kind == AtomKind::kText && second.kind == AtomKind::kText && next == second.Node() &&
-      text.Name() == next.Name()) {
+  if (IsText(first) && IsText(second) && next == second.Node() && text.Name() == next.Name()) {
     JoinText(text, next);
     atoms_.Join(before);
   }
 }
 
 void Story::DropApartMarks() {
-  const auto holdsField = [this](XmlNode run) {
-    return part_->Child(run, Tag::kFldChar) || part_->Child(run, Tag::kInstrText);
-  };
+  const auto holdsMark = [this](XmlNode run) { return !part_->Child(run, Tag::kFldChar).Empty(); };
   std::erase_if(apart_, [&](XmlNode mark) {
     const XmlNode before = mark.PreviousSibling();
     const XmlNode after = mark.NextSibling();
-    const bool neighbours = part_->Is(before, Tag::kR) && part_->Is(after, Tag::kR) && !holdsField(before) &&
-                            !holdsField(after) && SameRunFormatting(*part_, before, after);
-    if (!neighbours && !AreKeptApart(before, after)) return false;
+    const bool neighbours = part_->Is(before, Tag::kR) && part_->Is(after, Tag::kR) && !holdsMark(before) &&
+                            !holdsMark(after) && SameRunFormatting(*part_, before, after);
+    if (!neighbours && !AreOneRevision(before, after)) return false;
     mark.Parent().RemoveChild(mark);
     part_->Touch();
     return true;
@@ -503,7 +504,7 @@ void Story::RemoveBookmark(XmlNode startElement, XmlNode endElement) {
     const XmlNode before = element.PreviousSibling();
     const XmlNode after = element.NextSibling();
     element.Parent().RemoveChild(element);
-    JoinInsertions(before, after);
+    JoinDivided(before, after);
     RejoinAt(at);
   }
   part_->Touch();

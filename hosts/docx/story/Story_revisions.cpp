@@ -10,18 +10,17 @@ namespace {
 
 bool IsInsertion(const XmlPart& part, XmlNode node) { return part.Is(node, Tag::kIns) || part.Is(node, Tag::kMoveTo); }
 
-/// Whether the one could be the rest of the other, down to the number.
-bool AreOneInsertion(const XmlPart& part, XmlNode first, XmlNode second) {
-  return IsInsertion(part, first) && second && part.TagOf(first) == part.TagOf(second) &&
-         first.AttributeText() == second.AttributeText();
-}
-
 }  // namespace
 
 void Stamp(XmlPart& part, XmlNode revision, const RevisionStamp& stamp) {
   part.SetAttribute(revision, "id", std::to_string(stamp.id).c_str());
   part.SetAttribute(revision, "author", stamp.author.c_str());
   part.SetAttribute(revision, "date", stamp.date.c_str());
+}
+
+bool IsInsertionBy(const XmlPart& part, XmlNode node, const Tracking& tracking) {
+  return part.Is(node, Tag::kIns) && part.Attribute(node, "author").Value() == tracking.author &&
+         part.Attribute(node, "date").Value() == tracking.date;
 }
 
 // Word divides another author's insertion around one's own, so that each can be taken or refused by itself. Where
@@ -42,20 +41,19 @@ Story::InsertionPoint Story::TrackInsertion(InsertionPoint point, const Revision
   return {insertion, {}, point.before};
 }
 
-void Story::KeepInsertionsApart(XmlNode first) {
-  if (first && AreOneInsertion(*part_, first, first.NextSibling())) apart_.push_back(PutApartMark(first));
+Story::InsertionPoint Story::TrackInsertion(InsertionPoint point, const Tracking& tracking) {
+  if (IsInsertionBy(*part_, point.parent, tracking)) return point;
+  if (IsInsertionBy(*part_, point.after, tracking)) return {point.after, point.after.LastChild(), point.before};
+  return TrackInsertion(point, tracking.Next());
 }
 
-void Story::JoinInsertions(XmlNode first, XmlNode second) {
-  if (!AreOneInsertion(*part_, first, second)) return;
-  for (XmlNode child = second.FirstChild(); child;) {
-    const XmlNode next = child.NextSibling();
-    first.AppendMove(child);
-    child = next;
-  }
-  second.Parent().RemoveChild(second);
+void Story::KeepRevisionsApart(XmlNode first) {
+  if (first && AreOneRevision(first, first.NextSibling())) apart_.push_back(PutApartMark(first));
 }
 
-bool Story::AreKeptApart(XmlNode before, XmlNode after) const { return AreOneInsertion(*part_, before, after); }
+bool Story::AreOneRevision(XmlNode first, XmlNode second) const {
+  return IsRevision(part_->TagOf(first)) && second && part_->TagOf(first) == part_->TagOf(second) &&
+         first.AttributeText() == second.AttributeText();
+}
 
 }  // namespace docx

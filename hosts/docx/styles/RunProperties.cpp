@@ -54,31 +54,6 @@ bool SameNode(XmlNode first, XmlNode second) {
          SameAttributes(first, second);
 }
 
-/// Node by node in document order, without recursion.
-bool SameTree(XmlNode first, XmlNode second) {
-  const std::optional<std::string_view> content = first.ContentText();
-  if (content && content == second.ContentText() && SameNode(first, second)) return true;
-  XmlNode a = first;
-  XmlNode b = second;
-  while (true) {
-    if (!SameNode(a, b) || a.FirstChild().Empty() != b.FirstChild().Empty()) return false;
-    if (a.FirstChild()) {
-      a = a.FirstChild();
-      b = b.FirstChild();
-      continue;
-    }
-    while (a != first) {
-      if (a.NextSibling().Empty() != b.NextSibling().Empty()) return false;
-      if (a.NextSibling()) break;
-      a = a.Parent();
-      b = b.Parent();
-    }
-    if (a == first) return true;
-    a = a.NextSibling();
-    b = b.NextSibling();
-  }
-}
-
 }  // namespace
 
 bool SetHighlight(const Formatting& formatting, XmlNode node, int colorIndex) {
@@ -135,6 +110,31 @@ bool SetColor(const Formatting& formatting, XmlNode node, int color) {
   }
   part.Touch();
   return true;
+}
+
+// Node by node in document order, without recursion.
+bool SameTree(XmlNode first, XmlNode second) {
+  const std::optional<std::string_view> content = first.ContentText();
+  if (content && content == second.ContentText() && SameNode(first, second)) return true;
+  XmlNode a = first;
+  XmlNode b = second;
+  while (true) {
+    if (!SameNode(a, b) || a.FirstChild().Empty() != b.FirstChild().Empty()) return false;
+    if (a.FirstChild()) {
+      a = a.FirstChild();
+      b = b.FirstChild();
+      continue;
+    }
+    while (a != first) {
+      if (a.NextSibling().Empty() != b.NextSibling().Empty()) return false;
+      if (a.NextSibling()) break;
+      a = a.Parent();
+      b = b.Parent();
+    }
+    if (a == first) return true;
+    a = a.NextSibling();
+    b = b.NextSibling();
+  }
 }
 
 bool SameRunFormatting(const XmlPart& part, XmlNode first, XmlNode second) {

@@ -20,6 +20,8 @@ bool SetBold(const Formatting& formatting, XmlNode node, bool bold);
 /// @param color red lowest, or wdColorAutomatic. A theme colour is dropped.
 bool SetColor(const Formatting& formatting, XmlNode node, int color);
 
+/// Whether two nodes are equal with all that they hold.
+bool SameTree(XmlNode first, XmlNode second);
 /// Whether two runs differ in nothing but their content, so that they can be joined: the same attributes, in any order,
 /// and the same w:rPr down to its marks.
 bool SameRunFormatting(const XmlPart& part, XmlNode first, XmlNode second);
