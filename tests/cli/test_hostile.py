@@ -89,6 +89,21 @@ class Hostile(program.Case):
     def test_another_kind_of_office_document(self):
         self.refused(package(GOOD, {"[Content_Types].xml": TYPES.replace("wordprocessingml.document", "spreadsheetml.sheet")}))
 
+    def test_text_in_another_format(self):
+        document = body('<w:altChunk r:id="rId9" xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships"/>')
+        self.assertIn("keeps its text in another format", self.refused(package(document)))
+
+    def test_a_body_that_holds_nothing_is_an_empty_document(self):
+        for content in ("", "<w:sectPr/>", '<w:bookmarkStart w:id="0" w:name="b"/><w:bookmarkEnd w:id="0"/>'):
+            (self.folder / "empty.docx").write_bytes(package(body(content)))
+            self.assertEqual(self.inspect(self.folder / "empty.docx")["stories"], [{"type": 1, "length": 1, "text": "\r"}])
+            self.assertEqual(self.check("terms", "empty.docx").out, "")
+            for command in ("remove", "update", "unhighlight"):
+                self.check(command, "empty.docx", "-o", "out.docx", "--force")
+                self.assertEqual(program.parts(self.folder / "out.docx"), program.parts(self.folder / "empty.docx"))
+            self.check("index", "empty.docx", "-o", "out.docx", "--force", "--add", "Buyer")
+            self.assertIn("NOT FOUND\rBuyer", self.inspect(self.folder / "out.docx")["stories"][0]["text"])
+
     def test_malformed_xml(self):
         for document in ("", "no xml", GOOD[:-20], GOOD.replace("</w:r>", "</w:x>"), GOOD.replace("Buyer", "Bu&yer;"),
                          GOOD.replace("Buyer", "Bu\x01yer")):

@@ -144,6 +144,21 @@ class Index(program.Case):
         self.assertTrue(all(entry["type"] == "DefinedTermsIndex" for entry in shown["entries"]))
         self.assertEqual(len(shown["highlights"]), 5)
 
+    def test_the_tab_may_stand_alone_and_is_not_lost_behind_a_longer_separator(self):
+        self.document()
+        for separator, printed in (("", "\t"), (":", ":\t"), (" see pages ", " see\t")):
+            self.check("index", "contract.docx", "-o", "out.docx", "--force", "--columns", "1", "--separator", separator, "--tab")
+            self.assertEqual(self.inspect(self.folder / "out.docx")["index"]["paragraphs"],
+                             [f"Buyer{printed}1", f"Seller{printed}1"])
+
+    def test_a_document_without_definitions_has_an_empty_index_of_definitions(self):
+        self.document(lines="P The Buyer pays.\nP Last words.")
+        self.check("index", "contract.docx", "-o", "out.docx", "--what", "definitions", "--add", "Buyer")
+        shown = self.inspect(self.folder / "out.docx")
+        self.assertEqual((shown["entries"], shown["index"]["paragraphs"]), ([], ["No index entries found."]))
+        self.check("remove", "out.docx", "-o", "back.docx")
+        self.assertEqual(program.canonical(self.folder / "back.docx"), program.canonical(self.folder / "contract.docx"))
+
     def test_definitions_only_marks_the_definitions(self):
         self.document()
         self.check("index", "contract.docx", "-o", "out.docx", "--what", "definitions")

@@ -63,6 +63,18 @@ TEST_F(IndexFieldOnDocx, AnEntryForABookmarkHasItsPages) {
   EXPECT_EQ(Updated(), u"Lost, 1\rWhole, 2\u20134\r");
 }
 
+TEST_F(IndexFieldOnDocx, PagesArePrintedAsTheirSectionsNumberThem) {
+  const auto section = [](const std::string& content, const std::string& numbers) {
+    return "<w:p><w:pPr><w:sectPr><w:pgNumType" + numbers + "/></w:sectPr></w:pPr>" + content + "</w:p>";
+  };
+  docx_.emplace(DocxDocument::Parts{
+      .body = section(Entry("A") + kPageBreak + Entry("B") + TextRun("x"), " w:fmt=\"lowerRoman\"") +
+              section(Entry("A") + Entry("C"), " w:start=\"1\"") + section(Entry("B"), " w:fmt=\"upperRoman\"") +
+              Paragraph(Field("INDEX")),
+      .section = "<w:pgNumType w:fmt=\"upperLetter\" w:start=\"2\"/>"});
+  EXPECT_EQ(Updated(), u"A, i, 1\rB, ii, II\rC, 1\r");
+}
+
 TEST_F(IndexFieldOnDocx, ASequencePrefixesThePages) {
   const std::string content = Entry("None") + Sequence("chapter", "1") + Entry("One") + Sequence("other", "7") +
                               Sequence("chapter", "2") + Entry("Two");

@@ -68,7 +68,8 @@ def mark(source, target):
                 xml = content.decode("utf-8")
                 xml = ENTRY.sub(mark_entry, xml)
                 if name == "word/document.xml":
-                    xml = mark_sections(xml)
+                    # What a section was before a tracked change is nothing to a reader.
+                    xml = mark_sections(re.sub(r"<w:sectPrChange\b.*?</w:sectPrChange>", "", xml, flags=re.S))
                 content = xml.encode("utf-8")
             copy.writestr(name, content)
     return terms, sections

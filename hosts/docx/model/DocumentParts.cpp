@@ -47,13 +47,26 @@ void ForEachElement(XmlNode root, Visit visit) {
 
 DocumentParts::DocumentParts(std::unique_ptr<Package> package) : package_(std::move(package)) {
   mainPart_ = Load(package_->MainDocument());
-  const XmlNode body = mainPart_->Child(mainPart_->Root(), Tag::kBody);
+  XmlNode body = mainPart_->Child(mainPart_->Root(), Tag::kBody);
   if (!body) throw PackageError("is not a Word document: its main part has no body");
   stylesPart_ = LoadRelated(kStyles);
   styles_ = std::make_unique<Styles>(stylesPart_.get());
   AddStory(mainPart_, word::wdMainTextStory, {body});
   main_ = stories_[word::wdMainTextStory].front().get();
-  if (main_->Length() == 0) throw PackageError("is not a Word document: its body has no paragraph");
+  if (main_->Length() > 0) return;
+  if (mainPart_->Child(body, "altChunk")) {
+    throw PackageError("keeps its text in another format, which Word takes in when it opens and saves the document");
+  }
+  // Where a body holds nothing Word shows an empty paragraph. It is not written unless something is put into it.
+  const XmlNode section = mainPart_->Child(body, Tag::kSectPr);
+  if (section) {
+    body.InsertChildBefore(mainPart_->Name("p"), section);
+  } else {
+    body.AppendChild(mainPart_->Name("p"));
+  }
+  stories_.erase(word::wdMainTextStory);
+  AddStory(mainPart_, word::wdMainTextStory, {body});
+  main_ = stories_[word::wdMainTextStory].front().get();
 }
 
 DocumentParts::~DocumentParts() = default;
