@@ -118,4 +118,35 @@ TEST(Edits, FieldsInsertedAndErasedInReverseLeaveTheXmlAsItWas) { ExpectFieldsLe
 
 TEST(Edits, TrackedFieldsInsertedAndErasedInReverseLeaveTheXmlAsItWas) { ExpectFieldsLeaveNoTrace(true); }
 
+// So do a field and the paragraphs of its result, which divide what is around them.
+void ExpectResultsLeaveNoTrace(bool isTracked) {
+  int ids = 100;
+  const docx::Tracking tracking{
+      .author = "Kelvarin", .date = "2026-01-02T03:04:05Z", .nextId = [&ids] { return ++ids; }};
+  const docx::Tracking* tracked = isTracked ? &tracking : nullptr;
+  for (unsigned seed = 1; seed <= 300; ++seed) {
+    std::mt19937 random(seed);
+    StoryFixture f(RandomBody(random));
+    for (int step = 0; step < 8; ++step) {
+      const auto at = static_cast<docx::Position>(random() % static_cast<unsigned>(f.story->Length()));
+      const docx::Position length = f.story->Length();
+      const docx::RevisionStamp stamp = Stamp(100);
+      try {
+        docx::Position end =
+            at + f.story->InsertField(at, u" INDEX ", isTracked ? &stamp : nullptr, docx::Story::Containers::kDivided);
+        f.story->InsertFieldSeparator(--end, tracked);
+        f.story->InsertText(++end, u"N\tM\rO\rP", tracked);
+      } catch (const word::HostError&) {
+      }
+      f.ExpectFresh();
+      f.story->Erase(at, at + f.story->Length() - length);
+      ASSERT_EQ(f.Body(), f.before) << "seed " << seed << " step " << step << " at " << at;
+    }
+  }
+}
+
+TEST(Edits, ResultsInsertedAndErasedLeaveTheXmlAsItWas) { ExpectResultsLeaveNoTrace(false); }
+
+TEST(Edits, TrackedResultsInsertedAndErasedLeaveTheXmlAsItWas) { ExpectResultsLeaveNoTrace(true); }
+
 }  // namespace
