@@ -1,5 +1,6 @@
 #include "apps/kelvarin/CommandLine.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
@@ -8,15 +9,20 @@
 #include <iostream>
 #include <limits>
 #include <map>
+#include <nlohmann/json.hpp>
 #include <set>
-#include <thread>
 
+#include "apps/kelvarin/Identity.h"
+#include "apps/kelvarin/PrivateSettings.h"
 #include "apps/kelvarin/Status.h"
 #include "apps/kelvarin/Version.h"
 
 namespace {
 
 namespace fs = std::filesystem;
+
+/// Seconds for a file of many. Contracts of 10,000 pages take a part of it.
+constexpr int kTimeLimit = 900;
 
 void AddSwitch(CLI::App& command, const std::string& name, std::optional<bool>& value, const std::string& help) {
   command
@@ -66,11 +72,42 @@ docx::PageSource ReadPages(const std::string& given) {
   throw CLI::ValidationError("--pages", "\"" + given + "\" is none of auto, file, layout, libreoffice");
 }
 
-bool IsSameFile(const fs::path& one, const fs::path& other) {
-  std::error_code error;
-  if (fs::equivalent(one, other, error) && !error) return true;
-  return fs::weakly_canonical(fs::absolute(one), error) == fs::weakly_canonical(fs::absolute(other), error);
-}
+/// Files that are read or written, by what they are for.
+class TakenFiles {
+ public:
+  void Add(const std::string& purpose, const fs::path& path) {
+    if (const std::optional<FileNumber> number = NumberOf(path)) byNumber_.emplace(*number, purpose);
+    byPath_.emplace(Canonical(path), purpose);
+  }
+
+  /// What a file is taken for; empty: it is not.
+  std::string Find(const fs::path& path) const {
+    if (const std::optional<FileNumber> number = NumberOf(path)) {
+      const auto found = byNumber_.find(*number);
+      if (found != byNumber_.end()) return found->second;
+    }
+    const auto found = byPath_.find(Canonical(path));
+    return found == byPath_.end() ? std::string() : found->second;
+  }
+
+ private:
+  /// Device and number in it.
+  using FileNumber = std::pair<dev_t, ino_t>;
+
+  static std::optional<FileNumber> NumberOf(const fs::path& path) {
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0) return {};
+    return FileNumber(status.st_dev, status.st_ino);
+  }
+
+  static fs::path Canonical(const fs::path& path) {
+    std::error_code error;
+    return fs::weakly_canonical(fs::absolute(path), error);
+  }
+
+  std::map<FileNumber, std::string> byNumber_;
+  std::map<fs::path, std::string> byPath_;
+};
 
 class Reader {
  public:
@@ -94,12 +131,17 @@ class Reader {
     try {
       CheckCommand(argc, argv);
       app_.parse(argc, argv);
+      FindDocuments();
       Check();
+      ChooseJournal();
       if (!options_.progress) options_.progress = progress_.value_or(isatty(STDERR_FILENO) != 0);
       if (options_.quiet) options_.progress = false;
       return options_;
     } catch (const CLI::Success& success) {
       status = app_.exit(success);
+    } catch (const Failure& failure) {
+      std::cerr << "kelvarin: " << failure.what() << "\n";
+      status = failure.Code();
     } catch (const CLI::Error& error) {
       std::cerr << "kelvarin: " << error.what() << "\n";
       status = kWrongCommandLine;
@@ -132,13 +174,14 @@ class Reader {
     CLI::Option* inputs =
         command
             .add_option_function<std::vector<std::string>>(
-                "FILE",
-                [this](const std::vector<std::string>& given) { options_.inputs.assign(given.begin(), given.end()); },
-                several ? "Word documents" : "a Word document")
+                "FILE", [this](const std::vector<std::string>& given) { choice_.operands = given; },
+                several ? "Word documents, folders with them, or @LIST: a file that names such, one a line"
+                        : "a Word document")
             ->required()
             ->type_name("");
     if (several) {
       inputs->expected(1, std::numeric_limits<int>::max());
+      takesMany_.insert(&command);
     } else {
       inputs->expected(1);
     }
@@ -151,8 +194,24 @@ class Reader {
     AddPath(command, "--transcript", options_.transcript, "FILE",
             "write every dialog and call, one JSON object a line");
     command.add_option("--jobs", options_.jobs, "so many files at a time")->check(CLI::Range(1, 256))->type_name("N");
+    AddMany(command);
     command.add_flag("--quiet", options_.quiet, "say nothing but why a file failed");
     AddSwitch(command, "progress", progress_, "show progress on standard error (default: when it is a terminal)");
+  }
+
+  /// What only a run over many files needs.
+  void AddMany(CLI::App& command) {
+    if (!takesMany_.contains(&command)) return;
+    AddPath(command, "--base", choice_.base, "DIR", "results keep their places below DIR (with --out-dir)");
+    AddPath(command, "--journal", options_.journal.file, "FILE",
+            "keep a record of what is done there, and pass over what it says is done already");
+    AddSwitch(command, "resume", resume_, "go on where an interrupted run of the same command stopped (default)");
+    command
+        .add_option("--time-limit", options_.timeLimit,
+                    "give a file up after so many seconds; 0: never (default: " + std::to_string(kTimeLimit) + ")")
+        ->default_val(kTimeLimit)
+        ->check(CLI::Range(0, 1'000'000))
+        ->type_name("SECONDS");
   }
 
   void AddOutput(CLI::App& command, bool several) {
@@ -310,58 +369,122 @@ class Reader {
     const std::set<Command> writing{Command::kIndex, Command::kRemove, Command::kUnhighlight, Command::kUpdate};
     const bool needsOutput = writing.contains(options_.command);
     if (needsOutput && places == 0) throw CLI::RequiredError("-o OUT, --out-dir DIR or --in-place");
-    if (output.file && options_.inputs.size() > 1) throw CLI::ValidationError("-o", "takes one input; use --out-dir");
+    if (output.file && options_.many) throw CLI::ValidationError("-o", "takes one input; use --out-dir");
     CheckNames();
     CheckWritten();
+  }
+
+  void FindDocuments() {
+    const CLI::App* command = app_.get_subcommands().front();
+    if (!takesMany_.contains(command)) {
+      for (const std::string& operand : choice_.operands) options_.inputs.push_back({.file = operand, .name = {}});
+    } else {
+      if (choice_.base && !options_.output.folder)
+        throw CLI::ValidationError("--base", "is of use with --out-dir only");
+      choice_.output = options_.output.folder;
+      options_.inputs = FindInputs(choice_);
+      std::error_code error;
+      const std::string& first = choice_.operands.front();
+      options_.many = choice_.operands.size() > 1 || first.starts_with("@") || fs::is_directory(first, error);
+    }
+    for (Input& input : options_.inputs) {
+      if (input.name.empty()) input.name = input.file.filename();
+    }
   }
 
   /// Two inputs of one name would end in one file.
   void CheckNames() const {
     if (!options_.output.folder) return;
     std::map<fs::path, fs::path> names;
-    for (const fs::path& input : options_.inputs) {
-      const auto [other, isNew] = names.emplace(input.filename(), input);
+    for (const Input& input : options_.inputs) {
+      if (!input.problem.empty()) continue;
+      const auto [other, isNew] = names.emplace(input.name, input.file);
       if (!isNew) {
-        throw CLI::ValidationError("--out-dir",
-                                   other->second.string() + " and " + input.string() + " have the same name");
+        throw CLI::ValidationError("--out-dir", other->second.string() + " and " + input.file.string() +
+                                                    " have the same name; --base keeps the folders that they are in");
       }
     }
   }
 
   /// What is written must not be what is read, nor what something else is written to.
   void CheckWritten() const {
-    struct File {
-      std::string name;
-      fs::path path;
-    };
-    std::vector<File> taken;
-    for (const fs::path& input : options_.inputs) taken.push_back({"the input", input});
-    if (options_.answers) taken.push_back({"--answers", *options_.answers});
-    if (options_.index.load) taken.push_back({"--load", *options_.index.load});
+    TakenFiles taken;
+    for (const Input& input : options_.inputs) taken.Add("the input", input.file);
+    if (options_.answers) taken.Add("--answers", *options_.answers);
+    if (options_.index.load) taken.Add("--load", *options_.index.load);
     const auto take = [&taken](const char* name, const fs::path& path) {
       std::error_code error;
       // Nothing is lost in a device.
       if (fs::exists(path, error) && !fs::is_regular_file(path, error)) return;
-      for (const File& other : taken) {
-        if (!IsSameFile(path, other.path)) continue;
-        throw CLI::ValidationError(name, path.string() + " would replace " + other.name +
-                                             (other.name == "the input" ? "; only --in-place may" : ""));
+      const std::string other = taken.Find(path);
+      if (!other.empty()) {
+        throw CLI::ValidationError(
+            name, path.string() + " would replace " + other + (other == "the input" ? "; only --in-place may" : ""));
       }
-      taken.push_back({name, path});
+      taken.Add(name, path);
     };
     const OutputOptions& output = options_.output;
     if (output.file) take("-o", *output.file);
     if (output.folder) {
-      for (const fs::path& input : options_.inputs) take("--out-dir", *output.folder / input.filename());
+      for (const Input& input : options_.inputs) {
+        if (input.problem.empty()) take("--out-dir", *output.folder / input.name);
+      }
     }
     if (options_.settings) take("--settings", *options_.settings);
     if (options_.report && *options_.report != "-") take("--report", *options_.report);
     if (options_.transcript && *options_.transcript != "-") take("--transcript", *options_.transcript);
+    if (options_.journal.file) take("--journal", *options_.journal.file);
+  }
+
+  void ChooseJournal() {
+    JournalOptions& journal = options_.journal;
+    if (!options_.many) {
+      journal.file.reset();
+      return;
+    }
+    journal.kept = journal.file.has_value();
+    if (!journal.kept && options_.output.folder && resume_.value_or(true)) {
+      journal.file = *options_.output.folder / OwnJournalName();
+    }
+    journal.options = GivenOptions();
+  }
+
+  /// The same for the same command, whatever it says of how it is to be run.
+  std::string OwnJournalName() const {
+    std::error_code error;
+    std::string command = fs::current_path(error).string() + '\0' + app_.get_subcommands().front()->get_name();
+    for (const std::string& operand : choice_.operands) command += '\0' + operand;
+    const std::uint32_t code = Checksum(command);
+    char name[40];
+    std::snprintf(name, sizeof name, ".kelvarin-%08x.journal", static_cast<unsigned>(code));
+    return name;
+  }
+
+  /// The options that results depend on, and the content of the files that they name.
+  std::string GivenOptions() const {
+    const std::set<std::string> indifferent{"FILE",    "--jobs",       "--quiet",      "--progress", "--report",
+                                            "--force", "--transcript", "--journal",    "--resume",   "--base",
+                                            "--out",   "--out-dir",    "--time-limit", "--html",     "--json"};
+    const CLI::App* command = app_.get_subcommands().front();
+    nlohmann::json given{{"program", kVersion}, {"command", command->get_name()}};
+    for (const CLI::Option* option : command->get_options()) {
+      if (option->count() > 0 && !indifferent.contains(option->get_name()))
+        given[option->get_name()] = option->results();
+    }
+    const auto addContent = [&given](const char* name, const fs::path& file) {
+      if (const std::optional<Identity> content = IdentityOf(file)) given[name] = {content->size, content->checksum};
+    };
+    addContent("settings", options_.settings ? *options_.settings : PersonsSettingsFile());
+    if (options_.index.load) addContent("list", *options_.index.load);
+    return given.dump(-1, ' ', true, nlohmann::json::error_handler_t::replace);
   }
 
   CLI::App app_;
   Options options_;
+  InputChoice choice_;
+  std::set<const CLI::App*> takesMany_;
   std::optional<bool> progress_;
+  std::optional<bool> resume_;
 };
 
 }  // namespace

@@ -62,13 +62,13 @@ FileResult RunOnFile(const Options& options, const std::filesystem::path& input,
   const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
   record.report.SetSeconds(seconds.count());
   return {.status = status,
-          .report = options.report ? record.report.Line() : std::string(),
+          .report = options.WantsReport() ? record.report.Line() : std::string(),
           .transcript = record.transcript.str()};
 }
 
 void TellRun(const Options& options, const std::filesystem::path& input, Session& session, Status status,
              const std::string& failure, Report& report) {
-  if (options.report) report.Fill(session);
+  if (options.WantsReport()) report.Fill(session);
   if (status == kDone && options.quiet) return;
   bool said = false;
   for (const RunWatch::ShownMessage& message : session.Watch().Messages()) {

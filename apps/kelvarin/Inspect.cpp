@@ -15,7 +15,7 @@ FileResult InspectFile(const Options& options, const std::filesystem::path& inpu
     result.update(Inspect(processor.Application()->ActiveDocument(), [&processor](int story, word::Position position) {
       return processor.PageOf(story, position);
     }));
-    if (options.report) record.report.Fill(session);
+    if (options.WantsReport()) record.report.Fill(session);
     WriteText(result.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n", "-");
     return kDone;
   });

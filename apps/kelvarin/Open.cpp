@@ -16,7 +16,7 @@ int OpenDesktop(const Options& options) {
     Say("this build has no windows: it was built without Qt 6");
     return kStopped;
   }
-  std::string file = options.inputs.empty() ? std::string() : options.inputs.front().string();
+  std::string file = options.inputs.empty() ? std::string() : options.inputs.front().file.string();
   char* arguments[] = {program.data(), file.empty() ? nullptr : file.data(), nullptr};
   execv(program.c_str(), arguments);
   Say(program + " cannot be started: " + std::strerror(errno));

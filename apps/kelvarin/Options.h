@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "apps/kelvarin/Inputs.h"
 #include "hosts/docx/WordProcessor.h"
 #include "hosts/unattended/IndexAnswers.h"
 
@@ -22,15 +23,30 @@ struct CursorPlace {
 struct OutputOptions {
   std::optional<std::filesystem::path> file{};
   std::optional<std::filesystem::path> folder{};
+  /// The result's name in the folder; absent: the input's.
+  std::optional<std::filesystem::path> name{};
   bool inPlace{false};
   bool force{false};
+};
+
+/// Where a run over many files writes down what it has done.
+struct JournalOptions {
+  std::optional<std::filesystem::path> file{};
+  /// It was asked for, and stays when all is done.
+  bool kept{false};
+  /// What results depend on besides the documents, in one line.
+  std::string options{};
 };
 
 struct Options {
   enum class Command { kIndex, kTerms, kRemove, kUnhighlight, kUpdate, kRun, kInspect, kOpen };
   Command command{Command::kIndex};
   Command runCommand{Command::kIndex};  ///< of kRun: the command that is run
-  std::vector<std::filesystem::path> inputs{};
+  /// The command itself, or the one that kRun runs.
+  Command AddInCommand() const { return command == Command::kRun ? runCommand : command; }
+  std::vector<Input> inputs{};
+  /// More than one document may be meant, whatever number was found.
+  bool many{false};
 
   unattended::IndexOptions index{};
   std::optional<CursorPlace> at{};  ///< absent: the end, or where the answers file says
@@ -43,7 +59,12 @@ struct Options {
   std::optional<std::filesystem::path> settings{};
   std::optional<std::filesystem::path> report{};  ///< "-" is standard output
   std::optional<std::filesystem::path> transcript{};
+  JournalOptions journal{};
   int jobs{1};
+  int timeLimit{0};  ///< seconds for a file of many; 0: none
   bool quiet{false};
   bool progress{false};
+
+  /// A journal keeps the reports too: a run that goes on with it may be asked for them.
+  bool WantsReport() const { return report || journal.file; }
 };

@@ -21,22 +21,37 @@ bool IsSameFile(const fs::path& one, const fs::path& other) {
 
 std::span<const std::byte> Bytes(const std::string& text) { return std::as_bytes(std::span(text.data(), text.size())); }
 
-/// Makes the target's new content by a function that is given the file.
-template <class Fill>
-void Replace(const fs::path& target, Fill fill) try {
-  os::AtomicFile file(target);
-  fill(file);
-  file.Commit();
+/// Does work on a target's new content.
+template <class Work>
+auto Guarded(const fs::path& target, Work work) try {
+  return work();
 } catch (const os::FileError& error) {
   throw Failure(kUnreadable, target.string() + " " + error.what());
 }
 
+/// Makes the target's new content by a function that is given the file.
+template <class Fill>
+void Replace(const fs::path& target, Fill fill) {
+  Guarded(target, [&] {
+    os::AtomicFile file(target);
+    fill(file);
+    file.Commit();
+  });
+}
+
 }  // namespace
 
-std::optional<fs::path> ChooseTarget(const OutputOptions& output, const fs::path& input) {
-  if (output.inPlace) return input;
+std::optional<fs::path> ResultOf(const OutputOptions& output, const Input& input) {
+  if (output.inPlace) return input.file;
   if (!output.file && !output.folder) return {};
-  const fs::path target = output.file ? *output.file : *output.folder / input.filename();
+  return output.file ? *output.file : *output.folder / input.name;
+}
+
+std::optional<fs::path> ChooseTarget(const OutputOptions& output, const fs::path& input) {
+  const std::optional<fs::path> result =
+      ResultOf(output, {.file = input, .name = output.name.value_or(input.filename())});
+  if (output.inPlace || !result) return result;
+  const fs::path& target = *result;
   if (IsSameFile(target, input)) {
     throw Failure(kWrongCommandLine, "the result would replace the input; use --in-place for that");
   }
@@ -45,8 +60,9 @@ std::optional<fs::path> ChooseTarget(const OutputOptions& output, const fs::path
     throw Failure(kUnreadable, target.string() + " exists; use --force to replace it");
   }
   if (output.folder) {
-    fs::create_directories(*output.folder, error);
-    if (error) throw Failure(kUnreadable, output.folder->string() + " cannot be created: " + error.message());
+    const fs::path folder = target.parent_path();
+    fs::create_directories(folder, error);
+    if (error) throw Failure(kUnreadable, folder.string() + " cannot be created: " + error.message());
   }
   return target;
 }
@@ -57,13 +73,27 @@ void WriteDocument(const docx::Package& package, const fs::path& target) {
   });
 }
 
+TextSink::TextSink(const fs::path& target) : target_(target) {
+  if (target_ != "-") file_ = Guarded(target_, [this] { return std::make_unique<os::AtomicFile>(target_); });
+}
+
+TextSink::TextSink(TextSink&&) noexcept = default;
+TextSink::~TextSink() = default;
+
+void TextSink::Write(const std::string& text) {
+  if (file_) return Guarded(target_, [&] { file_->Write(Bytes(text)); });
+  std::cout << text << std::flush;
+  if (!std::cout) throw Failure(kUnreadable, "standard output cannot be written");
+}
+
+void TextSink::Finish() {
+  if (file_) Guarded(target_, [&] { file_->Commit(); });
+}
+
 void WriteText(const std::string& text, const fs::path& target) {
-  if (target == "-") {
-    std::cout << text << std::flush;
-    if (!std::cout) throw Failure(kUnreadable, "standard output cannot be written");
-    return;
-  }
-  Replace(target, [&text](os::AtomicFile& file) { file.Write(Bytes(text)); });
+  TextSink sink(target);
+  sink.Write(text);
+  sink.Finish();
 }
 
 std::string ReadFile(const fs::path& file) {

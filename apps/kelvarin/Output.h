@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -8,13 +9,39 @@
 #include "apps/kelvarin/Options.h"
 #include "hosts/docx/package/Package.h"
 
+namespace os {
+class AtomicFile;
+}
+
 /// Where the result of an input goes; empty when it goes nowhere.
+std::optional<std::filesystem::path> ResultOf(const OutputOptions& output, const Input& input);
+
+/// The same, made ready to be written; empty when it goes nowhere.
 /// @throws Failure when that is the input itself without --in-place, or a file that exists without --force
 std::optional<std::filesystem::path> ChooseTarget(const OutputOptions& output, const std::filesystem::path& input);
 
 /// Writes the document so that the target is at every moment the old file or the whole new one.
 /// @throws Failure kUnreadable
 void WriteDocument(const docx::Package& package, const std::filesystem::path& target);
+
+/// A report, a transcript or a page that is written piece by piece: to standard output at once, to a file so that it is
+/// at every moment the old file or the whole new one.
+class TextSink {
+ public:
+  /// @param target "-" is standard output  @throws Failure kUnreadable, as all members do
+  explicit TextSink(const std::filesystem::path& target);
+  TextSink(TextSink&&) noexcept;
+  ~TextSink();
+
+  void Write(const std::string& text);
+  /// To be called once, last: without it a file stays as it was.
+  void Finish();
+
+ private:
+  std::filesystem::path target_;
+  /// Absent: standard output.
+  std::unique_ptr<os::AtomicFile> file_;
+};
 
 /// Writes a report, a transcript or settings in the same way. "-" is standard output. @throws Failure kUnreadable
 void WriteText(const std::string& text, const std::filesystem::path& target);

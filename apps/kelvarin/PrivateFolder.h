@@ -12,6 +12,10 @@ class PrivateFolder {
   PrivateFolder(const PrivateFolder&) = delete;
   PrivateFolder& operator=(const PrivateFolder&) = delete;
 
+  /// Takes away a folder that a program which was killed had as its private one; nothing where it does not look like
+  /// one.
+  static void RemoveLeft(const std::filesystem::path& folder);
+
   const std::filesystem::path& Path() const { return path_; }
 
  private:

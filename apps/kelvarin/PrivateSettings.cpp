@@ -28,6 +28,11 @@ fs::path PersonsApplicationData() {
   return own.empty() ? fs::path() : fs::path(os::ToPosixPath(own));
 }
 
+fs::path PersonsSettingsFile() {
+  const fs::path own = PersonsApplicationData();
+  return own.empty() ? own : SettingsFolderIn(own) / kSettingsName;
+}
+
 PrivateSettings::PrivateSettings(Source source) : source_(std::move(source)) {
   const fs::path own = PersonsApplicationData();
   if (source_.applicationData && *source_.applicationData != own && !source_.file) {

@@ -9,6 +9,9 @@
 /// A person's own Application Data folder; empty when there is none.
 std::filesystem::path PersonsApplicationData();
 
+/// A person's own settings file, which need not exist; empty when there is none.
+std::filesystem::path PersonsSettingsFile();
+
 /// The settings file and the per-user values that one run reads and writes: a private copy of a person's, or of the
 /// file that was named, or those of a folder that stands for Application Data as it is.
 class PrivateSettings {

@@ -26,7 +26,7 @@ constexpr std::u16string_view kNewDocumentName = u"Document1";
 int AttributesOf(const fs::path& file) { return os::IsReadOnly(file) ? os::kArchive | os::kReadOnly : os::kArchive; }
 
 PrivateSettings::Source SettingsSource(const Options& options, const RunStateOptions& state) {
-  return {.file = options.settings, .writeBack = options.inputs.size() == 1, .applicationData = state.appData};
+  return {.file = options.settings, .writeBack = !options.many, .applicationData = state.appData};
 }
 
 unattended::PathNames LinuxPathNames() {

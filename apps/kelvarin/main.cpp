@@ -1,9 +1,8 @@
 #include <algorithm>
 #include <exception>
 #include <string>
-#include <vector>
 
-#include "apps/kelvarin/Batch.h"
+#include "apps/kelvarin/Bulk.h"
 #include "apps/kelvarin/CommandLine.h"
 #include "apps/kelvarin/Commands.h"
 #include "apps/kelvarin/Memory.h"
@@ -33,25 +32,23 @@ FileResult WorkOn(const Options& options, const std::filesystem::path& input) {
   return {.status = kWrongCommandLine};
 }
 
-int Work(const Options& options) {
-  const std::vector<FileResult> results = RunEach(
-      options.inputs, options.jobs, [&options](const std::filesystem::path& input) { return WorkOn(options, input); });
-  int status = kDone;
-  std::string reports;
-  std::string transcripts;
-  for (const FileResult& result : results) {
-    status = std::max(status, result.status);
-    if (!result.report.empty()) reports += result.report + "\n";
-    transcripts += result.transcript;
-  }
+int WorkOnOne(const Options& options) {
+  TakeMemoryInLargePages();
+  const FileResult result = WorkOn(options, options.inputs.front().file);
+  int status = result.status;
   try {
-    if (options.report) WriteText(reports, *options.report);
-    if (options.transcript) WriteText(transcripts, *options.transcript);
+    if (options.report && !result.report.empty()) WriteText(result.report + "\n", *options.report);
+    if (options.transcript) WriteText(result.transcript, *options.transcript);
   } catch (const Failure& failure) {
     Say(failure.what());
     status = std::max<int>(status, failure.Code());
   }
   return status;
+}
+
+int Work(const Options& options) {
+  if (!options.many) return WorkOnOne(options);
+  return WorkOnMany(options, WorkOn, [](const FileResult&) {});
 }
 
 }  // namespace
@@ -62,8 +59,10 @@ int main(int argc, char** argv) {
     const std::optional<Options> options = ReadCommandLine(argc, argv, status);
     if (!options) return status;
     if (options->command == Options::Command::kOpen) return OpenDesktop(*options);
-    TakeMemoryInLargePages();
     return Work(*options);
+  } catch (const Failure& failure) {
+    Say(failure.what());
+    return failure.Code();
   } catch (const std::exception& error) {
     Say(error.what());
     return kUnreadable;

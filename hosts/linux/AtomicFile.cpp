@@ -10,6 +10,7 @@
 #include <cstring>
 #include <fstream>
 #include <system_error>
+#include <vector>
 
 namespace os {
 
@@ -27,6 +28,10 @@ mode_t ReadUmask() {
   }
   return 022;
 }
+
+std::string TemporaryPrefix(int process) { return ".kvx-" + std::to_string(process) + "-"; }
+
+constexpr char kTemporarySuffix[] = ".tmp";
 
 }  // namespace
 
@@ -46,7 +51,7 @@ AtomicFile::AtomicFile(const std::filesystem::path& target, Durability durabilit
   static std::atomic<unsigned> counter{0};
   do {
     temporary_ = target_;
-    temporary_.replace_filename(".kvx-" + std::to_string(getpid()) + "-" + std::to_string(++counter) + ".tmp");
+    temporary_.replace_filename(TemporaryPrefix(getpid()) + std::to_string(++counter) + kTemporarySuffix);
     file_ = open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
   } while (file_ < 0 && errno == EEXIST);
   if (file_ < 0) {
@@ -111,6 +116,18 @@ void WriteFileAtomically(const std::filesystem::path& target, std::span<const st
   AtomicFile file(target, durability);
   file.Write(bytes);
   file.Commit();
+}
+
+void SweepTemporaries(const std::filesystem::path& target, int process) noexcept try {
+  const std::filesystem::path folder = std::filesystem::weakly_canonical(target).parent_path();
+  std::vector<std::filesystem::path> left;
+  for (const std::filesystem::directory_entry& entry : std::filesystem::directory_iterator(folder)) {
+    const std::string name = entry.path().filename().string();
+    if (name.starts_with(TemporaryPrefix(process)) && name.ends_with(kTemporarySuffix)) left.push_back(entry.path());
+  }
+  for (const std::filesystem::path& file : left) std::filesystem::remove(file);
+} catch (const std::exception&) {
+  // A folder that cannot be read now can be tidied by its owner.
 }
 
 bool IsReadOnly(const std::filesystem::path& file) {

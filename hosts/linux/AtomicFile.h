@@ -57,6 +57,9 @@ class AtomicFile {
 void WriteFileAtomically(const std::filesystem::path& target, std::span<const std::byte> bytes,
                          Durability durability = Durability::kMachine);
 
+/// Takes away what a process that was killed left beside a target. @param process which does not run any more
+void SweepTemporaries(const std::filesystem::path& target, int process) noexcept;
+
 /// Whether there is a file without write permission; for the superuser too, whom the system itself lets write.
 bool IsReadOnly(const std::filesystem::path& file);
 

@@ -1,0 +1,185 @@
+#include "apps/kelvarin/Journal.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <fstream>
+#include <system_error>
+
+#include "apps/kelvarin/Messages.h"
+#include "apps/kelvarin/PrivateFolder.h"
+#include "apps/kelvarin/Status.h"
+#include "hosts/linux/AtomicFile.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using Json = nlohmann::json;
+
+constexpr char kFirstMember[] = "kelvarinJournal";
+constexpr int kFormat = 1;
+
+/// A file's full name in ASCII: names are bytes, of which JSON could not keep all.
+std::string KeyOf(const fs::path& file) {
+  constexpr char kDigits[] = "0123456789ABCDEF";
+  std::error_code error;
+  std::string key;
+  for (const char byte : fs::absolute(file, error).lexically_normal().string()) {
+    const auto code = static_cast<unsigned char>(byte);
+    if (code < 0x80 && byte != '%') {
+      key += byte;
+    } else {
+      key += {'%', kDigits[code / 16], kDigits[code % 16]};
+    }
+  }
+  return key;
+}
+
+Json ToJson(const std::optional<Identity>& identity) {
+  return identity ? Json{{"size", identity->size}, {"crc32", identity->checksum}} : Json();
+}
+
+bool Is(const Json& record, const char* member, const fs::path& file) {
+  const std::optional<Identity> identity = IdentityOf(file);
+  return identity && record.contains(member) && record.at(member) == ToJson(identity);
+}
+
+/// Not for a person: its texts need not be readable, only whole.
+std::string Line(const Json& json) { return json.dump(-1, ' ', true, Json::error_handler_t::replace) + "\n"; }
+
+std::string TextOf(const Json& record, const char* member) {
+  return record.contains(member) ? record.at(member).get<std::string>() : std::string();
+}
+
+}  // namespace
+
+Journal::Journal(fs::path file, const std::string& options) : file_(std::move(file)) {
+  handle_ = open(file_.c_str(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+  if (handle_ < 0) {
+    throw Failure(kUnreadable, "the journal " + file_.string() + " cannot be written: " + std::strerror(errno));
+  }
+  // Given back by the system when the program ends, however it does.
+  if (flock(handle_, LOCK_EX | LOCK_NB) != 0) {
+    close(handle_);
+    throw Failure(kUnreadable, "another run works with the journal " + file_.string());
+  }
+  try {
+    Read(options);
+  } catch (...) {
+    close(handle_);
+    throw;
+  }
+}
+
+Journal::~Journal() {
+  if (handle_ >= 0) close(handle_);
+}
+
+void Journal::Read(const std::string& options) {
+  std::ifstream in(file_, std::ios::binary);
+  std::string line;
+  if (!std::getline(in, line)) return Anew(options);
+  const Json first = Json::parse(line, nullptr, false);
+  if (!first.is_object() || !first.contains(kFirstMember)) {
+    throw Failure(kUnreadable, file_.string() + " is no journal of a run");
+  }
+  if (first.value(kFirstMember, 0) != kFormat || first.value("options", std::string()) != options) {
+    Say("the journal " + file_.string() + " is of a run with other options or settings: nothing of it counts as done");
+    return Anew(options);
+  }
+  std::streamoff offset = static_cast<std::streamoff>(line.size()) + 1;
+  bool whole = true;
+  while (std::getline(in, line)) {
+    // What was being written when the program was killed has no end.
+    whole = !in.eof();
+    const Json record = whole ? Json::parse(line, nullptr, false) : Json();
+    if (record.is_object() && record.contains("begun")) {
+      Entry& entry = entries_[record.at("begun").get<std::string>()];
+      entry = {.begun = true, .process = record.value("process", 0)};
+    } else if (record.is_object() && record.contains("done")) {
+      entries_[record.at("done").get<std::string>()].line = offset;
+    } else if (record.is_object() && record.contains("folder")) {
+      PrivateFolder::RemoveLeft(record.at("folder").get<std::string>());
+    }
+    offset += static_cast<std::streamoff>(line.size()) + 1;
+  }
+  if (!whole) Append("\n");
+}
+
+void Journal::Anew(const std::string& options) {
+  if (ftruncate(handle_, 0) != 0) {
+    throw Failure(kUnreadable, "the journal " + file_.string() + " cannot be written: " + std::strerror(errno));
+  }
+  Append(Line({{kFirstMember, kFormat}, {"options", options}}));
+}
+
+Json Journal::LineAt(std::streamoff offset) const {
+  std::ifstream in(file_, std::ios::binary);
+  std::string line;
+  in.seekg(offset);
+  std::getline(in, line);
+  return Json::parse(line, nullptr, false);
+}
+
+Journal::Known Journal::Find(const Input& input, const fs::path& target) const {
+  const auto found = entries_.find(KeyOf(input.file));
+  if (found == entries_.end()) return Known::kNothing;
+  if (found->second.line >= 0) {
+    const Json record = LineAt(found->second.line);
+    const bool inPlace = target == input.file;
+    const bool whole = record.is_object() && (target.empty() || Is(record, "output", target)) &&
+                       (inPlace || Is(record, "input", input.file));
+    // A result that is not as the run left it is somebody's work.
+    if (!whole) return record.is_object() && Is(record, "output", target) ? Known::kBegun : Known::kNothing;
+    return Known::kDone;
+  }
+  return found->second.begun ? Known::kBegun : Known::kNothing;
+}
+
+FileResult Journal::Recall(const Input& input) const {
+  const Json record = LineAt(entries_.at(KeyOf(input.file)).line);
+  return {.status = kDone,
+          .report = TextOf(record, "report"),
+          .transcript = TextOf(record, "transcript"),
+          .result = TextOf(record, "result")};
+}
+
+void Journal::NoteFolder(const fs::path& folder) { Append(Line({{"folder", folder.string()}})); }
+
+void Journal::Begin(const Input& input, pid_t process) {
+  Append(Line({{"begun", KeyOf(input.file)}, {"process", process}}));
+}
+
+void Journal::Append(const std::string& record) {
+  // In one piece, so that a kill leaves whole lines and at most one that has no end.
+  const ssize_t written = write(handle_, record.data(), record.size());
+  if (written == static_cast<ssize_t>(record.size()) || saidFailure_) return;
+  saidFailure_ = true;
+  Say("the journal " + file_.string() + " cannot be written: " + std::strerror(errno) +
+      "; an interrupted run would begin anew");
+}
+
+void Journal::SweepAfter(const Input& input, const fs::path& target) const {
+  const auto found = entries_.find(KeyOf(input.file));
+  if (found == entries_.end() || found->second.process == 0 || target.empty()) return;
+  // The number may be another program's by now; its own temporary file would have another name only by chance.
+  if (kill(found->second.process, 0) != 0 && errno == ESRCH) os::SweepTemporaries(target, found->second.process);
+}
+
+void Journal::Remove() {
+  std::error_code error;
+  fs::remove(file_, error);
+}
+
+std::string Journal::Record(const Input& input, const std::optional<Identity>& before, const fs::path& target,
+                            const FileResult& result) {
+  Json record{{"done", KeyOf(input.file)}, {"input", ToJson(before)}, {"report", result.report}};
+  if (!target.empty()) record["output"] = ToJson(IdentityOf(target));
+  if (!result.transcript.empty()) record["transcript"] = result.transcript;
+  if (!result.result.empty()) record["result"] = result.result;
+  return Line(record);
+}
