@@ -122,6 +122,7 @@ class Reader {
     AddChange("remove", Command::kRemove, "take entries, index, lists and highlighting of an earlier run away");
     AddChange("unhighlight", Command::kUnhighlight, "take the highlighting of an earlier run away, and nothing else");
     AddChange("update", Command::kUpdate, "bring the index of an earlier run up to date without marking anew");
+    AddCheck();
     AddRun();
     AddInspect();
     AddOpen();
@@ -327,6 +328,16 @@ class Reader {
     AddCommon(added);
   }
 
+  void AddCheck() {
+    CLI::App& command = AddCommand("check", Command::kCheck,
+                                   "tell what a drafter may have got wrong with the defined terms; nothing is changed");
+    AddInputs(command, true);
+    command.add_flag("--json", options_.json, "print an object for each document, one a line");
+    AddPath(command, "--html", options_.html, "FILE", "write a page about all documents; - is standard output");
+    AddPages(command);
+    AddCommon(command);
+  }
+
   void AddRun() {
     const std::map<std::string, Command> commands{{"index", Command::kIndex},
                                                   {"remove", Command::kRemove},
@@ -433,6 +444,7 @@ class Reader {
     if (options_.settings) take("--settings", *options_.settings);
     if (options_.report && *options_.report != "-") take("--report", *options_.report);
     if (options_.transcript && *options_.transcript != "-") take("--transcript", *options_.transcript);
+    if (options_.html && *options_.html != "-") take("--html", *options_.html);
     if (options_.journal.file) take("--journal", *options_.journal.file);
   }
 

@@ -13,6 +13,8 @@ FileResult ListTerms(const Options& options, const std::filesystem::path& input)
 /// "Remove indexing", "Remove highlighting only" and "Update index".
 FileResult ChangeIndexedFile(const Options& options, const std::filesystem::path& input);
 FileResult RunCommand(const Options& options, const std::filesystem::path& input);
+/// What was found out is the result, to be shown by CheckOutput.
+FileResult CheckFile(const Options& options, const std::filesystem::path& input);
 FileResult InspectFile(const Options& options, const std::filesystem::path& input);
 
 /// Goes on as the desktop program, which lies beside this one, with the input when there is one. @return only when it

@@ -39,7 +39,7 @@ struct JournalOptions {
 };
 
 struct Options {
-  enum class Command { kIndex, kTerms, kRemove, kUnhighlight, kUpdate, kRun, kInspect, kOpen };
+  enum class Command { kIndex, kTerms, kRemove, kUnhighlight, kUpdate, kRun, kInspect, kCheck, kOpen };
   Command command{Command::kIndex};
   Command runCommand{Command::kIndex};  ///< of kRun: the command that is run
   /// The command itself, or the one that kRun runs.
@@ -52,6 +52,7 @@ struct Options {
   std::optional<CursorPlace> at{};  ///< absent: the end, or where the answers file says
   docx::PageSource pages{docx::PageSource::kAuto};
   bool json{false};
+  std::optional<std::filesystem::path> html{};  ///< of kCheck; "-" is standard output
   OutputOptions output{};
 
   std::optional<std::filesystem::path> answers{};
@@ -65,6 +66,7 @@ struct Options {
   bool quiet{false};
   bool progress{false};
 
-  /// A journal keeps the reports too: a run that goes on with it may be asked for them.
-  bool WantsReport() const { return report || journal.file; }
+  /// A journal keeps the reports too, since a run that goes on with it may be asked for them; a page says why a file
+  /// is not on it.
+  bool WantsReport() const { return report || journal.file || html; }
 };

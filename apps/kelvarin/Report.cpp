@@ -51,13 +51,15 @@ void Report::SetOutput(const std::filesystem::path& output) { report_["output"] 
 
 void Report::AddReason(const std::string& text) { report_["messages"].push_back({{"title", ""}, {"text", text}}); }
 
+void Report::SetPages(const docx::WordProcessor& processor) {
+  report_["pages"] = processor.PageCount();
+  report_["pagesFrom"] = processor.PagesFrom();
+}
+
 void Report::Fill(Session& session) {
   const std::string searchType = session.SearchType();
   if (!searchType.empty()) report_["searchType"] = searchType;
-  if (session.HasDocument()) {
-    report_["pages"] = session.Processor().PageCount();
-    report_["pagesFrom"] = session.Processor().PagesFrom();
-  }
+  if (session.HasDocument()) SetPages(session.Processor());
   report_["found"] = recording::ToValue(session.Watch().Found());
   const RunLog& log = session.Log();
   report_["chosen"] = log.chosen;

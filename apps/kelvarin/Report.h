@@ -15,6 +15,8 @@ class Report {
   void SetOutput(const std::filesystem::path& output);
   /// What the run found, chose and marked, what it showed, and, when there is an index, where the entries are.
   void Fill(Session& session);
+  /// How many pages there are, and what says so.
+  void SetPages(const docx::WordProcessor& processor);
   /// @param status "done", "stopped" or "failed"
   void SetStatus(const char* status) { report_["status"] = status; }
   /// Why it failed, where no message says so.

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "apps/kelvarin/Bulk.h"
+#include "apps/kelvarin/CheckOutput.h"
 #include "apps/kelvarin/CommandLine.h"
 #include "apps/kelvarin/Commands.h"
 #include "apps/kelvarin/Memory.h"
@@ -26,17 +27,20 @@ FileResult WorkOn(const Options& options, const std::filesystem::path& input) {
       return RunCommand(options, input);
     case Options::Command::kInspect:
       return InspectFile(options, input);
+    case Options::Command::kCheck:
+      return CheckFile(options, input);
     case Options::Command::kOpen:
       break;
   }
   return {.status = kWrongCommandLine};
 }
 
-int WorkOnOne(const Options& options) {
+int WorkOnOne(const Options& options, const TakeResult& take) {
   TakeMemoryInLargePages();
   const FileResult result = WorkOn(options, options.inputs.front().file);
   int status = result.status;
   try {
+    take(result);
     if (options.report && !result.report.empty()) WriteText(result.report + "\n", *options.report);
     if (options.transcript) WriteText(result.transcript, *options.transcript);
   } catch (const Failure& failure) {
@@ -46,9 +50,16 @@ int WorkOnOne(const Options& options) {
   return status;
 }
 
+int WorkOnAll(const Options& options, const TakeResult& take) {
+  return options.many ? WorkOnMany(options, WorkOn, take) : WorkOnOne(options, take);
+}
+
 int Work(const Options& options) {
-  if (!options.many) return WorkOnOne(options);
-  return WorkOnMany(options, WorkOn, [](const FileResult&) {});
+  if (options.command != Options::Command::kCheck) return WorkOnAll(options, [](const FileResult&) {});
+  CheckOutput output(options);
+  const int status = WorkOnAll(options, [&output](const FileResult& result) { output.Take(result); });
+  output.Finish();
+  return status;
 }
 
 }  // namespace

@@ -1,0 +1,36 @@
+#include "apps/kelvarin/CheckOutput.h"
+
+#include "apps/kelvarin/CheckReport.h"
+#include "apps/kelvarin/Output.h"
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+}  // namespace
+
+CheckOutput::CheckOutput(const Options& options) : options_(options) {
+  if (options_.html) page_.emplace();
+}
+
+void CheckOutput::Take(const FileResult& result) {
+  if (result.result.empty()) {
+    if (!page_ || result.report.empty()) return;
+    const Json report = Json::parse(result.report);
+    const Json& messages = report.at("messages");
+    page_->AddFailure(report.at("file").get<std::string>(),
+                      messages.empty() ? "could not be checked" : messages.back().at("text").get<std::string>());
+    return;
+  }
+  if (options_.json) {
+    WriteText(result.result + "\n", "-");
+  } else if (!page_ || *options_.html != "-") {
+    WriteText((anyShown_ ? "\n" : "") + CheckAsText(Json::parse(result.result)), "-");
+    anyShown_ = true;
+  }
+  if (page_) page_->Add(Json::parse(result.result));
+}
+
+void CheckOutput::Finish() {
+  if (page_) page_->Write(*options_.html);
+}

@@ -1,0 +1,462 @@
+#include "drafting/DraftCheck.h"
+
+#include <algorithm>
+#include <map>
+#include <optional>
+#include <set>
+#include <tuple>
+#include <utility>
+
+#include "discovery/LineCapitals.h"
+#include "discovery/LineText.h"
+#include "discovery/SmallWords.h"
+#include "discovery/TextSet.h"
+#include "drafting/DefinitionPlace.h"
+#include "drafting/QuoteMarks.h"
+#include "drafting/Texts.h"
+#include "drafting/UndefinedPhrases.h"
+#include "drafting/WordNumber.h"
+#include "marker/PlainText.h"
+#include "marker/TermMatcher.h"
+
+namespace drafting {
+
+namespace {
+
+/// A stretch of one of the texts.
+struct Stand {
+  std::size_t text{0};
+  std::size_t begin{0};
+  std::size_t end{0};
+};
+
+struct Defining {
+  Stand stand;
+  Role role;
+  bool beginsLine;
+  QuoteStyle quotes;
+  bool article;  ///< one stands inside of the quotation marks
+};
+
+/// How a place reads in comparison with the term.
+enum class Spelling { kExact, kCapitals, kOtherNumber, kOtherCase };
+
+struct Use {
+  Stand stand;
+  Spelling spelling;
+  CapitalUse capitals;
+};
+
+struct Term {
+  std::u16string name;
+  std::vector<Defining> definings;
+  std::vector<Use> uses;
+
+  /// What defines it first; nullptr: nothing does.
+  const Defining* Home() const {
+    for (const Role role : {Role::kListed, Role::kInline, Role::kPointer}) {
+      for (const Defining& defining : definings) {
+        if (defining.role == role || (role == Role::kListed && defining.role == Role::kInline)) return &defining;
+      }
+    }
+    return nullptr;
+  }
+};
+
+/// "The singular includes the plural", in many ways of saying it.
+bool SaysNumberDoesNotCount(std::u16string_view text) {
+  for (std::size_t at = text.find(u"singular"); at != std::u16string_view::npos; at = text.find(u"singular", at + 1)) {
+    const Line line = LineAt(text, at);
+    if (text.substr(line.begin, line.end - line.begin).find(u"plural") != std::u16string_view::npos) return true;
+  }
+  return false;
+}
+
+bool HoldsLower(std::u16string_view text) {
+  return std::any_of(text.begin(), text.end(), [](char16_t unit) { return unit >= u'a' && unit <= u'z'; });
+}
+
+class Check {
+ public:
+  explicit Check(const CandidateSources& sources)
+      : characters_(sources.characters), letters_(characters_), texts_(ReadTexts(sources.document)) {
+    const Candidates candidates = FindCandidates(sources);
+    phrases_ = candidates.capitalised;
+    CollectTerms(candidates);
+    ReadDefinitions();
+    ReadUses();
+    NoteDefinitionLines();
+    const auto isInterpreted = [](const Text& text) { return SaysNumberDoesNotCount(text.content.Plain()); };
+    numberCounts_ = std::none_of(texts_.begin(), texts_.end(), isInterpreted);
+  }
+
+  Result Run() {
+    for (const Term& term : terms_) {
+      if (term.Home() == nullptr) continue;
+      AddDefinition(term);
+      CheckDefinedTwice(term);
+      CheckUses(term);
+      CheckVariants(term);
+      CheckArticle(term);
+    }
+    CheckQuotes();
+    std::vector<Finding> undefined = FindUndefined(texts_, phrases_, AllForms(), characters_);
+    std::move(undefined.begin(), undefined.end(), std::back_inserter(result_.findings));
+    const auto inOrder = [](const Place& one, const Place& other) {
+      return std::tie(one.story, one.position) < std::tie(other.story, other.position);
+    };
+    std::stable_sort(result_.definitions.begin(), result_.definitions.end(),
+                     [&](const Definition& one, const Definition& other) { return inOrder(one.place, other.place); });
+    std::stable_sort(result_.findings.begin(), result_.findings.end(), [&](const Finding& one, const Finding& other) {
+      return one.kind != other.kind ? one.kind < other.kind : inOrder(one.place, other.place);
+    });
+    return std::move(result_);
+  }
+
+ private:
+  void CollectTerms(const Candidates& candidates) {
+    TextSet known;
+    const auto take = [&](std::u16string_view name) {
+      if (known.emplace(name).second) terms_.push_back({.name = std::u16string(name), .definings = {}, .uses = {}});
+    };
+    for (const std::u16string& quoted : candidates.quoted) take(WithoutArticle(quoted, characters_));
+    // A quotation mark without a partner upsets the search for quoted texts, not that for capitals.
+    for (const std::u16string& phrase : candidates.capitalised) take(WithoutArticle(phrase, characters_));
+  }
+
+  std::u16string_view Plain(std::size_t text) const { return texts_[text].content.Plain(); }
+
+  void ReadDefinitions() {
+    std::vector<marker::Form> forms;
+    for (const Term& term : terms_) forms.push_back({.text = marker::PlainTerm(term.name), .matchCase = true});
+    const marker::TermMatcher matcher(letters_, std::move(forms));
+    for (std::size_t text = 0; text < texts_.size(); ++text) {
+      for (const marker::Match& match : matcher.Find(Plain(text))) {
+        if (match.definition) Note(terms_[match.form], {text, match.begin, match.end});
+      }
+    }
+    std::erase_if(terms_, [](const Term& term) { return term.definings.empty(); });
+  }
+
+  void Note(Term& term, const Stand& stand) {
+    const std::u16string_view plain = Plain(stand.text);
+    const Line line = LineAt(plain, stand.begin);
+    const std::u16string_view whole = plain.substr(line.begin, line.end - line.begin);
+    const std::size_t begin = stand.begin - line.begin;
+    std::size_t open = stand.begin;
+    while (open > line.begin && !IsDoubleQuote(plain[open - 1])) --open;
+    term.definings.push_back({.stand = stand,
+                              .role = RoleOf(whole, begin, stand.end - line.begin),
+                              .beginsLine = BeginsLine(whole, begin),
+                              .quotes = StyleOf(plain[open - 1], plain[stand.end]),
+                              .article = open < stand.begin});
+  }
+
+  /// What is looked for on behalf of a term.
+  struct Sought {
+    std::size_t term;
+    Spelling spelling;
+  };
+
+  void ReadUses() {
+    std::vector<marker::Form> forms;
+    std::vector<Sought> sought;
+    const auto seek = [&](std::size_t term, Spelling spelling, const std::u16string& text, bool matchCase) {
+      if (text.empty()) return;
+      forms.push_back({.text = marker::PlainTerm(text), .matchCase = matchCase});
+      sought.push_back({term, spelling});
+    };
+    for (const bool exact : {true, false}) {
+      for (std::size_t i = 0; i < terms_.size(); ++i) {
+        const std::u16string& name = terms_[i].name;
+        if (exact) {
+          seek(i, Spelling::kExact, name, true);
+          continue;
+        }
+        const std::u16string other = InOtherNumber(name);
+        seek(i, Spelling::kCapitals, characters_.ToUpper(name), true);
+        seek(i, Spelling::kOtherNumber, other, true);
+        seek(i, Spelling::kCapitals, characters_.ToUpper(other), true);
+        // One word without its capital is mostly just that word.
+        // Of a term that is defined in capitals nothing tells how it is written.
+        const Spelling otherwise = HoldsLower(name) ? Spelling::kOtherCase : Spelling::kExact;
+        if (name.find(u' ') != std::u16string::npos) seek(i, otherwise, name, false);
+      }
+    }
+    const marker::TermMatcher matcher(letters_, std::move(forms));
+    for (std::size_t text = 0; text < texts_.size(); ++text) {
+      Line line;
+      std::optional<LineCapitals> capitals;
+      const std::u16string_view plain = Plain(text);
+      for (const marker::Match& match : matcher.Find(plain)) {
+        if (match.definition) continue;
+        if (!capitals || match.begin > line.end) {
+          line = LineAt(plain, match.begin);
+          capitals.emplace(plain.substr(line.begin, line.end - line.begin), characters_);
+        }
+        const auto [term, spelling] = sought[match.form];
+        const CapitalUse use = capitals->UseAt(match.begin - line.begin, match.end - line.begin);
+        terms_[term].uses.push_back({{text, match.begin, match.end}, spelling, use});
+      }
+    }
+    CountHidden();
+  }
+
+  /// A term that stands inside of longer ones only is used by them.
+  void CountHidden() {
+    for (Term& term : terms_) {
+      if (!term.uses.empty()) continue;
+      const marker::TermMatcher alone(letters_, {{.text = marker::PlainTerm(term.name), .matchCase = true}});
+      for (std::size_t text = 0; text < texts_.size(); ++text) {
+        for (const marker::Match& match : alone.Find(Plain(text))) {
+          if (!match.definition && !IsQuoted(text, match)) hidden_[term.name] += 1;
+        }
+      }
+    }
+  }
+
+  /// Whether a place lies in the quotation marks of a longer term.
+  bool IsQuoted(std::size_t text, const marker::Match& match) const {
+    for (const Term& term : terms_) {
+      for (const Defining& defining : term.definings) {
+        if (defining.stand.text == text && defining.stand.begin <= match.begin && match.end <= defining.stand.end) {
+          return true;
+        }
+      }
+    }
+    return false;
+  }
+
+  Place At(const Stand& stand) const { return PlaceOf(texts_[stand.text], stand.begin, stand.end, characters_); }
+  std::u16string Read(const Stand& stand) const {
+    return std::u16string(Plain(stand.text).substr(stand.begin, stand.end - stand.begin));
+  }
+  Line LineOf(const Stand& stand) const { return LineAt(Plain(stand.text), stand.begin); }
+
+  /// The lines of a definition in a list: its own, and the next where the term fills a line, or a cell, by itself.
+  Line BodyOf(const Defining& defining) const {
+    const std::u16string_view plain = Plain(defining.stand.text);
+    Line line = LineOf(defining.stand);
+    std::size_t behind = defining.stand.end + 1;
+    while (behind < line.end && plain[behind] == u' ') ++behind;
+    if (behind < line.end) return line;
+    std::size_t next = line.end;
+    while (next < plain.size() && LineEnd(plain.substr(next, 1), 0) == 0) ++next;
+    line.end = LineEnd(plain, next);
+    return line;
+  }
+
+  void NoteDefinitionLines() {
+    for (const Term& term : terms_) {
+      for (const Defining& defining : term.definings) {
+        if (!defining.beginsLine || (defining.role != Role::kListed && defining.role != Role::kPointer)) continue;
+        const Line body = BodyOf(defining);
+        definitionLines_.insert({defining.stand.text, body.begin});
+        definitionLines_.insert({defining.stand.text, LineAt(Plain(defining.stand.text), body.end).begin});
+      }
+    }
+  }
+
+  /// Uses outside of the term's own definition.
+  std::vector<Use> UsesElsewhere(const Term& term) const {
+    std::vector<Use> uses;
+    for (const Use& use : term.uses) {
+      const bool own = std::any_of(term.definings.begin(), term.definings.end(), [&](const Defining& defining) {
+        if (!defining.beginsLine || defining.role == Role::kInline || defining.role == Role::kMention) return false;
+        const Line line = BodyOf(defining);
+        return use.stand.text == defining.stand.text && use.stand.begin >= line.begin && use.stand.begin < line.end;
+      });
+      if (!own) uses.push_back(use);
+    }
+    return uses;
+  }
+
+  static bool CountsAsTerm(const Use& use) { return use.spelling != Spelling::kOtherCase; }
+
+  void Add(Kind kind, const Term& term, const Stand& stand, int count = 1, const Stand* other = nullptr) {
+    Finding finding{.kind = kind, .term = term.name, .text = Read(stand), .count = count, .place = At(stand)};
+    if (other != nullptr) finding.other = At(*other);
+    result_.findings.push_back(std::move(finding));
+  }
+
+  void AddDefinition(const Term& term) {
+    const auto uses = UsesElsewhere(term);
+    const auto count = std::count_if(uses.begin(), uses.end(), CountsAsTerm);
+    result_.definitions.push_back({term.name, At(term.Home()->stand), static_cast<int>(count)});
+  }
+
+  void CheckDefinedTwice(const Term& term) {
+    const Defining* first = nullptr;
+    for (const Defining& defining : term.definings) {
+      if (defining.role != Role::kListed && defining.role != Role::kInline) continue;
+      if (first == nullptr) {
+        first = &defining;
+      } else if (LineOf(defining.stand).begin != LineOf(first->stand).begin ||
+                 defining.stand.text != first->stand.text) {
+        Add(Kind::kDefinedTwice, term, defining.stand, 1, &first->stand);
+      }
+    }
+  }
+
+  void CheckUses(const Term& term) {
+    std::vector<Use> uses = UsesElsewhere(term);
+    std::erase_if(uses, [](const Use& use) { return !CountsAsTerm(use); });
+    const Defining& home = *term.Home();
+    if (uses.empty()) {
+      if (!hidden_.contains(term.name) && !IsUsedAsOther(term)) Add(Kind::kNotUsed, term, home.stand);
+      return;
+    }
+    if (uses.size() == 1 && !hidden_.contains(term.name)) {
+      Add(Kind::kUsedOnce, term, uses.front().stand, 1, &home.stand);
+    }
+    CheckUsedBefore(term, home, uses);
+  }
+
+  /// Whether another name of the same thing is used: the other number that is defined too, or the other of "Group" or
+  /// "the Group Companies" means.
+  bool IsUsedAsOther(const Term& term) const {
+    const std::u16string number = InOtherNumber(term.name);
+    const Defining& home = *term.Home();
+    const Line line = LineOf(home.stand);
+    return std::any_of(terms_.begin(), terms_.end(), [&](const Term& other) {
+      if (&other == &term || other.uses.empty()) return false;
+      if (other.name == number) return true;
+      return home.role == Role::kListed &&
+             std::any_of(other.definings.begin(), other.definings.end(), [&](const Defining& defining) {
+               return defining.role == Role::kListed && defining.stand.text == home.stand.text &&
+                      LineOf(defining.stand).begin == line.begin;
+             });
+    });
+  }
+
+  /// Whether a place lies in a list of definitions, which may speak of terms that follow.
+  bool LiesInDefinition(const Stand& stand) const {
+    return definitionLines_.contains({stand.text, LineOf(stand).begin});
+  }
+
+  /// Whether it is the end of somebody else's name: "the Florida Securities Act".
+  bool EndsName(const Stand& stand) const {
+    const std::u16string_view before = Plain(stand.text).substr(LineOf(stand).begin, stand.begin - LineOf(stand).begin);
+    if (!before.ends_with(u' ') || before.size() < 2) return false;
+    const std::size_t blank = before.find_last_of(u' ', before.size() - 2);
+    const std::size_t begin = blank == std::u16string_view::npos ? 0 : blank + 1;
+    const std::u16string_view word = before.substr(begin, before.size() - 1 - begin);
+    return !word.empty() && word.front() >= u'A' && word.front() <= u'Z' && !IsSmallWord(word);
+  }
+
+  /// A list of definitions speaks for the whole contract, wherever it stands; a definition in passing does not.
+  void CheckUsedBefore(const Term& term, const Defining& home, const std::vector<Use>& uses) {
+    const bool inPassing = std::all_of(term.definings.begin(), term.definings.end(), [](const Defining& defining) {
+      return defining.role == Role::kInline || defining.role == Role::kMention;
+    });
+    if (!inPassing) return;
+    const std::size_t line = LineOf(home.stand).begin;
+    const Use* first = nullptr;
+    int count = 0;
+    for (const Use& use : uses) {
+      const bool before = use.stand.text == home.stand.text && use.stand.begin < line;
+      if (!before || use.capitals != CapitalUse::kOfItsOwn || use.spelling != Spelling::kExact) continue;
+      if (LiesInDefinition(use.stand) || EndsName(use.stand)) continue;
+      if (first == nullptr) first = &use;
+      ++count;
+    }
+    if (first != nullptr) Add(Kind::kUsedBefore, term, first->stand, count, &home.stand);
+  }
+
+  void CheckVariants(const Term& term) {
+    const std::vector<Use> uses = UsesElsewhere(term);
+    AddVariants(term, uses, Spelling::kOtherCase, Kind::kOtherCase);
+    if (numberCounts_) AddVariants(term, uses, Spelling::kOtherNumber, Kind::kOtherNumber);
+  }
+
+  /// Each way of writing is a finding of its own.
+  void AddVariants(const Term& term, const std::vector<Use>& uses, Spelling spelling, Kind kind) {
+    std::map<std::u16string, std::pair<Stand, int>> ways;
+    for (const Use& use : uses) {
+      const bool counts = use.spelling == spelling && use.capitals != CapitalUse::kHeading &&
+                          (spelling == Spelling::kOtherCase || use.capitals == CapitalUse::kOfItsOwn);
+      if (!counts || IsBesideItsDefinition(term, use)) continue;
+      const auto [way, isNew] = ways.try_emplace(Read(use.stand), use.stand, 0);
+      ++way->second.second;
+    }
+    for (const auto& [text, way] : ways) Add(kind, term, way.first, way.second, &term.Home()->stand);
+  }
+
+  /// As in: a subscription agreement (the "Subscription Agreement").
+  bool IsBesideItsDefinition(const Term& term, const Use& use) const {
+    return std::any_of(term.definings.begin(), term.definings.end(), [&](const Defining& defining) {
+      const Line line = LineOf(defining.stand);
+      return defining.role == Role::kInline && use.stand.text == defining.stand.text && use.stand.begin >= line.begin &&
+             use.stand.begin < defining.stand.begin;
+    });
+  }
+
+  void CheckArticle(const Term& term) {
+    for (const Defining& defining : term.definings) {
+      if (defining.article) Add(Kind::kArticle, term, WithArticle(defining.stand));
+    }
+  }
+
+  Stand WithArticle(Stand stand) const {
+    const std::u16string_view plain = Plain(stand.text);
+    while (stand.begin > 0 && !IsDoubleQuote(plain[stand.begin - 1])) --stand.begin;
+    return stand;
+  }
+
+  void CheckQuotes() {
+    std::map<QuoteStyle, int> styles;
+    for (const Term& term : terms_) {
+      for (const Defining& defining : term.definings) ++styles[defining.quotes];
+    }
+    QuoteStyle usual = QuoteStyle::kCurly;
+    int most = 0;
+    for (const auto& [style, count] : styles) {
+      if (style == QuoteStyle::kMixed || count <= most) continue;
+      usual = style;
+      most = count;
+    }
+    for (const Term& term : terms_) {
+      for (const Defining& defining : term.definings) {
+        if (defining.quotes != usual) Add(Kind::kMixedQuotes, term, WithQuotes(defining.stand));
+      }
+    }
+    std::vector<Finding> unpaired = FindUnpairedQuotes(texts_, characters_);
+    std::move(unpaired.begin(), unpaired.end(), std::back_inserter(result_.findings));
+  }
+
+  Stand WithQuotes(const Stand& stand) const {
+    Stand with = WithArticle(stand);
+    --with.begin;
+    ++with.end;
+    return with;
+  }
+
+  /// Everything that counts as a defined term where undefined ones are looked for.
+  std::vector<std::u16string> AllForms() {
+    std::vector<std::u16string> all;
+    for (const Term& term : terms_) {
+      all.push_back(term.name);
+      std::u16string other = InOtherNumber(term.name);
+      if (!other.empty()) all.push_back(std::move(other));
+    }
+    return all;
+  }
+
+  os::Characters& characters_;
+  marker::Letters letters_;
+  std::vector<Text> texts_;
+  std::vector<std::u16string> phrases_;
+  std::vector<Term> terms_;
+  /// How often terms that are not used by themselves stand inside of longer ones.
+  std::map<std::u16string, int> hidden_;
+  /// Text and beginning of each line that belongs to a list of definitions.
+  std::set<std::pair<std::size_t, std::size_t>> definitionLines_;
+  bool numberCounts_{true};
+  Result result_;
+};
+
+}  // namespace
+
+Result CheckDraft(const CandidateSources& sources) { return Check(sources).Run(); }
+
+}  // namespace drafting

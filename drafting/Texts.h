@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "drafting/Findings.h"
+#include "marker/StoryText.h"
+#include "platform/os/Characters.h"
+
+namespace drafting {
+
+/// One of the stories that are checked, as it reads.
+struct Text {
+  int story;
+  marker::StoryText content;
+};
+
+/// Main text, footnotes and endnotes of a document. Hidden text, fields and an index of defined terms are not in them.
+std::vector<Text> ReadTexts(const word::DocumentPtr& document);
+
+/// The line that holds an index of a text, without what ends it.
+struct Line {
+  std::size_t begin{0};
+  std::size_t end{0};
+};
+Line LineAt(std::u16string_view text, std::size_t index);
+
+/// What is said at a stretch of a text.
+Place PlaceOf(const Text& text, std::size_t begin, std::size_t end, os::Characters& characters);
+
+}  // namespace drafting

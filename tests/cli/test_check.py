@@ -1,0 +1,122 @@
+import json
+import re
+
+import program
+
+FAULTS = """
+P “**Buyer**” means Acorn Limited.
+P “**Price**” means the sum of 5.
+P “**Price**” means the sum of 6.
+P “**Spare Part**” means a part that nobody speaks of.
+P “**Site Plan**” means the plan of the site.
+P “**Business Day**” means a day on which banks are open.
+P “**the Depot**” means the yard at Ropewalk.
+P "**Vendor**" means Bramble Limited.
+P Every Invoice is sent to the Buyer, with the Price. Each Invoice has a number, and the Vendor signs the Invoice.
+P The Vendor shows the Site Plan. The Price is due on a business day, and two Business Days later at the Depot.
+P The Buyer signs in the Notice Period.
+P A month (the “**Notice Period**”) has to pass before the Notice Period is over. The Depot is closed then.
+"""
+
+
+class Check(program.Case):
+    def findings(self, lines, *arguments):
+        file = self.document(lines=lines)
+        before = file.read_bytes()
+        check = json.loads(self.check("check", file, "--json", *arguments).out)
+        self.assertEqual(file.read_bytes(), before)
+        return check
+
+    def of_kind(self, check, kind):
+        return [finding["text"] for finding in check["findings"] if finding["kind"] == kind]
+
+    def test_each_fault_is_found_once(self):
+        check = self.findings(FAULTS)
+        self.assertEqual({kind: self.of_kind(check, kind) for kind in {finding["kind"] for finding in check["findings"]}}, {
+            "definedTwice": ["Price"], "notDefined": ["Invoice"], "notUsed": ["Spare Part"], "usedOnce": ["Site Plan", "Business Days"],
+            "usedBefore": ["Notice Period"], "otherCase": ["business day"], "otherNumber": ["Business Days"],
+            "article": ["the Depot"], "mixedQuotes": ['"Vendor"']})
+
+    def test_a_finding_says_where_it_is_and_what_is_said_there(self):
+        finding, = [finding for finding in self.findings(FAULTS)["findings"] if finding["kind"] == "usedBefore"]
+        self.assertEqual(finding["sentence"], "The Buyer signs in the Notice Period.")
+        self.assertEqual(finding["sentence"][finding["begin"]:finding["end"]], "Notice Period")
+        self.assertEqual((finding["story"], finding["page"], finding["count"]), (1, 1, 1))
+        self.assertEqual(finding["other"]["sentence"], "A month (the “Notice Period”) has to pass before the Notice Period is over.")
+        self.assertGreater(finding["other"]["position"], finding["position"])
+        story = self.inspect("contract.docx")["stories"][0]["text"]
+        self.assertEqual(story[finding["position"]:][:13], "Notice Period")
+
+    def test_a_contract_without_faults_has_no_findings(self):
+        self.assertEqual(self.findings("""
+P This agreement is made between Acorn Limited of Ropewalk, London (the “**Buyer**”) and Bramble Limited (“**Seller**”).
+P “**Price**” has the meaning given in clause 3; “**Group**” or “**Group Companies**” means the Buyer’s companies.
+P Words in the singular include the plural. The Seller’s Group, the Sellers and the Buyer meet.
+P The price (the “**Price**”) is paid by the Buyer to the Seller under Section 4 of the Companies Act 2006 in May.
+P The Price is final, and the Price is fair. THE BUYER AND THE SELLER AGREE. Buyer and Seller know the Group.
+P The London office is in London. The Companies Act applies; the Group is part of it.
+""")["findings"], [])
+
+    def test_quotation_marks_without_partners_are_found_and_inches_are_not(self):
+        check = self.findings('P “**Pipe**” means a 12" pipe.\nP The Pipe and a Pipe.\nP It says “here.\nP It says “there”.')
+        self.assertEqual([(finding["text"], finding["sentence"]) for finding in check["findings"]
+                          if finding["kind"] == "unpairedQuotes"], [("“", "It says “here.")])
+        self.assertEqual(self.of_kind(check, "notUsed"), [])
+
+    def test_a_stray_quotation_mark_hides_no_definition(self):
+        check = self.findings('P It says “here.\nP “**Buyer**” means Acorn.\nP “**Seller**” means Bramble.\nP The Buyer, the Buyer.')
+        self.assertEqual([term["term"] for term in check["defined"]], ["Buyer", "Seller"])
+        self.assertEqual(self.of_kind(check, "notUsed"), ["Seller"])
+
+    def test_an_indexed_contract_has_the_same_findings(self):
+        before = self.findings(FAULTS)
+        self.check("index", "contract.docx", "-o", "indexed.docx")
+        after = json.loads(self.check("check", "indexed.docx", "--json").out)
+        strip = [[{key: value for key, value in finding.items() if key not in ("position", "other", "page")}
+                  for finding in check["findings"]] for check in (before, after)]
+        self.assertEqual(*strip)
+
+    def test_the_text_names_terms_places_and_sentences(self):
+        self.document(lines=FAULTS)
+        out = self.check("check", "contract.docx").out
+        self.assertEqual(out.splitlines()[0], "contract.docx: 8 defined terms, 10 findings")
+        self.assertIn("\n  Defined and not used\n    Spare Part: page 1\n        “Spare Part” means a part that nobody speaks of.\n", out)
+
+    def test_several_contracts_have_a_line_each_and_failures_do_not_stop_them(self):
+        (self.folder / "store").mkdir()
+        for name in ("a.docx", "b.docx"):
+            program.make_document(self.folder / "store" / name, FAULTS)
+        (self.folder / "store/bad.docx").write_text("no document")
+        result = self.check("check", "store", "--json", "--jobs", "2", "--report", "report.jsonl", "--html", "page.html",
+                            status=3)
+        self.assertEqual([json.loads(line)["file"] for line in result.out.splitlines()], ["store/a.docx", "store/b.docx"])
+        reports = [json.loads(line) for line in (self.folder / "report.jsonl").read_text().splitlines()]
+        self.assertEqual([report["status"] for report in reports], ["done", "done", "failed"])
+        page = (self.folder / "page.html").read_text()
+        self.assertEqual(re.findall(r"<h2[^>]*>([^<]*)</h2>", page), ["store/a.docx", "store/b.docx"])
+        self.assertIn("store/bad.docx", page)
+
+    def test_the_page_needs_no_other_file_and_takes_no_orders_from_a_document(self):
+        self.document(lines="P “**Buyer <script>alert(1)</script>**” means Acorn & Sons.\nP “**Price**” means <b>5</b>.")
+        self.check("check", "contract.docx", "--html", "page.html")
+        page = (self.folder / "page.html").read_text()
+        self.assertNotRegex(page, r"<script|<b>|<img|<link|@import|url\(|https?://")
+        self.assertIn("&lt;b&gt;5&lt;/b&gt;", page)
+        self.assertIn("default-src 'none'", page)
+
+    def test_the_page_replaces_no_input(self):
+        self.document()
+        self.check("check", "contract.docx", "--html", "contract.docx", status=2)
+
+    def test_a_run_goes_on_with_its_journal(self):
+        self.document("a.docx", FAULTS)
+        self.document("b.docx")
+        command = ("check", "a.docx", "b.docx", "--json", "--journal", "done.jsonl")
+        first = self.check(*command).out
+        journal = (self.folder / "done.jsonl").read_text()
+        self.assertEqual(self.check(*command).out, first)
+        self.assertEqual((self.folder / "done.jsonl").read_text().count('"done"'), journal.count('"done"'))
+
+
+if __name__ == "__main__":
+    program.main()
