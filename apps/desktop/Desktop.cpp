@@ -80,7 +80,8 @@ void Desktop::Open(const std::string& path) {
   const fs::path absolute = fs::absolute(path, error).lexically_normal();
   docx::DocumentSettings settings{.name = os::ToWindowsPath(absolute.filename().string()),
                                   .path = os::ToWindowsPath(absolute.parent_path().string()),
-                                  .pages = docx::PageSource::kAuto};
+                                  .pages = docx::PageSource::kAuto,
+                                  .drawn = true};
   // The file that is open stays until the next one has been read.
   std::unique_ptr<docx::Package> package = docx::Package::Open(absolute);
   auto file = std::make_unique<DesktopDocument>(absolute);

@@ -75,6 +75,7 @@ struct DocumentSettings {
   std::u16string path;  ///< Document.Path; empty for a document that was never saved
   PageSource pages{PageSource::kFile};
   PdfMaker* pdfMaker{nullptr};  ///< for kPdf; outlives the document
+  bool drawn{false};            ///< its pages will be drawn
 };
 
 /// A word processor in memory over one document: the object model's root, and what its owner needs beside it.

@@ -12,6 +12,7 @@
 #include <QStatusBar>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -29,6 +30,8 @@
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr page::Color kYellow = 0xffff00;
 
 std::string Bytes(const fs::path& path) {
   std::ifstream in(path, std::ios::binary);
@@ -125,39 +128,50 @@ class DesktopTest : public ::testing::Test {
     Choose("&Find and index");
   }
 
-  /// The paragraphs of the body on all pages.
-  std::vector<qt::PageParagraph> Paragraphs() {
-    std::vector<qt::PageParagraph> all;
+  /// A paragraph of the main text as it is drawn, with its number.
+  struct Drawn {
+    int page{1};
+    word::Position start{0};
+    word::Position end{0};
+    std::string text;
+    bool highlighted{false};
+  };
+  std::vector<Drawn> Paragraphs() {
+    std::vector<Drawn> all;
+    bool goesOn = false;
     for (int page = 1; page <= desktop_->Document()->PageCount(); ++page) {
-      for (qt::PageParagraph& paragraph : desktop_->Document()->TextOf(page).body) all.push_back(std::move(paragraph));
+      const page::Display drawing = desktop_->Document()->DrawingOf(page);
+      for (const page::Line& line : drawing.lines) {
+        if (line.story != word::wdMainTextStory) continue;
+        if (!goesOn) all.push_back({page, line.start, line.end, {}, false});
+        for (const page::Run& run : line.runs) {
+          all.back().text += qt::ToQt(run.text).toStdString();
+          all.back().highlighted = all.back().highlighted || run.background == kYellow;
+        }
+        all.back().end = line.end;
+        goesOn = !line.endsParagraph;
+      }
     }
     return all;
   }
-  static std::string TextOf(const qt::PageParagraph& paragraph) {
-    std::u16string text;
-    for (const qt::PageRun& run : paragraph.runs) text += run.text;
-    return qt::ToQt(text).toStdString();
-  }
   std::string WholeText() {
     std::string text;
-    for (const qt::PageParagraph& paragraph : Paragraphs()) text += TextOf(paragraph) + '\n';
+    for (const Drawn& paragraph : Paragraphs()) text += paragraph.text + '\n';
     return text;
   }
   bool Highlighted() {
-    for (const qt::PageParagraph& paragraph : Paragraphs()) {
-      for (const qt::PageRun& run : paragraph.runs) {
-        if (run.look.highlight == word::wdYellow) return true;
-      }
-    }
-    return false;
+    return std::ranges::any_of(Paragraphs(), [](const Drawn& paragraph) { return paragraph.highlighted; });
   }
-  /// The line of the index about a term; empty when there is none.
-  std::string IndexEntry(const std::string& term) {
-    for (const qt::PageParagraph& paragraph : Paragraphs()) {
-      if (paragraph.rightTab && TextOf(paragraph).starts_with(term)) return TextOf(paragraph);
+  /// The paragraph of the index about a term; empty when there is none.
+  Drawn IndexParagraph(const std::string& term) {
+    Drawn found;
+    for (const Drawn& paragraph : Paragraphs()) {
+      const bool numbered = !paragraph.text.empty() && paragraph.text.back() >= '0' && paragraph.text.back() <= '9';
+      if (paragraph.text.starts_with(term) && numbered) found = paragraph;
     }
-    return {};
+    return found;
   }
+  std::string IndexEntry(const std::string& term) { return IndexParagraph(term).text; }
 
   static void SaysYesToUpdating(QWidget& window) {
     EXPECT_EQ(window.windowTitle().toStdString(), "Update only?");
@@ -180,9 +194,9 @@ TEST_F(DesktopTest, ADocumentIsShownWithItsPages) {
   EXPECT_EQ(window_->windowTitle().toStdString(), "contract.docx[*] \u2013 Kelvarin");
   EXPECT_EQ(State().find("Page 1 (1 of "), 0u) << State();
   EXPECT_FALSE(window_->isWindowModified());
-  const qt::PageText first = desktop_->Document()->TextOf(1);
-  ASSERT_FALSE(first.body.empty());
-  EXPECT_GT(first.body.size(), 5u);
+  const page::Display first = desktop_->Document()->DrawingOf(1);
+  EXPECT_GT(first.lines.size(), 20u);
+  EXPECT_GT(Paragraphs().size(), 5u);
 }
 
 TEST_F(DesktopTest, EachCharacterStandsOnThePageThatItsNumberSays) {
@@ -190,10 +204,13 @@ TEST_F(DesktopTest, EachCharacterStandsOnThePageThatItsNumberSays) {
   qt::DocumentSource& pages = *desktop_->Document();
   std::size_t characters = 0;
   for (int page = 1; page <= pages.PageCount(); ++page) {
-    for (const qt::PageParagraph& paragraph : pages.TextOf(page).body) {
-      for (const qt::PageRun& run : paragraph.runs) {
+    for (const page::Line& line : pages.DrawingOf(page).lines) {
+      if (line.story != word::wdMainTextStory) continue;
+      for (const page::Run& run : line.runs) {
+        if (!run.places) continue;
+        const word::Position last = run.position + (run.solid ? 0 : static_cast<int>(run.text.size()) - 1);
         EXPECT_EQ(pages.PageOf({1, run.position}), page);
-        EXPECT_EQ(pages.PageOf({1, run.position + static_cast<int>(run.text.size()) - 1}), page);
+        EXPECT_EQ(pages.PageOf({1, last}), page);
         characters += run.text.size();
       }
     }
@@ -214,6 +231,36 @@ TEST_F(DesktopTest, AClickPlacesTheCursorAndADragSelects) {
   QTest::mouseRelease(View().viewport(), Qt::LeftButton, {}, to);
   EXPECT_EQ(Copied().toStdString(), "Confidential");
   EXPECT_EQ(desktop_->Document()->Selected().end, word.position + 12);
+}
+
+TEST_F(DesktopTest, AClickOnADrawnCharacterPutsTheCursorBesideIt) {
+  for (const char* sample : {"mutual_nda.docx", "share_purchase_agreement.docx", "awkward_licence.docx"}) {
+    SCOPED_TRACE(sample);
+    ASSERT_TRUE(window_->Open((fs::path(KVX_SAMPLES) / sample).string()));
+    int clicks = 0;
+    for (int page = 1; page <= std::min(3, desktop_->Document()->PageCount()); ++page) {
+      const page::Display drawing = desktop_->Document()->DrawingOf(page);
+      for (std::size_t l = 0; l < drawing.lines.size(); l += 3) {
+        const page::Line& line = drawing.lines[l];
+        if (line.story == 0) continue;
+        for (const page::Run& run : line.runs) {
+          const std::size_t unit = run.text.size() / 2;
+          if (!run.places || run.solid || run.rightToLeft || run.edges[unit + 1] - run.edges[unit] < 2) continue;
+          const double width = run.edges[unit + 1] - run.edges[unit];
+          const word::Position position = run.position + static_cast<word::Position>(unit);
+          const QPointF left(run.edges[unit] + width / 4, line.area.y + line.area.height / 2);
+          QTest::mouseClick(View().viewport(), Qt::LeftButton, {}, View().PointOn(page, left));
+          EXPECT_EQ(View().Selected().start, (qt::Place{line.story, position}));
+          ++clicks;
+          if (unit + 1 == run.text.size()) continue;
+          const QPointF right(left.x() + width / 2, left.y());
+          QTest::mouseClick(View().viewport(), Qt::LeftButton, {}, View().PointOn(page, right));
+          EXPECT_EQ(View().Selected().start, (qt::Place{line.story, position + 1}));
+        }
+      }
+    }
+    EXPECT_GT(clicks, 20);
+  }
 }
 
 TEST_F(DesktopTest, KeysMoveTheCursorAndSelect) {
@@ -287,29 +334,16 @@ TEST_F(DesktopTest, AWholeRunByKeysAndMouseLeavesAnIndexThatLeadsToItsPlaces) {
   const QPoint cursor = View().PointOf(index);
   const QPoint below = View().PointOf({1, index.position + 40});
   EXPECT_LT(std::abs(cursor.y() - below.y()), 60) << "the cursor is drawn away from the index";
-  bool found = false;
-  for (const qt::PageParagraph& paragraph : pages.TextOf(pages.PageOf(index)).body) {
-    std::u16string text;
-    for (const qt::PageRun& run : paragraph.runs) text += run.text;
-    if (!paragraph.rightTab || !text.starts_with(u"premises")) continue;
-    found = true;
-    const qt::Place term{1, paragraph.runs.front().position + 1};
-    QTest::mouseClick(View().viewport(), Qt::LeftButton, {}, View().PointOf(term));
-    EXPECT_EQ(Copied().toStdString(), "premises");
-    EXPECT_LT(View().Selected().start.position, index.position);
-    const std::optional<qt::DocumentSource::Selection> page = pages.LinkAt({1, paragraph.end - 1});
-    ASSERT_TRUE(page.has_value()) << qt::ToQt(text).toStdString();
-    const std::u16string label = pages.LabelOf(pages.PageOf(page->start));
-    EXPECT_TRUE(text.ends_with(label)) << qt::ToQt(text).toStdString();
-  }
-  EXPECT_TRUE(found);
-
-  // Highlights are shown.
-  bool highlighted = false;
-  for (const qt::PageParagraph& paragraph : pages.TextOf(1).body) {
-    for (const qt::PageRun& run : paragraph.runs) highlighted = highlighted || run.look.highlight == word::wdYellow;
-  }
-  EXPECT_TRUE(highlighted);
+  const Drawn entry = IndexParagraph("premises");
+  ASSERT_FALSE(entry.text.empty());
+  QTest::mouseClick(View().viewport(), Qt::LeftButton, {}, View().PointOf({1, entry.start + 1}));
+  EXPECT_EQ(Copied().toStdString(), "premises");
+  EXPECT_LT(View().Selected().start.position, index.position);
+  const std::optional<qt::DocumentSource::Selection> page = pages.LinkAt({1, entry.end - 1});
+  ASSERT_TRUE(page.has_value()) << entry.text;
+  const std::string label = qt::ToQt(pages.LabelOf(pages.PageOf(page->start))).toStdString();
+  EXPECT_TRUE(entry.text.ends_with(label)) << entry.text;
+  EXPECT_TRUE(Highlighted());
 }
 
 TEST_F(DesktopTest, TheToolsMenuHasTheFourCommandsOfTheAddInAndNothingElse) {

@@ -7,7 +7,9 @@
 #include <iterator>
 #include <utility>
 
+#include "hosts/docx/layout/Colors.h"
 #include "hosts/docx/layout/Drawings.h"
+#include "hosts/docx/layout/Symbols.h"
 #include "hosts/docx/story/StoryBuilder.h"
 #include "hosts/docx/xml/Utf.h"
 #include "platform/word/Constants.h"
@@ -20,6 +22,8 @@ namespace {
 constexpr int kDeepest = 40;
 constexpr int kMostColumns = 200;
 constexpr int kDefaultSideMargin = 115;
+constexpr float kNoteRule = 2880;    // twips
+constexpr float kWholeRule = 31680;  // as much as there is room for
 
 bool IsElement(XmlNode node) { return node.Type() == XmlType::kElement; }
 
@@ -80,6 +84,25 @@ int CountRows(const XmlPart& part, XmlNode parent) {
   return rows;
 }
 
+/// Whether a field prints the page that it stands on.
+PageField KindOfCode(std::string_view code) {
+  const std::size_t begin = code.find_first_not_of(' ');
+  if (begin == std::string_view::npos) return PageField::kNone;
+  std::string name(code.substr(begin, code.find_first_of(" \\", begin) - begin));
+  std::transform(name.begin(), name.end(), name.begin(), [](char c) { return c >= 'a' && c <= 'z' ? c - 32 : c; });
+  if (name == "PAGE") return PageField::kPage;
+  return name == "NUMPAGES" || name == "SECTIONPAGES" ? PageField::kPageCount : PageField::kNone;
+}
+
+/// The character of a w:sym.
+std::u16string SymbolOf(const XmlPart& part, XmlNode sym) {
+  const std::string_view digits = part.Attribute(sym, "char").Value();
+  unsigned code = 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), code, 16);
+  if (code < 0x20 || code > 0xFFFD || (code >= 0xD800 && code < 0xE000)) code = 0xF0B7;
+  return ShownSymbols(std::u16string(1, static_cast<char16_t>(code)), part.Attribute(sym, "font").Value());
+}
+
 void AppendMathText(XmlNode math, std::u16string& text) {
   for (XmlNode node = math.FirstChild(); node;) {
     if (LocalName(node) == "t") text += ToUtf16(node.OnlyText().value_or(""));
@@ -97,6 +120,12 @@ void AppendMathText(XmlNode math, std::u16string& text) {
 
 std::u16string NoteNumbers::Next(bool footnote) {
   return footnote ? FormatListNumber(footnoteFormat_, ++footnotes_) : FormatListNumber(endnoteFormat_, ++endnotes_);
+}
+
+NoteNumbers NoteNumbers::Fresh() const {
+  NoteNumbers fresh;
+  fresh.SetFormats(footnoteFormat_, endnoteFormat_);
+  return fresh;
 }
 
 void NoteNumbers::SetFormats(std::string footnotes, std::string endnotes) {
@@ -188,10 +217,27 @@ void BlockReader::ReadParagraph(XmlNode element, bool deleted, const TableValues
     if (level.format == "none" && open_->label.empty()) open_->labelStyle = nullptr;
   }
   if (const XmlNode frame = part_.Child(properties, "framePr")) {
-    const std::string_view wrap = part_.Attribute(frame, "wrap").Value();
-    open_->framed = wrap != "notBeside" && wrap != "none" && !part_.Attribute(frame, "dropCap");
+    ReadFrame(frame);
   }
   into.push_back({std::move(open_)});
+}
+
+void BlockReader::ReadFrame(XmlNode framePr) {
+  const std::string_view wrap = part_.Attribute(framePr, "wrap").Value();
+  if (wrap == "notBeside" || wrap == "none" || part_.Attribute(framePr, "dropCap")) return;
+  const auto length = [&](const char* name) { return static_cast<double>(TwipsOf(part_, framePr, name).value_or(0)); };
+  Frame frame;
+  frame.width = std::max(0.0, length("w"));
+  const std::string_view across = part_.Attribute(framePr, "hAnchor").Value();
+  if (across != "page") frame.x = length("x");
+  const std::string_view down = part_.Attribute(framePr, "vAnchor").Value();
+  if (down.empty() || down == "text") frame.y = length("y");
+  const std::string_view side = part_.Attribute(framePr, "xAlign").Value();
+  if (side == "right" || side == "outside") frame.side = Alignment::kRight;
+  if (side == "center") frame.side = Alignment::kCenter;
+  // A frame without a width is as wide as its text, which so stands at the side where the frame does.
+  if (frame.width <= 0 && frame.side != Alignment::kLeft) open_->look.format.alignment = frame.side;
+  open_->frame = frame;
 }
 
 void BlockReader::ReadInlines(XmlNode parent, bool deleted) {
@@ -202,7 +248,9 @@ void BlockReader::ReadInlines(XmlNode parent, bool deleted) {
         break;
       case Tag::kFldSimple:
         Meet(child);
+        fields_.push_back({false, {}, KindOfCode(part_.Attribute(child, "instr").Value())});
         ReadInlines(child, deleted);
+        fields_.pop_back();
         Meet(child);
         break;
       case Tag::kBookmarkStart:
@@ -234,17 +282,25 @@ void BlockReader::FollowField(XmlNode element, bool deleted) {
   if (deleted) return;
   const std::string_view type = part_.Attribute(element, "fldCharType").Value();
   if (type == "begin") {
-    inCode_.push_back(true);
+    fields_.emplace_back();
     ++codes_;
-  } else if (inCode_.empty()) {
+  } else if (fields_.empty()) {
     return;
   } else if (type == "separate") {
-    if (inCode_.back()) --codes_;
-    inCode_.back() = false;
+    if (fields_.back().inCode) --codes_;
+    fields_.back().inCode = false;
+    fields_.back().kind = KindOfCode(fields_.back().code);
   } else if (type == "end") {
-    if (inCode_.back()) --codes_;
-    inCode_.pop_back();
+    if (fields_.back().inCode) --codes_;
+    fields_.pop_back();
   }
+}
+
+PageField BlockReader::FieldKind() const {
+  for (const OpenField& field : fields_) {
+    if (field.kind != PageField::kNone) return field.kind;
+  }
+  return PageField::kNone;
 }
 
 void BlockReader::ReadContent(XmlNode element, XmlNode rPr, bool deleted) {
@@ -253,6 +309,9 @@ void BlockReader::ReadContent(XmlNode element, XmlNode rPr, bool deleted) {
   if (tag == Tag::kFldChar) {
     FollowField(element, deleted);
     return;
+  }
+  if (tag == Tag::kInstrText && !deleted && !fields_.empty() && fields_.back().inCode) {
+    fields_.back().code += element.OnlyText().value_or("");
   }
   if (tag == Tag::kLastRenderedPageBreak) open_->lastBreaks.push_back(position);
   if (deleted || !Shows() || style_->hidden) return;
@@ -284,18 +343,24 @@ void BlockReader::ReadContent(XmlNode element, XmlNode rPr, bool deleted) {
       AddText(u"\u00AD", position, PieceKind::kSoftHyphen);
       break;
     case Tag::kSym:
-      AddText(u"\uF0B7", position);
+      AddText(SymbolOf(part_, element), position);
+      break;
+    case Tag::kSeparator:
+    case Tag::kContinuationSeparator:
+      AddText(u"\u200B", position, PieceKind::kRule);
+      open_->pieces.back().width = tag == Tag::kSeparator ? kNoteRule : kWholeRule;
       break;
     case Tag::kFootnoteReference:
     case Tag::kEndnoteReference: {
       const bool own = static_cast<bool>(part_.Attribute(element, "customMarkFollows"));
       AddText(own ? std::u16string() : notes_.Next(tag == Tag::kFootnoteReference), position, PieceKind::kNote,
               element);
+      open_->pieces.back().solid = true;
       break;
     }
     case Tag::kFootnoteRef:
     case Tag::kEndnoteRef:
-      AddText(noteMark_, position);
+      AddSolid(noteMark_, position);
       break;
     case Tag::kDrawing:
     case Tag::kPict:
@@ -327,15 +392,22 @@ void BlockReader::AddText(std::u16string_view text, Position position, PieceKind
   piece.start = static_cast<std::uint32_t>(open_->text.size());
   piece.length = static_cast<std::uint32_t>(text.size());
   piece.element = element.Data();
+  piece.field = FieldKind();
   open_->text += text;
   if (!text.empty() || kind == PieceKind::kNote) open_->pieces.push_back(piece);
+}
+
+void BlockReader::AddSolid(std::u16string_view text, Position position) {
+  if (text.empty()) return;
+  AddText(text, position);
+  open_->pieces.back().solid = true;
 }
 
 void BlockReader::AddMath(XmlNode math) {
   if (style_ == nullptr || open_->pieces.empty()) style_ = &formats_.Text(part_, {}, open_->look);
   std::u16string text;
   AppendMathText(math, text);
-  AddText(text, atoms_ == nullptr ? 0 : place_.start);
+  AddSolid(text, atoms_ == nullptr ? 0 : place_.start);
 }
 
 void BlockReader::AddObject(double width, double height) {
@@ -360,7 +432,17 @@ std::unique_ptr<Table> BlockReader::ReadTable(XmlNode element, bool deleted) {
   const XmlNode properties = part_.Child(element, "tblPr");
   const SheetStyle* style = formats_.Styles().Table(ValueOf(part_, part_.Child(properties, "tblStyle")));
   ReadWidth(part_, part_.Child(properties, "tblW"), table->width, table->widthShare);
-  table->floating = static_cast<bool>(part_.Child(properties, "tblpPr"));
+  if (const XmlNode place = part_.Child(properties, "tblpPr")) {
+    table->floating = true;
+    const bool byPage = std::string_view(part_.Attribute(place, "horzAnchor").Value()) == "page";
+    if (const auto x = TwipsOf(part_, place, "tblpX"); x && !byPage) table->floatingLeft = *x;
+    if (std::string_view(part_.Attribute(place, "tblpXSpec").Value()) == "right") table->alignment = Alignment::kRight;
+  }
+  table->indent = TwipsOf(part_, part_.Child(properties, "tblInd"), "w").value_or(0);
+  const std::string_view side = ValueOf(part_, part_.Child(properties, "jc"));
+  if (side == "center") table->alignment = Alignment::kCenter;
+  if (side == "right" || side == "end") table->alignment = Alignment::kRight;
+  table->borders = ReadBoxBorders(part_, part_.Child(properties, "tblBorders"));
   for (const XmlNode column : part_.Child(element, "tblGrid").Children(part_.Name("gridCol"))) {
     if (table->grid.size() < kMostColumns) table->grid.push_back(std::max(0, TwipsOf(part_, column, "w").value_or(0)));
   }
@@ -461,8 +543,14 @@ void BlockReader::ReadCells(XmlNode parent, bool deleted, const SheetStyle* styl
           cell.mergedAbove = !cell.mergedBelow;
         }
         const XmlNode borders = part_.Child(properties, "tcBorders");
+        cell.borders = ReadBoxBorders(part_, borders);
+        cell.values = values;
+        const std::optional<page::Color> ofStyle = values == nullptr ? std::nullopt : values->shading;
+        cell.shading = ShadingColor(part_, part_.Child(properties, "shd")).value_or(ofStyle.value_or(page::kNoColor));
         cell.topBorder = BorderWidth(part_, part_.Child(borders, "top"));
         cell.bottomBorder = BorderWidth(part_, part_.Child(borders, "bottom"));
+        const std::string_view upright = ValueOf(part_, part_.Child(properties, "vAlign"));
+        cell.lowered = upright == "center" ? 0.5 : upright == "bottom" ? 1 : 0;
         const std::string_view direction = ValueOf(part_, part_.Child(properties, "textDirection"));
         cell.sideways = direction == "btLr" || direction == "tbRl";
         ReadWidth(part_, part_.Child(properties, "tcW"), cell.preferred, cell.preferredShare);

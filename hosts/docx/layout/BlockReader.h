@@ -17,6 +17,8 @@ class NoteNumbers {
   /// @param format the w:numFmt of the notes
   std::u16string Next(bool footnote);
   void SetFormats(std::string footnotes, std::string endnotes);
+  /// From the first number on, in the same formats.
+  NoteNumbers Fresh() const;
 
  private:
   int footnotes_{0};
@@ -49,6 +51,9 @@ class BlockReader {
   void AddObject(double width, double height);
   void AddMath(XmlNode math);
   void AddText(std::u16string_view text, Position position, PieceKind kind = PieceKind::kText, XmlNode element = {});
+  /// Text all of which stands at one position.
+  void AddSolid(std::u16string_view text, Position position);
+  void ReadFrame(XmlNode framePr);
   std::unique_ptr<Table> ReadTable(XmlNode table, bool deleted);
   void ReadRows(XmlNode parent, bool deleted, const SheetStyle* style, Table& table, int rows);
   void ReadCells(XmlNode parent, bool deleted, const SheetStyle* style, const std::vector<const char*>& places,
@@ -56,6 +61,7 @@ class BlockReader {
   /// Moves on when the next atom is that element's. @return where it stands
   Position Meet(XmlNode element);
   void FollowField(XmlNode element, bool deleted);
+  PageField FieldKind() const;
   bool Shows() const { return codes_ == 0; }
 
   Formats& formats_;
@@ -69,7 +75,13 @@ class BlockReader {
   /// A paragraph whose mark does not show goes on in the next one.
   std::unique_ptr<Paragraph> open_;
   const TextStyle* style_{nullptr};
-  std::vector<bool> inCode_;  // of the fields begun and not ended, outermost first
+  /// A field that was begun and not ended.
+  struct OpenField {
+    bool inCode{true};
+    std::string code;
+    PageField kind{PageField::kNone};
+  };
+  std::vector<OpenField> fields_;  // outermost first
   int codes_{0};
   int depth_{0};
 };

@@ -9,6 +9,7 @@
 #include <variant>
 #include <vector>
 
+#include "hosts/docx/layout/Borders.h"
 #include "hosts/docx/layout/TextStyle.h"
 #include "platform/word/Types.h"
 
@@ -25,7 +26,11 @@ enum class PieceKind : std::uint8_t {
   kObject,  ///< a picture in the line
   kNote,    ///< a reference to a footnote or endnote; its number is the text
   kSoftHyphen,
+  kRule,  ///< the line over footnotes
 };
+
+/// A number that a header prints anew on every page.
+enum class PageField : std::uint8_t { kNone, kPage, kPageCount };
 
 /// A picture or text box that does not stand in the line. Lengths in twips.
 struct Floating {
@@ -47,6 +52,17 @@ struct Piece {
   float width{0};           ///< of an object
   float height{0};
   XmlNodeData* element{nullptr};  ///< of a note's reference
+  int picture{-1};                ///< of an object, in Paragraph::pictures; -1 for none that can be drawn
+  bool solid{false};              ///< all units stand at the position, such as a note's number
+  PageField field{PageField::kNone};
+};
+
+/// Where a frame stands beside the text. Lengths in twips.
+struct Frame {
+  double width{0};  ///< 0 for that of the text in it
+  double x{0};      ///< from the column's edge, for text on the left
+  double y{0};      ///< down from where the text goes on
+  Alignment side{Alignment::kLeft};
 };
 
 struct Paragraph {
@@ -59,13 +75,14 @@ struct Paragraph {
   NumberSuffix suffix{NumberSuffix::kTab};
   Alignment labelAlignment{Alignment::kLeft};
   std::vector<Floating> floats;
+  std::vector<std::string> pictures;  ///< names of parts of the package
   /// Where Word began a page when it last laid the document out, in order.
   std::vector<Position> lastBreaks;
   Position start{0};
   Position end{0};  ///< of the mark
   /// A w:sectPr that ends its section behind this paragraph.
   XmlNode section;
-  bool framed{false};  ///< stands in a frame beside the text
+  std::optional<Frame> frame;  ///< stands beside the text
 };
 
 struct Block;
@@ -82,9 +99,13 @@ struct Cell {
   double right{0};
   std::optional<double> topBorder;  ///< widths; empty for those of the table
   std::optional<double> bottomBorder;
+  double lowered{0};         ///< where its text stands in a higher row: 0 above, 0.5 in the middle, 1 below
   bool sideways{false};      ///< text that runs up or down
   double preferred{0};       ///< width; 0 for none
   double preferredShare{0};  ///< of the table's width
+  BoxBorders borders;        ///< its own ones
+  page::Color shading{page::kNoColor};
+  const TableValues* values{nullptr};  ///< of the table style, for this cell
 };
 
 struct Row {
@@ -103,10 +124,11 @@ struct Table {
   std::vector<Row> rows;
   double width{0};       ///< preferred; 0 for none
   double widthShare{0};  ///< preferred, of the text around
-  bool fixed{false};
   double indent{0};
+  Alignment alignment{Alignment::kLeft};
   bool floating{false};
-  Position start{0};
+  std::optional<double> floatingLeft;  ///< from the column's edge, when it states that
+  BoxBorders borders;                  ///< those that the table states
 };
 
 struct Block {

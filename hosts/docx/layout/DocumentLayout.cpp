@@ -69,8 +69,11 @@ void DocumentLayout::ReadSettings() {
   if (const XmlPart* settings = parts_.Settings()) {
     const XmlNode root = settings->Root();
     lineSettings_.defaultTab = TwipsOf(*settings, settings->Child(root, "defaultTabStop"), "val").value_or(720);
+    options_.mirrored = OnOffOf(*settings, settings->Child(root, "mirrorMargins")).value_or(false);
     options_.evenAndOdd = OnOffOf(*settings, settings->Child(root, "evenAndOddHeaders")).value_or(false);
     const XmlNode compat = settings->Child(root, "compat");
+    lineSettings_.breaksJustify =
+        !OnOffOf(*settings, settings->Child(compat, "doNotExpandShiftReturn")).value_or(false);
     flowSettings_.addSpaces =
         OnOffOf(*settings, settings->Child(compat, "doNotUseHTMLParagraphAutoSpacing")).value_or(false);
     const auto format = [&](const char* notes) {
@@ -120,26 +123,31 @@ void DocumentLayout::MeasureHeaders(SectionGeometry& section, XmlNode sectPr, st
       if (!reference) continue;
       XmlPart* part = parts_.ByRelationship(RelationshipId(reference));
       if (part == nullptr) continue;
-      (header ? section.headerHeights : section.footerHeights)[side] =
-          HeightOf(*part, part->Root(), section.TextWidth());
+      std::vector<Block>*& blocks = headers_[part];
+      if (blocks == nullptr) blocks = &kept_.emplace_back(ReadApart(*part, part->Root()));
+      (header ? section.headers : section.footers)[side] = blocks;
+      (header ? section.headerHeights : section.footerHeights)[side] = HeightOf(*blocks, section.TextWidth());
     }
   }
 }
 
-double DocumentLayout::HeightOf(XmlPart& part, XmlNode container, double width) {
+std::vector<Block> DocumentLayout::ReadApart(XmlPart& part, XmlNode container) {
   NumberCounters counters;
   NoteNumbers notes;
   BlockReader reader(formats_, part, nullptr, counters, notes);
-  const std::vector<Block> blocks = reader.Read(container);
+  return reader.Read(container);
+}
+
+double DocumentLayout::HeightOf(const std::vector<Block>& blocks, double width) {
   FlowBuilder builder(lines_, flowSettings_);
   return builder.Build(blocks, width).Height();
 }
 
-double DocumentLayout::SeparatorHeight(XmlPart& part, Tag note, std::string_view type, double width) {
+std::vector<Block> DocumentLayout::ReadSeparator(XmlPart& part, Tag note, std::string_view type) {
   for (const XmlNode child : part.Root().Children()) {
-    if (part.Is(child, note) && part.Attribute(child, "type").Value() == type) return HeightOf(part, child, width);
+    if (part.Is(child, note) && part.Attribute(child, "type").Value() == type) return ReadApart(part, child);
   }
-  return 0;
+  return {};
 }
 
 void DocumentLayout::MeasureFootnotes(double width) {
@@ -147,20 +155,23 @@ void DocumentLayout::MeasureFootnotes(double width) {
   if (stories.empty()) return;
   const Story& story = *stories.front();
   XmlPart& part = story.Part();
-  options_.noteSeparator = SeparatorHeight(part, Tag::kFootnote, "separator", width);
-  options_.noteContinuation = SeparatorHeight(part, Tag::kFootnote, "continuationSeparator", width);
+  separator_ = &kept_.emplace_back(ReadSeparator(part, Tag::kFootnote, "separator"));
+  continuation_ = &kept_.emplace_back(ReadSeparator(part, Tag::kFootnote, "continuationSeparator"));
+  options_.noteSeparator = HeightOf(*separator_, width);
+  options_.noteContinuation = HeightOf(*continuation_, width);
 
   std::unordered_map<std::string, NoteRoom> byId;
-  NoteNumbers numbers;
-  BlockReader reader(formats_, part, &story, counters_, numbers);
+  NoteNumbers none;
+  NoteNumbers numbers = noteNumbers_.Fresh();
+  BlockReader reader(formats_, part, &story, counters_, none);
   FlowBuilder builder(lines_, flowSettings_);
-  int number = 0;
   for (const Note& note : NotesOf(story)) {
-    reader.SetNoteMark(FormatListNumber("decimal", ++number));
-    const Flow flow = builder.Build(reader.Read(note.element), width);
+    reader.SetNoteMark(numbers.Next(true));
+    const Flow& flow = noteFlows_.emplace_back(builder.Build(kept_.emplace_back(reader.Read(note.element)), width));
     NoteRoom room;
     room.height = flow.Height();
     if (!flow.items.empty()) room.firstLine = flow.items.front().before + flow.items.front().height;
+    room.flow = noteFlows_.size() - 1;
     byId[NoteId(part, note.element)] = room;
   }
   const XmlPart& main = parts_.MainPart();
@@ -178,19 +189,21 @@ void DocumentLayout::AppendEndnotes(Flow& flow, double width) {
   if (stories.empty()) return;
   const Story& story = *stories.front();
   XmlPart& part = story.Part();
+  FlowBuilder builder(lines_, flowSettings_);
   FlowItem separator;
-  separator.height = SeparatorHeight(part, Tag::kEndnote, "separator", width);
   separator.before = flow.after;
   separator.position = -1;
+  Flow rule = builder.Build(kept_.emplace_back(ReadSeparator(part, Tag::kEndnote, "separator")), width);
+  separator.height = rule.Height();
+  if (!rule.items.empty()) separator.shown = rule.items.front().shown;
   flow.items.push_back(std::move(separator));
-  NoteNumbers numbers;
-  BlockReader reader(formats_, part, &story, counters_, numbers);
-  FlowBuilder builder(lines_, flowSettings_);
+  NoteNumbers none;
+  NoteNumbers numbers = noteNumbers_.Fresh();
+  BlockReader reader(formats_, part, &story, counters_, none);
   double after = 0;
-  int number = 0;
   for (const Note& note : NotesOf(story)) {
-    reader.SetNoteMark(FormatListNumber("lowerRoman", ++number));
-    Flow notes = builder.Build(reader.Read(note.element), width);
+    reader.SetNoteMark(numbers.Next(false));
+    Flow notes = builder.Build(kept_.emplace_back(reader.Read(note.element)), width);
     for (FlowItem& item : notes.items) {
       item.endnote = true;
       item.before = std::max(item.before, std::exchange(after, 0));
@@ -202,8 +215,7 @@ void DocumentLayout::AppendEndnotes(Flow& flow, double width) {
 }
 
 void DocumentLayout::LayOut(std::vector<Block> blocks) {
-  const double width = sections_.front()->columns.front();
-  MeasureFootnotes(width);
+  MeasureFootnotes(sections_.front()->columns.front());
   filler_ = std::make_unique<PageFiller>(noteRooms_, options_);
   FlowBuilder builder(lines_, flowSettings_);
   std::size_t section = 0;
@@ -211,11 +223,11 @@ void DocumentLayout::LayOut(std::vector<Block> blocks) {
   const auto finish = [&](bool last) {
     const SectionGeometry& geometry = *sections_[section];
     lines_.Settings().gridPitch = geometry.gridPitch;
-    Flow flow = builder.Build(ofSection, geometry.columns.front());
+    Flow flow = builder.Build(kept_.emplace_back(std::move(ofSection)), geometry.columns.front());
     if (last) AppendEndnotes(flow, geometry.columns.front());
     filler_->BeginSection(geometry);
     const bool balanced = !last && sections_[section + 1]->setup.start == SectionStart::kContinuous;
-    filler_->Fill(flow, balanced, placed_);
+    filler_->Fill(flow, balanced, body_);
     ofSection.clear();
     ++section;
   };
@@ -226,6 +238,7 @@ void DocumentLayout::LayOut(std::vector<Block> blocks) {
     if (ends) finish(false);
   }
   finish(true);
+  PlaceFootnotes();
 }
 
 }  // namespace docx::layout

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "hosts/docx/layout/BlockReader.h"
@@ -14,8 +17,11 @@
 #include "hosts/docx/layout/TextStyle.h"
 #include "hosts/docx/layout/ThemeFonts.h"
 #include "hosts/docx/model/DocumentParts.h"
+#include "platform/page/Display.h"
 
 namespace docx::layout {
+
+class PageDrawer;
 
 /// A whole document laid out: what stands on which page.
 class DocumentLayout {
@@ -28,23 +34,39 @@ class DocumentLayout {
 
   bool KeptLastBreaks() const { return filler_->KeptLastBreaks(); }
   int PageCount() const { return filler_->Page(); }
-  /// In the order of placing.
-  const std::vector<PageFiller::Placed>& Placed() const { return placed_; }
+  /// The lines and rows of main text and endnotes in the order of placing.
+  const std::vector<PageFiller::Placed>& Placed() const { return body_.lines; }
   const std::vector<PageNumbering>& Numberings() const { return filler_->Numberings(); }
   /// By the elements that refer to them.
   const std::unordered_map<const XmlNodeData*, int>& NotePages() const { return filler_->NotePages(); }
+
+  // What does not look at the document's parts any more, so that it may be asked for when they have changed.
+
+  /// What a page shows. Costs what stands on it. @param page from 1 to PageCount()
+  page::Display Draw(int page) const;
+  /// In points.
+  double PaperWidth(int page) const;
+  double PaperHeight(int page) const;
+  /// The page that shows a position of main text, footnotes or endnotes; 1 for other stories.
+  int PageShowing(int story, Position position) const;
+  /// The paragraph of the main text that a position is in; nullptr when none shows.
+  const Paragraph* ParagraphAt(Position position) const;
 
  private:
   void ReadSettings();
   void DescribeFonts();
   void ReadSections(const std::vector<Block>& blocks);
   void MeasureHeaders(SectionGeometry& section, XmlNode sectPr, std::vector<XmlNode>& inherited);
-  double HeightOf(XmlPart& part, XmlNode container, double width);
+  std::vector<Block> ReadApart(XmlPart& part, XmlNode container);
+  double HeightOf(const std::vector<Block>& blocks, double width);
   void MeasureFootnotes(double width);
-  /// The height of a note that only holds a line between text and notes. @param type its w:type
-  double SeparatorHeight(XmlPart& part, Tag note, std::string_view type, double width);
+  /// A note that only holds a line between text and notes. @param type its w:type
+  std::vector<Block> ReadSeparator(XmlPart& part, Tag note, std::string_view type);
   void AppendEndnotes(Flow& flow, double width);
   void LayOut(std::vector<Block> blocks);
+  /// Gives the lines of footnotes their places at the feet of the pages.
+  void PlaceFootnotes();
+  void DrawHeaders(int page, PageDrawer& drawer) const;
 
   DocumentParts& parts_;
   FontLibrary fonts_;
@@ -61,7 +83,17 @@ class DocumentLayout {
   std::vector<std::unique_ptr<SectionGeometry>> sections_;
   NoteRooms noteRooms_;
   std::unique_ptr<PageFiller> filler_;
-  std::vector<PageFiller::Placed> placed_;
+
+  // What is drawn.
+  std::deque<std::vector<Block>> kept_;
+  std::unordered_map<const XmlPart*, std::vector<Block>*> headers_;
+  std::deque<Flow> noteFlows_;
+  const std::vector<Block>* separator_{nullptr};
+  const std::vector<Block>* continuation_{nullptr};
+  PageFiller::Content body_;
+  PageFiller::Content notes_;
+  /// By story, from the main text on: the places of lines and their pages.
+  mutable std::array<std::vector<std::pair<Position, int>>, 3> shownOn_;
 };
 
 }  // namespace docx::layout

@@ -10,12 +10,6 @@ namespace {
 constexpr double kAutomaticSpace = 280;  // twips, as HTML has it
 constexpr double kWideShare = 0.6;       // of the column: beside a wider picture there is no text
 
-bool SameBorders(const Paragraph& a, const Paragraph& b) {
-  const ParagraphFormat& one = a.look.format;
-  const ParagraphFormat& other = b.look.format;
-  return !one.borders->empty() && one.borders == other.borders && one.left == other.left && one.right == other.right;
-}
-
 bool SameStyle(const Paragraph& a, const Paragraph& b) { return a.look.style == b.look.style; }
 
 double SpaceBefore(const Paragraph& paragraph, const Paragraph* previous, bool inCell) {
@@ -54,6 +48,17 @@ double FloatingRoom(const Paragraph& paragraph, double width) {
   return room;
 }
 
+ShownLine Show(const Paragraph& paragraph, const Line& line, double width) {
+  ShownLine shown;
+  shown.paragraph = &paragraph;
+  shown.from = line.from;
+  shown.to = line.to;
+  shown.width = static_cast<float>(width);
+  shown.height = static_cast<float>(line.height);
+  shown.baseline = static_cast<float>(line.baseline);
+  return shown;
+}
+
 Hold HoldOf(const Paragraph& paragraph, std::size_t line, std::size_t lines) {
   if (*paragraph.look.format.keepLines) return Hold::kLines;
   if (*paragraph.look.format.widowControl && (line == 1 || line + 1 == lines)) return Hold::kWidow;
@@ -61,6 +66,12 @@ Hold HoldOf(const Paragraph& paragraph, std::size_t line, std::size_t lines) {
 }
 
 }  // namespace
+
+bool SameBorders(const Paragraph& a, const Paragraph& b) {
+  const ParagraphFormat& one = a.look.format;
+  const ParagraphFormat& other = b.look.format;
+  return !one.borders->empty() && one.borders == other.borders && one.left == other.left && one.right == other.right;
+}
 
 double Flow::Height() const {
   double height = after;
@@ -98,23 +109,38 @@ Flow FlowBuilder::Build(const std::vector<Block>& blocks, double width, bool inC
   return flow;
 }
 
+void FlowBuilder::AddFrame(const Paragraph& paragraph, double width, Before& before, Flow& flow) {
+  const Frame& frame = *paragraph.frame;
+  const double room = frame.width > 0 ? frame.width : width;
+  lines_.Make(paragraph, room, made_);
+  double left = frame.x;
+  if (frame.side == Alignment::kRight) left = width - room;
+  if (frame.side == Alignment::kCenter) left = (width - room) / 2;
+  double top = frame.y;
+  for (const Line& line : made_) {
+    FlowItem item;
+    item.position = line.start;
+    item.before = std::exchange(before.after, 0);
+    item.shown = Show(paragraph, line, room);
+    item.shift = left;
+    item.drop = top;
+    top += line.height;
+    flow.items.push_back(std::move(item));
+  }
+}
+
 void FlowBuilder::AddParagraph(const Paragraph& paragraph, const Paragraph* next, double width, bool inCell,
                                Before& before, Flow& flow) {
   const ParagraphFormat& format = paragraph.look.format;
-  if (paragraph.framed) {
-    FlowItem item;
-    item.position = paragraph.start;
-    item.before = before.after;
-    before.after = 0;
-    flow.items.push_back(std::move(item));
-    return;
-  }
+  if (paragraph.frame) return AddFrame(paragraph, width, before, flow);
   lines_.Make(paragraph, width, made_);
   const double own = SpaceBefore(paragraph, before.paragraph, inCell);
   const double space = settings_.addSpaces ? before.after + own : std::max(before.after, own);
   const bool joinedAbove = before.paragraph != nullptr && SameBorders(*before.paragraph, paragraph);
   const bool joinedBelow = next != nullptr && SameBorders(paragraph, *next);
-  made_.front().height += joinedAbove ? *format.borderBetween : *format.borderTop;
+  const double above = joinedAbove ? *format.borderBetween : *format.borderTop;
+  made_.front().height += above;
+  made_.front().baseline += above;
   if (!joinedBelow) made_.back().height += *format.borderBottom;
 
   BreakBefore forced = std::exchange(before.breakBehind, BreakBefore::kNone);
@@ -136,6 +162,7 @@ void FlowBuilder::AddParagraph(const Paragraph& paragraph, const Paragraph* next
     item.position = line.start;
     item.lastBreak = line.lastBreak;
     item.notes = std::move(line.notes);
+    item.shown = Show(paragraph, line, width);
     if (i == 0) {
       item.before = space;
       item.beforeTop = own;

@@ -22,6 +22,16 @@ enum class Hold : std::uint8_t {
 
 enum class BreakBefore : std::uint8_t { kNone, kColumn, kPage };
 
+/// A line of a paragraph for those who draw it. Lengths in twips.
+struct ShownLine {
+  const Paragraph* paragraph{nullptr};  ///< nullptr for what draws nothing
+  std::uint32_t from{0};                ///< of the paragraph's text
+  std::uint32_t to{0};
+  float width{0};  ///< of the room that it is laid out in, indents and all
+  float height{0};
+  float baseline{0};  ///< from the line's top
+};
+
 /// One line or table row of a flow, from top to bottom. Lengths in twips.
 struct FlowItem {
   double height{0};
@@ -32,9 +42,15 @@ struct FlowItem {
   Position position{0};    ///< negative for what goes on from the page before
   Position lastBreak{-1};  ///< where Word began a page, here or near; -1 for nowhere
   std::vector<XmlNodeData*> notes;
+  ShownLine shown;
+  double drop{0};   ///< how much further down it shows than it is placed
+  double shift{0};  ///< the same to the right, from the flow's left edge
   std::unique_ptr<RowFlow> row;
-  /// Rows that are repeated above this one where it begins a page, with their height.
+  /// Rows that are repeated above this one where it begins a page: their height, how many there are, and how many items
+  /// before this one the first of them is.
   double headerHeight{0};
+  std::uint32_t headers{0};
+  std::uint32_t headersBack{0};
   bool endnote{false};      ///< its position is one of the endnotes' story
   bool sectionMark{false};  ///< an empty paragraph that only ends a section
 };
@@ -52,6 +68,10 @@ struct CellFlow {
   std::size_t next{0};  ///< the first item that has not been placed
   double top{0};
   double bottom{0};
+  const Cell* cell{nullptr};
+  double left{0};  ///< of the cell's edge, from the table's
+  double width{0};
+  double textLeft{0};  ///< of its text, from the table's edge
 };
 
 /// A row's cells, side by side.
@@ -63,6 +83,9 @@ struct RowFlow {
   double border{0};
   bool exact{false};
   bool cannotSplit{false};
+  const Table* table{nullptr};
+  std::size_t number{0};  ///< in the table, from 0
+  double left{0};         ///< of the table's edge, from the flow's
 
   double Height() const;
 };
@@ -91,13 +114,19 @@ class FlowBuilder {
 
   void AddParagraph(const Paragraph& paragraph, const Paragraph* next, double width, bool inCell, Before& before,
                     Flow& flow);
+  void AddFrame(const Paragraph& paragraph, double width, Before& before, Flow& flow);
   void AddTable(const Table& table, double width, Before& before, Flow& flow);
-  std::unique_ptr<RowFlow> BuildRow(const Row& row, const std::vector<double>& columns, double border);
+  /// @param all of the table's columns
+  double TableLeft(const Table& table, double all, double width) const;
+  std::unique_ptr<RowFlow> BuildRow(const Row& row, const std::vector<double>& edges, double border);
 
   LineMaker& lines_;
   FlowSettings settings_;
   std::vector<Line> made_;
 };
+
+/// Whether two paragraphs stand in one box when they are neighbours.
+bool SameBorders(const Paragraph& a, const Paragraph& b);
 
 /// The widths of a table's columns. @param width of the text around it
 std::vector<double> ColumnWidths(const Table& table, double width);

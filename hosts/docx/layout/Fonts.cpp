@@ -74,8 +74,8 @@ bool TakesNoRoom(char32_t character) {
 
 }  // namespace
 
-Font::Font(std::shared_ptr<File> file, double widthFactor, LineMetrics line)
-    : file_(std::move(file)), widthFactor_(widthFactor), line_(line) {
+Font::Font(Names names, std::shared_ptr<File> file, double widthFactor, LineMetrics line)
+    : names_(std::move(names)), file_(std::move(file)), widthFactor_(widthFactor), line_(line) {
   if (line_.Height() <= 0 && file_) line_ = file_->Line();
   if (line_.Height() <= 0) line_ = {0.9, 0.25, 0};
   direct_.fill(-1);
@@ -146,30 +146,29 @@ const Font& FontLibrary::Get(int family, bool bold, bool italic) {
   return *font;
 }
 
-std::unique_ptr<Font> FontLibrary::Make(const std::string& family, bool bold, bool italic) {
+std::unique_ptr<Font> FontLibrary::Make(const std::string& wanted, bool bold, bool italic) {
+  const auto found = [&](const std::string& family, double widthFactor, LineMetrics line) -> std::unique_ptr<Font> {
+    std::shared_ptr<Font::File> file = Open(family, bold, italic);
+    if (!file) return nullptr;
+    return std::make_unique<Font>(Font::Names{wanted, family, bold, italic}, std::move(file), widthFactor, line);
+  };
   const auto firstOf = [&](std::span<const StandIn> standIns) -> std::unique_ptr<Font> {
     for (const StandIn& standIn : standIns) {
-      std::shared_ptr<Font::File> file = Open(standIn.family, bold, italic);
-      if (!file) continue;
-      return std::make_unique<Font>(std::move(file), standIn.widthFactor, standIn.line);
+      if (auto font = found(standIn.family, standIn.widthFactor, standIn.line)) return font;
     }
     return nullptr;
   };
-  if (std::shared_ptr<Font::File> file = Open(family, bold, italic)) {
-    return std::make_unique<Font>(std::move(file), 1, LineMetrics{});
-  }
-  if (auto font = firstOf(StandInsFor(family))) return font;
-  const auto described = descriptions_.find(family);
+  if (auto font = found(wanted, 1, {})) return font;
+  if (auto font = firstOf(StandInsFor(wanted))) return font;
+  const auto described = descriptions_.find(wanted);
   const Description description = described == descriptions_.end() ? Description{} : described->second;
   if (!description.otherName.empty()) {
     const std::string other = FoldFontName(description.otherName);
-    if (std::shared_ptr<Font::File> file = Open(other, bold, italic)) {
-      return std::make_unique<Font>(std::move(file), 1, LineMetrics{});
-    }
+    if (auto font = found(other, 1, {})) return font;
     if (auto font = firstOf(StandInsFor(other))) return font;
   }
   if (auto font = firstOf(StandInsFor(description.kind))) return font;
-  return std::make_unique<Font>(nullptr, 1, LineMetrics{});
+  return std::make_unique<Font>(Font::Names{wanted, wanted, bold, italic}, nullptr, 1, LineMetrics{});
 }
 
 std::shared_ptr<Font::File> FontLibrary::Open(const std::string& family, bool bold, bool italic) {

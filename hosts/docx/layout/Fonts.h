@@ -19,12 +19,23 @@ class Font {
   /// A font file opened; one of its faces.
   struct File;
 
+  /// What a document asks for, and what is taken for it.
+  struct Names {
+    std::string wanted;  ///< in lower case
+    std::string family;  ///< installed; that which is wanted where nothing is
+    bool bold{false};
+    bool italic{false};
+  };
+
   /// @param file nullptr when nothing that could stand in is installed: widths are estimated then
-  Font(std::shared_ptr<File> file, double widthFactor, LineMetrics line);
+  Font(Names names, std::shared_ptr<File> file, double widthFactor, LineMetrics line);
   ~Font();
   Font(const Font&) = delete;
   Font& operator=(const Font&) = delete;
 
+  const Names& Name() const { return names_; }
+  /// Times the widths of the family's own letters.
+  double WidthFactor() const { return widthFactor_; }
   const LineMetrics& Line() const { return line_; }
   /// 0 for characters that only modify others. Of one that the font lacks, what another font would take.
   double Advance(char32_t character) const;
@@ -34,6 +45,7 @@ class Font {
  private:
   double Measure(char32_t character) const;
 
+  Names names_;
   std::shared_ptr<File> file_;
   double widthFactor_;
   LineMetrics line_;
@@ -62,7 +74,7 @@ class FontLibrary {
     std::string otherName;
   };
 
-  std::unique_ptr<Font> Make(const std::string& family, bool bold, bool italic);
+  std::unique_ptr<Font> Make(const std::string& wanted, bool bold, bool italic);
   std::shared_ptr<Font::File> Open(const std::string& family, bool bold, bool italic);
 
   std::map<std::string, int, std::less<>> families_;

@@ -15,12 +15,15 @@ namespace {
 
 class LayoutPaginator : public PageTable {
  public:
-  LayoutPaginator(DocumentParts& parts, bool lastBreaks) {
-    const DocumentLayout layout(parts, lastBreaks);
+  LayoutPaginator(DocumentParts& parts, bool lastBreaks, bool kept) {
+    auto made = std::make_shared<DocumentLayout>(parts, lastBreaks);
+    const DocumentLayout& layout = *made;
+    if (kept) layout_ = std::move(made);
     keptLastBreaks_ = layout.KeptLastBreaks();
     count_ = layout.PageCount();
     numberings_ = layout.Numberings();
     for (const PageFiller::Placed& placed : layout.Placed()) {
+      if (placed.repeated || placed.position < 0) continue;
       (placed.endnote ? endnotes_ : main_).push_back({placed.position, placed.page});
     }
     Compress(main_);
@@ -38,6 +41,8 @@ class LayoutPaginator : public PageTable {
 
   std::string Basis() const override { return keptLastBreaks_ ? "layout and breaks that Word left" : "layout"; }
 
+  std::shared_ptr<const DocumentLayout> Layout() const override { return layout_; }
+
  private:
   static void Compress(std::vector<PageStart>& starts) {
     std::stable_sort(starts.begin(), starts.end(),
@@ -51,12 +56,13 @@ class LayoutPaginator : public PageTable {
   }
 
   bool keptLastBreaks_{false};
+  std::shared_ptr<const DocumentLayout> layout_;
 };
 
 }  // namespace
 
-std::unique_ptr<Paginator> MakeLayoutPaginator(DocumentParts& parts, bool lastBreaks) {
-  return std::make_unique<LayoutPaginator>(parts, lastBreaks);
+std::unique_ptr<Paginator> MakeLayoutPaginator(DocumentParts& parts, bool lastBreaks, bool kept) {
+  return std::make_unique<LayoutPaginator>(parts, lastBreaks, kept);
 }
 
 }  // namespace docx::layout

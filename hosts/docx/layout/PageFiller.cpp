@@ -30,6 +30,7 @@ void PageFiller::BeginSection(const SectionGeometry& section) {
   if (stays && samePaper) {
     top_ += deepest_;
     deepest_ = 0;
+    left_ = section.TextLeft(pages_.back().mirrored);
   } else {
     if (!pageEmpty_) NextPage();
     if (NumberAfter(numberings_.back().NumberOf(page_ - 1), setup).blank) NextPage();
@@ -57,6 +58,10 @@ void PageFiller::MeasurePage() {
   }
   top_ = section_->BodyTop(side);
   bottom_ = section_->BodyBottom(side);
+  const bool mirrored = options_.mirrored && numberings_.back().NumberOf(page_) % 2 == 0;
+  left_ = section_->TextLeft(mirrored);
+  pages_.resize(static_cast<std::size_t>(page_));
+  pages_.back() = {section_, side, mirrored, bottom_};
 }
 
 NoteRoom PageFiller::RoomOfNotes(const FlowItem& item) const {
@@ -120,7 +125,7 @@ PageFiller::Fit PageFiller::FitColumn(const std::vector<FlowItem>& items, std::s
     if (rest + kSlack < 0 && !(item.sectionMark && i > begin)) {
       if (item.row && i >= begin) {
         fit.room = height - used - space - notes - separator;
-        fit.divides = DivideRow(*item.row, fit.room, i == begin, 0, nullptr);
+        fit.divides = DivideRow(*item.row, fit.room, i == begin, {}, nullptr);
       }
       if (!fit.divides) return Shorten(items, begin, i);
       fit.end = i;
@@ -243,25 +248,75 @@ double PageFiller::BalancedHeight(const std::vector<FlowItem>& items, std::size_
   return high;
 }
 
-void PageFiller::Place(const FlowItem& item, double top, std::vector<Placed>& placed) {
-  if (item.position >= 0) placed.push_back({item.position, page_, item.endnote, top, item.height});
-  for (const XmlNodeData* reference : item.notes) notePages_.emplace(reference, page_);
-  if (!item.row) return;
-  for (const CellFlow& cell : item.row->cells) PlaceCell(cell, cell.flow.items.size(), top + item.row->border, placed);
-  for (const FlowItem& beside : item.row->beside) Place(beside, top, placed);
+void PageFiller::Place(const FlowItem& item, Spot spot, Content& placed) {
+  if (!spot.repeated) {
+    for (const XmlNodeData* reference : item.notes) {
+      if (notePages_.emplace(reference, page_).second) noteOrder_.push_back(reference);
+    }
+  }
+  spot.top += item.drop;
+  spot.left += item.shift;
+  spot.endnote = spot.endnote || item.endnote;
+  if (item.position >= 0 || item.shown.paragraph != nullptr) {
+    placed.lines.push_back(
+        {item.position, page_, spot.endnote, spot.repeated, spot.top, item.height, spot.left, item.shown});
+  }
+  if (item.row) PlaceRow(*item.row, item.height > 0 ? item.height : item.row->Height(), spot, placed);
 }
 
-void PageFiller::PlaceCell(const CellFlow& cell, std::size_t end, double top, std::vector<Placed>& placed) {
-  double y = top + cell.top;
-  for (std::size_t i = cell.next; i < end; ++i) {
-    const FlowItem& item = cell.flow.items[i];
-    y += i == cell.next && cell.next > 0 ? 0 : item.before;
-    Place(item, y, placed);
-    y += item.height;
+void PageFiller::PlaceRow(const RowFlow& row, double height, Spot spot, Content& placed) {
+  spot.left += row.left;
+  PlaceBoxes(row, height, spot, placed);
+  for (const CellFlow& cell : row.cells) {
+    double lowered = 0;
+    if (cell.cell != nullptr && cell.cell->lowered > 0 && cell.next == 0) {
+      const double used = cell.top + cell.bottom + cell.flow.Height();
+      lowered = std::max(0.0, height - row.border - used) * cell.cell->lowered;
+    }
+    const double deepest = row.exact ? spot.top + height : 0;
+    Spot inside = spot;
+    inside.left += cell.textLeft;
+    inside.top += row.border + lowered;
+    PlaceCell(cell, cell.flow.items.size(), inside, deepest, placed);
+  }
+  for (const FlowItem& beside : row.beside) Place(beside, spot, placed);
+}
+
+void PageFiller::PlaceBoxes(const RowFlow& row, double height, Spot spot, Content& placed) const {
+  for (const CellFlow& cell : row.cells) {
+    if (cell.cell == nullptr) continue;
+    placed.cells.push_back(
+        {page_, row.table, row.number, cell.cell, spot.left + cell.left, spot.top, cell.width, height});
   }
 }
 
-bool PageFiller::DivideRow(RowFlow& row, double room, bool whatever, double top, std::vector<Placed>* placed) {
+void PageFiller::PlaceCell(const CellFlow& cell, std::size_t end, Spot spot, double deepest, Content& placed) {
+  spot.top += cell.top;
+  for (std::size_t i = cell.next; i < end; ++i) {
+    const FlowItem& item = cell.flow.items[i];
+    spot.top += i == cell.next && cell.next > 0 ? 0 : item.before;
+    const std::size_t first = placed.lines.size();
+    Place(item, spot, placed);
+    spot.top += item.height;
+    if (deepest <= 0) continue;
+    for (std::size_t line = first; line < placed.lines.size(); ++line) {
+      PageFiller::Placed& one = placed.lines[line];
+      if (one.top + one.height > deepest + kSlack) one.shown.paragraph = nullptr;
+    }
+  }
+}
+
+void PageFiller::PlaceHeaders(const std::vector<FlowItem>& items, std::size_t begin, double left, Content& placed) {
+  const FlowItem& item = items[begin];
+  if (item.headers == 0 || item.headersBack > begin) return;
+  Spot spot{left, top_, true, false};
+  for (std::size_t i = begin - item.headersBack; i < begin - item.headersBack + item.headers; ++i) {
+    Place(items[i], spot, placed);
+    spot.top += items[i].height;
+  }
+}
+
+bool PageFiller::DivideRow(RowFlow& row, double room, bool whatever, Spot spot, Content* placed) {
   if (row.exact || (row.cannotSplit && !whatever)) return false;
   std::vector<std::size_t> ends;
   bool rest = false;
@@ -281,7 +336,7 @@ bool PageFiller::DivideRow(RowFlow& row, double room, bool whatever, double top,
       while (back > cell.next && items[back].hold >= Hold::kLines) --back;
       // A row is only divided where each of its cells leaves something on the page.
       bool inner = false;
-      if (back == end && items[end].row) inner = DivideRow(*items[end].row, left, false, 0, nullptr);
+      if (back == end && items[end].row) inner = DivideRow(*items[end].row, left, false, {}, nullptr);
       if (back == cell.next && !inner) {
         if (!whatever) return false;
         back = std::max(end, cell.next);
@@ -294,10 +349,15 @@ bool PageFiller::DivideRow(RowFlow& row, double room, bool whatever, double top,
   }
   if (!rest || !some) return false;
   if (placed == nullptr) return true;
+  spot.left += row.left;
+  PlaceBoxes(row, room, spot, *placed);
   for (std::size_t c = 0; c < row.cells.size(); ++c) {
     CellFlow& cell = row.cells[c];
     double left = room - row.border - cell.top;
-    PlaceCell(cell, ends[c], top + row.border, *placed);
+    Spot inside = spot;
+    inside.left += cell.textLeft;
+    inside.top += row.border;
+    PlaceCell(cell, ends[c], inside, 0, *placed);
     for (std::size_t i = cell.next; i < ends[c]; ++i) {
       const FlowItem& item = cell.flow.items[i];
       left -= item.height + (i == cell.next && cell.next > 0 ? 0 : item.before);
@@ -305,18 +365,19 @@ bool PageFiller::DivideRow(RowFlow& row, double room, bool whatever, double top,
     cell.next = ends[c];
     if (cell.next < cell.flow.items.size()) {
       FlowItem& item = cell.flow.items[cell.next];
-      if (item.row && DivideRow(*item.row, left, false, top + room - left, placed)) {
+      if (item.row &&
+          DivideRow(*item.row, left, false, {inside.left, spot.top + room - left, false, spot.endnote}, placed)) {
         item.height = item.row->Height();
       }
     }
   }
-  for (const FlowItem& beside : row.beside) Place(beside, top, *placed);
+  for (const FlowItem& beside : row.beside) Place(beside, spot, *placed);
   row.beside.clear();
   row.least = std::max(0.0, row.least - room);
   return true;
 }
 
-void PageFiller::Fill(Flow& flow, bool balanced, std::vector<Placed>& placed) {
+void PageFiller::Fill(Flow& flow, bool balanced, Content& placed) {
   std::vector<FlowItem>& items = flow.items;
   TopSpace top = pageEmpty_ ? TopSpace::kOwn : TopSpace::kBehindSection;
   std::size_t column = 0;
@@ -339,15 +400,19 @@ void PageFiller::Fill(Flow& flow, bool balanced, std::vector<Placed>& placed) {
       if (balanced && section_->columns.size() > 1) height = BalancedHeight(items, begin, height, top);
     }
     const Fit fit = KeepLastBreak(items, begin, height, FitColumn(items, begin, height, top, carried_));
+    const double left = left_ + section_->columnLefts[column];
+    if (top == TopSpace::kNone) PlaceHeaders(items, begin, left, placed);
     for (std::size_t i = begin; i < fit.end; ++i) {
       const double used = i - begin < marks_.size() ? marks_[i - begin].used : fit.used;
-      Place(items[i], top_ + used - items[i].height, placed);
+      Place(items[i], {left, top_ + used - items[i].height, false, false}, placed);
     }
     if (fit.divides) {
       FlowItem& item = items[fit.end];
       const double above = fit.used - fit.room;
-      if (item.position >= 0) placed.push_back({item.position, page_, item.endnote, top_ + above, fit.room});
-      DivideRow(*item.row, fit.room, fit.end == begin, top_ + above, &placed);
+      if (item.position >= 0) {
+        placed.lines.push_back({item.position, page_, item.endnote, false, top_ + above, fit.room, left, {}});
+      }
+      DivideRow(*item.row, fit.room, fit.end == begin, {left, top_ + above, false, item.endnote}, &placed);
       item.height = item.row->Height();
       item.before = item.beforeTop = 0;
       item.hold = Hold::kNone;
@@ -357,8 +422,16 @@ void PageFiller::Fill(Flow& flow, bool balanced, std::vector<Placed>& placed) {
     pageEmpty_ = false;
     begin = fit.end;
     carried_ = fit.carried;
+    if (fit.notes > 0) {
+      placedNotes_.push_back({page_, left, section_->columns[column], fit.notes, noteOrder_.size(), fit.carried > 0});
+    }
     columnNotes = std::max(columnNotes, fit.notes);
     deepest_ = std::max(deepest_, fit.used);
+    if (section_->columnRules && column > 0) {
+      const double end = section_->columnLefts[column - 1] + section_->columns[column - 1];
+      const double middle = (end + section_->columnLefts[column]) / 2;
+      placed.rules.push_back({page_, left_ + middle, top_, top_ + deepest_});
+    }
     if (begin >= items.size()) break;
     const BreakBefore wanted = fit.divides ? BreakBefore::kNone : items[begin].breakBefore;
     top = wanted == BreakBefore::kNone ? TopSpace::kNone : TopSpace::kOwn;

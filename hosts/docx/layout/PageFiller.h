@@ -13,6 +13,7 @@ namespace docx::layout {
 struct NoteRoom {
   double height{0};
   double firstLine{0};  ///< what has to stand on the page of the reference
+  std::size_t flow{0};  ///< which of the layout's flows has its lines
 };
 
 using NoteRooms = std::unordered_map<const XmlNodeData*, NoteRoom>;
@@ -24,6 +25,7 @@ class PageFiller {
     bool evenAndOdd{false};      ///< even pages have headers of their own
     double noteSeparator{0};     ///< height of what stands above the notes of a page
     double noteContinuation{0};  ///< the same where notes go on from the page before
+    bool mirrored{false};        ///< even pages have their margins the other way round
     bool lastBreaks{false};      ///< pages that Word began are begun there too, where that is still true
   };
   /// A line or row and the page that it came to stand on.
@@ -31,8 +33,50 @@ class PageFiller {
     Position position{0};
     int page{1};
     bool endnote{false};
-    double top{0};  ///< from the paper's upper edge
+    bool repeated{false};  ///< a table's heading, shown again
+    double top{0};         ///< from the paper's upper edge
     double height{0};
+    double left{0};  ///< of the room of the line's paragraph, from the paper's left edge
+    ShownLine shown;
+  };
+  /// A cell, or the part of one that stands on a page.
+  struct PlacedCell {
+    int page{1};
+    const Table* table{nullptr};
+    std::size_t row{0};
+    const Cell* cell{nullptr};
+    double left{0};
+    double top{0};
+    double width{0};
+    double height{0};
+  };
+  /// A line between two columns.
+  struct ColumnRule {
+    int page{1};
+    double left{0};
+    double top{0};
+    double bottom{0};
+  };
+  struct Content {
+    std::vector<Placed> lines;
+    std::vector<PlacedCell> cells;
+    std::vector<ColumnRule> rules;
+  };
+  /// What a page is like.
+  struct PageRoom {
+    const SectionGeometry* section{nullptr};  ///< which decides about header and footer
+    PageSide side{PageSide::kDefault};
+    bool mirrored{false};
+    double bottom{0};  ///< of the text
+  };
+  /// Room for footnotes at the foot of a column.
+  struct PlacedNotes {
+    int page{1};
+    double left{0};
+    double width{0};
+    double height{0};
+    std::size_t references{0};  ///< how many of NoteOrder() have been placed with it
+    bool goesOn{false};         ///< notes of it go on in the next column
   };
 
   /// @param notes by the footnotes' references; outlives the filler
@@ -41,8 +85,8 @@ class PageFiller {
   /// @param section outlives the filler
   void BeginSection(const SectionGeometry& section);
   /// Places all of a section. @param balanced whether its columns shall end at the same height
-  /// @param placed gets what stands where
-  void Fill(Flow& flow, bool balanced, std::vector<Placed>& placed);
+  /// @param placed gets what stands where, page by page
+  void Fill(Flow& flow, bool balanced, Content& placed);
 
   /// Whether a page began where Word had begun one, and by no reason of the layout alone.
   bool KeptLastBreaks() const { return keptLastBreaks_; }
@@ -52,6 +96,11 @@ class PageFiller {
   const std::vector<PageNumbering>& Numberings() const { return numberings_; }
   /// By the references of the notes placed, footnotes and endnotes.
   const std::unordered_map<const XmlNodeData*, int>& NotePages() const { return notePages_; }
+  /// The references in the order in which they were placed.
+  const std::vector<const XmlNodeData*>& NoteOrder() const { return noteOrder_; }
+  const std::vector<PlacedNotes>& Notes() const { return placedNotes_; }
+  /// From page 1 on.
+  const std::vector<PageRoom>& Pages() const { return pages_; }
 
  private:
   /// What begins a column keeps the space above it, or part of it, for different reasons.
@@ -72,9 +121,20 @@ class PageFiller {
   Fit KeepLastBreak(std::vector<FlowItem>& items, std::size_t begin, double height, const Fit& fit);
   Fit Shorten(const std::vector<FlowItem>& items, std::size_t begin, std::size_t overflow) const;
   double BalancedHeight(const std::vector<FlowItem>& items, std::size_t begin, double height, TopSpace top);
-  void Place(const FlowItem& item, double top, std::vector<Placed>& placed);
-  void PlaceCell(const CellFlow& cell, std::size_t end, double top, std::vector<Placed>& placed);
-  bool DivideRow(RowFlow& row, double room, bool whatever, double top, std::vector<Placed>* placed);
+  /// Where something is placed on the page.
+  struct Spot {
+    double left{0};
+    double top{0};
+    bool repeated{false};
+    bool endnote{false};
+  };
+  void Place(const FlowItem& item, Spot spot, Content& placed);
+  void PlaceRow(const RowFlow& row, double height, Spot spot, Content& placed);
+  void PlaceBoxes(const RowFlow& row, double height, Spot spot, Content& placed) const;
+  /// @param deepest what lies below it does not show
+  void PlaceCell(const CellFlow& cell, std::size_t end, Spot spot, double deepest, Content& placed);
+  void PlaceHeaders(const std::vector<FlowItem>& items, std::size_t begin, double left, Content& placed);
+  bool DivideRow(RowFlow& row, double room, bool whatever, Spot spot, Content* placed);
   NoteRoom RoomOfNotes(const FlowItem& item) const;
   double SpaceAtTop(const FlowItem& item, TopSpace top) const;
   void NextPage();
@@ -95,6 +155,10 @@ class PageFiller {
   bool keptLastBreaks_{false};
   std::vector<PageNumbering> numberings_;
   std::unordered_map<const XmlNodeData*, int> notePages_;
+  std::vector<const XmlNodeData*> noteOrder_;
+  std::vector<PlacedNotes> placedNotes_;
+  std::vector<PageRoom> pages_;
+  double left_{0};  // of the text on this page
 
   /// How a column stood behind each of its items, while it is being filled.
   struct Mark {

@@ -16,7 +16,8 @@ constexpr double kSlack = 0.5;  // twips that a line may be too long for reasons
 // Of the width of a line's blanks: what Word takes from them at most, measured on files that it has laid out.
 constexpr double kShrunk = 0.24;
 constexpr double kSmallCapsSize = 0.8;
-constexpr double kNarrowest = 20;  // twips: a column that is less still takes its text
+constexpr double kExactBaseline = 0.8;  // of a line of stated height
+constexpr double kNarrowest = 20;       // twips: a column that is less still takes its text
 
 bool IsComplexScript(char16_t c) {
   return (c >= 0x0590 && c < 0x0900) || (c >= 0x0900 && c < 0x1100) || (c >= 0x1780 && c < 0x1800) ||
@@ -114,7 +115,7 @@ void LineMaker::MeasureShaped(std::u16string_view text, const Piece& piece, Scri
   }
 }
 
-double LineMaker::WidthOf(std::u16string_view text, const TextStyle& style) {
+double LineMaker::WidthOf(std::u16string_view text, const TextStyle& style) const {
   double width = 0;
   for (const char16_t c : text) {
     const Script script = ScriptOf(c, style);
@@ -124,35 +125,28 @@ double LineMaker::WidthOf(std::u16string_view text, const TextStyle& style) {
   return width;
 }
 
-double LineMaker::NextTab(const Paragraph& paragraph, double x, double right, bool first, TabKind& kind) const {
+double LineMaker::NextTab(const Paragraph& paragraph, double x, double right, bool first, TabStop& stop) const {
   const ParagraphFormat& format = paragraph.look.format;
   constexpr double kPast = 0.5;
-  double stop = -1;
-  kind = TabKind::kLeft;
-  for (const TabStop& tab : format.tabs) {
-    if (tab.position > x + kPast) {
-      stop = tab.position;
-      kind = tab.kind;
-      break;
-    }
-  }
+  const auto tab = std::find_if(format.tabs.begin(), format.tabs.end(),
+                                [&](const TabStop& one) { return one.position > x + kPast; });
+  const bool stated = tab != format.tabs.end();
+  stop = stated ? *tab : TabStop{};
   // A hanging indent is a stop of its own.
   const double hanging = *format.left;
-  if (first && *format.firstLine < 0 && hanging > x + kPast && (stop < 0 || hanging < stop)) {
-    kind = TabKind::kLeft;
+  if (first && *format.firstLine < 0 && hanging > x + kPast && (!stated || hanging < stop.position)) {
+    stop = {};
     return hanging;
   }
-  if (stop < 0) {
+  if (!stated) {
     const double step = std::max(1.0, settings_.defaultTab);
-    stop = (std::floor((x + kPast) / step) + 1) * step;
-    kind = TabKind::kLeft;
-    return stop;
+    return (std::floor((x + kPast) / step) + 1) * step;
   }
-  if (kind != TabKind::kLeft && stop > right) return std::max(right, x);
-  return stop;
+  if (stop.kind != TabKind::kLeft && stop.position > right) return std::max(right, x);
+  return stop.position;
 }
 
-double LineMaker::LabelEnd(const Paragraph& paragraph, double right) {
+double LineMaker::LabelEnd(const Paragraph& paragraph, double right) const {
   const ParagraphFormat& format = paragraph.look.format;
   double x = *format.left + *format.firstLine;
   if (paragraph.labelStyle == nullptr) return x;
@@ -169,8 +163,8 @@ double LineMaker::LabelEnd(const Paragraph& paragraph, double right) {
   }
   switch (paragraph.suffix) {
     case NumberSuffix::kTab: {
-      TabKind kind = TabKind::kLeft;
-      return NextTab(paragraph, x, right, true, kind);
+      TabStop stop;
+      return NextTab(paragraph, x, right, true, stop);
     }
     case NumberSuffix::kSpace:
       return x + WidthOf(u" ", *paragraph.labelStyle);
@@ -199,8 +193,9 @@ std::size_t LineMaker::FindEnd(const Paragraph& paragraph, std::size_t from, dou
       case PieceKind::kColumnBreak:
         return i + 1;
       case PieceKind::kTab: {
-        TabKind kind = TabKind::kLeft;
-        const double stop = NextTab(paragraph, x, right, first, kind);
+        TabStop tab;
+        const double stop = NextTab(paragraph, x, right, first, tab);
+        const TabKind kind = tab.kind;
         if (stop > right + kSlack && i > from && kind == TabKind::kLeft && lastBreak > from) return lastBreak;
         if (kind == TabKind::kLeft) {
           x = stop;
@@ -244,13 +239,17 @@ void LineMaker::Include(Extent& extent, const TextStyle& style, Script script) {
   extent.descent = std::max(extent.descent, (line.descent + line.gap) * size - style.raise);
 }
 
-double LineMaker::HeightOf(const Paragraph& paragraph, std::size_t from, std::size_t to, bool first, bool last) {
+void LineMaker::SetHeight(const Paragraph& paragraph, bool first, bool last, Line& line) const {
   const ParagraphFormat& format = paragraph.look.format;
-  if (*format.lineRule == LineRule::kExact && *format.line > 0) return *format.line;
+  if (*format.lineRule == LineRule::kExact && *format.line > 0) {
+    line.height = *format.line;
+    line.baseline = line.height * kExactBaseline;
+    return;
+  }
   Extent extent;
   const Piece* seen = nullptr;
   Script script = Script::kAscii;
-  for (std::size_t i = from; i < to; ++i) {
+  for (std::size_t i = line.from; i < line.to; ++i) {
     const Piece& piece = paragraph.pieces[units_[i].piece];
     if (&piece == seen && scripts_[i] == script) continue;
     seen = &piece;
@@ -260,52 +259,69 @@ double LineMaker::HeightOf(const Paragraph& paragraph, std::size_t from, std::si
     }
     Include(extent, *piece.style, script);
   }
-  if (last || from == to) Include(extent, *paragraph.mark, Script::kAscii);
+  if (last || line.from == line.to) Include(extent, *paragraph.mark, Script::kAscii);
   if (first && paragraph.labelStyle != nullptr) {
     Include(extent, *paragraph.labelStyle,
             paragraph.label.empty() ? Script::kAscii : ScriptOf(paragraph.label.front(), *paragraph.labelStyle));
   }
-  double height = extent.ascent + extent.descent;
+  const double own = extent.ascent + extent.descent;
+  line.height = own;
+  line.baseline = extent.ascent;
   if (settings_.gridPitch > 0 && *format.snapToGrid && *format.lineRule == LineRule::kAuto) {
-    height = std::ceil(height / settings_.gridPitch - 0.01) * settings_.gridPitch;
+    line.height = std::ceil(own / settings_.gridPitch - 0.01) * settings_.gridPitch;
+    line.baseline += (line.height - own) / 2;
   }
-  if (*format.lineRule == LineRule::kAuto) return *format.line > 0 ? height * *format.line / 240 : height;
-  return std::max<double>(height, *format.line);
+  if (*format.lineRule == LineRule::kAuto) {
+    const double wanted = *format.line > 0 ? line.height * *format.line / 240 : line.height;
+    // Room that a line is given stands below it; what is taken from it, above.
+    line.baseline += std::min(0.0, wanted - line.height);
+    line.height = wanted;
+  } else if (*format.line > line.height) {
+    line.baseline += *format.line - line.height;
+    line.height = *format.line;
+  }
 }
 
 void LineMaker::Make(const Paragraph& paragraph, double width, std::vector<Line>& lines) {
+  MakeFrom(paragraph, 0, width, lines);
+}
+
+void LineMaker::MakeFrom(const Paragraph& paragraph, std::size_t from, double width, std::vector<Line>& lines) {
   Measure(paragraph);
   const ParagraphFormat& format = paragraph.look.format;
   const double left = *format.left;
   const double right = std::max(width - *format.right, left + kNarrowest);
   lines.clear();
-  std::size_t from = 0;
+  const std::size_t begin = from;
   const std::size_t size = paragraph.text.size();
   do {
-    const bool first = lines.empty();
+    const bool first = from == 0 && lines.empty();
     const double start = first ? LabelEnd(paragraph, right) : left;
     const std::size_t to = FindEnd(paragraph, from, start, std::max(right, start + kNarrowest), first);
     Line line;
+    line.from = static_cast<std::uint32_t>(from);
+    line.to = static_cast<std::uint32_t>(to);
     line.start = first ? paragraph.start
                        : paragraph.pieces[units_[from].piece].position +
                              static_cast<Position>(from - paragraph.pieces[units_[from].piece].start);
-    bool more = to < size;
+    const bool more = to < size;
     if (to > from) {
       const PieceKind last = paragraph.pieces[units_[to - 1].piece].kind;
       if (last == PieceKind::kPageBreak) line.behind = BreakBehind::kPage;
       if (last == PieceKind::kColumnBreak) line.behind = BreakBehind::kColumn;
       // The mark goes on the next line behind a line break, and stays with the others.
       if (last == PieceKind::kLineBreak && to == size) {
-        line.height = HeightOf(paragraph, from, to, first, false);
+        SetHeight(paragraph, first, false, line);
         lines.push_back(line);
         Line empty;
+        empty.from = empty.to = line.to;
         empty.start = paragraph.end;
-        empty.height = HeightOf(paragraph, to, to, false, true);
+        SetHeight(paragraph, false, true, empty);
         lines.push_back(empty);
         break;
       }
     }
-    line.height = HeightOf(paragraph, from, to, first, !more);
+    SetHeight(paragraph, first, !more, line);
     lines.push_back(std::move(line));
     from = to;
     if (!more) break;
@@ -313,6 +329,7 @@ void LineMaker::Make(const Paragraph& paragraph, double width, std::vector<Line>
   // Word's lines need not be ours: a page that it began in a line's second half began with the next line.
   std::size_t broken = 0;
   for (const Position lastBreak : paragraph.lastBreaks) {
+    if (begin > 0 && lastBreak <= lines.front().start) continue;
     while (broken + 1 < lines.size() && lines[broken + 1].start <= lastBreak) ++broken;
     const Position end = broken + 1 < lines.size() ? lines[broken + 1].start : paragraph.end;
     const bool second = broken + 1 < lines.size() && lastBreak - lines[broken].start > end - lastBreak;
@@ -321,7 +338,7 @@ void LineMaker::Make(const Paragraph& paragraph, double width, std::vector<Line>
   // Notes go with the line that their reference stands on.
   std::size_t at = 0;
   for (const Piece& piece : paragraph.pieces) {
-    if (piece.kind != PieceKind::kNote) continue;
+    if (piece.kind != PieceKind::kNote || piece.start < begin) continue;
     while (at + 1 < lines.size() && lines[at + 1].start <= piece.position) ++at;
     lines[at].notes.push_back(piece.element);
   }

@@ -10,8 +10,9 @@ namespace docx::layout {
 /// What a document's settings say about lines. Lengths in twips.
 struct LineSettings {
   double defaultTab{720};
-  double gridPitch{0};    ///< of a grid that lines snap to; 0 for none
-  int compatibility{15};  ///< the version of Word, as it numbers itself: 12 for 2007, 15 from 2013 on
+  double gridPitch{0};       ///< of a grid that lines snap to; 0 for none
+  bool breaksJustify{true};  ///< a line that ends with a line break is justified as others are
+  int compatibility{15};     ///< the version of Word, as it numbers itself: 12 for 2007, 15 from 2013 on
 };
 
 /// What comes behind a line.
@@ -20,7 +21,10 @@ enum class BreakBehind : std::uint8_t { kNone, kPage, kColumn };
 /// One line of a paragraph.
 struct Line {
   double height{0};
+  double baseline{0};  ///< from the line's top
   Position start{0};
+  std::uint32_t from{0};  ///< of the paragraph's text
+  std::uint32_t to{0};
   BreakBehind behind{BreakBehind::kNone};
   Position lastBreak{-1};           ///< where Word began a page, at the line's start or near it; -1 for nowhere
   std::vector<XmlNodeData*> notes;  ///< references to notes, in order
@@ -34,6 +38,22 @@ class LineMaker {
   LineSettings& Settings() { return settings_; }
   /// @param width of the column or cell @param lines gets at least one
   void Make(const Paragraph& paragraph, double width, std::vector<Line>& lines);
+  /// The same from a unit of its text on, which begins a line.
+  void MakeFrom(const Paragraph& paragraph, std::size_t from, double width, std::vector<Line>& lines);
+
+  // For those who draw lines.
+
+  /// Finds out the width of each unit and what it is set in.
+  void Measure(const Paragraph& paragraph);
+  /// @pre the paragraph was measured last
+  double UnitWidth(std::size_t unit) const { return units_[unit].width; }
+  std::uint32_t PieceAt(std::size_t unit) const { return units_[unit].piece; }
+  Script ScriptAt(std::size_t unit) const { return scripts_[unit]; }
+  double WidthOf(std::u16string_view text, const TextStyle& style) const;
+  /// Where the text of a first line begins: behind the paragraph's number.
+  double LabelEnd(const Paragraph& paragraph, double right) const;
+  /// The stop behind a place. @param stop gets what it is
+  double NextTab(const Paragraph& paragraph, double x, double right, bool first, TabStop& stop) const;
 
  private:
   /// A unit of the text with what the layout needs of it.
@@ -46,14 +66,10 @@ class LineMaker {
     double descent{0};
   };
 
-  void Measure(const Paragraph& paragraph);
   void MeasureText(const Paragraph& paragraph, const Piece& piece);
   void MeasureShaped(std::u16string_view text, const Piece& piece, Script script, std::size_t from);
   std::size_t FindEnd(const Paragraph& paragraph, std::size_t from, double start, double right, bool first);
-  double NextTab(const Paragraph& paragraph, double x, double right, bool first, TabKind& kind) const;
-  double LabelEnd(const Paragraph& paragraph, double right);
-  double WidthOf(std::u16string_view text, const TextStyle& style);
-  double HeightOf(const Paragraph& paragraph, std::size_t from, std::size_t to, bool first, bool last);
+  void SetHeight(const Paragraph& paragraph, bool first, bool last, Line& line) const;
   static void Include(Extent& extent, const TextStyle& style, Script script);
 
   LineSettings settings_;

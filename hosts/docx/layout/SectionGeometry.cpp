@@ -12,23 +12,30 @@ namespace {
 constexpr double kPerPoint = 20;
 constexpr double kNarrowest = 20;
 
-std::vector<double> ReadColumns(const XmlPart& part, XmlNode columns, double width, int count) {
+void ReadColumns(const XmlPart& part, XmlNode columns, int count, SectionGeometry& section) {
+  const double width = section.TextWidth();
   const std::optional<bool> equal = [&]() -> std::optional<bool> {
     const std::string_view text = part.Attribute(columns, "equalWidth").Value();
     if (text.empty()) return {};
     return text == "1" || text == "true" || text == "on";
   }();
-  std::vector<double> widths;
+  std::vector<double>& widths = section.columns;
+  double left = 0;
   if (!equal.value_or(true)) {
     for (const XmlNode column : columns.Children(part.Name("col"))) {
       if (static_cast<int>(widths.size()) >= count) break;
       widths.push_back(std::max(kNarrowest, static_cast<double>(TwipsOf(part, column, "w").value_or(0))));
+      section.columnLefts.push_back(left);
+      left += widths.back() + TwipsOf(part, column, "space").value_or(0);
     }
-    if (!widths.empty()) return widths;
+    if (!widths.empty()) return;
   }
   const double space = TwipsOf(part, columns, "space").value_or(720);
   widths.assign(static_cast<std::size_t>(count), std::max(kNarrowest, (width - (count - 1) * space) / count));
-  return widths;
+  for (const double column : widths) {
+    section.columnLefts.push_back(left);
+    left += column + space;
+  }
 }
 
 }  // namespace
@@ -63,7 +70,12 @@ SectionGeometry ReadSectionGeometry(const XmlPart& part, XmlNode sectPr) {
   section.gutter = length("gutter", 0);
   section.header = std::max(0.0, length("header", 720));
   section.footer = std::max(0.0, length("footer", 720));
-  section.columns = ReadColumns(part, part.Child(sectPr, "cols"), section.TextWidth(), section.setup.columns);
+  const XmlNode columns = part.Child(sectPr, "cols");
+  ReadColumns(part, columns, section.setup.columns, section);
+  const std::string_view rules = part.Attribute(columns, "sep").Value();
+  section.columnRules = rules == "1" || rules == "true" || rules == "on";
+  const std::string_view upright = ValueOf(part, part.Child(sectPr, "vAlign"));
+  section.lowered = upright == "center" ? 0.5 : upright == "bottom" ? 1 : 0;
   section.titlePage = OnOffOf(part, part.Child(sectPr, "titlePg")).value_or(false);
   const XmlNode grid = part.Child(sectPr, "docGrid");
   const std::string_view type = part.Attribute(grid, "type").Value();

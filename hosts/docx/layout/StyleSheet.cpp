@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "hosts/docx/layout/Colors.h"
 #include "hosts/docx/layout/Fonts.h"
 
 namespace docx::layout {
@@ -34,6 +35,11 @@ TableValues ReadTableValues(const XmlPart& part, XmlNode node, FontLibrary& font
   const XmlNode borders = part.Child(tblPr, "tblBorders");
   values.borderInside = BorderWidth(part, part.Child(borders, "insideH"));
   values.borderOutside = BorderWidth(part, part.Child(borders, "top"));
+  const XmlNode tcPr = part.Child(node, "tcPr");
+  values.cellBorders = ReadBoxBorders(part, part.Child(tcPr, "tcBorders"));
+  values.shading = ShadingColor(part, part.Child(tcPr, "shd"));
+  // What a part of the table says of its borders is said of the cells there.
+  (LocalName(node) == "tblStylePr" ? values.cellBorders : values.tableBorders).Inherit(ReadBoxBorders(part, borders));
   return values;
 }
 
@@ -72,6 +78,9 @@ void TableValues::Inherit(const TableValues& base) {
   margins.Inherit(base.margins);
   Fill(borderInside, base.borderInside);
   Fill(borderOutside, base.borderOutside);
+  tableBorders.Inherit(base.tableBorders);
+  cellBorders.Inherit(base.cellBorders);
+  Fill(shading, base.shading);
 }
 
 StyleSheet::StyleSheet(const XmlPart* part, const Numbering& numbering, FontLibrary& fonts, const ThemeFonts& theme,

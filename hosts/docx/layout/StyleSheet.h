@@ -28,6 +28,9 @@ struct TableValues {
   CellMargins margins;
   std::optional<int> borderInside;  ///< what horizontal borders take, in twips
   std::optional<int> borderOutside;
+  BoxBorders tableBorders;
+  BoxBorders cellBorders;
+  std::optional<page::Color> shading;
 
   void Inherit(const TableValues& base);
 };

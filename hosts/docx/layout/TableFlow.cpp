@@ -9,13 +9,18 @@ namespace docx::layout {
 namespace {
 
 constexpr double kLeastCellWidth = 20;  // twips
+/// The version of Word, as it numbers itself.
+constexpr int kIndentsEdge = 15;
 
-double SpanWidth(const std::vector<double>& columns, const Cell& cell) {
-  double width = 0;
-  for (int i = cell.column; i < cell.column + cell.span && i < static_cast<int>(columns.size()); ++i) {
-    width += columns[static_cast<std::size_t>(i)];
-  }
-  return width;
+/// Where columns begin, and the last one ends.
+std::vector<double> EdgesOf(const std::vector<double>& columns) {
+  std::vector<double> edges(columns.size() + 1, 0);
+  std::partial_sum(columns.begin(), columns.end(), edges.begin() + 1);
+  return edges;
+}
+
+double EdgeAt(const std::vector<double>& edges, int column) {
+  return edges[std::min(static_cast<std::size_t>(column), edges.size() - 1)];
 }
 
 /// What the first paragraph of a row says about staying with the next one.
@@ -48,6 +53,8 @@ void Spread(Merge& merge, std::vector<FlowItem>& rows, std::size_t begin, std::s
     y += item.before;
     while (row + 1 < end && y >= bottom + rows[row].height) bottom += rows[row++].height;
     y += item.height;
+    item.drop += y - item.height - bottom;
+    item.shift += merge.left;
     item.height = 0;
     item.before = 0;
     rows[row].row->beside.push_back(std::move(item));
@@ -93,7 +100,16 @@ std::vector<double> ColumnWidths(const Table& table, double width) {
   return columns;
 }
 
-std::unique_ptr<RowFlow> FlowBuilder::BuildRow(const Row& row, const std::vector<double>& columns, double border) {
+double FlowBuilder::TableLeft(const Table& table, double all, double width) const {
+  if (table.alignment == Alignment::kRight) return width - all;
+  if (table.alignment == Alignment::kCenter) return (width - all) / 2;
+  // Up to Word 2010 the text of the first cell stands where the indent says, from then on the cell's edge.
+  const Row& first = table.rows.front();
+  const bool byText = lines_.Settings().compatibility < kIndentsEdge && !first.cells.empty();
+  return table.indent - (byText ? first.cells.front().left : 0);
+}
+
+std::unique_ptr<RowFlow> FlowBuilder::BuildRow(const Row& row, const std::vector<double>& edges, double border) {
   auto built = std::make_unique<RowFlow>();
   built->least = row.height;
   built->exact = row.exact && row.height > 0;
@@ -103,11 +119,18 @@ std::unique_ptr<RowFlow> FlowBuilder::BuildRow(const Row& row, const std::vector
     CellFlow flow;
     flow.top = cell.top;
     flow.bottom = cell.bottom;
-    const double width = std::max(SpanWidth(columns, cell) - cell.left - cell.right, kLeastCellWidth);
+    flow.cell = &cell;
+    flow.left = EdgeAt(edges, cell.column);
+    flow.width = EdgeAt(edges, cell.column + cell.span) - flow.left;
+    flow.textLeft = flow.left + cell.left;
+    const double width = std::max(flow.width - cell.left - cell.right, kLeastCellWidth);
     // Text that runs up or down has the row's height for its lines; without one it does not make the row higher.
     if (cell.sideways) {
       flow.flow = Build(cell.blocks, row.height > 0 ? row.height : width, true);
-      for (FlowItem& item : flow.flow.items) item.height = item.before = 0;
+      for (FlowItem& item : flow.flow.items) {
+        item.height = item.before = 0;
+        item.shown.paragraph = nullptr;
+      }
       flow.flow.after = 0;
     } else {
       flow.flow = Build(cell.blocks, width, true);
@@ -123,10 +146,13 @@ std::unique_ptr<RowFlow> FlowBuilder::BuildRow(const Row& row, const std::vector
 
 void FlowBuilder::AddTable(const Table& table, double width, Before& before, Flow& flow) {
   const std::vector<double> columns = ColumnWidths(table, width);
+  const std::vector<double> edges = EdgesOf(columns);
+  const double left = TableLeft(table, edges.back(), width);
   const std::size_t begin = flow.items.size();
   std::vector<Merge> merges;
   bool keep = before.keepNext;
   double headerHeight = 0;
+  std::uint32_t headerRows = 0;
   bool headers = true;
   double space = before.after;
   for (std::size_t r = 0; r < table.rows.size(); ++r) {
@@ -135,8 +161,11 @@ void FlowBuilder::AddTable(const Table& table, double width, Before& before, Flo
     FlowItem item;
     // Of the two borders that meet between rows the wider one shows.
     const double above = std::max(row.topBorder, r > 0 ? table.rows[r - 1].bottomBorder : 0);
-    item.row = BuildRow(row, columns, above + (last ? row.bottomBorder : 0));
+    item.row = BuildRow(row, edges, above + (last ? row.bottomBorder : 0));
     item.position = row.start;
+    item.row->table = &table;
+    item.row->number = r;
+    item.row->left = left;
     // A cell that is merged with others gives its text to the last of them.
     for (std::size_t c = 0; c < row.cells.size(); ++c) {
       const Cell& cell = row.cells[c];
@@ -145,6 +174,7 @@ void FlowBuilder::AddTable(const Table& table, double width, Before& before, Flo
         Merge merge;
         merge.column = cell.column;
         merge.top = built.top;
+        merge.left = built.textLeft;
         merge.needs = built.top + built.bottom + built.flow.Height();
         merge.flow = std::move(built.flow);
         merge.firstRow = flow.items.size();
@@ -153,6 +183,7 @@ void FlowBuilder::AddTable(const Table& table, double width, Before& before, Flo
       } else if (cell.mergedAbove) {
         for (FlowItem& hidden : built.flow.items) {
           hidden.height = hidden.before = 0;
+          hidden.shown.paragraph = nullptr;
           item.row->beside.push_back(std::move(hidden));
         }
         built.flow = {};
@@ -189,16 +220,26 @@ void FlowBuilder::AddTable(const Table& table, double width, Before& before, Flo
     keep = KeepsWithNext(row) || headers;
     if (headers) {
       headerHeight += item.height;
+      ++headerRows;
     } else {
       item.headerHeight = headerHeight;
+      item.headers = headerRows;
+      item.headersBack = static_cast<std::uint32_t>(r);
     }
     flow.items.push_back(std::move(item));
   }
   if (table.floating) {
     // A table that floats stands beside the text when that has room; most do not leave any.
-    const double all = std::accumulate(columns.begin(), columns.end(), 0.0);
+    const double all = edges.back();
     if (all < width / 2) {
-      for (std::size_t i = begin; i < flow.items.size(); ++i) flow.items[i].height = 0;
+      double drop = 0;
+      for (std::size_t i = begin; i < flow.items.size(); ++i) {
+        FlowItem& item = flow.items[i];
+        item.drop = drop;
+        drop += std::exchange(item.height, 0);
+        if (table.floatingLeft) item.row->left = *table.floatingLeft;
+        if (table.alignment == Alignment::kRight) item.row->left = width - all;
+      }
     }
   }
   before.after = 0;

@@ -8,6 +8,8 @@ namespace {
 
 constexpr double kPerHalfPoint = 10;  // twips
 constexpr double kRaisedSize = 2.0 / 3;
+constexpr double kSuperscriptLift = 0.33;  // of the size that the characters would have on the line
+constexpr double kSubscriptLift = -0.14;
 
 const CharacterValues kNoCharacterValues;
 const ParagraphFormat kNoFormat;
@@ -172,6 +174,7 @@ TextStyle Formats::Settle(const CharacterValues& direct, const CharacterValues& 
   style.sizeComplex = all.sizeComplex.value_or(20) * kPerHalfPoint;
   style.kerned = all.kerning.value_or(0) > 0 && all.size.value_or(20) >= *all.kerning;
   if (all.vertical.value_or(0) != 0) {
+    style.lift = style.size * (*all.vertical > 0 ? kSuperscriptLift : kSubscriptLift);
     style.size *= kRaisedSize;
     style.sizeComplex *= kRaisedSize;
   }
@@ -183,6 +186,11 @@ TextStyle Formats::Settle(const CharacterValues& direct, const CharacterValues& 
   style.caps = toggled(CharacterValues::kCaps);
   style.smallCaps = toggled(CharacterValues::kSmallCaps);
   style.hidden = toggled(CharacterValues::kHidden);
+  style.strike = toggled(CharacterValues::kStrike);
+  style.underline = all.underline.value_or(page::Stroke::kNone);
+  style.color = all.color.value_or(page::kNoColor);
+  style.background = all.highlight.value_or(page::kNoColor);
+  if (style.background == page::kNoColor) style.background = all.shading.value_or(page::kNoColor);
   return style;
 }
 

@@ -26,6 +26,11 @@ struct TextStyle {
   bool smallCaps{false};
   bool hidden{false};
   bool kerned{false};
+  double lift{0};  ///< of raised and lowered characters, upwards; the line's height leaves it out
+  bool strike{false};
+  page::Stroke underline{page::Stroke::kNone};
+  page::Color color{page::kNoColor};       ///< page::kNoColor for the one that fits the background
+  page::Color background{page::kNoColor};  ///< of the highlight, or the shading
 
   double SizeFor(Script script) const { return script == Script::kComplex ? sizeComplex : size; }
   const Font& FontFor(Script script) const { return *fonts[static_cast<std::size_t>(script)]; }

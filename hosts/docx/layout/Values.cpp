@@ -4,6 +4,7 @@
 #include <charconv>
 #include <unordered_map>
 
+#include "hosts/docx/layout/Colors.h"
 #include "hosts/docx/layout/Fonts.h"
 #include "hosts/docx/layout/ThemeFonts.h"
 #include "hosts/docx/styles/PropertyValues.h"
@@ -30,6 +31,10 @@ enum class CharacterProperty : std::uint8_t {
   kKerning,
   kVertical,
   kComplex,
+  kColor,
+  kHighlight,
+  kShading,
+  kUnderline,
 };
 
 struct NamedProperty {
@@ -48,6 +53,12 @@ const std::unordered_map<std::string_view, NamedProperty>& CharacterProperties()
       {"caps", {P::kToggle, CharacterValues::kCaps}},
       {"smallCaps", {P::kToggle, CharacterValues::kSmallCaps}},
       {"vanish", {P::kToggle, CharacterValues::kHidden}},
+      {"strike", {P::kToggle, CharacterValues::kStrike}},
+      {"dstrike", {P::kToggle, CharacterValues::kStrike}},
+      {"color", {P::kColor}},
+      {"highlight", {P::kHighlight}},
+      {"shd", {P::kShading}},
+      {"u", {P::kUnderline}},
       {"sz", {P::kSize}},
       {"szCs", {P::kSizeComplex}},
       {"spacing", {P::kSpacing}},
@@ -105,6 +116,23 @@ void ReadBorders(const XmlPart& part, XmlNode borders, ParagraphFormat& format) 
     all += ';';
   }
   format.borders = all;
+  format.box = std::make_shared<BoxBorders>(ReadBoxBorders(part, borders));
+}
+
+char16_t LeaderOf(std::string_view name) {
+  if (name == "dot") return u'.';
+  if (name == "middleDot") return u'\u00B7';
+  if (name == "hyphen") return u'-';
+  return name == "underscore" || name == "heavy" ? u'_' : u'\0';
+}
+
+page::Stroke UnderlineOf(std::string_view kind) {
+  using page::Stroke;
+  if (kind.empty() || kind == "none") return Stroke::kNone;
+  if (kind == "double") return Stroke::kDouble;
+  if (kind.starts_with("wav")) return Stroke::kWave;
+  if (kind.starts_with("dotted")) return Stroke::kDotted;
+  return kind.starts_with("dash") || kind.starts_with("dot") ? Stroke::kDashed : Stroke::kSolid;
 }
 
 void ReadTabs(const XmlPart& part, XmlNode tabs, ParagraphFormat& format) {
@@ -120,6 +148,7 @@ void ReadTabs(const XmlPart& part, XmlNode tabs, ParagraphFormat& format) {
                 : kind == "decimal"                ? TabKind::kDecimal
                 : kind == "bar"                    ? TabKind::kBar
                                                    : TabKind::kLeft;
+    stop.leader = LeaderOf(part.Attribute(tab, "leader").Value());
     format.tabs.push_back(stop);
   }
   std::stable_sort(format.tabs.begin(), format.tabs.end(),
@@ -206,6 +235,10 @@ void CharacterValues::Inherit(const CharacterValues& base) {
   Fill(vertical, base.vertical);
   Fill(complex, base.complex);
   Fill(eastAsiaHint, base.eastAsiaHint);
+  Fill(color, base.color);
+  Fill(highlight, base.highlight);
+  Fill(shading, base.shading);
+  Fill(underline, base.underline);
 }
 
 void ParagraphFormat::Inherit(const ParagraphFormat& base) {
@@ -234,6 +267,8 @@ void ParagraphFormat::Inherit(const ParagraphFormat& base) {
   Fill(borderBottom, base.borderBottom);
   Fill(borderBetween, base.borderBetween);
   Fill(borders, base.borders);
+  if (!box) box = base.box;
+  Fill(shading, base.shading);
   if (base.tabs.empty()) return;
   // A stop here, a clearing one too, replaces that of the base at its place.
   const std::size_t own = tabs.size();
@@ -285,6 +320,18 @@ CharacterValues ReadCharacterValues(const XmlPart& part, XmlNode rPr, FontLibrar
       case CharacterProperty::kComplex:
         values.complex = OnOffOf(part, child);
         break;
+      case CharacterProperty::kColor:
+        values.color = ParseColor(ValueOf(part, child));
+        break;
+      case CharacterProperty::kHighlight:
+        values.highlight = HighlightColor(part, child);
+        break;
+      case CharacterProperty::kShading:
+        values.shading = ShadingColor(part, child);
+        break;
+      case CharacterProperty::kUnderline:
+        values.underline = UnderlineOf(ValueOf(part, child));
+        break;
     }
   }
   return values;
@@ -319,6 +366,8 @@ ParagraphFormat ReadParagraphFormat(const XmlPart& part, XmlNode pPr) {
       format.numberLevel = NumberOf(part, part.Child(child, "ilvl"));
     } else if (name == "pBdr") {
       ReadBorders(part, child, format);
+    } else if (name == "shd") {
+      format.shading = ShadingColor(part, child);
     } else if (name == "tabs") {
       ReadTabs(part, child, format);
     }

@@ -4,12 +4,15 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "hosts/docx/layout/Borders.h"
 #include "hosts/docx/xml/XmlPart.h"
+#include "platform/page/Display.h"
 
 namespace docx::layout {
 
@@ -19,10 +22,10 @@ class ThemeFonts;
 /// Which of a run's fonts a character is set in.
 enum class Script : std::uint8_t { kAscii, kHighAnsi, kEastAsia, kComplex };
 
-/// What one w:rPr says of the room that characters take; what it leaves open is empty.
+/// What one w:rPr says of how characters show; what it leaves open is empty.
 struct CharacterValues {
-  enum Toggle : std::uint8_t { kBold, kItalic, kBoldComplex, kItalicComplex, kCaps, kSmallCaps, kHidden };
-  static constexpr std::size_t kToggles = 7;
+  enum Toggle : std::uint8_t { kBold, kItalic, kBoldComplex, kItalicComplex, kCaps, kSmallCaps, kHidden, kStrike };
+  static constexpr std::size_t kToggles = 8;
 
   std::array<std::optional<int>, 4> families;  ///< by Script; numbers of the font library
   std::array<std::optional<bool>, kToggles> toggles;
@@ -35,6 +38,10 @@ struct CharacterValues {
   std::optional<int> vertical;     ///< 0 on the line, 1 superscript, -1 subscript
   std::optional<bool> complex;     ///< the complex script's font and size count
   std::optional<bool> eastAsiaHint;
+  std::optional<page::Color> color;  ///< page::kNoColor for the one that fits the background
+  std::optional<page::Color> highlight;
+  std::optional<page::Color> shading;
+  std::optional<page::Stroke> underline;
 
   /// Fills what is open.
   void Inherit(const CharacterValues& base);
@@ -47,6 +54,7 @@ enum class TabKind : std::uint8_t { kLeft, kCenter, kRight, kDecimal, kBar, kCle
 struct TabStop {
   int position{0};  ///< twips from the text's edge, indents left out
   TabKind kind{TabKind::kLeft};
+  char16_t leader{0};  ///< what fills the room before it; 0 for nothing
 };
 
 /// The same for a w:pPr. Lengths in twips.
@@ -75,8 +83,10 @@ struct ParagraphFormat {
   std::optional<int> borderTop;  ///< what the border and its distance take; 0 for none
   std::optional<int> borderBottom;
   std::optional<int> borderBetween;
-  std::optional<std::string> borders;  ///< tells paragraphs with other borders
-  std::vector<TabStop> tabs;           ///< in order; kClear takes one of the base away
+  std::optional<std::string> borders;     ///< tells paragraphs with other borders
+  std::shared_ptr<const BoxBorders> box;  ///< the same to be drawn; nullptr for none
+  std::optional<page::Color> shading;
+  std::vector<TabStop> tabs;  ///< in order; kClear takes one of the base away
 
   void Inherit(const ParagraphFormat& base);
 };

@@ -207,6 +207,21 @@ XmlPart* DocumentParts::ByRelationship(std::string_view id) {
   return nullptr;
 }
 
+std::string DocumentParts::Media(const std::string& name) const {
+  try {
+    return package_->Has(name) ? package_->Read(name) : std::string();
+  } catch (const PackageError&) {
+    return {};
+  }
+}
+
+std::string DocumentParts::TargetOf(const XmlPart& part, std::string_view id) const {
+  for (const Relationship& relationship : package_->Relationships(part.PartName())) {
+    if (relationship.id == id && !relationship.external) return relationship.target;
+  }
+  return {};
+}
+
 std::string DocumentParts::EnsureIndexStyle(int level) {
   if (!stylesPart_) {
     const std::string folder = mainPart_->PartName().substr(0, mainPart_->PartName().find_last_of('/') + 1);

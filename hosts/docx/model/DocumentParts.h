@@ -43,6 +43,10 @@ class DocumentParts {
   XmlPart* Related(const char* typeEnding) { return LoadRelated(typeEnding).get(); }
   /// The same by the relationship's id.
   XmlPart* ByRelationship(std::string_view id);
+  /// The bytes of a part that is no text of the document, such as a picture; empty for one that cannot be read.
+  std::string Media(const std::string& name) const;
+  /// The name of the part that a part's relationship leads to; empty for none, and outside of the package.
+  std::string TargetOf(const XmlPart& part, std::string_view id) const;
   /// Makes sure that a paragraph style of indexes exists; see IndexStyles.h. @return its id
   std::string EnsureIndexStyle(int level);
   /// Takes away the styles that EnsureIndexStyle added, now or in an earlier run, unless a paragraph still has one.

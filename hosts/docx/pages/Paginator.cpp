@@ -6,11 +6,11 @@
 
 namespace docx {
 
-std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source, PdfMaker* pdfMaker) {
+std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source, PdfMaker* pdfMaker, bool drawn) {
   switch (source) {
     case PageSource::kAuto:
     case PageSource::kLayout:
-      return layout::MakeLayoutPaginator(parts, source == PageSource::kAuto);
+      return layout::MakeLayoutPaginator(parts, source == PageSource::kAuto, drawn);
     case PageSource::kPdf:
       return std::make_unique<PdfPaginator>(parts, *pdfMaker);
     case PageSource::kFile:

@@ -10,6 +10,10 @@ namespace docx {
 
 class DocumentParts;
 
+namespace layout {
+class DocumentLayout;
+}
+
 /// The pages of a document as it stood when the paginator was made; any change to its text or page set-up spoils it.
 /// Pages count from 1 through the whole document, whatever number is printed on them; blank pages that an odd or even
 /// section start leaves count.
@@ -31,11 +35,15 @@ class Paginator {
   virtual std::u16string LabelOf(int page) const = 0;
   /// What the numbers rest on, as a short English phrase for reports: "an estimate".
   virtual std::string Basis() const = 0;
+  /// What the pages look like; nullptr when nobody asked for that, or the pages come from elsewhere.
+  virtual std::shared_ptr<const layout::DocumentLayout> Layout() const { return nullptr; }
 };
 
 /// Never nullptr. @param parts outlives the paginator @param pdfMaker needed for kPdf only
+/// @param drawn the pages will be drawn: a layout is kept
 /// @throws PackageError when a part that the pages depend on cannot be read
 /// @throws word::HostError when there is no PDF
-std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source, PdfMaker* pdfMaker);
+std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source, PdfMaker* pdfMaker,
+                                         bool drawn = false);
 
 }  // namespace docx

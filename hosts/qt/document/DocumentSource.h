@@ -2,8 +2,8 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
+#include "platform/page/Display.h"
 #include "platform/word/Constants.h"
 #include "platform/word/Types.h"
 
@@ -17,64 +17,13 @@ struct Place {
   bool operator==(const Place&) const = default;
 };
 
-/// How characters show.
-struct TextLook {
-  double size{11};  ///< in points
-  bool bold{false};
-  bool raised{false};                  ///< a note's number
-  int color{word::wdColorAutomatic};   ///< a WdColor
-  int highlight{word::wdNoHighlight};  ///< a WdColorIndex
-
-  bool operator==(const TextLook&) const = default;
-};
-
-/// Characters that show in one way; the first stands at the position, each next one unit behind.
-struct PageRun {
-  word::Position position{0};
-  std::u16string text;
-  TextLook look;
-};
-
-enum class Align { kLeft, kCenter, kRight, kBoth };
-
-/// A paragraph, or the part of it that stands on a page. Lengths in points.
-struct PageParagraph {
-  int story{word::wdMainTextStory};
-  word::Position start{0};  ///< before the first character, also one that does not show
-  word::Position end{0};    ///< behind the last character, before the mark
-  std::vector<PageRun> runs;
-  std::u16string label;  ///< its number or bullet; empty for none, and on the pages after its first
-  Align align{Align::kLeft};
-  double left{0};
-  double right{0};
-  double firstLine{0};  ///< negative for a hanging indent
-  double before{0};
-  double after{0};
-  double lineHeight{1};  ///< times the font's own
-  bool rightTab{false};  ///< a tab goes to the right edge, as in an index
-  int row{-1};           ///< cells of one number stand side by side; -1 outside of tables
-  int cell{0};           ///< from 0
-  int cells{1};          ///< of the row
-};
-
-struct PageText {
-  std::vector<PageParagraph> body;
-  std::vector<PageParagraph> notes;  ///< footnotes
-};
-
 /// In points.
 struct Paper {
   double width{612};
   double height{792};
-  double left{72};
-  double top{72};
-  double right{72};
-  double bottom{72};
 };
 
-/// What a window shows of a document: its pages, as page numbers count them, and what stands on each. The window flows
-/// the text of a page itself; a page whose text needs more room than its paper grows, so that the numbers stay those
-/// of the index.
+/// What a window shows of a document: its pages, as page numbers count them, and what stands on each.
 class DocumentSource {
  public:
   DocumentSource() = default;
@@ -88,9 +37,13 @@ class DocumentSource {
   virtual std::u16string LabelOf(int page) const = 0;
   /// What the numbers rest on, as a phrase: "an estimate".
   virtual std::string PagesFrom() const = 0;
+  /// The page that shows a place.
   virtual int PageOf(const Place& place) const = 0;
-  virtual PageText TextOf(int page) const = 0;
   virtual Paper PaperOf(int page) const = 0;
+  /// What a page shows; made anew at each call.
+  virtual page::Display DrawingOf(int page) const = 0;
+  /// The bytes of a picture that a page shows, in whatever format it has; empty when there is none.
+  virtual std::string PictureOf(const std::string& name) const = 0;
 
   struct Selection {
     Place start;

@@ -20,14 +20,21 @@ namespace {
 constexpr double kGap = 14;  ///< between pages, in points
 constexpr double kLeastZoom = 0.25;
 constexpr double kMostZoom = 4;
-/// Laid out pages that are kept.
+/// Pages that are kept.
 constexpr std::size_t kKept = 60;
+/// Kilobytes of pictures that are kept.
+constexpr qsizetype kPictures = 64 * 1024;
+/// Pixels: more than a page shows at the highest zoom.
+constexpr int kWidestPicture = 3000;
 /// Pixels at 100 % for each point.
 constexpr double kPixels = 96.0 / 72;
 
 }  // namespace
 
-DocumentView::DocumentView(QWidget* parent) : QAbstractScrollArea(parent) {
+DocumentView::DocumentView(QWidget* parent)
+    : QAbstractScrollArea(parent),
+      pictures_(kPictures),
+      painter_([this](const std::string& name) { return Picture(name); }) {
   setFocusPolicy(Qt::StrongFocus);
   setAccessibleName(QStringLiteral("Document"));
   viewport()->setCursor(Qt::IBeamCursor);
@@ -47,6 +54,7 @@ DocumentView::DocumentView(QWidget* parent) : QAbstractScrollArea(parent) {
 }
 
 void DocumentView::SetSource(DocumentSource* source) {
+  pictures_.clear();
   Reload(source);
   verticalScrollBar()->setValue(0);
   horizontalScrollBar()->setValue(horizontalScrollBar()->maximum() / 2);
@@ -98,7 +106,7 @@ void DocumentView::Arrange() {
   horizontalScrollBar()->setValue(horizontalScrollBar()->maximum() / 2 + side);
 }
 
-const PageLayout* DocumentView::Page(int page) const {
+const PagePlaces* DocumentView::Page(int page) const {
   const auto found = pages_.find(page);
   if (found != pages_.end()) return found->second.get();
   if (frozen_ || source_ == nullptr) return nullptr;
@@ -108,8 +116,19 @@ const PageLayout* DocumentView::Page(int page) const {
                      ? pages_.begin()
                      : std::prev(pages_.end()));
   }
-  auto made = std::make_unique<PageLayout>(source_->TextOf(page), source_->PaperOf(page), source_->LabelOf(page));
-  return (pages_[page] = std::move(made)).get();
+  return (pages_[page] = std::make_unique<PagePlaces>(source_->DrawingOf(page))).get();
+}
+
+QImage DocumentView::Picture(const std::string& name) {
+  const QString key = ToQt(name);
+  if (const QImage* known = pictures_.object(key)) return *known;
+  if (frozen_ || source_ == nullptr) return {};
+  const std::string bytes = source_->PictureOf(name);
+  QImage image = QImage::fromData(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+  if (image.width() > kWidestPicture) image = image.scaledToWidth(kWidestPicture, Qt::SmoothTransformation);
+  // One that cannot be read is not tried again.
+  pictures_.insert(key, new QImage(image), std::max<qsizetype>(1, image.sizeInBytes() / 1024));
+  return image;
 }
 
 int DocumentView::PageAt(double y) const {
@@ -131,33 +150,20 @@ void DocumentView::paintEvent(QPaintEvent* event) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setRenderHint(QPainter::TextAntialiasing);
   const DocumentSource::Selection selection = Selected();
-  const int first = PageAt(verticalScrollBar()->value() / Scale());
-  bool grew = false;
+  const int first = PageAt((verticalScrollBar()->value() + event->rect().top()) / Scale());
   for (int page = first; page <= static_cast<int>(heights_.size()); ++page) {
     const QPointF origin = PageOrigin(page);
     if (origin.y() > event->rect().bottom()) break;
-    const PageLayout* layout = Page(page);
-    double& height = heights_[static_cast<std::size_t>(page - 1)];
-    if (layout != nullptr && std::abs(layout->Height() - height) > 0.5) {
-      height = layout->Height();
-      grew = true;
-    }
-    const double width = widths_[static_cast<std::size_t>(page - 1)];
+    const std::size_t index = static_cast<std::size_t>(page - 1);
+    const QRectF paper(0, 0, widths_[index] * Scale(), heights_[index] * Scale());
     painter.save();
     painter.translate(origin);
-    painter.scale(Scale(), Scale());
     painter.setPen(QPen(palette().color(QPalette::Dark), 0));
     painter.setBrush(Qt::white);
-    painter.drawRect(QRectF(0, 0, width, height));
-    painter.setClipRect(QRectF(0, 0, width, height));
-    if (layout != nullptr) layout->Draw(painter, palette(), selection);
+    painter.drawRect(paper);
+    painter.setClipRect(paper);
+    if (const PagePlaces* shown = Page(page)) painter_.Draw(painter, Scale(), shown->Drawing(), palette(), selection);
     painter.restore();
-    if (grew) break;
-  }
-  if (grew) {
-    // Those below begin further down; the rest is drawn when they stand where they belong.
-    Arrange();
-    viewport()->update();
   }
   if (const std::optional<QRectF> cursor = CursorRect(); cursor && blink_ && hasFocus()) {
     painter.fillRect(QRectF(cursor->topLeft(), QSizeF(std::max(1.5, Scale()), cursor->height())), Qt::black);
@@ -167,8 +173,8 @@ void DocumentView::paintEvent(QPaintEvent* event) {
 std::optional<QRectF> DocumentView::CursorRect() const {
   if (source_ == nullptr || heights_.empty() || frozen_) return {};
   const int page = CurrentPage();
-  const PageLayout* layout = Page(page);
-  const std::optional<QRectF> rect = layout == nullptr ? std::nullopt : layout->CursorAt(cursor_);
+  const PagePlaces* places = Page(page);
+  const std::optional<QRectF> rect = places == nullptr ? std::nullopt : places->CursorAt(cursor_);
   if (!rect) return {};
   return QRectF(PageOrigin(page) + rect->topLeft() * Scale(), rect->size() * Scale());
 }
@@ -204,8 +210,8 @@ void DocumentView::SelectStretch(const DocumentSource::Selection& selection) {
 
 void DocumentView::SelectAll() {
   if (source_ == nullptr) return;
-  const PageLayout* first = Page(1);
-  const PageLayout* last = Page(static_cast<int>(heights_.size()));
+  const PagePlaces* first = Page(1);
+  const PagePlaces* last = Page(static_cast<int>(heights_.size()));
   if (first == nullptr || last == nullptr || !first->First() || !last->Last()) return;
   anchor_ = *first->First();
   cursor_ = {anchor_.story, last->Last()->position};
@@ -261,11 +267,16 @@ QPoint DocumentView::PointOf(const Place& place) {
   return rect ? rect->center().toPoint() : QPoint(-1, -1);
 }
 
+QPoint DocumentView::PointOn(int page, QPointF point) {
+  verticalScrollBar()->setValue(static_cast<int>((TopOf(page) + point.y()) * Scale() - viewport()->height() / 2.0));
+  return (PageOrigin(page) + point * Scale()).toPoint();
+}
+
 std::optional<Place> DocumentView::PlaceAt(QPoint point) const {
   if (heights_.empty()) return {};
   const int page = PageAt((point.y() + verticalScrollBar()->value()) / Scale());
-  const PageLayout* layout = Page(page);
-  return layout == nullptr ? std::nullopt : layout->PlaceAt((QPointF(point) - PageOrigin(page)) / Scale());
+  const PagePlaces* places = Page(page);
+  return places == nullptr ? std::nullopt : places->PlaceAt((QPointF(point) - PageOrigin(page)) / Scale());
 }
 
 void DocumentView::mousePressEvent(QMouseEvent* event) {
@@ -297,10 +308,10 @@ void DocumentView::mouseReleaseEvent(QMouseEvent* event) {
 
 void DocumentView::mouseDoubleClickEvent(QMouseEvent* event) {
   const std::optional<Place> place = PlaceAt(event->position().toPoint());
-  const PageLayout* layout = place ? Page(source_->PageOf(*place)) : nullptr;
-  if (layout == nullptr) return;
-  const Place end = layout->Step(*place, true, true).value_or(*place);
-  anchor_ = layout->Step(end, false, true).value_or(*place);
+  const PagePlaces* places = place ? Page(source_->PageOf(*place)) : nullptr;
+  if (places == nullptr) return;
+  const Place end = places->Step(*place, true, true).value_or(*place);
+  anchor_ = places->Step(end, false, true).value_or(*place);
   cursor_ = end;
   moved_ = true;
   Moved();
@@ -308,13 +319,13 @@ void DocumentView::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void DocumentView::MoveByStep(bool forward, bool words, bool extend) {
   const int page = CurrentPage();
-  const PageLayout* layout = Page(page);
-  if (layout == nullptr) return;
-  std::optional<Place> next = layout->Step(cursor_, forward, words);
+  const PagePlaces* places = Page(page);
+  if (places == nullptr) return;
+  std::optional<Place> next = places->Step(cursor_, forward, words);
   if (!next && cursor_.story == word::wdMainTextStory) {
     const int other = page + (forward ? 1 : -1);
     const bool exists = other >= 1 && other <= static_cast<int>(heights_.size());
-    const PageLayout* beyond = exists ? Page(other) : nullptr;
+    const PagePlaces* beyond = exists ? Page(other) : nullptr;
     if (beyond != nullptr) next = forward ? beyond->First() : beyond->Last();
   }
   if (next && next->story == cursor_.story) MoveTo(*next, extend);
@@ -341,7 +352,7 @@ void DocumentView::keyPressEvent(QKeyEvent* event) {
   if (source_ == nullptr || frozen_) return;
   const bool extend = event->modifiers().testFlag(Qt::ShiftModifier);
   const bool control = event->modifiers().testFlag(Qt::ControlModifier);
-  const PageLayout* layout = Page(CurrentPage());
+  const PagePlaces* places = Page(CurrentPage());
   switch (event->key()) {
     case Qt::Key_Left:
       return MoveByStep(false, control, extend);
@@ -361,10 +372,10 @@ void DocumentView::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_End: {
       const bool end = event->key() == Qt::Key_End;
       if (!control) {
-        if (layout != nullptr) MoveTo(layout->LineEdge(cursor_, end), extend);
+        if (places != nullptr) MoveTo(places->LineEdge(cursor_, end), extend);
         return;
       }
-      const PageLayout* page = Page(end ? static_cast<int>(heights_.size()) : 1);
+      const PagePlaces* page = Page(end ? static_cast<int>(heights_.size()) : 1);
       const std::optional<Place> place = page == nullptr ? std::nullopt : end ? page->Last() : page->First();
       if (place) MoveTo(*place, extend);
       return;

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QAbstractScrollArea>
+#include <QCache>
+#include <QImage>
 #include <QTimer>
 
 #include <functional>
@@ -9,12 +11,13 @@
 #include <vector>
 
 #include "hosts/qt/document/DocumentSource.h"
-#include "hosts/qt/document/PageLayout.h"
+#include "hosts/qt/document/PagePainter.h"
+#include "hosts/qt/document/PagePlaces.h"
 
 namespace qt {
 
 /// Shows the pages of a document one below the other, with a cursor and a selection to place by mouse and keyboard.
-/// Pages are laid out when they come into sight.
+/// What a page shows is asked for when it comes into sight.
 class DocumentView : public QAbstractScrollArea {
  public:
   explicit DocumentView(QWidget* parent = nullptr);
@@ -23,7 +26,7 @@ class DocumentView : public QAbstractScrollArea {
   void SetSource(DocumentSource* source);
   /// The document has changed; the place in sight stays. @param source as above, perhaps a new one
   void Reload(DocumentSource* source);
-  /// While the document is being changed, only what was laid out before is shown.
+  /// While the document is being changed, only what was in sight before is shown.
   void SetFrozen(bool frozen);
 
   double Zoom() const { return zoom_; }
@@ -43,6 +46,8 @@ class DocumentView : public QAbstractScrollArea {
 
   // For tests: where a place stands in the viewport, after it was brought into sight.
   QPoint PointOf(const Place& place);
+  /// The same for a point of a page.
+  QPoint PointOn(int page, QPointF point);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -57,7 +62,8 @@ class DocumentView : public QAbstractScrollArea {
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
-  const PageLayout* Page(int page) const;
+  const PagePlaces* Page(int page) const;
+  QImage Picture(const std::string& name);
   void Arrange();
   double TopOf(int page) const { return tops_[static_cast<std::size_t>(page - 1)]; }
   double Scale() const;
@@ -80,7 +86,9 @@ class DocumentView : public QAbstractScrollArea {
   std::vector<double> heights_;
   std::vector<double> widths_;
   double widest_{0};
-  mutable std::map<int, std::unique_ptr<PageLayout>> pages_;
+  mutable std::map<int, std::unique_ptr<PagePlaces>> pages_;
+  QCache<QString, QImage> pictures_;
+  PagePainter painter_;
   Place anchor_;
   Place cursor_;
   double column_{-1};  ///< where lines up and down keep to; -1: where the cursor stands

@@ -46,6 +46,16 @@ class Document {
     return *this;
   }
 
+  /// A header or footer, the first part that is added. @pre a section refers to it as rId1
+  Document& WithHeader(const std::string& blocks) {
+    package_->Add("word/header1.xml", "<w:hdr xmlns:w=\"" + kUri + "\">" + blocks + "</w:hdr>",
+                  "application/vnd.openxmlformats-officedocument.wordprocessingml.header+xml");
+    package_->AddRelationship("word/document.xml",
+                              "http://schemas.openxmlformats.org/officeDocument/2006/relationships/header",
+                              "word/header1.xml");
+    return *this;
+  }
+
   docx::DocumentParts& Parts() {
     if (!parts_) parts_ = std::make_unique<docx::DocumentParts>(std::move(package_));
     return *parts_;

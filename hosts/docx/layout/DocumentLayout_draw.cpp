@@ -1,0 +1,182 @@
+#include <algorithm>
+#include <iterator>
+#include <span>
+#include <utility>
+
+#include "hosts/docx/layout/DocumentLayout.h"
+#include "hosts/docx/layout/PageDrawer.h"
+#include "hosts/docx/layout/PageFields.h"
+#include "hosts/docx/pages/PageLabels.h"
+#include "platform/word/Constants.h"
+
+namespace docx::layout {
+
+namespace {
+
+constexpr double kPerPoint = 20;
+constexpr double kSlack = 1;  // twips
+/// Of a room that what is laid out in it never fills.
+constexpr double kEndless = 1e9;
+
+/// What stands on one page, of things in the order of pages.
+template <typename Thing>
+std::span<const Thing> OnPage(const std::vector<Thing>& things, int page) {
+  const auto first = std::partition_point(things.begin(), things.end(), [&](const Thing& t) { return t.page < page; });
+  const auto last = std::partition_point(first, things.end(), [&](const Thing& t) { return t.page == page; });
+  return {first, last};
+}
+
+/// Places a flow in a column that stands alone. Lengths in twips.
+PageFiller::Content PlaceApart(Flow& flow, double left, double top, double width) {
+  SectionGeometry column;
+  column.left = left;
+  column.gutter = 0;
+  column.top = -top;
+  column.height = kEndless;
+  column.bottom = 0;
+  column.columns = {width};
+  column.columnLefts = {0};
+  const NoteRooms none;
+  PageFiller filler(none, {});
+  filler.BeginSection(column);
+  PageFiller::Content placed;
+  filler.Fill(flow, false, placed);
+  return placed;
+}
+
+/// Puts the items of one flow behind those of another.
+void Append(Flow& flow, Flow&& more) {
+  for (FlowItem& item : more.items) {
+    item.before = std::max(item.before, std::exchange(flow.after, 0));
+    flow.items.push_back(std::move(item));
+  }
+  flow.after = std::max(flow.after, more.after);
+}
+
+}  // namespace
+
+void DocumentLayout::PlaceFootnotes() {
+  if (separator_ == nullptr) return;
+  FlowBuilder builder(lines_, flowSettings_);
+  Flow waiting;
+  std::size_t taken = 0;
+  const std::vector<PageFiller::PlacedNotes>& rooms = filler_->Notes();
+  const std::vector<const XmlNodeData*>& references = filler_->NoteOrder();
+  for (std::size_t r = 0; r < rooms.size();) {
+    const PageFiller::PlacedNotes& room = rooms[r];
+    const bool goesOn = !waiting.items.empty();
+    Flow foot = builder.Build(goesOn ? *continuation_ : *separator_, room.width);
+    for (FlowItem& item : foot.items) item.position = -1;
+    // Sections that share a page share the foot of their column.
+    for (; r < rooms.size() && rooms[r].page == room.page && rooms[r].left == room.left; ++r) {
+      for (; taken < rooms[r].references; ++taken) {
+        const auto note = noteRooms_.find(references[taken]);
+        if (note != noteRooms_.end()) Append(waiting, std::move(noteFlows_[note->second.flow]));
+      }
+      double left = rooms[r].height - foot.Height();
+      const bool all = !rooms[r].goesOn || r + 1 == rooms.size();
+      std::size_t fits = 0;
+      for (; fits < waiting.items.size(); ++fits) {
+        const FlowItem& item = waiting.items[fits];
+        left -= item.before + item.height;
+        if (!all && fits > 0 && left + kSlack < 0) break;
+      }
+      Flow now;
+      const auto end = waiting.items.begin() + static_cast<std::ptrdiff_t>(fits);
+      now.items.assign(std::move_iterator(waiting.items.begin()), std::move_iterator(end));
+      waiting.items.erase(waiting.items.begin(), end);
+      if (waiting.items.empty()) now.after = std::exchange(waiting.after, 0);
+      Append(foot, std::move(now));
+    }
+    const double bottom = filler_->Pages()[static_cast<std::size_t>(room.page - 1)].bottom;
+    PageFiller::Content placed = PlaceApart(foot, room.left, std::max(1.0, bottom - foot.Height()), room.width);
+    const auto keep = [&](auto& from, auto& into) {
+      for (auto& thing : from) {
+        thing.page = room.page;
+        into.push_back(std::move(thing));
+      }
+    };
+    keep(placed.lines, notes_.lines);
+    keep(placed.cells, notes_.cells);
+  }
+}
+
+double DocumentLayout::PaperWidth(int page) const {
+  return filler_->Pages().at(static_cast<std::size_t>(page - 1)).section->width / kPerPoint;
+}
+
+double DocumentLayout::PaperHeight(int page) const {
+  return filler_->Pages().at(static_cast<std::size_t>(page - 1)).section->height / kPerPoint;
+}
+
+page::Display DocumentLayout::Draw(int page) const {
+  const PageFiller::PageRoom& room = filler_->Pages().at(static_cast<std::size_t>(page - 1));
+  page::Display display;
+  display.width = room.section->width / kPerPoint;
+  display.height = room.section->height / kPerPoint;
+  PageDrawer drawer(lineSettings_, display);
+
+  const auto lines = OnPage(body_.lines, page);
+  const auto notes = OnPage(notes_.lines, page);
+  double down = 0;
+  if (room.section->lowered > 0 && !lines.empty()) {
+    double deepest = 0;
+    for (const PageFiller::Placed& line : lines) deepest = std::max(deepest, line.top + line.height);
+    const double foot = notes.empty() ? room.bottom : notes.front().top;
+    down = std::max(0.0, foot - deepest) * room.section->lowered;
+  }
+  drawer.Add(lines, OnPage(body_.cells, page), word::wdMainTextStory, down);
+  for (const PageFiller::ColumnRule& rule : OnPage(body_.rules, page)) {
+    display.rules.push_back(
+        {rule.left / kPerPoint, rule.top / kPerPoint, rule.left / kPerPoint, rule.bottom / kPerPoint});
+  }
+  drawer.Add(notes, OnPage(notes_.cells, page), word::wdFootnotesStory);
+  DrawHeaders(page, drawer);
+  return display;
+}
+
+void DocumentLayout::DrawHeaders(int page, PageDrawer& drawer) const {
+  const PageFiller::PageRoom& room = filler_->Pages().at(static_cast<std::size_t>(page - 1));
+  const SectionGeometry& section = *room.section;
+  const auto side = static_cast<std::size_t>(room.side);
+  const std::u16string label = PageLabel(filler_->Numberings(), page);
+  LineMaker lines(lineSettings_);
+  FlowBuilder builder(lines, flowSettings_);
+  for (const bool header : {true, false}) {
+    std::vector<Block>* blocks = (header ? section.headers : section.footers)[side];
+    if (blocks == nullptr) continue;
+    SetPageFields(*blocks, label, PageCount());
+    Flow flow = builder.Build(*blocks, section.TextWidth());
+    const double top = header ? section.header : section.height - section.footer - flow.Height();
+    const PageFiller::Content placed =
+        PlaceApart(flow, section.TextLeft(room.mirrored), std::max(1.0, top), section.TextWidth());
+    drawer.Add(placed.lines, placed.cells, 0);
+  }
+}
+
+int DocumentLayout::PageShowing(int story, Position position) const {
+  const bool endnote = story == word::wdEndnotesStory;
+  if (story != word::wdMainTextStory && story != word::wdFootnotesStory && !endnote) return 1;
+  std::vector<std::pair<Position, int>>& starts = shownOn_[static_cast<std::size_t>(story - 1)];
+  if (starts.empty()) {
+    for (const PageFiller::Placed& line : story == word::wdFootnotesStory ? notes_.lines : body_.lines) {
+      const bool shows = !line.repeated && line.position >= 0 && line.shown.paragraph != nullptr;
+      if (shows && line.endnote == endnote) starts.emplace_back(line.position, line.page);
+    }
+    std::ranges::stable_sort(starts, {}, &std::pair<Position, int>::first);
+  }
+  const auto next = std::ranges::upper_bound(starts, position, {}, &std::pair<Position, int>::first);
+  if (next == starts.begin()) return starts.empty() ? 1 : starts.front().second;
+  return std::prev(next)->second;
+}
+
+const Paragraph* DocumentLayout::ParagraphAt(Position position) const {
+  for (const PageFiller::Placed& line : OnPage(body_.lines, PageShowing(word::wdMainTextStory, position))) {
+    const Paragraph* paragraph = line.shown.paragraph;
+    if (paragraph == nullptr || line.endnote || line.repeated) continue;
+    if (position >= paragraph->start && position <= paragraph->end) return paragraph;
+  }
+  return nullptr;
+}
+
+}  // namespace docx::layout
