@@ -42,8 +42,6 @@ struct Options {
   enum class Command { kIndex, kTerms, kRemove, kUnhighlight, kUpdate, kRun, kInspect, kCheck, kOpen };
   Command command{Command::kIndex};
   Command runCommand{Command::kIndex};  ///< of kRun: the command that is run
-  /// The command itself, or the one that kRun runs.
-  Command AddInCommand() const { return command == Command::kRun ? runCommand : command; }
   std::vector<Input> inputs{};
   /// More than one document may be meant, whatever number was found.
   bool many{false};
