@@ -1,11 +1,15 @@
 #include "marker/ExtraLists.h"
 
 #include "marker/BookmarkNames.h"
+#include "marker/Entries.h"
 #include "marker/StoryText.h"
 #include "platform/word/Bookmarks.h"
+#include "platform/word/Constants.h"
 #include "platform/word/Document.h"
+#include "platform/word/Fields.h"
 #include "platform/word/Range.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -27,7 +31,36 @@ void RemoveList(const word::DocumentPtr& document, std::u16string_view name, std
   if (bookmarks->Exists(name)) bookmarks->Item(name)->Delete();
 }
 
+bool HoldsOurEntry(const word::RangePtr& range) {
+  const word::FieldsPtr fields = range->Fields();
+  const int count = fields->Count();
+  for (int index = 1; index <= count; ++index) {
+    if (IsOurEntry(ParseFieldCode(fields->Item(index)->Code()->Text()))) return true;
+  }
+  return false;
+}
+
 }  // namespace
+
+bool HaveListsMovedEntries(const word::DocumentPtr& document) {
+  const word::BookmarksPtr bookmarks = document->Bookmarks();
+  word::Position behind = -1;
+  for (const std::u16string_view name : {kNotUsedBookmark, kNotFoundBookmark}) {
+    if (bookmarks->Exists(name)) behind = std::max(behind, bookmarks->Item(name)->Range()->End());
+  }
+  if (behind < 0) return false;
+  const word::StoryRangesPtr stories = document->StoryRanges();
+  const int count = stories->Count();
+  for (int index = 1; index <= count; ++index) {
+    const word::RangePtr story = stories->Item(index);
+    const int type = story->StoryType();
+    const bool isText = type == word::wdMainTextStory;
+    // Notes follow the text that refers to them.
+    if (type < word::wdCommentsStory && HoldsOurEntry(isText ? document->Range(behind, story->End()) : story))
+      return true;
+  }
+  return false;
+}
 
 void RemoveExtraLists(const word::DocumentPtr& document) {
   // The later one first: the earlier one's bookmark ends where it begins.

@@ -82,7 +82,11 @@ void KvxTermMarker::BeginIndexing(const word::DocumentPtr& document) {
   run_.emplace(letters_, document);
 }
 
-void KvxTermMarker::EndIndexing(const word::DocumentPtr& /*document*/) { run_.reset(); }
+// The lists were written when the index had its page numbers.
+void KvxTermMarker::EndIndexing(const word::DocumentPtr& document) {
+  run_.reset();
+  if (HaveListsMovedEntries(document)) UpdateIndexField(document);
+}
 
 TermTable KvxTermMarker::BuildTermTable(const word::ApplicationPtr& /*application*/,
                                         const word::DocumentPtr& /*document*/,

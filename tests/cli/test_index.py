@@ -72,6 +72,21 @@ class Index(program.Case):
         self.assertGreater(pages[terms[0]], 2)
         self.assertEqual(shown["index"]["paragraphs"], [f"{term}={pages[term]}" for term in terms])
 
+    def test_the_pages_are_those_of_the_document_with_its_lists(self):
+        self.document(lines="P “**Buyer**” means Acorn.\nP The Buyer pays.")
+        wanted = [argument for number in range(80) for argument in ("--add", f"Nowhere {number}")]
+        for highlight in ("--no-highlight", "--highlight"):
+            self.check("index", "contract.docx", "-o", "out.docx", "--force", "--at", "start", "--not-found", "--columns", "1",
+                       highlight, *wanted)
+            self.check("update", "out.docx", "-o", "updated.docx", "--force")
+            shown = self.inspect(self.folder / "out.docx")
+            page = shown["entries"][0]["page"]
+            self.assertGreater(page, 1)
+            self.assertEqual(shown["index"]["paragraphs"], [f"Buyer:  \t{page}"])
+            self.assertEqual(shown, self.inspect(self.folder / "updated.docx"))
+            self.check("remove", "updated.docx", "-o", "back.docx", "--force")
+            self.assertEqual(program.canonical(self.folder / "back.docx"), program.canonical(self.folder / "contract.docx"))
+
     def test_terms_are_added_and_left_out(self):
         self.document()
         def chosen(*arguments):

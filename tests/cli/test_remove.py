@@ -65,6 +65,16 @@ class Remove(program.Case):
             self.assertIn("Error: 4605", result.err, command)
             self.assertFalse((self.folder / "out.docx").exists(), command)
 
+    def test_a_read_only_file_is_not_changed_in_place_and_said_to_be_so(self):
+        file = self.document()
+        before = file.read_bytes()
+        file.chmod(0o444)
+        for command in ("index", "remove", "unhighlight", "update"):
+            result = self.check(command, "contract.docx", "--in-place", status=3)
+            self.assertIn("contract.docx cannot be written: it is read-only", result.err, command)
+            self.assertEqual(file.read_bytes(), before, command)
+            self.check(command, "contract.docx", "-o", f"{command}.docx")
+
     def set(self, name, setting):
         """Puts a setting into a document."""
         content = program.parts(self.folder / name)

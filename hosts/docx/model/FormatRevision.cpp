@@ -44,6 +44,7 @@ void NoteFormatting(XmlPart& part, XmlNode run, const Tracking* tracked) {
 }
 
 void DropNoteOfEqualFormatting(XmlPart& part, XmlNode run, const Tracking& own) {
+  if (!part.Has(kChange)) return;
   PropertyContainer properties = PropertyContainer::OfRun(part, run);
   const XmlNode note = properties.Find(kChange);
   if (!note || !IsBy(part, note, own)) return;

@@ -155,7 +155,7 @@ class Story {
   bool hasRevisions_{false};
   std::vector<Anchor*> anchors_;
   std::vector<XmlNode> apart_;
-  /// Runs that were made for inserted text: nothing is lost when they are joined with a neighbour.
+  /// Runs that were made for inserted text: they are joined with each other only, and nothing is lost by that.
   std::unordered_set<const XmlNodeData*> inserted_;
 };
 

@@ -437,6 +437,8 @@ void Story::RejoinAt(Position position) {
   XmlNode run = first.Node().Parent();
   XmlNode other = second.Node().Parent();
   if (run == other) return;
+  // What was inserted goes again as a whole, and leaves what it stood beside as it is.
+  if (inserted_.contains(run.Data()) != inserted_.contains(other.Data())) return;
   if (run.NextSibling() != other || !SameRunFormatting(*part_, run, other)) return;
   part_->Touch();
   for (XmlNode child = other.FirstChild(); child;) {

@@ -14,6 +14,8 @@ void Story::MoveCharacter(Position from, Position to, const TrackedMove* tracked
     return;
   }
   Erase(from, from + 1);
+  // It is no less a part of the text than it was where it stood.
+  inserted_.erase(copy.Data());
   RejoinRuns(to - 1, to);
 }
 
