@@ -51,8 +51,15 @@ bool Is(const Json& record, const char* member, const fs::path& file) {
 /// Not for a person: its texts need not be readable, only whole.
 std::string Line(const Json& json) { return json.dump(-1, ' ', true, Json::error_handler_t::replace) + "\n"; }
 
+/// Empty where there is none: a journal is a file like any other, and somebody may have written in it.
 std::string TextOf(const Json& record, const char* member) {
-  return record.contains(member) ? record.at(member).get<std::string>() : std::string();
+  const auto found = record.is_object() ? record.find(member) : record.end();
+  return found != record.end() && found->is_string() ? found->get<std::string>() : std::string();
+}
+
+int NumberOf(const Json& record, const char* member) {
+  const auto found = record.is_object() ? record.find(member) : record.end();
+  return found != record.end() && found->is_number_integer() ? found->get<int>() : 0;
 }
 
 }  // namespace
@@ -87,7 +94,7 @@ void Journal::Read(const std::string& options) {
   if (!first.is_object() || !first.contains(kFirstMember)) {
     throw Failure(kUnreadable, file_.string() + " is no journal of a run");
   }
-  if (first.value(kFirstMember, 0) != kFormat || first.value("options", std::string()) != options) {
+  if (NumberOf(first, kFirstMember) != kFormat || TextOf(first, "options") != options) {
     Say("the journal " + file_.string() + " is of a run with other options or settings: nothing of it counts as done");
     return Anew(options);
   }
@@ -97,14 +104,12 @@ void Journal::Read(const std::string& options) {
     // What was being written when the program was killed has no end.
     whole = !in.eof();
     const Json record = whole ? Json::parse(line, nullptr, false) : Json();
-    if (record.is_object() && record.contains("begun")) {
-      Entry& entry = entries_[record.at("begun").get<std::string>()];
-      entry = {.begun = true, .process = record.value("process", 0)};
-    } else if (record.is_object() && record.contains("done")) {
-      entries_[record.at("done").get<std::string>()].line = offset;
-    } else if (record.is_object() && record.contains("folder")) {
-      PrivateFolder::RemoveLeft(record.at("folder").get<std::string>());
-    }
+    const std::string begun = TextOf(record, "begun");
+    const std::string done = TextOf(record, "done");
+    if (!begun.empty()) entries_[begun] = {.begun = true, .process = NumberOf(record, "process")};
+    if (!done.empty()) entries_[done].line = offset;
+    const std::string folder = TextOf(record, "folder");
+    if (!folder.empty()) PrivateFolder::RemoveLeft(folder);
     offset += static_cast<std::streamoff>(line.size()) + 1;
   }
   if (!whole) Append("\n");

@@ -79,6 +79,27 @@ bool RunFor(const std::vector<std::string>& command, std::chrono::milliseconds l
   return ended != 0;
 }
 
+/// A document that nobody trusts makes LibreOffice fetch nothing and run nothing.
+constexpr char kProfile[] = R"xml(<?xml version="1.0" encoding="UTF-8"?>
+<oor:items xmlns:oor="http://openoffice.org/2001/registry" xmlns:xs="http://www.w3.org/2001/XMLSchema">
+<item oor:path="/org.openoffice.Office.Common/Security/Scripting"><prop oor:name="BlockUntrustedRefererLinks" oor:op="fuse"><value>true</value></prop></item>
+<item oor:path="/org.openoffice.Office.Common/Security/Scripting"><prop oor:name="DisableMacrosExecution" oor:op="fuse"><value>true</value></prop></item>
+<item oor:path="/org.openoffice.Office.Common/Security/Scripting"><prop oor:name="DisableActiveContent" oor:op="fuse"><value>true</value></prop></item>
+<item oor:path="/org.openoffice.Office.Common/Security/Scripting"><prop oor:name="MacroSecurityLevel" oor:op="fuse"><value>3</value></prop></item>
+<item oor:path="/org.openoffice.Office.Writer/Content/Update"><prop oor:name="Link" oor:op="fuse"><value>0</value></prop></item>
+</oor:items>
+)xml";
+
+void WriteProfile(const fs::path& profile) {
+  std::error_code error;
+  fs::create_directories(profile / "user", error);
+  std::ofstream out(profile / "user" / "registrymodifications.xcu", std::ios::binary);
+  out << kProfile;
+  out.close();
+  // Without it the document would be read with a person's trust.
+  if (!out) throw LibreOfficeError("A profile for LibreOffice cannot be written.");
+}
+
 }  // namespace
 
 std::optional<fs::path> LibreOffice::Find() {
@@ -102,6 +123,7 @@ std::string LibreOffice::ToPdf() const {
   const fs::path pdf = folder_ / "document.pdf";
   std::error_code error;
   fs::remove(pdf, error);
+  WriteProfile(folder_ / "profile");
   const bool inTime =
       RunFor({program_.string(), "--headless", "--norestore", "-env:UserInstallation=" + Url(folder_ / "profile"),
               "--convert-to", kFilter, "--outdir", folder_.string(), DocumentFile().string()},

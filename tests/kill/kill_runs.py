@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Kills runs with --in-place at random moments and looks whether their documents are readable: kill_runs.py [COUNT] [SEED]
+"""Kills runs with --in-place at random moments, so many that it kills, and looks whether their documents are readable:
+kill_runs.py [COUNT] [SEED]
 
 Each document must be the one from before the run or the one that a run which nobody kills gives, to the byte; it is also opened as
 a package and its XML is read. The program is $KELVARIN or the release build.
@@ -67,8 +68,11 @@ def main():
         if before == after:
             sys.exit("a run changes nothing")
         longest = 1.1 * sorted(lengths)[1]
-        for number in range(count):
-            file = folder / f"{number}.docx"
+        runs = 0
+        # A run that came to its end before it was killed shows nothing, and on a busy machine many do.
+        while outcomes["before"] + outcomes["after"] < count and runs < 4 * count:
+            runs += 1
+            file = folder / f"{runs}.docx"
             shutil.copy(SAMPLE, file)
             process = start(file, environment)
             time.sleep(pick.uniform(0, longest))
@@ -82,10 +86,9 @@ def main():
             outcomes["ended by itself" if ended == 0 else "before" if is_old else "after"] += 1
             file.unlink()
     killed = outcomes["before"] + outcomes["after"]
-    print(f"seed {seed}: {count} runs, {killed} killed ({outcomes['before']} before the document was replaced, "
+    print(f"seed {seed}: {runs} runs, {killed} killed ({outcomes['before']} before the document was replaced, "
           f"{outcomes['after']} after), {outcomes['ended by itself']} came to their end; {faults} documents damaged")
-    # A test that kills nothing shows nothing.
-    sys.exit(1 if faults or killed < count / 4 else 0)
+    sys.exit(1 if faults or killed < count else 0)
 
 
 if __name__ == "__main__":

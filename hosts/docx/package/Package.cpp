@@ -22,6 +22,11 @@ namespace docx {
 
 namespace {
 
+constexpr char kTooLarge[] = "is too large for a Word document: more than 512 MiB";
+static_assert(kMaxFileSize == 512ULL << 20 && kMaxEntries == 20'000 && kMaxPartSize == 128ULL << 20 &&
+                  kMaxTotalSize == 256ULL << 20 && kMaxRatio == 300,
+              "the messages name the limits");
+
 constexpr std::string_view kContentTypesPart = "[Content_Types].xml";
 
 using Signature = std::array<unsigned char, 8>;
@@ -115,7 +120,7 @@ std::vector<std::byte> ReadFile(const std::filesystem::path& path) {
   if (std::memcmp(head.data(), kCompoundFile.data(), head.size()) != 0) {
     CheckSignature(std::as_bytes(std::span(head).first(headSize)));
   }
-  if (size > kMaxFileSize) throw PackageError("is too large for a Word document");
+  if (size > kMaxFileSize) throw PackageError(kTooLarge);
 
   std::vector<std::byte> bytes(size);
   stream.clear();
@@ -157,7 +162,7 @@ Package::~Package() = default;
 
 std::unique_ptr<Package> Package::Open(std::vector<std::byte> file) {
   CheckSignature(file);
-  if (file.size() > kMaxFileSize) throw PackageError("is too large for a Word document");
+  if (file.size() > kMaxFileSize) throw PackageError(kTooLarge);
   std::unique_ptr<Package> package(new Package(std::move(file)));
   package->ReadDirectory();
   package->FindMainDocument();
@@ -170,7 +175,8 @@ void Package::ReadDirectory() {
   archive_ = std::make_unique<Archive>(file_);
   zip_t* zip = archive_->zip.get();
   const zip_int64_t count = zip_get_num_entries(zip, 0);
-  if (count > static_cast<zip_int64_t>(kMaxEntries)) throw PackageError("is not accepted: it has too many parts");
+  if (count > static_cast<zip_int64_t>(kMaxEntries))
+    throw PackageError("is not accepted: it has more than 20,000 parts");
 
   for (zip_uint64_t i = 0; i < static_cast<zip_uint64_t>(count); ++i) {
     zip_stat_t stat;
@@ -270,7 +276,9 @@ std::string Package::ReadXml(std::string_view name) const {
 std::string Package::Inflate(Entry& entry) const {
   // The directory's size is a claim. It is held against the limits first; then exactly so many bytes must come.
   const auto tooLarge = [&] {
-    throw PackageError("is not accepted: " + Printable(entry.name) + " is too large when unpacked");
+    throw PackageError("is not accepted: " + Printable(entry.name) +
+                       " is too large when unpacked: more than 128 MiB, or 300 times" +
+                       " its packed size, or 256 MiB with the other parts");
   };
   if (entry.size > kMaxPartSize) tooLarge();
   if (entry.size > kRatioFreeSize && entry.size / kMaxRatio > entry.packedSize) tooLarge();

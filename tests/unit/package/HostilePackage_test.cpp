@@ -76,7 +76,7 @@ TEST(HostilePackage, FilesThatCannotBeRead) {
   // A file of holes, too large to be held in memory.
   WriteBytes(folder / "large.docx", "PK\3\4");
   std::filesystem::resize_file(folder / "large.docx", docx::kMaxFileSize + 1);
-  EXPECT_EQ(refusal(folder / "large.docx"), "is too large for a Word document");
+  EXPECT_EQ(refusal(folder / "large.docx"), "is too large for a Word document: more than 512 MiB");
 }
 
 TEST(HostilePackage, EveryTruncationIsRefused) {
@@ -130,20 +130,23 @@ TEST(HostilePackage, TooManyParts) {
   for (const std::size_t count : {docx::kMaxEntries, std::size_t{65'530}}) {
     RawZip zip = MinimalDocument();
     zip.AddCopies({.name = "p", .content = "", .deflated = false}, count);
-    EXPECT_EQ(Refusal(zip.Bytes()), "is not accepted: it has too many parts");
+    EXPECT_EQ(Refusal(zip.Bytes()), "is not accepted: it has more than 20,000 parts");
   }
 }
 
 TEST(HostilePackage, ABombOfOnePart) {
   const std::string bomb = "<a>" + std::string(64 << 20, ' ') + "</a>";
   EXPECT_EQ(Refusal(MinimalDocument(kContentTypes, kPackageRelationships, bomb).Bytes()),
-            "is not accepted: \"word/document.xml\" is too large when unpacked");
+            "is not accepted: \"word/document.xml\" is too large when unpacked"
+            ": more than 128 MiB, or 300 times its packed size, or 256 MiB with the other parts");
 }
 
 TEST(HostilePackage, APartLargerThanAnyMayBe) {
   RawZip zip = MinimalDocument();
   zip.Add({.name = "word/styles.xml", .content = "<a/>", .sizeLie = static_cast<std::int64_t>(docx::kMaxPartSize)});
-  EXPECT_EQ(Refusal(zip.Bytes()), "is not accepted: \"word/styles.xml\" is too large when unpacked");
+  EXPECT_EQ(Refusal(zip.Bytes()),
+            "is not accepted: \"word/styles.xml\" is too large when unpacked"
+            ": more than 128 MiB, or 300 times its packed size, or 256 MiB with the other parts");
 }
 
 TEST(HostilePackage, ManyPartsThatAreTooLargeTogether) {
