@@ -1,0 +1,47 @@
+"""The same job by the program and by LibreOffice: an index of the same terms, with pages of a layout."""
+
+import json
+import pathlib
+import shutil
+import statistics
+import subprocess
+import sys
+
+HERE = pathlib.Path(__file__).resolve().parent
+
+
+def interpreter():
+    """The Python that LibreOffice's interface is installed for; None: there is none, or no LibreOffice."""
+    if shutil.which("soffice") is None:
+        return None
+    for python in (sys.executable, "/usr/bin/python3"):
+        if subprocess.run([python, "-c", "import uno"], stderr=subprocess.DEVNULL, check=False).returncode == 0:
+            return python
+    return None
+
+
+def libreoffice_run(python, source, terms, folder, limit):
+    concordance = folder / "terms.sdi"
+    concordance.write_text("".join(f"{term};{term};;;1;1\n" for term in terms), encoding="utf-8")
+    out = subprocess.run([python, str(HERE / "libreoffice_index.py"), str(source), str(concordance),
+                          str(folder / "libreoffice.docx"), str(limit)], capture_output=True, text=True, check=True).stdout
+    return json.loads(out.splitlines()[-1])
+
+
+def print_table(program, sources, folder, timed, runs, limit):
+    """@param sources [(pages, file)] @param timed runs a command and gives its wall seconds first"""
+    python = interpreter()
+    if python is None:
+        print("\nLibreOffice or its Python interface (python3-uno) is not installed: nothing to compare with.")
+        return
+    print(f"\n| pages | index --pages layout: s | LibreOffice, limit {limit} s: s | marked | ratio |\n|---:|---:|---:|---:|---:|", flush=True)
+    for pages, source in sources:
+        report = folder / "report.json"
+        ours = statistics.median(
+            timed(program, "index", str(source), "-o", str(folder / "out.docx"), "--force", "--quiet", "--pages", "layout",
+                  "--settings", str(folder / "kvx.ini"), "--report", str(report))[0] for _ in range(runs))
+        chosen = json.loads(report.read_text(encoding="utf-8"))["chosen"]
+        theirs = libreoffice_run(python, source, chosen, folder, limit)
+        least = "" if theirs["finished"] else "at least "
+        print(f"| {pages} | {ours:.2f} | {'' if theirs['finished'] else 'more than '}{theirs['seconds']:.0f} | {theirs['marked']:,} "
+              f"| {least}{theirs['seconds'] / ours:.0f} |", flush=True)
