@@ -11,9 +11,11 @@ FileResult IndexFile(const Options& options, const std::filesystem::path& input)
     Session session(input, options, answers, {}, record.transcript);
     session.Run([](Connect& addIn) { addIn.ShowKVXForm(); });
     const Status status = IndexingStatus(session, answers.Failure());
+    // Packed while the report is made.
+    const docx::Package* const updated = status == kDone ? &session.Processor().Updated() : nullptr;
     TellRun(options, input, session, status, answers.Failure(), record.report);
-    if (status == kDone) {
-      WriteDocument(session.Processor().Updated(), target);
+    if (updated != nullptr) {
+      WriteDocument(*updated, target);
       record.report.SetOutput(target);
     }
     return status;

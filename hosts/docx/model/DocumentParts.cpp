@@ -283,9 +283,7 @@ void DocumentParts::Settle() {
 const Package& DocumentParts::Updated() {
   Settle();
   for (const auto& [name, part] : parts_) {
-    if (!part->Changed()) continue;
-    const XmlPart& changed = *part;
-    package_->Replace(name, [&changed](const TextSink& sink) { changed.Write(sink); });
+    if (part->Changed()) package_->Replace(name, part->Serialize());
   }
   return *package_;
 }

@@ -2,28 +2,23 @@
 
 #include <zip.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <ctime>
-#include <functional>
+#include <future>
+#include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace docx {
 
-/// Takes a text piece by piece.
-using TextSink = std::function<void(std::string_view piece)>;
-/// Hands a text to a sink.
-using TextProducer = std::function<void(const TextSink& sink)>;
-
-/// A part's content packed for a zip archive. (libzip would pack it too, but at zlib's slowest level only.)
+/// A part's content packed for a zip archive. (libzip would pack it too, but at zlib's slowest level only.) Larger
+/// texts are packed in a thread of their own, for which whoever wants the result waits.
 class Deflated {
  public:
-  /// The text is packed as it comes and never held whole. What the producer throws passes through.
-  explicit Deflated(const TextProducer& produce);
+  /// Running out of memory is told by the members.
+  explicit Deflated(std::string text);
 
-  std::uint64_t Size() const { return size_; }
-  std::uint32_t Checksum() const { return checksum_; }
   /// The text again.
   std::string Content() const;
 
@@ -33,11 +28,25 @@ class Deflated {
   zip_source_t* MakeSource(zip_t* archive, std::time_t modified) const;
 
  private:
+  struct Packed {
+    std::vector<std::byte> bytes;
+    std::uint32_t checksum{0};  ///< of the text
+  };
+  struct Reader;
+
+  /// By value, so that the text goes when it is packed.
+  static Packed Pack(std::string text);
   static zip_int64_t Callback(void* reader, void* data, zip_uint64_t length, zip_source_cmd_t command);
 
-  std::vector<unsigned char> bytes_;
-  std::uint64_t size_{0};
-  std::uint32_t checksum_{0};
+  std::size_t size_;
+  std::shared_future<Packed> packed_;
 };
+
+/// Unpacks what an archive holds.
+/// @return whether it gives as many bytes as the text has, no more and no less
+bool Unpack(std::span<const std::byte> packed, std::span<char> text);
+
+/// As archives state it.
+std::uint32_t Checksum(std::span<const char> text);
 
 }  // namespace docx

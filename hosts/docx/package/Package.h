@@ -12,8 +12,6 @@
 #include <string_view>
 #include <vector>
 
-#include "hosts/docx/package/Deflated.h"
-
 namespace docx {
 
 /// Why a file is refused. what() is a predicate in plain words, to be put behind the file's name:
@@ -69,11 +67,9 @@ class Package {
   /// Empty when the package states none.
   std::string ContentType(std::string_view name) const;
 
-  void Replace(std::string_view name, std::string_view content);
-  /// The same for a content that comes piece by piece. It is packed at once and never held whole.
-  void Replace(std::string_view name, const TextProducer& produce);
+  void Replace(std::string_view name, std::string content);
   /// @param name must not exist yet
-  void Add(std::string_view name, std::string_view content, std::string_view contentType);
+  void Add(std::string_view name, std::string content, std::string_view contentType);
   /// The part, its content type and its own relationships; relationships of others to it are left to the caller.
   void Remove(std::string_view name);
 
@@ -108,10 +104,9 @@ class Package {
   Entry* Find(std::string_view name) const;
   Entry& At(std::string_view name) const;
   std::string Inflate(Entry& entry) const;
-  void Put(Entry& entry, std::string_view content);
-  void Put(Entry& entry, const TextProducer& produce);
+  void Put(Entry& entry, std::string content);
   /// Without a content type.
-  Entry& Append(std::string_view name, std::string_view content);
+  Entry& Append(std::string_view name, std::string content);
   void Drop(Entry& entry);
   void AddContentType(std::string_view name, std::string_view contentType);
   void RemoveContentType(std::string_view name);

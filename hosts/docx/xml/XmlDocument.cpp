@@ -148,11 +148,19 @@ std::size_t XmlDocument::OffsetOf(XmlNode element) const {
 
 namespace {
 
+/// How long a text is that is never made.
+struct Length {
+  std::size_t bytes{0};
+
+  void operator+=(std::string_view text) { bytes += text.size(); }
+};
+
+template <typename Text>
 class Writer {
  public:
-  explicit Writer(const TextSink& sink) : sink_(sink) { pending_.reserve(kPending); }
+  explicit Writer(Text& text) : text_(text) {}
 
-  void WriteAll(const XmlNodeData& top) {
+  void WriteContent(const XmlNodeData& top) {
     const XmlNodeData* node = top.first;
     while (node != nullptr) {
       if (Begin(*node)) {
@@ -163,45 +171,34 @@ class Writer {
         node = node->parent;
         if (node != &top) End(*node);
       }
+      if (node == &top) return;
       node = node->next;
     }
-    sink_(pending_);
   }
 
  private:
-  static constexpr std::size_t kPending = 64 << 10;
-
-  void Put(std::string_view text) {
-    if (pending_.size() + text.size() > kPending) {
-      sink_(pending_);
-      pending_.clear();
-      if (text.size() > kPending) return sink_(text);
-    }
-    pending_ += text;
-  }
-
   /// @return whether its children are to be written, and then its end
   bool Begin(const XmlNodeData& node) {
     const std::string_view attributes(node.attributes, node.attributesSize);
     switch (node.type) {
       case XmlType::kElement:
-        Put("<");
-        Put(node.name->text);
-        Put(attributes);
+        text_ += "<";
+        text_ += node.name->text;
+        text_ += attributes;
         if (node.content == nullptr && node.first == nullptr) {
-          Put("/>");
+          text_ += "/>";
           return false;
         }
-        Put(">");
+        text_ += ">";
         if ((node.flags & XmlNodeData::kWhole) != 0) {
-          Put(ContentOf(node));
+          text_ += ContentOf(node);
         } else if (node.first != nullptr) {
           return true;
         }
         End(node);
         return false;
       case XmlType::kText:
-        Put(ContentOf(node));
+        text_ += ContentOf(node);
         return false;
       case XmlType::kCData:
         PutBetween("<![CDATA[", ContentOf(node), "]]>");
@@ -211,10 +208,10 @@ class Writer {
         return false;
       case XmlType::kDeclaration:
       case XmlType::kInstruction:
-        Put("<?");
-        Put(node.name->text);
-        Put(attributes);
-        Put("?>");
+        text_ += "<?";
+        text_ += node.name->text;
+        text_ += attributes;
+        text_ += "?>";
         return false;
       default:
         return false;
@@ -224,17 +221,26 @@ class Writer {
   void End(const XmlNodeData& element) { PutBetween("</", element.name->text, ">"); }
 
   void PutBetween(std::string_view before, std::string_view text, std::string_view after) {
-    Put(before);
-    Put(text);
-    Put(after);
+    text_ += before;
+    text_ += text;
+    text_ += after;
   }
 
-  const TextSink& sink_;
-  std::string pending_;
+  Text& text_;
 };
+
+/// What a node with children that are nodes holds.
+std::string Written(const XmlNodeData& top) {
+  Length length;
+  Writer(length).WriteContent(top);
+  std::string text;
+  text.reserve(length.bytes);
+  Writer(text).WriteContent(top);
+  return text;
+}
 
 }  // namespace
 
-void XmlDocument::Write(const TextSink& sink) const { Writer(sink).WriteAll(top_); }
+std::string XmlDocument::Serialize() const { return Written(top_); }
 
 }  // namespace docx

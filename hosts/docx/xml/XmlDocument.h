@@ -8,7 +8,6 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "hosts/docx/package/Deflated.h"
 #include "hosts/docx/xml/XmlNode.h"
 
 namespace docx {
@@ -38,7 +37,8 @@ class XmlDocument {
   /// All names that nodes have, had or were to have.
   const std::deque<XmlName>& Names() const { return names_; }
 
-  void Write(const TextSink& sink) const;
+  /// The text as it is now.
+  std::string Serialize() const;
 
   /// The text as it was read.
   const std::string& Source() const { return source_; }

@@ -258,12 +258,4 @@ void XmlPart::SetAttribute(XmlNode node, std::string_view local, std::string_vie
 
 void XmlPart::RemoveAttribute(XmlNode node, std::string_view local) { node.RemoveAttribute(Name(local).text); }
 
-void XmlPart::Write(const TextSink& sink) const { document_.Write(sink); }
-
-std::string XmlPart::Serialize() const {
-  std::string text;
-  Write([&](std::string_view piece) { text += piece; });
-  return text;
-}
-
 }  // namespace docx

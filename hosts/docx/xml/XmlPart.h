@@ -4,7 +4,6 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "hosts/docx/package/Deflated.h"
 #include "hosts/docx/xml/Names.h"
 #include "hosts/docx/xml/XmlDocument.h"
 
@@ -65,9 +64,8 @@ class XmlPart {
   /// The part was changed and has to be written.
   bool Changed() const { return changed_; }
   void Touch() { changed_ = true; }
-  /// Hands out the part in UTF-8, piece by piece.
-  void Write(const TextSink& sink) const;
-  std::string Serialize() const;
+  /// The part in UTF-8.
+  std::string Serialize() const { return document_.Serialize(); }
 
  private:
   std::uint8_t Label(XmlNode node) const;

@@ -13,12 +13,6 @@ using docx::XmlDocument;
 using docx::XmlNode;
 using docx::XmlType;
 
-std::string Written(const XmlDocument& document) {
-  std::string text;
-  document.Write([&](std::string_view piece) { text += piece; });
-  return text;
-}
-
 /// What a tree holds, each node in brackets, as its nodes tell it.
 std::string Told(XmlNode node) {
   switch (node.Type()) {
@@ -52,9 +46,9 @@ TEST(XmlDocument, WritesWhatItReadToTheByte) {
   };
   for (const std::string& text : texts) {
     XmlDocument document(text, "part.xml");
-    EXPECT_EQ(Written(document), text);
+    EXPECT_EQ(document.Serialize(), text);
     Told(document.Root());
-    EXPECT_EQ(Written(document), text) << "after a look at every node";
+    EXPECT_EQ(document.Serialize(), text) << "after a look at every node";
   }
 }
 
@@ -99,7 +93,7 @@ TEST(XmlNode, KnowsItsNeighbours) {
 TEST(XmlNode, AChangeIsWrittenAndNothingElseChanges) {
   XmlDocument document("<a ><b x='1'  y=\"2\"/><c><d/>t</c><e></e></a>", "part.xml");
   document.Root().FirstChild().SetAttribute("x", "<\"&\n");
-  EXPECT_EQ(Written(document), "<a ><b x=\"&lt;&quot;&amp;&#10;\"  y=\"2\"/><c><d/>t</c><e></e></a>");
+  EXPECT_EQ(document.Serialize(), "<a ><b x=\"&lt;&quot;&amp;&#10;\"  y=\"2\"/><c><d/>t</c><e></e></a>");
   EXPECT_EQ(document.Root().FirstChild().Attribute("x").Value(), "<\"&\n");
 }
 
@@ -109,7 +103,7 @@ TEST(XmlNode, AttributesAreAddedAtTheEndAndRemoved) {
   b.SetAttribute("n", 7);
   b.RemoveAttribute("y");
   b.RemoveAttribute("none");
-  EXPECT_EQ(Written(document), "<a><b x='1' z='3' n=\"7\"/></a>");
+  EXPECT_EQ(document.Serialize(), "<a><b x='1' z='3' n=\"7\"/></a>");
   EXPECT_EQ(b.Attribute("n").AsInt(), 7);
   EXPECT_EQ(b.Attribute("y").AsInt(5), 5);
 }
@@ -122,7 +116,7 @@ TEST(XmlNode, ChildrenGoInAtTheirPlaces) {
   root.PrependChild(document.Name("p"));
   root.InsertChildBefore(document.Name("x"), b);
   root.InsertChildAfter(document.Name("y"), b).SetAttribute("k", "v");
-  EXPECT_EQ(Written(document), "<a><p/><x/><b/><y k=\"v\"/><z/></a>");
+  EXPECT_EQ(document.Serialize(), "<a><p/><x/><b/><y k=\"v\"/><z/></a>");
 }
 
 TEST(XmlNode, RemovingTheLastChildLeavesAnEmptyElement) {
@@ -130,14 +124,14 @@ TEST(XmlNode, RemovingTheLastChildLeavesAnEmptyElement) {
   XmlNode b = document.Root().FirstChild();
   EXPECT_TRUE(b.RemoveChild(b.FirstChild()));
   EXPECT_FALSE(b.RemoveChild(XmlNode()));
-  EXPECT_EQ(Written(document), "<a><b></b></a>");
+  EXPECT_EQ(document.Serialize(), "<a><b></b></a>");
 }
 
 TEST(XmlNode, WhatIsPutInAndTakenOutLeavesTheElementAsItWas) {
   const std::string text = "<a><b></b><c/><d>t</d></a>";
   XmlDocument document(text, "part.xml");
   for (XmlNode node : document.Root().Children()) node.RemoveChild(node.AppendChild(document.Name("x")));
-  EXPECT_EQ(Written(document), text);
+  EXPECT_EQ(document.Serialize(), text);
 }
 
 TEST(XmlNode, WhatIsNoElementHasNoChildren) {
@@ -152,7 +146,7 @@ TEST(XmlNode, ChildrenAreRemovedFromEveryPlace) {
     root.RemoveChild(root.Child(gone));
     std::string expected = "<a><b/><c/><d/></a>";
     expected.erase(expected.find(std::string(gone) + "/") - 1, 4);
-    EXPECT_EQ(Written(document), expected);
+    EXPECT_EQ(document.Serialize(), expected);
     EXPECT_EQ(root.LastChild().PreviousSibling(), root.FirstChild());
     root.AppendChild(document.Name("e"));
     EXPECT_EQ(root.LastChild().Name(), "e");
@@ -167,7 +161,7 @@ TEST(XmlNode, TextIsSetWithOrWithoutALookAtIt) {
       t.SetOnlyText("x<y");
       EXPECT_EQ(t.OnlyText(), "x<y");
     }
-    EXPECT_EQ(Written(document), "<a><t>x&lt;y</t><t>x&lt;y</t><t>x&lt;y</t></a>");
+    EXPECT_EQ(document.Serialize(), "<a><t>x&lt;y</t><t>x&lt;y</t><t>x&lt;y</t></a>");
     EXPECT_EQ(document.Root().FirstChild().FirstChild().Value(), "x<y");
   }
 }
@@ -186,7 +180,7 @@ TEST(XmlNode, ATextsValueIsEscapedWhenItIsWritten) {
   XmlDocument document("<a>old<b/></a>", "part.xml");
   document.Root().FirstChild().SetValue("a & b\r");
   EXPECT_EQ(document.Root().FirstChild().Value(), "a & b\r");
-  EXPECT_EQ(Written(document), "<a>a &amp; b&#13;<b/></a>");
+  EXPECT_EQ(document.Serialize(), "<a>a &amp; b&#13;<b/></a>");
 }
 
 TEST(XmlNode, ACopyIsItsOwn) {
@@ -195,10 +189,10 @@ TEST(XmlNode, ACopyIsItsOwn) {
   XmlNode b = root.FirstChild();
   XmlNode copy = root.AppendCopy(b);
   copy.Child("c").RemoveChild(copy.Child("c").FirstChild());
-  EXPECT_EQ(Written(document), "<a><b k='v'><c><d/>t</c><e/></b><b k='v'><c>t</c><e/></b></a>");
+  EXPECT_EQ(document.Serialize(), "<a><b k='v'><c><d/>t</c><e/></b><b k='v'><c>t</c><e/></b></a>");
   // Of what was changed before, and with it inside another.
   root.InsertCopyBefore(copy, b).SetAttribute("k", "w");
-  EXPECT_EQ(Written(document),
+  EXPECT_EQ(document.Serialize(),
             "<a><b k=\"w\"><c>t</c><e/></b><b k='v'><c><d/>t</c><e/></b><b k='v'><c>t</c><e/></b></a>");
   EXPECT_EQ(root.FirstChild().Child("c").FirstChild().Value(), "t");
 }
@@ -210,7 +204,7 @@ TEST(XmlNode, ACopyHasTheShapeOfWhatWasChanged) {
   root.FirstChild().Child("e").FirstChild().AppendChild(document.Name("h"));
   root.AppendCopy(root.FirstChild());
   const std::string b = "<b><c><d x=\"y\">1</d></c><e><f><g/><h/></f></e>2</b>";
-  EXPECT_EQ(Written(document), "<a>" + b + b + "</a>");
+  EXPECT_EQ(document.Serialize(), "<a>" + b + b + "</a>");
   EXPECT_EQ(Told(root.FirstChild()), Told(root.LastChild()));
 }
 
@@ -220,13 +214,13 @@ TEST(XmlNode, NodesAreMoved) {
   XmlNode c = root.Child("c");
   c.AppendMove(root.Child("b"));
   c.PrependMove(root.Child("e"));
-  EXPECT_EQ(Written(document), "<a><c><e/><d/><b/></c></a>");
+  EXPECT_EQ(document.Serialize(), "<a><c><e/><d/><b/></c></a>");
   root.InsertMoveAfter(c.Child("d"), c);
   root.InsertMoveBefore(c.Child("b"), c);
-  EXPECT_EQ(Written(document), "<a><b/><c><e/></c><d/></a>");
+  EXPECT_EQ(document.Serialize(), "<a><b/><c><e/></c><d/></a>");
   root.InsertMoveAfter(root.Child("b"), root.Child("b"));
   root.InsertMoveAfter(root.Child("c"), root.Child("b"));
-  EXPECT_EQ(Written(document), "<a><b/><c><e/></c><d/></a>");
+  EXPECT_EQ(document.Serialize(), "<a><b/><c><e/></c><d/></a>");
 }
 
 TEST(XmlNode, InstructionsAreMade) {
@@ -234,7 +228,7 @@ TEST(XmlNode, InstructionsAreMade) {
   XmlNode mark = document.Root().AppendChild(XmlType::kInstruction);
   mark.SetTarget("kelvarin");
   mark.SetValue("apart");
-  EXPECT_EQ(Written(document), "<a><?kelvarin apart?></a>");
+  EXPECT_EQ(document.Serialize(), "<a><?kelvarin apart?></a>");
   EXPECT_EQ(mark.Name(), "kelvarin");
   EXPECT_EQ(mark.Value(), "apart");
 }
@@ -260,7 +254,7 @@ TEST(XmlNode, DeepTreesNeedNoStack) {
   node.FirstChild().SetAttribute("x", "1");
   XmlNode root = document.Root();
   root.AppendCopy(root.FirstChild());
-  EXPECT_EQ(Written(document).size(), 2 * text.size() - 7 + 2 * 6);
+  EXPECT_EQ(document.Serialize().size(), 2 * text.size() - 7 + 2 * 6);
 }
 
 }  // namespace
