@@ -55,10 +55,13 @@ class Builder {
 
  private:
   void Place(const IndexEntry& entry) {
-    const IndexMark& mark = entry.mark;
-    if (mark.levels.empty() || mark.type != options_.type || !IsListed(mark.levels.front().key)) return;
-    std::size_t at = 0;
-    for (const IndexLevel& level : mark.levels) at = ChildOf(at, level);
+    const IndexMark& mark = *entry.mark;
+    const auto [known, isNew] = byMark_.try_emplace(&mark, kRoot);
+    if (isNew && !mark.levels.empty() && mark.type == options_.type && IsListed(mark.levels.front().key)) {
+      for (const IndexLevel& level : mark.levels) known->second = ChildOf(known->second, level);
+    }
+    const std::size_t at = known->second;
+    if (at == kRoot) return;
     if (mark.crossReferences.empty()) {
       nodes_[at].pages.push_back(&entry);
     } else {
@@ -177,7 +180,7 @@ class Builder {
     if (!options_.sequence.empty() && !entry.sequence.empty()) {
       text = entry.sequence + options_.sequenceSeparator + label;
     }
-    AddRun(text, entry.mark.bold, entry.mark.italic);
+    AddRun(text, entry.mark->bold, entry.mark->italic);
   }
 
   void AddRun(std::u16string_view text, bool bold = false, bool italic = false) {
@@ -190,10 +193,13 @@ class Builder {
     }
   }
 
+  static constexpr std::size_t kRoot = 0;
+
   const IndexOptions& options_;
   IndexCollation collation_;
   std::vector<Node> nodes_;
   std::unordered_map<std::u16string, std::size_t> byIdentity_;
+  std::unordered_map<const IndexMark*, std::size_t> byMark_;  // the root for what is not listed
   std::vector<IndexParagraph> paragraphs_;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -9,9 +10,9 @@ namespace docx {
 
 /// An entry in the document.
 struct IndexEntry {
-  IndexMark mark;
-  int page{1};           ///< counted through the whole document
-  std::u16string label;  ///< what is printed for that page
+  std::shared_ptr<const IndexMark> mark;  ///< shared by the entries that say the same; never nullptr
+  int page{1};                            ///< counted through the whole document
+  std::u16string label;                   ///< what is printed for that page
   // Of an entry for a range (\r), its last page; otherwise 0 and nothing.
   int lastPage{0};
   std::u16string lastLabel{};

@@ -1,8 +1,9 @@
 #include "hosts/docx/model/IndexField.h"
 
 #include <algorithm>
-#include <cstring>
+#include <memory>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -56,7 +57,7 @@ class Taken {
 /// An entry that stands for a bookmark's range has the pages of that; without the bookmark its own.
 void SetPages(IndexEntry& entry, OpenDocument& document, const Story& story, Position position) {
   Paginator& pages = document.Pages();
-  const std::u16string& name = entry.mark.rangeBookmark;
+  const std::u16string& name = entry.mark->rangeBookmark;
   const BookmarkIndex::Mark* range = name.empty() ? nullptr : document.Bookmarks().Find(name);
   entry.page = pages.PageOf(story, position);
   if (range != nullptr) {
@@ -70,29 +71,69 @@ void SetPages(IndexEntry& entry, OpenDocument& document, const Story& story, Pos
 
 /// Every entry of the text and its notes that the index may list, in document order. What a tracked deletion holds is
 /// gone. A sequence counts in the main text.
-std::vector<IndexEntry> CollectEntries(OpenDocument& document, const IndexOptions& options) {
-  std::vector<IndexEntry> entries;
-  const Taken taken(document, options);
-  for (const int type : {word::wdMainTextStory, word::wdFootnotesStory, word::wdEndnotesStory}) {
-    for (const auto& story : document.Parts().Stories(type)) {
-      const AtomSequence& atoms = story->Atoms();
-      std::u16string sequence;
-      for (const FieldSpan& field : AllFields(atoms)) {
-        if (atoms.Get(atoms.At(field.begin)).deleted) continue;
-        const std::u16string code = FieldCodeText(*story, field);
-        if (!options.sequence.empty() && IsSequence(code, options.sequence) && field.HasResult()) {
-          sequence = story->Text(field.separator + 1, field.end);
-        }
-        if (FieldType(code) != word::wdFieldIndexEntry || !taken.Holds(*story, field)) continue;
-        IndexEntry entry{.mark = ParseIndexEntry(code), .page = 1, .label = {}};
-        SetPages(entry, document, *story, field.begin);
-        entry.sequence = sequence;
-        entries.push_back(std::move(entry));
-      }
+class Entries {
+ public:
+  Entries(OpenDocument& document, const IndexOptions& options) : document_(document) {
+    const Taken taken(document, options);
+    for (const int type : {word::wdMainTextStory, word::wdFootnotesStory, word::wdEndnotesStory}) {
+      for (const auto& story : document.Parts().Stories(type)) Collect(*story, options, taken);
     }
   }
-  return entries;
-}
+
+  /// To be told what was inserted into the main text, or, below 0, removed from it, right behind a position.
+  void Move(Position behind, Position inserted) {
+    for (Entry& entry : entries_) {
+      if (entry.story->Type() == word::wdMainTextStory && entry.begin >= behind) entry.begin += inserted;
+    }
+  }
+
+  /// With the pages that they have now.
+  std::vector<IndexEntry> Paged() const {
+    std::vector<IndexEntry> paged;
+    paged.reserve(entries_.size());
+    for (const Entry& entry : entries_) {
+      IndexEntry& made = paged.emplace_back(IndexEntry{.mark = entry.mark, .page = 1, .label = {}});
+      SetPages(made, document_, *entry.story, entry.begin);
+      made.sequence = entry.sequence;
+    }
+    return paged;
+  }
+
+ private:
+  struct Entry {
+    std::shared_ptr<const IndexMark> mark;
+    const Story* story;
+    Position begin;
+    std::u16string sequence;
+  };
+
+  void Collect(const Story& story, const IndexOptions& options, const Taken& taken) {
+    const AtomSequence& atoms = story.Atoms();
+    std::u16string sequence;
+    for (const FieldSpan& field : AllFields(atoms)) {
+      if (atoms.Get(atoms.At(field.begin)).deleted) continue;
+      const std::u16string code = FieldCodeText(story, field);
+      if (!options.sequence.empty() && IsSequence(code, options.sequence) && field.HasResult()) {
+        sequence = story.Text(field.separator + 1, field.end);
+      }
+      const std::shared_ptr<const IndexMark>& mark = MarkOf(code);
+      if (mark != nullptr && taken.Holds(story, field)) entries_.push_back({mark, &story, field.begin, sequence});
+    }
+  }
+
+  /// Thousands of entries have few codes. @return nullptr for the code of another field
+  const std::shared_ptr<const IndexMark>& MarkOf(const std::u16string& code) {
+    const auto [known, isNew] = marks_.try_emplace(code);
+    if (isNew && FieldType(code) == word::wdFieldIndexEntry) {
+      known->second = std::make_shared<const IndexMark>(ParseIndexEntry(code));
+    }
+    return known->second;
+  }
+
+  OpenDocument& document_;
+  std::unordered_map<std::u16string, std::shared_ptr<const IndexMark>> marks_;
+  std::vector<Entry> entries_;
+};
 
 /// The style and the right tab that Word gives each paragraph of an index, and nothing else but a section's end and
 /// that it is a tracked insertion. A heading stays with the entry below it.
@@ -247,16 +288,22 @@ void UpdateIndexField(OpenDocument& document, const FieldSpan& given) {
   const auto written = [&](Position begin) { return *FieldAt(main.Atoms(), main.Atoms().At(begin)); };
   FieldSpan field = RemoveResult(main, given);
   const IndexOptions options = ParseIndexOptions(FieldCodeText(main, field));
-  std::vector<IndexParagraph> content = BuildIndexContent(CollectEntries(document, options), options);
+  Entries entries(document, options);
+  std::vector<IndexParagraph> content = BuildIndexContent(entries.Paged(), options);
   for (int layouts = 1;; ++layouts) {
     document.BeforeChange(kMember);
+    const Position without = main.Length();
     WriteResult(document, field, options, content);
     opening.PutBack(main, field.begin);
     if (layouts == kMostLayouts) break;
-    std::vector<IndexParagraph> settled = BuildIndexContent(CollectEntries(document, options), options);
+    entries.Move(field.end, main.Length() - without);
+    std::vector<IndexParagraph> settled = BuildIndexContent(entries.Paged(), options);
     if (settled == content) break;
     content = std::move(settled);
-    field = RemoveResult(main, written(field.begin));
+    const FieldSpan last = written(field.begin);
+    const Position with = main.Length();
+    field = RemoveResult(main, last);
+    entries.Move(last.end, main.Length() - with);
   }
   MoveStarts(document, main, behind, written(field.begin).end);
 }

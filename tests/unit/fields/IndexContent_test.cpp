@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,10 +22,14 @@ std::u16string Number(int number) {
   return {text.begin(), text.end()};
 }
 
+std::shared_ptr<const IndexMark> MarkOf(const std::u16string& code) {
+  return std::make_shared<const IndexMark>(ParseIndexEntry(code));
+}
+
 std::vector<IndexEntry> Entries(const std::vector<Entry>& entries) {
   std::vector<IndexEntry> result;
   for (const Entry& entry : entries) {
-    IndexEntry made{ParseIndexEntry(u"XE " + entry.code), entry.page, Number(entry.page)};
+    IndexEntry made{MarkOf(u"XE " + entry.code), entry.page, Number(entry.page)};
     if (entry.lastPage != 0) {
       made.lastPage = entry.lastPage;
       made.lastLabel = Number(entry.lastPage);
@@ -158,13 +163,13 @@ TEST(IndexContent, TakesOnlyTheLettersAskedFor) {
 }
 
 TEST(IndexContent, PrintsTheLabelsAndOrdersByThePage) {
-  const IndexMark mark = ParseIndexEntry(u"XE a");
+  const std::shared_ptr<const IndexMark> mark = MarkOf(u"XE a");
   const std::vector<IndexEntry> entries{{mark, 3, u"1"}, {mark, 2, u"ii"}, {mark, 4, u"2"}};
   EXPECT_EQ(Lines(BuildIndexContent(entries, {})), (Texts{u"a, ii, 1, 2"}));
 }
 
 TEST(IndexContent, PrefixesTheSequenceNumber) {
-  const IndexMark mark = ParseIndexEntry(u"XE a");
+  const std::shared_ptr<const IndexMark> mark = MarkOf(u"XE a");
   const std::vector<IndexEntry> entries{{mark, 3, u"5", 0, u"", u"2"}};
   EXPECT_EQ(Lines(BuildIndexContent(entries, ParseIndexOptions(u"INDEX \\s chapter \\d :"))), (Texts{u"a, 2:5"}));
   EXPECT_EQ(Lines(BuildIndexContent(entries, ParseIndexOptions(u"INDEX"))), (Texts{u"a, 5"}));
@@ -179,7 +184,7 @@ TEST(IndexContent, TextsThatAgreeInTheirFirstCharactersAreOne) {
 TEST(IndexContent, TakesFiftyThousandEntries) {
   std::vector<IndexEntry> entries;
   for (int i = 0; i < 50'000; ++i) {
-    entries.push_back({ParseIndexEntry(u"XE \"Term " + Number(i % 400) + u"\" \\f D"), i / 50 + 1, Number(i / 50 + 1)});
+    entries.push_back({MarkOf(u"XE \"Term " + Number(i % 400) + u"\" \\f D"), i / 50 + 1, Number(i / 50 + 1)});
   }
   const std::vector<IndexParagraph> content = BuildIndexContent(entries, ParseIndexOptions(u"INDEX \\f D"));
   EXPECT_EQ(content.size(), 400U);
