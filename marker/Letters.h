@@ -20,19 +20,30 @@ class Letters {
   std::u16string Fold(std::u16string_view text) const;
   std::u16string ToUpper(std::u16string_view text) const { return characters_.ToUpper(text); }
 
-  bool IsWord(char32_t character) const;
+  bool IsWord(char32_t character) const {
+    return character < kTabled ? isWord_[character] : characters_.IsWordCharacter(character);
+  }
   /// Whether the character that begins at `index` is a letter, digit or combining mark; false at the end.
   bool IsWordAt(std::u16string_view text, std::size_t index) const;
   /// The same of the character that ends before `index`; false at the start.
   bool IsWordBefore(std::u16string_view text, std::size_t index) const;
 
   /// The character at `index`, which then stands behind it.
-  static char32_t Next(std::u16string_view text, std::size_t& index);
+  static char32_t Next(std::u16string_view text, std::size_t& index) {
+    const char16_t unit = text[index++];
+    if (!IsHigh(unit) || index >= text.size() || !IsLow(text[index])) return unit;
+    const char16_t low = text[index++];
+    return 0x10000 + ((static_cast<char32_t>(unit) - 0xD800) << 10) + (static_cast<char32_t>(low) - 0xDC00);
+  }
   /// Whether `index` lies between the two halves of a surrogate pair.
   static bool SplitsPair(std::u16string_view text, std::size_t index);
 
  private:
-  char32_t FoldOne(char32_t character) const;
+  static bool IsHigh(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+  static bool IsLow(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+  char32_t FoldOne(char32_t character) const {
+    return character < kTabled ? folded_[character] : characters_.Fold(character);
+  }
 
   static constexpr std::size_t kTabled = 128;
   os::Characters& characters_;

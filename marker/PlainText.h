@@ -15,6 +15,9 @@ inline constexpr char16_t kBarrier = 0;
 /// @return false when the character reads as nothing
 bool ReadsAs(char16_t character, char16_t& plain);
 
+/// Whether a character is one of the many that read as themselves, told at a glance.
+inline bool IsPlain(char16_t character) { return character >= u' ' && character < 0x7F; }
+
 /// Whether no term runs across the character: the mark of a paragraph or a cell, a page, section or column break,
 /// a barrier. A term that holds one is a misread pair of quotes.
 bool PartsTerms(char16_t character);

@@ -75,6 +75,11 @@ class StretchWalk {
     }
     return position < end_;
   }
+  /// Up to where that holds at least, for the position asked about last. @param last where the walk ends
+  word::Position HoldsUntil(word::Position position, word::Position last) const {
+    if (position < end_) return std::min(end_, last);
+    return next_ < stretches_.size() ? std::min(stretches_[next_].begin, last) : last;
+  }
 
  private:
   const std::vector<Stretch>& stretches_;
@@ -90,10 +95,10 @@ std::u16string TextByPosition(const word::RangePtr& range) {
   mode->SetIncludeFieldCodes(true);
   mode->SetIncludeHiddenText(true);
   std::u16string text = reader->Text();
-  std::size_t kept = 0;
-  for (const char16_t character : text) {
-    if (character == word::kCellMark && kept > 0 && text[kept - 1] == word::kParagraphMark) --kept;
-    text[kept++] = character;
+  std::size_t kept = std::min(text.find(word::kCellMark), text.size());
+  for (std::size_t index = kept; index < text.size(); ++index) {
+    if (text[index] == word::kCellMark && kept > 0 && text[kept - 1] == word::kParagraphMark) --kept;
+    text[kept++] = text[index];
   }
   text.resize(kept);
   if (static_cast<word::Position>(kept) != reader->End() - reader->Start()) {
@@ -141,25 +146,48 @@ void StoryText::Build(std::u16string_view text, word::Position start, const std:
   plain_.reserve(text.size());
   StretchWalk barrier(barriers);
   StretchWalk gap(gaps);
-  for (std::size_t index = 0; index < text.size(); ++index) {
-    const word::Position position = start + static_cast<word::Position>(index);
+  const word::Position end = start + static_cast<word::Position>(text.size());
+  for (word::Position position = start; position < end;) {
     if (position == indexPlace) Append(kBarrier, position);
     const bool isBarrier = barrier.Covers(position);
-    char16_t plain = kBarrier;
-    if (gap.Covers(position) || (!isBarrier && !ReadsAs(text[index], plain))) continue;
-    if (!isBarrier) {
-      Append(plain, position);
-    } else if (plain_.empty() || plain_.back() != kBarrier) {
+    const bool isGap = gap.Covers(position);
+    word::Position until = std::min(barrier.HoldsUntil(position, end), gap.HoldsUntil(position, end));
+    if (position < indexPlace) until = std::min(until, indexPlace);
+    if (!isGap && !isBarrier) {
+      const auto from = static_cast<std::size_t>(position - start);
+      AppendReading(text.substr(from, static_cast<std::size_t>(until - position)), position);
+    } else if (!isGap && (plain_.empty() || plain_.back() != kBarrier)) {
       Append(kBarrier, position);
     }
+    position = until;
   }
 }
 
-void StoryText::Append(char16_t character, word::Position position) {
+void StoryText::Continue(word::Position position) {
   const bool follows = !pieces_.empty() && position - pieces_.back().position ==
                                                static_cast<word::Position>(plain_.size() - pieces_.back().plain);
   if (!follows) pieces_.push_back({plain_.size(), position});
+}
+
+void StoryText::Append(char16_t character, word::Position position) {
+  Continue(position);
   plain_.push_back(character);
+}
+
+void StoryText::AppendReading(std::u16string_view text, word::Position position) {
+  for (std::size_t index = 0; index < text.size();) {
+    const auto rest = text.begin() + static_cast<std::ptrdiff_t>(index);
+    const auto plain = static_cast<std::size_t>(std::find_if_not(rest, text.end(), IsPlain) - rest);
+    if (plain > 0) {
+      Continue(position + static_cast<word::Position>(index));
+      plain_.append(text.substr(index, plain));
+      index += plain;
+      continue;
+    }
+    char16_t reading = 0;
+    if (ReadsAs(text[index], reading)) Append(reading, position + static_cast<word::Position>(index));
+    ++index;
+  }
 }
 
 word::Position StoryText::PositionOf(std::size_t plain) const {

@@ -66,7 +66,11 @@ class StoryText {
 
   void Build(std::u16string_view text, word::Position start, const std::vector<Stretch>& barriers,
              const std::vector<Stretch>& gaps, word::Position indexPlace);
+  /// What follows in Plain() stands at the position.
+  void Continue(word::Position position);
   void Append(char16_t character, word::Position position);
+  /// Appends a text as it reads.
+  void AppendReading(std::u16string_view text, word::Position position);
 
   std::u16string plain_;
   std::vector<Piece> pieces_;

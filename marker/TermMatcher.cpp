@@ -25,6 +25,13 @@ bool IsDoubleQuote(char16_t character) {
   }
 }
 
+/// The place of a unit among branches.
+template <typename Branches>
+auto FirstNotBefore(Branches& branches, char16_t unit) {
+  return std::lower_bound(branches.begin(), branches.end(), unit,
+                          [](const auto& branch, char16_t wanted) { return branch.unit < wanted; });
+}
+
 bool EndsWithQuote(std::u16string_view text) { return !text.empty() && IsDoubleQuote(text.back()); }
 
 bool IsDefinition(const Letters& letters, std::u16string_view text, const Match& match) {
@@ -59,17 +66,23 @@ TermMatcher::TermMatcher(const Letters& letters, std::vector<Form> forms)
 void TermMatcher::Insert(std::size_t form) {
   Node node = kRoot;
   for (const char16_t unit : letters_.Fold(forms_[form].text)) {
-    const auto [child, isNew] =
-        children_.try_emplace((static_cast<std::uint64_t>(node) << 16) | unit, static_cast<Node>(formsAt_.size()));
-    if (isNew) formsAt_.emplace_back();
-    node = child->second;
+    Node child = Child(node, unit);
+    if (child == kNone) {
+      child = static_cast<Node>(children_.size());
+      std::vector<Branch>& branches = children_[node];
+      branches.insert(FirstNotBefore(branches, unit), {unit, child});
+      children_.emplace_back();
+      formsAt_.emplace_back();
+    }
+    node = child;
   }
   formsAt_[node].push_back(form);
 }
 
 TermMatcher::Node TermMatcher::Child(Node parent, char16_t unit) const {
-  const auto child = children_.find((static_cast<std::uint64_t>(parent) << 16) | unit);
-  return child == children_.end() ? kNone : child->second;
+  const std::vector<Branch>& branches = children_[parent];
+  const auto found = FirstNotBefore(branches, unit);
+  return found == branches.end() || found->unit != unit ? kNone : found->child;
 }
 
 std::size_t TermMatcher::Choose(const std::vector<std::size_t>& forms, std::u16string_view found) const {

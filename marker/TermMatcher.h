@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace marker {
@@ -48,6 +47,10 @@ class TermMatcher {
   using Node = std::uint32_t;
   static constexpr Node kNone = 0xFFFFFFFF;
   static constexpr Node kRoot = 0;
+  struct Branch {
+    char16_t unit;
+    Node child;
+  };
 
   void Insert(std::size_t form);
   Node Child(Node parent, char16_t unit) const;
@@ -58,7 +61,7 @@ class TermMatcher {
 
   const Letters& letters_;
   std::vector<Form> forms_;
-  std::unordered_map<std::uint64_t, Node> children_;
+  std::vector<std::vector<Branch>> children_{1};      ///< of each node, by their units
   std::vector<std::vector<std::size_t>> formsAt_{1};  ///< the forms that end at each node, in the order given
 };
 

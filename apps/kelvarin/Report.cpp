@@ -2,6 +2,7 @@
 
 #include <map>
 #include <set>
+#include <unordered_map>
 
 #include "hosts/recording/Values.h"
 #include "hosts/unattended/Text.h"
@@ -26,12 +27,18 @@ std::map<std::u16string, std::set<int>> EntryPages(docx::WordProcessor& processo
     const int type = story->StoryType();
     if (type > word::wdEndnotesStory) continue;
     const std::u16string text = marker::TextByPosition(story);
+    // Thousands of entries have few codes; nullptr for the code of another field.
+    std::unordered_map<std::u16string_view, std::set<int>*> pagesOf;
     for (const marker::ScannedField& field : marker::ScanFields(text)) {
       if (field.HasResult()) continue;
       const std::u16string_view code = std::u16string_view(text).substr(field.begin + 1, field.end - field.begin - 1);
-      const marker::FieldCode entry = marker::ParseFieldCode(code);
-      if (!marker::IsOurEntry(entry)) continue;
-      pages[entry.text].insert(processor.PageOf(type, static_cast<word::Position>(field.begin)));
+      const auto [known, isNew] = pagesOf.try_emplace(code);
+      if (isNew) {
+        const marker::FieldCode entry = marker::ParseFieldCode(code);
+        if (marker::IsOurEntry(entry)) known->second = &pages[entry.text];
+      }
+      if (known->second == nullptr) continue;
+      known->second->insert(processor.PageOf(type, static_cast<word::Position>(field.begin)));
     }
   }
   return pages;

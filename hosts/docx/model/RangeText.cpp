@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "platform/word/Constants.h"
 
@@ -9,10 +10,12 @@ namespace docx {
 
 namespace {
 
-std::u16string WithCellMarks(std::u16string_view text) {
-  std::u16string result;
+std::u16string WithCellMarks(std::u16string text) {
+  const std::size_t first = text.find(word::kCellMark);
+  if (first == std::u16string::npos) return text;
+  std::u16string result(text, 0, first);
   result.reserve(text.size());
-  for (const char16_t unit : text) {
+  for (const char16_t unit : std::u16string_view(text).substr(first)) {
     if (unit == word::kCellMark) result += word::kParagraphMark;
     result += unit;
   }
@@ -77,7 +80,7 @@ std::u16string ShownText(const Story& story, const Formatting& formats, Position
     if (place.start >= block.start + static_cast<Position>(block.text.size())) block = atoms.BlockAt(place.start);
     text += block.text.substr(static_cast<std::size_t>(place.start - block.start) + from, to - from);
   }
-  return WithCellMarks(text);
+  return WithCellMarks(std::move(text));
 }
 
 int CommonRunValue(const Story& story, Position start, Position end, const std::function<int(XmlNode run)>& value) {
