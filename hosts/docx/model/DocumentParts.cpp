@@ -192,6 +192,10 @@ const Formatting& DocumentParts::Formats(XmlPart& part) {
   return *formats;
 }
 
+Highlighter& DocumentParts::Highlights(XmlPart& part) {
+  return highlights_.try_emplace(&part, Formats(part)).first->second;
+}
+
 XmlPart* DocumentParts::Settings() {
   // Asked for at every change, and looked up through all relationships.
   if (!settingsPart_) settingsPart_ = LoadRelated(kSettings);

@@ -11,6 +11,7 @@
 #include "hosts/docx/package/Package.h"
 #include "hosts/docx/story/Story.h"
 #include "hosts/docx/styles/Formatting.h"
+#include "hosts/docx/styles/RunProperties.h"
 #include "hosts/docx/xml/XmlPart.h"
 
 namespace docx {
@@ -35,6 +36,8 @@ class DocumentParts {
 
   /// The formatting of a part's text as it shows.
   const Formatting& Formats(XmlPart& part);
+  /// What highlights it.
+  Highlighter& Highlights(XmlPart& part);
   XmlPart& MainPart() { return *mainPart_; }
   /// The settings part; nullptr when there is none.
   XmlPart* Settings();
@@ -77,6 +80,7 @@ class DocumentParts {
   std::optional<std::shared_ptr<XmlPart>> settingsPart_;  // empty until it was asked for
   std::unique_ptr<Styles> styles_;
   std::map<const XmlPart*, std::unique_ptr<Formatting>> formats_;
+  std::map<const XmlPart*, Highlighter> highlights_;
   Story* main_{nullptr};
   std::map<int, std::vector<std::unique_ptr<Story>>> stories_;
 };

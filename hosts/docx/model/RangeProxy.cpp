@@ -237,13 +237,12 @@ void RangeProxy::SetHighlightColorIndex(int value) {
   document->BeforeChange("Range.HighlightColorIndex");
   Story& story = *anchor_.Of();
   const Formatting& formats = document->Parts().Formats(story.Part());
+  Highlighter& highlighter = document->Parts().Highlights(story.Part());
   // Only what was laid on is ever taken away, and that leaves no trace.
   const Tracking* tracked = value == word::wdNoHighlight ? nullptr : document->Revisions().Wanted();
   for (const XmlNode run : story.IsolateRuns(anchor_.start, anchor_.end)) {
-    if (formats.Highlight(run) == value) continue;
-    NoteFormatting(story.Part(), run, tracked);
-    SetHighlight(formats, run, value);
-    DropNoteOfEqualFormatting(story.Part(), run, document->Revisions().Own());
+    if (tracked != nullptr && formats.Highlight(run) != value) NoteFormatting(story.Part(), run, tracked);
+    if (highlighter.Set(run, value)) DropNoteOfEqualFormatting(story.Part(), run, document->Revisions().Own());
   }
   story.RejoinRuns(anchor_.start, anchor_.end);
 }

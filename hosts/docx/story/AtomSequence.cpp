@@ -75,7 +75,7 @@ AtomSequence::Place AtomSequence::Append(const Atom& atom, std::u16string_view t
   if (BeginsField(atom)) ++chunk.fieldBegins;
   chunk.fieldDepth += DepthOf(atom);
   if (IsBookmark(atom)) bookmarks_[atom.element] = &chunk;
-  hint_.chunkEnd = -1;
+  Forget();
   const Place place{chunks_.size() - 1, chunk.atoms.size() - 1, length_};
   length_ += static_cast<Position>(text.size());
   stale_ = true;
@@ -106,6 +106,7 @@ int AtomSequence::FieldBegins() const {
 }
 
 Position AtomSequence::StartOf(std::size_t chunk) const {
+  if (IsRemembered(chunk)) return hint_.chunkStart;
   if (stale_) Rebuild();
   return Sum(lengths_, chunk);
 }
@@ -119,28 +120,29 @@ AtomSequence::Place AtomSequence::End() const { return {chunks_.size(), 0, lengt
 
 AtomSequence::Place AtomSequence::At(Position position) const {
   if (position >= length_) return End();
-  Place place;
-  if (position >= hint_.place.start && position < hint_.chunkEnd) {
-    place = hint_.place;
-  } else {
-    place.chunk = ChunkAt(position, place.start);
-    hint_.chunkEnd = place.start + static_cast<Position>(chunks_[place.chunk]->text.size());
+  if (position < hint_.chunkStart || position >= hint_.chunkEnd) {
+    hint_.place = {};
+    hint_.place.chunk = ChunkAt(position, hint_.chunkStart);
+    hint_.place.start = hint_.chunkStart;
+    hint_.chunkEnd = hint_.chunkStart + static_cast<Position>(chunks_[hint_.place.chunk]->text.size());
   }
-  const Chunk& chunk = *chunks_[place.chunk];
+  Place& place = hint_.place;
+  const std::vector<Atom>& atoms = chunks_[place.chunk]->atoms;
+  while (position < place.start) place.start -= static_cast<Position>(atoms[--place.atom].length);
   while (true) {
-    const Position length = static_cast<Position>(chunk.atoms[place.atom].length);
+    const Position length = static_cast<Position>(atoms[place.atom].length);
     if (position < place.start + length) break;
     place.start += length;
     ++place.atom;
   }
-  hint_.place = place;
   return place;
 }
 
 void AtomSequence::Remember(const Place& place) const {
-  hint_.chunkEnd = -1;
-  if (IsEnd(place) || stale_) return;
-  hint_ = {place, StartOf(place.chunk) + static_cast<Position>(chunks_[place.chunk]->text.size())};
+  const Position start = IsEnd(place) || stale_ ? -1 : StartOf(place.chunk);
+  Forget();
+  if (start < 0) return;
+  hint_ = {place, start, start + static_cast<Position>(chunks_[place.chunk]->text.size())};
 }
 
 std::u16string_view AtomSequence::Text(const Place& place) const {
@@ -223,6 +225,7 @@ int AtomSequence::FieldDepthBefore(Position position) const {
 
 void AtomSequence::Grew(std::size_t chunk, Position units, int begins, int depth) {
   length_ += units;
+  if (!IsRemembered(chunk)) Forget();
   if (stale_) return;
   Add(lengths_, chunk, units);
   if (begins != 0) Add(begins_, chunk, begins);
@@ -236,6 +239,7 @@ void AtomSequence::RememberBookmarks(const Chunk& chunk) {
 }
 
 void AtomSequence::Renumber(std::size_t from) {
+  Forget();
   for (std::size_t i = from; i < chunks_.size(); ++i) chunks_[i]->number = i;
   stale_ = true;
 }
@@ -337,7 +341,7 @@ void AtomSequence::Divide(const Place& place, std::uint32_t units, XmlNode secon
   rest.length = first.length - units;
   first.length = units;
   chunk.atoms.insert(chunk.atoms.begin() + static_cast<std::ptrdiff_t>(place.atom) + 1, rest);
-  hint_.chunkEnd = -1;
+  Remember(place);
   SplitWhenLarge(place.chunk);
 }
 
@@ -349,7 +353,7 @@ void AtomSequence::Join(const Place& first) {
     Chunk& chunk = *chunks_[first.chunk];
     chunk.atoms.erase(chunk.atoms.begin() + static_cast<std::ptrdiff_t>(next.atom));
     chunk.atoms[first.atom].length += length;
-    hint_.chunkEnd = -1;
+    Remember(first);
     return;
   }
   // The first is the last of its chunk, so its text ends the chunk's.
@@ -359,7 +363,7 @@ void AtomSequence::Join(const Place& first) {
   chunk.text += text;
   chunk.atoms[first.atom].length += length;
   Grew(first.chunk, static_cast<Position>(length), 0, 0);
-  hint_.chunkEnd = -1;
+  Remember(first);
 }
 
 void AtomSequence::SetDeleted(const Place& place, bool deleted) {

@@ -109,13 +109,16 @@ class AtomSequence {
   void Rebuild() const;
   std::unordered_map<const XmlNodeData*, Chunk*> bookmarks_;
 
-  /// Where the last look-up or edit was: the next one is mostly near and behind it.
+  /// Where the last look-up or edit was: the next one is mostly near it.
   struct Hint {
     Place place;
+    Position chunkStart{0};
     Position chunkEnd{-1};  ///< -1: there is none
   };
   mutable Hint hint_;
   void Remember(const Place& place) const;
+  void Forget() const { hint_.chunkEnd = -1; }
+  bool IsRemembered(std::size_t chunk) const { return hint_.chunkEnd >= 0 && hint_.place.chunk == chunk; }
 };
 
 /// Reads a story's text character by character, remembering where it was.

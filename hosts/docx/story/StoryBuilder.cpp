@@ -41,12 +41,6 @@ bool StandsInLine(const XmlPart& part, XmlNode node) {
   }
 }
 
-/// Whether an element of that local name may be within, without making nodes of what is there.
-bool MayHold(XmlNode node, std::string_view local) {
-  const std::optional<std::string_view> content = node.ContentText();
-  return !content || content->find(local) != std::string_view::npos;
-}
-
 }  // namespace
 
 XmlNode ChosenBranch(const XmlPart& part, XmlNode alternate) {
@@ -208,7 +202,7 @@ void StoryBuilder::AddParagraph(XmlNode paragraph, bool deleted) {
     const XmlNode markProperties = part_.Child(properties, Tag::kRPr);
     markDeleted = part_.Child(markProperties, Tag::kDel) || part_.Child(markProperties, Tag::kMoveFrom);
   }
-  const bool endsSection = MayHold(properties, "sectPr") && part_.Child(properties, Tag::kSectPr);
+  const bool endsSection = properties.MayHold("sectPr") && part_.Child(properties, Tag::kSectPr);
   const char16_t mark = endsSection ? word::kPageBreak : word::kParagraphMark;
   Add(paragraph, AtomKind::kParagraphMark, std::u16string_view(&mark, 1), markDeleted);
 }

@@ -178,8 +178,13 @@ XmlNode DivideText(XmlNode element, std::size_t units) {
   RememberWhole(element, all, text);
   XmlNode second = element.Parent().InsertChildAfter(element.Entry(), element);
   second.CopyAttributes(element);
-  const auto fill = [](XmlNode part, std::string_view piece) {
-    ReplaceText(part, piece);
+  const bool isOneText = element.OnlyText().has_value();
+  const auto fill = [isOneText](XmlNode part, std::string_view piece) {
+    if (isOneText) {
+      part.ShareOnlyText(piece);
+    } else {
+      ReplaceText(part, piece);
+    }
     PreserveWhereNeeded(part, piece);
   };
   fill(second, text.substr(bytes));

@@ -80,16 +80,6 @@ std::optional<bool> ReadOnOff(XmlAttribute attribute) {
   return {};
 }
 
-std::optional<int> ReadColor(const XmlPart& part, XmlNode element) {
-  const std::string_view text = part.Attribute(element, "val").Value();
-  if (text == "auto") return word::wdColorAutomatic;
-  if (text.size() != 6) return {};
-  std::uint32_t rgb = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), rgb, 16);
-  if (error != std::errc() || end != text.data() + text.size()) return {};
-  return static_cast<int>((rgb >> 16) | (rgb & 0xFF00) | ((rgb & 0xFF) << 16));
-}
-
 template <typename T>
 void Fill(std::optional<T>& own, const std::optional<T>& base) {
   if (!own) own = base;
@@ -135,6 +125,20 @@ std::optional<int> ReadHighlight(const XmlPart& part, XmlNode element) {
   return {};
 }
 
+std::optional<int> ReadColor(const XmlPart& part, XmlNode element) {
+  const std::string_view text = part.Attribute(element, "val").Value();
+  if (text == "auto") return word::wdColorAutomatic;
+  if (text.size() != 6) return {};
+  std::uint32_t rgb = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), rgb, 16);
+  if (error != std::errc() || end != text.data() + text.size()) return {};
+  return static_cast<int>((rgb >> 16) | (rgb & 0xFF00) | ((rgb & 0xFF) << 16));
+}
+
+std::optional<int> ReadSize(const XmlPart& part, XmlNode element) {
+  return ReadMeasure(part.Attribute(element, "val"), 2);
+}
+
 std::optional<int> ReadTwips(XmlAttribute attribute) { return ReadMeasure(attribute, 20); }
 
 RunValues ReadRunValues(const XmlPart& part, XmlNode rPr) {
@@ -145,7 +149,7 @@ RunValues ReadRunValues(const XmlPart& part, XmlNode rPr) {
   values.specHidden = ReadOnOff(part, part.Child(rPr, "specVanish"));
   values.highlight = ReadHighlight(part, part.Child(rPr, "highlight"));
   values.color = ReadColor(part, part.Child(rPr, "color"));
-  values.size = ReadMeasure(part.Attribute(part.Child(rPr, "sz"), "val"), 2);
+  values.size = ReadSize(part, part.Child(rPr, "sz"));
   return values;
 }
 

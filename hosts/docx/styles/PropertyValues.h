@@ -53,6 +53,9 @@ ParagraphValues ReadParagraphValues(const XmlPart& part, XmlNode pPr);
 /// Readers of one property; empty for an empty node.
 std::optional<bool> ReadOnOff(const XmlPart& part, XmlNode element);
 std::optional<int> ReadHighlight(const XmlPart& part, XmlNode element);
+std::optional<int> ReadColor(const XmlPart& part, XmlNode element);
+/// In half points.
+std::optional<int> ReadSize(const XmlPart& part, XmlNode element);
 /// A length in twips, a plain number or one with its unit; empty for what is none.
 std::optional<int> ReadTwips(XmlAttribute attribute);
 

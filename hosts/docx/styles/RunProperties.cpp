@@ -54,6 +54,26 @@ bool SameNode(XmlNode first, XmlNode second) {
          SameAttributes(first, second);
 }
 
+/// Whether two contents, as they are written, begin elements of the same names in the same order.
+bool SameElements(std::string_view first, std::string_view second) {
+  const auto next = [](std::string_view content, std::size_t from) {
+    std::size_t at = content.find('<', from);
+    while (at != std::string_view::npos && content.substr(at + 1).starts_with('/')) at = content.find('<', at + 1);
+    return at;
+  };
+  const auto name = [](std::string_view content, std::size_t at) {
+    return content.substr(at, content.find_first_of(" \t\r\n/>", at) - at);
+  };
+  std::size_t a = next(first, 0);
+  std::size_t b = next(second, 0);
+  while (a != std::string_view::npos && b != std::string_view::npos) {
+    if (name(first, a) != name(second, b)) return false;
+    a = next(first, a + 1);
+    b = next(second, b + 1);
+  }
+  return a == b;
+}
+
 }  // namespace
 
 bool SetHighlight(const Formatting& formatting, XmlNode node, int colorIndex) {
@@ -72,6 +92,31 @@ bool SetHighlight(const Formatting& formatting, XmlNode node, int colorIndex) {
     if (existing && !mark && ReadHighlight(part, existing).value_or(inherited) == inherited) Remember(part, existing);
     part.SetAttribute(rPr.Ensure(kHighlight), "val", name);
   }
+  part.Touch();
+  return true;
+}
+
+std::size_t Highlighter::Hash::operator()(const Edit& edit) const {
+  return std::hash<std::string_view>()(edit.properties) ^
+         static_cast<std::size_t>(edit.inherited * 64 + edit.colorIndex);
+}
+
+bool Highlighter::Set(XmlNode run, int colorIndex) {
+  XmlPart& part = formatting_.Part();
+  XmlNode rPr = part.Child(run, Tag::kRPr);
+  const std::string_view content = rPr.ContentText().value_or(std::string_view());
+  // The same text says the same only where prefixes always mean the same.
+  if (content.empty() || part.Scoped()) return SetHighlight(formatting_, run, colorIndex);
+  const Edit edit{content, formatting_.InheritedHighlight(run), colorIndex};
+  const auto known = edited_.find(edit);
+  if (known == edited_.end()) {
+    const bool changed = SetHighlight(formatting_, run, colorIndex);
+    // Properties that only were a highlight have gone.
+    if (part.Child(run, Tag::kRPr) == rPr) edited_.emplace(edit, rPr.SettleContent());
+    return changed;
+  }
+  if (known->second == content) return false;
+  rPr.SetContentText(known->second);
   part.Touch();
   return true;
 }
@@ -115,7 +160,10 @@ bool SetColor(const Formatting& formatting, XmlNode node, int color) {
 // Node by node in document order, without recursion.
 bool SameTree(XmlNode first, XmlNode second) {
   const std::optional<std::string_view> content = first.ContentText();
-  if (content && content == second.ContentText() && SameNode(first, second)) return true;
+  const std::optional<std::string_view> other = second.ContentText();
+  if (content && content == other && SameNode(first, second)) return true;
+  // Told without making nodes of them, as most that differ do.
+  if (content && other && !SameElements(*content, *other)) return false;
   XmlNode a = first;
   XmlNode b = second;
   while (true) {

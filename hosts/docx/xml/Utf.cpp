@@ -52,8 +52,10 @@ void AppendUtf16(std::string_view utf8, std::u16string& utf16) {
 }
 
 std::string ToUtf8(std::u16string_view utf16) {
-  std::string result;
-  result.reserve(utf16.size() + utf16.size() / 8);
+  // No unit takes more than three bytes.
+  std::string result(3 * utf16.size(), '\0');
+  char* next = result.data();
+  const auto put = [&next](char32_t byte) { *next++ = static_cast<char>(byte); };
   for (std::size_t at = 0; at < utf16.size(); ++at) {
     char32_t character = utf16[at];
     if (character >= 0xD800 && character < 0xE000) {
@@ -61,27 +63,35 @@ std::string ToUtf8(std::u16string_view utf16) {
       character = pair ? 0x10000 + ((character & 0x3FF) << 10) + (utf16[++at] & 0x3FFu) : kReplacement;
     }
     if (character < 0x80) {
-      result += static_cast<char>(character);
+      put(character);
     } else if (character < 0x800) {
-      result += static_cast<char>(0xC0 | (character >> 6));
-      result += static_cast<char>(0x80 | (character & 0x3F));
+      put(0xC0 | (character >> 6));
+      put(0x80 | (character & 0x3F));
     } else if (character < 0x10000) {
-      result += static_cast<char>(0xE0 | (character >> 12));
-      result += static_cast<char>(0x80 | ((character >> 6) & 0x3F));
-      result += static_cast<char>(0x80 | (character & 0x3F));
+      put(0xE0 | (character >> 12));
+      put(0x80 | ((character >> 6) & 0x3F));
+      put(0x80 | (character & 0x3F));
     } else {
-      result += static_cast<char>(0xF0 | (character >> 18));
-      result += static_cast<char>(0x80 | ((character >> 12) & 0x3F));
-      result += static_cast<char>(0x80 | ((character >> 6) & 0x3F));
-      result += static_cast<char>(0x80 | (character & 0x3F));
+      put(0xF0 | (character >> 18));
+      put(0x80 | ((character >> 12) & 0x3F));
+      put(0x80 | ((character >> 6) & 0x3F));
+      put(0x80 | (character & 0x3F));
     }
   }
+  result.resize(static_cast<std::size_t>(next - result.data()));
   return result;
 }
 
 std::size_t Utf8Prefix(std::string_view utf8, std::size_t units) {
   std::size_t at = 0;
-  for (std::size_t seen = 0; seen < units && at < utf8.size();) seen += Decode(utf8, at) < 0x10000 ? 1 : 2;
+  for (std::size_t seen = 0; seen < units && at < utf8.size();) {
+    if (static_cast<unsigned char>(utf8[at]) < 0x80) {
+      ++at;
+      ++seen;
+    } else {
+      seen += Decode(utf8, at) < 0x10000 ? 1 : 2;
+    }
+  }
   return at;
 }
 

@@ -243,4 +243,6 @@ std::string Written(const XmlNodeData& top) {
 
 std::string XmlDocument::Serialize() const { return Written(top_); }
 
+std::string_view XmlDocument::WriteContent(const XmlNodeData& element) { return Keep(Written(element)); }
+
 }  // namespace docx

@@ -53,6 +53,8 @@ class XmlDocument {
   XmlNodeData* New(XmlType type, const XmlName& name);
   /// Makes nodes of a content that was read or written here, its children's children left alone.
   void Expand(XmlNodeData& element);
+  /// What a node with children that are nodes holds, kept.
+  std::string_view WriteContent(const XmlNodeData& element);
   /// Keeps a copy.
   std::string_view Keep(std::string_view text);
   /// Resolves entities and line ends. @param attribute whether every blank counts as a space

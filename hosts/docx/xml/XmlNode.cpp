@@ -137,21 +137,24 @@ std::optional<std::string_view> XmlNode::ContentText() const {
 
 void XmlNode::SetAttribute(std::string_view name, std::string_view value) {
   const std::string_view old = AttributeText();
+  std::string written;
+  written.append(" ").append(name).append("=\"").append(EscapedValue(value)).append("\"");
+  if (old.empty()) return AttributesChanged(written);
   std::string text;
-  text.reserve(old.size() + name.size() + value.size() + 4);
-  const auto append = [&] { text.append(" ").append(name).append("=\"").append(EscapedValue(value)).append("\""); };
+  text.reserve(old.size() + written.size());
   const char* at = old.data();
   RawAttribute attribute;
   bool isSet = false;
   while (NextAttribute(at, old.data() + old.size(), attribute)) {
-    if (attribute.name == name) {
-      append();
-      isSet = true;
-    } else {
+    if (attribute.name != name) {
       text += attribute.text;
+      continue;
     }
+    if (attribute.text == written) return;
+    text += written;
+    isSet = true;
   }
-  if (!isSet) append();
+  if (!isSet) text += written;
   AttributesChanged(text);
 }
 
@@ -206,9 +209,24 @@ void XmlNode::SetName(const XmlName& name) {
 }
 
 void XmlNode::SetOnlyText(std::string_view text) {
+  SetContentText(Document().Keep(IsWrittenAsIs(text) ? text : std::string_view(EscapedText(text))));
+}
+
+void XmlNode::ShareOnlyText(std::string_view text) {
+  if (!IsWrittenAsIs(text)) return SetOnlyText(text);
+  SetContentText(text);
+}
+
+std::string_view XmlNode::SettleContent() {
+  if ((data_->flags & XmlNodeData::kWhole) == 0) SetContentText(Document().WriteContent(*data_));
+  return TextOf(*data_);
+}
+
+void XmlNode::SetContentText(std::string_view content) {
+  const bool hasMarkup = content.find('<') != std::string_view::npos;
   data_->first = nullptr;
-  data_->flags = XmlNodeData::kWhole | XmlNodeData::kTextOnly;
-  SetContent(*data_, Document().Keep(EscapedText(text)));
+  data_->flags = hasMarkup ? XmlNodeData::kWhole : XmlNodeData::kWhole | XmlNodeData::kTextOnly;
+  SetContent(*data_, content);
   Parent().ContentChanged();
 }
 

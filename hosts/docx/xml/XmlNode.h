@@ -160,6 +160,11 @@ class XmlNode {
   }
   /// The content as it is written; nothing once something in it was changed.
   std::optional<std::string_view> ContentText() const;
+  /// Whether an element of that name, of any prefix, may be within, told without making nodes of what is there.
+  bool MayHold(std::string_view name) const {
+    const std::optional<std::string_view> content = ContentText();
+    return !content || content->find(name) != std::string_view::npos;
+  }
 
   // Changes. What is asked to take part is there: changing no node is a programming error.
 
@@ -177,6 +182,14 @@ class XmlNode {
   void SetName(const XmlName& name);
   /// Makes one text of all that an element holds.
   void SetOnlyText(std::string_view text);
+  /// The same for a text that is part of a value of the document: it is not copied where it can be written as it is.
+  void ShareOnlyText(std::string_view text);
+  /// Forgets the nodes of an element's children, which it gets anew when they are asked for.
+  /// @return what it holds, as it is written, for SetContentText
+  std::string_view SettleContent();
+  /// Gives an element what another one of the document, where prefixes mean the same, held.
+  /// @param content as SettleContent gave it
+  void SetContentText(std::string_view content);
 
   XmlNode AppendChild(const XmlName& name) { return Insert(Make(name), {}); }
   XmlNode AppendChild(XmlType type) { return Insert(Make(type), {}); }

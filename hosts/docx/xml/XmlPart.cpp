@@ -252,10 +252,6 @@ XmlAttribute XmlPart::Attribute(XmlNode node, std::string_view local) const {
   return {};
 }
 
-void XmlPart::SetAttribute(XmlNode node, std::string_view local, std::string_view value) {
-  node.SetAttribute(Name(local).text, value);
-}
-
 void XmlPart::RemoveAttribute(XmlNode node, std::string_view local) { node.RemoveAttribute(Name(local).text); }
 
 }  // namespace docx

@@ -22,6 +22,8 @@ class XmlPart {
   const std::string& PartName() const { return name_; }
   XmlNode Root() const { return document_.Root(); }
   bool Strict() const { return strict_; }
+  /// Whether a prefix means different things in different places.
+  bool Scoped() const { return scoped_; }
   /// The prefix of WordprocessingML with its colon; empty where it is the default namespace.
   const std::string& Prefix() const { return prefix_; }
 
@@ -58,7 +60,10 @@ class XmlPart {
     return *name;
   }
   /// Sets or adds a WordprocessingML attribute.
-  void SetAttribute(XmlNode node, std::string_view local, std::string_view value);
+  template <typename Local>
+  void SetAttribute(XmlNode node, const Local& local, std::string_view value) {
+    node.SetAttribute(Name(local).text, value);
+  }
   void RemoveAttribute(XmlNode node, std::string_view local);
 
   /// The part was changed and has to be written.
@@ -76,7 +81,7 @@ class XmlPart {
   mutable XmlDocument document_;  // remembers the names that it was asked for
   std::string prefix_;
   bool strict_{false};
-  bool scoped_{false};  // a prefix means different things in different places
+  bool scoped_{false};
   bool changed_{false};
   std::unordered_map<std::string, Tag> tags_;  // unless scoped_
   mutable std::unordered_map<const char*, const XmlName*> literals_;

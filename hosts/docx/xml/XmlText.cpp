@@ -10,11 +10,20 @@ namespace {
 
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
+bool IsPlainInText(char c) {
+  const auto code = static_cast<unsigned char>(c);
+  return code >= 0x20 ? c != '&' && c != '<' && c != '>' : c == '\t' || c == '\n';
+}
+
+bool IsPlainInValue(char c) {
+  return static_cast<unsigned char>(c) >= 0x20 && c != '&' && c != '<' && c != '>' && c != '"';
+}
+
 template <typename IsPlain>
 std::string Escaped(std::string_view text, IsPlain isPlain) {
-  std::string escaped;
-  escaped.reserve(text.size() + 16);
-  for (const char c : text) {
+  const auto first = static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isPlain) - text.begin());
+  std::string escaped(text.substr(0, first));
+  for (const char c : text.substr(first)) {
     if (isPlain(c)) {
       escaped += c;
       continue;
@@ -66,18 +75,11 @@ void AppendEntity(std::string& text, std::string_view name) {
 
 }  // namespace
 
-std::string EscapedText(std::string_view text) {
-  return Escaped(text, [](char c) {
-    const auto code = static_cast<unsigned char>(c);
-    return code >= 0x20 ? c != '&' && c != '<' && c != '>' : c == '\t' || c == '\n';
-  });
-}
+bool IsWrittenAsIs(std::string_view text) { return std::all_of(text.begin(), text.end(), IsPlainInText); }
 
-std::string EscapedValue(std::string_view text) {
-  return Escaped(text, [](char c) {
-    return static_cast<unsigned char>(c) >= 0x20 && c != '&' && c != '<' && c != '>' && c != '"';
-  });
-}
+std::string EscapedText(std::string_view text) { return Escaped(text, IsPlainInText); }
+
+std::string EscapedValue(std::string_view text) { return Escaped(text, IsPlainInValue); }
 
 bool IsEscapedText(std::string_view raw) {
   return raw.find('&') != std::string_view::npos || raw.find('\r') != std::string_view::npos;

@@ -5,6 +5,8 @@
 
 namespace docx {
 
+/// Whether a text is written between tags as it is, with nothing to escape.
+bool IsWrittenAsIs(std::string_view text);
 /// Text as it is written between tags.
 std::string EscapedText(std::string_view text);
 /// Text as it is written between double quotes.

@@ -9,10 +9,12 @@
 #include "tests/unit/styles/Parts.h"
 
 using docx::Formatting;
+using docx::Highlighter;
 using docx::SameRunFormatting;
 using docx::SetBold;
 using docx::SetColor;
 using docx::SetHighlight;
+using docx::XmlNode;
 using docx::XmlPart;
 using parts::Document;
 using parts::Nth;
@@ -21,6 +23,7 @@ namespace {
 
 const std::string kStyles =
     "<w:style w:type=\"character\" w:styleId=\"Lit\"><w:rPr><w:highlight w:val=\"yellow\"/></w:rPr></w:style>"
+    "<w:style w:type=\"paragraph\" w:styleId=\"Lines\"><w:rPr><w:highlight w:val=\"yellow\"/></w:rPr></w:style>"
     "<w:style w:type=\"character\" w:styleId=\"Strong\"><w:rPr><w:b/><w:color w:val=\"FF0000\"/></w:rPr></w:style>";
 
 /// A paragraph with one run that starts with this.
@@ -95,6 +98,70 @@ TEST(RunProperties, LayingAndRestoringAHighlightGivesTheSameXml) {
     EXPECT_TRUE(SetHighlight(run.Format(), run.Node(), shown)) << start;
     EXPECT_EQ(run.Part().Serialize(), before) << start;
   }
+}
+
+/// Paragraphs of a run each, all runs starting the same.
+class SampleRuns : public parts::Sample {
+ public:
+  explicit SampleRuns(const std::string& start, const std::string& firstStyle = {})
+      : Sample("body", Paragraph(firstStyle, start) + Paragraph({}, start) + Paragraph({}, start), "</w:body>",
+               kStyles) {}
+
+  XmlNode Run(int n) const { return Nth(Part(), "r", n); }
+  /// How the n-th run is written.
+  std::string Written(int n) const {
+    std::string xml = Start();
+    for (; n > 1; --n) xml = xml.substr(xml.find("</w:r>") + 6);
+    xml = xml.substr(xml.find("<w:r>"));
+    return xml.substr(0, xml.find("</w:r>"));
+  }
+
+ private:
+  static std::string Paragraph(const std::string& style, const std::string& start) {
+    const std::string properties = style.empty() ? "" : "<w:pPr><w:pStyle w:val=\"" + style + "\"/></w:pPr>";
+    return "<w:p>" + properties + "<w:r>" + start + "<w:t>a</w:t></w:r></w:p>";
+  }
+};
+
+TEST(Highlighter, GivesRunsWithTheSamePropertiesWhatEachWouldGetAlone) {
+  for (const char* start :
+       {"", "<w:rPr/>", "<w:rPr><w:b/></w:rPr>", "<w:rPr>\n  <w:b/>\n</w:rPr>",
+        "<w:rPr><w:highlight w:val=\"none\"/></w:rPr>", "<w:rPr><w:highlight w:val=\"red\"/><w:b/></w:rPr>",
+        "<w:rPr><w:rStyle w:val=\"Lit\"/></w:rPr>"}) {
+    SampleRuns runs(start);
+    Highlighter highlighter(runs.Format());
+    const int shown = runs.Format().Highlight(runs.Run(1));
+    for (const int color : {int{word::wdTeal}, int{word::wdTeal}, int{word::wdYellow}, shown}) {
+      const bool alone = SetHighlight(runs.Format(), runs.Run(3), color);
+      EXPECT_EQ(highlighter.Set(runs.Run(1), color), alone) << start << color;
+      EXPECT_EQ(highlighter.Set(runs.Run(2), color), alone) << start << color;
+      EXPECT_EQ(runs.Written(1), runs.Written(3)) << start << color;
+      EXPECT_EQ(runs.Written(2), runs.Written(3)) << start << color;
+      EXPECT_EQ(runs.Format().Highlight(runs.Run(2)), color) << start;
+    }
+    EXPECT_EQ(runs.Written(2), std::string("<w:r>") + start + "<w:t>a</w:t>");
+  }
+}
+
+TEST(Highlighter, TellsRunsApartByTheStylesOfTheirParagraphs) {
+  SampleRuns runs("<w:rPr><w:b/></w:rPr>", "Lines");
+  Highlighter highlighter(runs.Format());
+  EXPECT_FALSE(highlighter.Set(runs.Run(1), word::wdYellow));
+  EXPECT_TRUE(highlighter.Set(runs.Run(2), word::wdYellow));
+  EXPECT_FALSE(highlighter.Set(runs.Run(2), word::wdYellow));
+  EXPECT_EQ(runs.Written(1), "<w:r><w:rPr><w:b/></w:rPr><w:t>a</w:t>");
+  EXPECT_EQ(runs.Written(2), "<w:r><w:rPr><w:b/><w:highlight w:val=\"yellow\"/></w:rPr><w:t>a</w:t>");
+}
+
+TEST(Highlighter, ALaterChangeOfOneRunLeavesTheOthers) {
+  SampleRuns runs("<w:rPr><w:i/></w:rPr>");
+  Highlighter highlighter(runs.Format());
+  for (int n = 1; n <= 3; ++n) {
+    highlighter.Set(runs.Run(n), word::wdYellow);
+    if (n < 3) SetBold(runs.Format(), runs.Run(n), true);
+  }
+  EXPECT_EQ(runs.Written(2), "<w:r><w:rPr><w:b/><w:i/><w:highlight w:val=\"yellow\"/></w:rPr><w:t>a</w:t>");
+  EXPECT_EQ(runs.Written(3), "<w:r><w:rPr><w:i/><w:highlight w:val=\"yellow\"/></w:rPr><w:t>a</w:t>");
 }
 
 TEST(RunProperties, AHighlightThatShowsAlreadyChangesNothing) {

@@ -108,6 +108,37 @@ TEST(XmlNode, AttributesAreAddedAtTheEndAndRemoved) {
   EXPECT_EQ(b.Attribute("y").AsInt(5), 5);
 }
 
+TEST(XmlNode, ASettledContentCanBeGivenToAnotherElement) {
+  XmlDocument document("<a><b><c x='1'/><d/></b><b/></a>", "part.xml");
+  XmlNode b = document.Root().FirstChild();
+  b.FirstChild().SetAttribute("x", "2");
+  b.FirstChild().NextSibling().SetOnlyText("<t>");
+  XmlNode other = document.Root().LastChild();
+  other.SetContentText(b.SettleContent());
+  const std::string content = "<c x=\"2\"/><d>&lt;t&gt;</d>";
+  EXPECT_EQ(document.Serialize(), "<a><b>" + content + "</b><b>" + content + "</b></a>");
+  EXPECT_EQ(b.SettleContent(), content);
+  b.FirstChild().SetAttribute("x", "3");
+  EXPECT_EQ(b.FirstChild().NextSibling().OnlyText(), "<t>");
+  EXPECT_EQ(document.Serialize(), "<a><b><c x=\"3\"/><d>&lt;t&gt;</d></b><b>" + content + "</b></a>");
+}
+
+TEST(XmlNode, APartOfATextIsSharedOrEscaped) {
+  XmlDocument document("<a><b>one two</b><b>1 &lt; 2</b></a>", "part.xml");
+  for (XmlNode b : document.Root().Children()) b.ShareOnlyText(b.OnlyText()->substr(2));
+  EXPECT_EQ(document.Serialize(), "<a><b>e two</b><b>&lt; 2</b></a>");
+  EXPECT_EQ(document.Root().LastChild().OnlyText(), "< 2");
+}
+
+TEST(XmlNode, TellsWhatAnElementMayHoldUntilItChanges) {
+  XmlDocument document("<a><b><c/></b></a>", "part.xml");
+  XmlNode b = document.Root().FirstChild();
+  EXPECT_TRUE(b.MayHold("c"));
+  EXPECT_FALSE(b.MayHold("d"));
+  b.AppendChild(document.Name("d"));
+  EXPECT_TRUE(b.MayHold("d"));
+}
+
 TEST(XmlNode, ChildrenGoInAtTheirPlaces) {
   XmlDocument document("<a><b/></a>", "part.xml");
   XmlNode root = document.Root();
