@@ -26,6 +26,7 @@ std::vector<XmlNode> ElementsOf(const std::vector<Note>& notes) {
 std::unordered_map<std::string, double> NoteHeights(const Formatting& formatting, const Story& story, double width) {
   std::unordered_map<std::string, double> heights;
   const std::vector<Note> notes = NotesOf(story);
+  ParagraphShapes shapes(formatting);
   std::size_t at = 0;
   std::uint32_t characters = 0;
   XmlNode run;
@@ -37,7 +38,7 @@ std::unordered_map<std::string, double> NoteHeights(const Formatting& formatting
       run = XmlNode(event.run);
     }
     if (event.kind != FlowKind::kParagraphEnd) continue;
-    const ParagraphShape shape = ShapeOf(formatting, event.Node(), run, width);
+    const ParagraphShape shape = shapes.Of(event.Node(), run, width);
     heights[NoteId(story.Part(), notes[at].element)] +=
         std::max(1, shape.Lines(characters)) * shape.lineHeight + shape.after;
   }

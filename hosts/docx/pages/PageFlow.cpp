@@ -16,8 +16,9 @@ constexpr std::uint32_t kTabCharacters = 5;
 /// Which atoms show: the marks and codes of fields do not.
 class ShownText {
  public:
-  /// @return how many characters the atom shows
-  std::uint32_t Feed(const Atom& atom, std::u16string_view text) {
+  /// @return how many characters the atom at the place shows
+  std::uint32_t Feed(const AtomSequence& atoms, const AtomSequence::Place& place) {
+    const Atom& atom = atoms.Get(place);
     switch (atom.kind) {
       case AtomKind::kFieldBegin:
         inCode_.push_back(true);
@@ -38,8 +39,8 @@ class ShownText {
       case AtomKind::kText:
         return atom.deleted || codes_ > 0 ? 0 : atom.length;
       case AtomKind::kCharacter:
-        if (atom.deleted || codes_ > 0 || text.empty()) return 0;
-        switch (text.front()) {
+        if (atom.deleted || codes_ > 0 || atom.length == 0) return 0;
+        switch (atoms.Text(place).front()) {
           case word::kTab:
             return kTabCharacters;
           case word::kPageBreak:
@@ -113,8 +114,7 @@ const Atom* FlowReader::Meet(XmlNode element) {
   if (atoms_.IsEnd(place_)) return nullptr;
   const Atom& atom = atoms_.Get(place_);
   if (atom.element != element.Data()) return nullptr;
-  const std::u16string_view text = atoms_.Text(place_);
-  const std::uint32_t shown = shown_.Feed(atom, text);
+  const std::uint32_t shown = shown_.Feed(atoms_, place_);
   if (shown != 0 && flow_.events[paragraph_].run == nullptr) {
     flow_.events[paragraph_].run = element.Parent().Data();
   }
@@ -282,7 +282,7 @@ Position PositionOfShown(const AtomSequence& atoms, Position from, std::uint32_t
   ShownText shown;
   for (AtomSequence::Place place = atoms.At(from); !atoms.IsEnd(place); place = atoms.Next(place)) {
     const Atom& atom = atoms.Get(place);
-    const std::uint32_t count = shown.Feed(atom, atoms.Text(place));
+    const std::uint32_t count = shown.Feed(atoms, place);
     // The position may lie within the first atom.
     const std::uint32_t skipped = place.start < from && count != 0 ? static_cast<std::uint32_t>(from - place.start) : 0;
     if (n + skipped < count) {

@@ -18,7 +18,7 @@ constexpr double kTolerance = 0.01;  // of a line
 }  // namespace
 
 PageWalk::PageWalk(const Formatting& formatting, std::vector<PageSetup> setups, Options options)
-    : formatting_(&formatting), setups_(std::move(setups)), options_(std::move(options)) {}
+    : formatting_(&formatting), shapes_(formatting), setups_(std::move(setups)), options_(std::move(options)) {}
 
 void PageWalk::WalkMain(const Story& story, const PageFlow& flow) {
   width_ = Setup().columnWidth;
@@ -31,6 +31,7 @@ void PageWalk::WalkMain(const Story& story, const PageFlow& flow) {
 
 void PageWalk::WalkEndnotes(const Formatting& formatting, const Story& story, const PageFlow& flow) {
   formatting_ = &formatting;
+  shapes_ = ParagraphShapes(formatting);
   inEndnotes_ = true;
   starts_.push_back({0, at_.page});
   Walk(story, flow);
@@ -142,11 +143,9 @@ void PageWalk::BeginParagraph(const FlowEvent& event) {
   lines_ = false;
   filled_ = 0;
   breakEnds_ = false;
-  if (measured_) {
-    shape_ = ShapeOf(*formatting_, event.Node(), XmlNode(event.run), width_);
-  } else {
-    shape_.pageBreakBefore = formatting_->PageBreakBefore(event.Node());
-  }
+  const ParagraphShape shape = shapes_.Of(event.Node(), XmlNode(event.run), width_);
+  if (measured_) shape_ = shape;
+  shape_.pageBreakBefore = shape.pageBreakBefore;
   if (shape_.pageBreakBefore && !at_.empty) {
     stated_ = true;
     NewPage(event.position);

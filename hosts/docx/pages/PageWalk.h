@@ -87,6 +87,7 @@ class PageWalk {
   bool EstimatedAt(Position position);
 
   const Formatting* formatting_;
+  ParagraphShapes shapes_;
   std::vector<PageSetup> setups_;
   Options options_;
   const AtomSequence* atoms_{nullptr};

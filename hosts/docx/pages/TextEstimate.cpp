@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <optional>
 
 namespace docx {
 
@@ -17,11 +19,7 @@ constexpr double kNarrowest = 20;  // points
 constexpr double kTallest = 1584;  // points
 constexpr double kAutoLine = 240;
 
-}  // namespace
-
-int ParagraphShape::Lines(double characters) const { return static_cast<int>(std::ceil(characters / perLine)); }
-
-ParagraphShape ShapeOf(const Formatting& formatting, XmlNode p, XmlNode run, double width) {
+ParagraphShape Estimate(const Formatting& formatting, XmlNode p, XmlNode run, double width) {
   const XmlPart& part = formatting.Part();
   ParagraphValues values = formatting.DirectParagraph(p);
   values.Inherit(formatting.InheritedParagraph(p));
@@ -45,6 +43,30 @@ ParagraphShape ShapeOf(const Formatting& formatting, XmlNode p, XmlNode run, dou
   }
   shape.perLine = std::max(1.0, std::max(width, kNarrowest) / (size * kCharacterWidth));
   return shape;
+}
+
+}  // namespace
+
+int ParagraphShape::Lines(double characters) const { return static_cast<int>(std::ceil(characters / perLine)); }
+
+ParagraphShape ParagraphShapes::Of(XmlNode p, XmlNode run, double width) {
+  const XmlPart& part = formatting_->Part();
+  const auto written = [&](XmlNode owner, Tag tag) {
+    const XmlNode properties = part.Child(owner, tag);
+    return properties ? properties.ContentText() : std::string_view();
+  };
+  const std::optional<std::string_view> ofParagraph = written(p, Tag::kPPr);
+  const std::optional<std::string_view> ofRun = written(run, Tag::kRPr);
+  // The same text says the same only where prefixes always mean the same.
+  if (!ofParagraph || !ofRun || part.Scoped()) return Estimate(*formatting_, p, run, width);
+  const auto [known, isNew] = known_.try_emplace({*ofParagraph, *ofRun, static_cast<bool>(run), width});
+  if (isNew) known->second = Estimate(*formatting_, p, run, width);
+  return known->second;
+}
+
+std::size_t ParagraphShapes::Hash::operator()(const Properties& properties) const {
+  const std::hash<std::string_view> hash;
+  return hash(properties.paragraph) ^ (hash(properties.run) * 3) ^ std::hash<double>()(properties.width);
 }
 
 }  // namespace docx

@@ -46,7 +46,9 @@ bool Formatting::Hidden(XmlNode node) const {
 
 int Formatting::Highlight(XmlNode node) const {
   if (!part_.Has("highlight")) return InheritedHighlight(node);
-  const std::optional<int> direct = ReadHighlight(part_, part_.Child(DirectRun(node), "highlight"));
+  const XmlNode rPr = DirectRun(node);
+  if (!rPr.MayHold("highlight")) return InheritedHighlight(node);
+  const std::optional<int> direct = ReadHighlight(part_, part_.Child(rPr, "highlight"));
   return direct ? *direct : InheritedHighlight(node);
 }
 
@@ -55,14 +57,14 @@ int Formatting::InheritedHighlight(XmlNode node) const {
 }
 
 int Formatting::Color(XmlNode node) const {
-  const std::optional<int> direct = ReadRunValues(part_, DirectRun(node)).color;
+  const std::optional<int> direct = ReadColor(part_, part_.Child(DirectRun(node), "color"));
   return direct ? *direct : InheritedRun(node).color;
 }
 
 double Formatting::FontSize(XmlNode node) const {
   constexpr int kPlainSize = 20;
   const XmlNode rPr = DirectRun(node);
-  const std::optional<int> direct = ReadRunValues(part_, rPr).size;
+  const std::optional<int> direct = ReadSize(part_, part_.Child(rPr, "sz"));
   const int halfPoints =
       direct ? *direct
              : First<int>(RunOf(CharacterStyle(rPr)).size, RunOf(ParagraphStyle(ParagraphOf(node))).size,
@@ -92,12 +94,6 @@ double Formatting::SpaceBefore(XmlNode p) const {
 
 double Formatting::SpaceAfter(XmlNode p) const {
   return DirectParagraph(p).after.twips.value_or(*InheritedParagraph(p).after.twips) / 20.0;
-}
-
-bool Formatting::PageBreakBefore(XmlNode p) const {
-  ParagraphValues values = DirectParagraph(p);
-  values.Inherit(InheritedParagraph(p));
-  return values.pageBreakBefore.value_or(false);
 }
 
 ParagraphValues Formatting::DirectParagraph(XmlNode p) const {

@@ -52,7 +52,6 @@ class Formatting {
   /// In points. Spacing in lines and automatic spacing read as the points that the file has beside them.
   double SpaceBefore(XmlNode p) const;
   double SpaceAfter(XmlNode p) const;
-  bool PageBreakBefore(XmlNode p) const;
   /// What the paragraph's own properties state, and what would hold without them; the latter leaves nothing open of
   /// alignment and spacing in twips.
   ParagraphValues DirectParagraph(XmlNode p) const;

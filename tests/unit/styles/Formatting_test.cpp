@@ -51,7 +51,7 @@ TEST(Formatting, PlainTextHasWordsDefaults) {
   EXPECT_EQ(plain.formatting.Alignment(plain.p), word::wdAlignParagraphLeft);
   EXPECT_EQ(plain.formatting.SpaceBefore(plain.p), 0);
   EXPECT_EQ(plain.formatting.SpaceAfter(plain.p), 0);
-  EXPECT_FALSE(plain.formatting.PageBreakBefore(plain.p));
+  EXPECT_FALSE(plain.formatting.InheritedParagraph(plain.p).pageBreakBefore);
 }
 
 TEST(Formatting, TheNearestFontSizeCounts) {
@@ -87,7 +87,7 @@ TEST(Formatting, ParagraphStyleShowsInItsRuns) {
   EXPECT_EQ(styled.formatting.Alignment(styled.p), word::wdAlignParagraphJustify);
   EXPECT_EQ(styled.formatting.SpaceBefore(styled.p), 12);
   EXPECT_EQ(styled.formatting.SpaceAfter(styled.p), 3);
-  EXPECT_TRUE(styled.formatting.PageBreakBefore(styled.p));
+  EXPECT_EQ(styled.formatting.InheritedParagraph(styled.p).pageBreakBefore, true);
 }
 
 TEST(Formatting, BoldOfParagraphAndCharacterStyleCancelOut) {
