@@ -51,13 +51,23 @@ bool HaveListsMovedEntries(const word::DocumentPtr& document) {
   if (behind < 0) return false;
   const word::StoryRangesPtr stories = document->StoryRanges();
   const int count = stories->Count();
+  bool doesTextFollow = false;
   for (int index = 1; index <= count; ++index) {
     const word::RangePtr story = stories->Item(index);
-    const int type = story->StoryType();
-    const bool isText = type == word::wdMainTextStory;
-    // Notes follow the text that refers to them.
-    if (type < word::wdCommentsStory && HoldsOurEntry(isText ? document->Range(behind, story->End()) : story))
-      return true;
+    switch (story->StoryType()) {
+      case word::wdMainTextStory:
+        doesTextFollow = behind + 1 < story->End();
+        if (HoldsOurEntry(document->Range(behind, story->End()))) return true;
+        break;
+      case word::wdFootnotesStory:
+        if (doesTextFollow && HoldsOurEntry(story)) return true;
+        break;
+      case word::wdEndnotesStory:
+        if (HoldsOurEntry(story)) return true;
+        break;
+      default:
+        break;
+    }
   }
   return false;
 }
