@@ -39,18 +39,25 @@ std::string FailedReport(const fs::path& file, const std::string& reason) {
 
 std::unique_ptr<Journal> OpenJournal(const Options& options) {
   if (!options.journal.file) return nullptr;
-  if (options.journal.kept) return std::make_unique<Journal>(*options.journal.file, options.journal.options);
   std::error_code error;
-  fs::create_directories(*options.output.folder, error);
+  const bool noFolder = !options.journal.kept && !fs::is_directory(*options.output.folder, error);
   // Each file will say what is wrong with the folder.
-  if (error) return nullptr;
+  if (noFolder) return nullptr;
   return std::make_unique<Journal>(*options.journal.file, options.journal.options);
+}
+
+/// Journal and report may lie in it, too.
+void MakeResultFolder(const Options& options) {
+  std::error_code error;
+  if (options.output.folder) fs::create_directories(*options.output.folder, error);
 }
 
 class ManyFiles : public BatchWatch {
  public:
   ManyFiles(const Options& options, const FileWork& work, const TakeResult& take)
-      : options_(options), work_(work), take_(take), journal_(OpenJournal(options)) {
+      : options_(options), work_(work), take_(take) {
+    MakeResultFolder(options);
+    journal_ = OpenJournal(options);
     if (options.report) reports_.emplace(*options.report);
     if (options.transcript) transcripts_.emplace(*options.transcript);
     if (journal_) journal_->NoteFolder(temporary_.Path());

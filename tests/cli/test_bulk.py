@@ -262,6 +262,11 @@ class Resuming(Bulk):
         self.assertEqual(list(self.temporary.iterdir()), [])
         self.assertIn("--force", self.check("index", "store", "--out-dir", "out", status=3).err)
 
+    def test_a_report_may_lie_among_the_results(self):
+        self.store(2)
+        self.check("index", "store", "--out-dir", "out", "--no-resume", "--report", "out/report.jsonl")
+        self.assertEqual(sorted(self.results("out")), ["a/0.docx", "b/0.docx", "report.jsonl"])
+
     def test_two_runs_do_not_share_a_journal(self):
         root = self.store(2)
         os.mkfifo(root / "list")

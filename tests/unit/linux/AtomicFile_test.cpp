@@ -12,6 +12,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <functional>
+#include <set>
 #include <span>
 #include <string>
 
@@ -152,6 +153,29 @@ TEST(AtomicFile, IsTheOldOrTheWholeNewFileWheneverTheProgramIsKilled) {
     const std::string content = ReadBytes(folder / "file");
     ASSERT_TRUE(content == one || content == two) << "round " << round << ", size " << content.size();
   }
+}
+
+TEST(AtomicFile, WhatAKilledProcessLeftIsTakenAwayAndNothingElse) {
+  const TempFolder folder;
+  WriteBytes(folder / "file", "old");
+  const pid_t child = fork();
+  if (child == 0) {
+    os::AtomicFile file(folder / "file");
+    file.Write(Bytes("half of the ne"));
+    _exit(0);
+  }
+  waitpid(child, nullptr, 0);
+  const std::string others = ".kvx-" + std::to_string(child) + "0-1.tmp";
+  WriteBytes(folder / others, "of another process");
+  WriteBytes(folder / (".kvx-" + std::to_string(child) + "-notes"), "precious");
+  os::SweepTemporaries(folder / "file", child);
+  std::set<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
+    names.insert(entry.path().filename().string());
+  }
+  EXPECT_EQ(names, (std::set<std::string>{"file", others, ".kvx-" + std::to_string(child) + "-notes"}));
+  EXPECT_EQ(ReadBytes(folder / "file"), "old");
+  os::SweepTemporaries(folder / "missing/file", child);
 }
 
 TEST(IsReadOnly, IsTrueOnlyOfAFileWithoutWritePermission) {
