@@ -1,10 +1,12 @@
 #include "drafting/DraftCheck.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <optional>
 #include <set>
 #include <tuple>
+#include <unordered_map>
 #include <utility>
 
 #include "discovery/LineCapitals.h"
@@ -51,6 +53,7 @@ struct Term {
   std::u16string name;
   std::vector<Defining> definings;
   std::vector<Use> uses;
+  bool hidden{false};  ///< not used by itself, it stands inside of longer terms
 
   /// What defines it first; nullptr: nothing does.
   const Defining* Home() const {
@@ -117,7 +120,8 @@ class Check {
   void CollectTerms(const Candidates& candidates) {
     TextSet known;
     const auto take = [&](std::u16string_view name) {
-      if (known.emplace(name).second) terms_.push_back({.name = std::u16string(name), .definings = {}, .uses = {}});
+      if (known.emplace(name).second)
+        terms_.push_back({.name = std::u16string(name), .definings = {}, .uses = {}, .hidden = false});
     };
     for (const std::u16string& quoted : candidates.quoted) take(WithoutArticle(quoted, characters_));
     // A quotation mark without a partner upsets the search for quoted texts, not that for capitals.
@@ -136,6 +140,14 @@ class Check {
       }
     }
     std::erase_if(terms_, [](const Term& term) { return term.definings.empty(); });
+    for (std::size_t i = 0; i < terms_.size(); ++i) {
+      byName_.emplace(terms_[i].name, i);
+      for (const Defining& defining : terms_[i].definings) {
+        const Stand& stand = defining.stand;
+        quoted_.emplace(std::pair(stand.text, stand.begin), stand.end);
+        if (defining.role == Role::kListed) listed_[{stand.text, LineOf(stand).begin}].push_back(i);
+      }
+    }
   }
 
   void Note(Term& term, const Stand& stand) {
@@ -199,32 +211,32 @@ class Check {
         terms_[term].uses.push_back({{text, match.begin, match.end}, spelling, use});
       }
     }
-    CountHidden();
+    FindHidden();
   }
 
   /// A term that stands inside of longer ones only is used by them.
-  void CountHidden() {
-    for (Term& term : terms_) {
-      if (!term.uses.empty()) continue;
-      const marker::TermMatcher alone(letters_, {{.text = marker::PlainTerm(term.name), .matchCase = true}});
-      for (std::size_t text = 0; text < texts_.size(); ++text) {
-        for (const marker::Match& match : alone.Find(Plain(text))) {
-          if (!match.definition && !IsQuoted(text, match)) hidden_[term.name] += 1;
-        }
+  void FindHidden() {
+    std::vector<marker::Form> forms;
+    std::vector<std::size_t> unused;
+    for (std::size_t i = 0; i < terms_.size(); ++i) {
+      if (!terms_[i].uses.empty()) continue;
+      forms.push_back({.text = marker::PlainTerm(terms_[i].name), .matchCase = true});
+      unused.push_back(i);
+    }
+    if (unused.empty()) return;
+    const marker::TermMatcher matcher(letters_, std::move(forms));
+    for (std::size_t text = 0; text < texts_.size(); ++text) {
+      for (const marker::Match& match : matcher.Find(Plain(text))) {
+        if (!match.definition && !IsQuoted({text, match.begin, match.end})) terms_[unused[match.form]].hidden = true;
       }
     }
   }
 
   /// Whether a place lies in the quotation marks of a longer term.
-  bool IsQuoted(std::size_t text, const marker::Match& match) const {
-    for (const Term& term : terms_) {
-      for (const Defining& defining : term.definings) {
-        if (defining.stand.text == text && defining.stand.begin <= match.begin && match.end <= defining.stand.end) {
-          return true;
-        }
-      }
-    }
-    return false;
+  bool IsQuoted(const Stand& stand) const {
+    const auto behind = quoted_.upper_bound({stand.text, stand.begin});
+    return behind != quoted_.begin() && std::prev(behind)->first.first == stand.text &&
+           std::prev(behind)->second >= stand.end;
   }
 
   Place At(const Stand& stand) const { return PlaceOf(texts_[stand.text], stand.begin, stand.end, characters_); }
@@ -303,30 +315,23 @@ class Check {
     std::erase_if(uses, [](const Use& use) { return !CountsAsTerm(use); });
     const Defining& home = *term.Home();
     if (uses.empty()) {
-      if (!hidden_.contains(term.name) && !IsUsedAsOther(term)) Add(Kind::kNotUsed, term, home.stand);
+      if (!term.hidden && !IsUsedAsOther(term)) Add(Kind::kNotUsed, term, home.stand);
       return;
     }
-    if (uses.size() == 1 && !hidden_.contains(term.name)) {
-      Add(Kind::kUsedOnce, term, uses.front().stand, 1, &home.stand);
-    }
+    if (uses.size() == 1) Add(Kind::kUsedOnce, term, uses.front().stand, 1, &home.stand);
     CheckUsedBefore(term, home, uses);
   }
 
   /// Whether another name of the same thing is used: the other number that is defined too, or the other of "Group" or
   /// "the Group Companies" means.
   bool IsUsedAsOther(const Term& term) const {
-    const std::u16string number = InOtherNumber(term.name);
+    const auto number = byName_.find(InOtherNumber(term.name));
+    if (number != byName_.end() && !terms_[number->second].uses.empty()) return true;
     const Defining& home = *term.Home();
-    const Line line = LineOf(home.stand);
-    return std::any_of(terms_.begin(), terms_.end(), [&](const Term& other) {
-      if (&other == &term || other.uses.empty()) return false;
-      if (other.name == number) return true;
-      return home.role == Role::kListed &&
-             std::any_of(other.definings.begin(), other.definings.end(), [&](const Defining& defining) {
-               return defining.role == Role::kListed && defining.stand.text == home.stand.text &&
-                      LineOf(defining.stand).begin == line.begin;
-             });
-    });
+    const auto line = listed_.find({home.stand.text, LineOf(home.stand).begin});
+    return line != listed_.end() && std::any_of(line->second.begin(), line->second.end(), [&](std::size_t other) {
+             return &terms_[other] != &term && !terms_[other].uses.empty();
+           });
   }
 
   /// Whether a place lies in a list of definitions, which may speak of terms that follow.
@@ -447,8 +452,11 @@ class Check {
   std::vector<Text> texts_;
   std::vector<std::u16string> phrases_;
   std::vector<Term> terms_;
-  /// How often terms that are not used by themselves stand inside of longer ones.
-  std::map<std::u16string, int> hidden_;
+  std::unordered_map<std::u16string, std::size_t> byName_;
+  /// Where terms stand in quotation marks: text and beginning, and the end.
+  std::map<std::pair<std::size_t, std::size_t>, std::size_t> quoted_;
+  /// The terms that each line defines as in a list.
+  std::map<std::pair<std::size_t, std::size_t>, std::vector<std::size_t>> listed_;
   /// Text and beginning of each line that belongs to a list of definitions.
   std::set<std::pair<std::size_t, std::size_t>> definitionLines_;
   bool numberCounts_{true};

@@ -4,6 +4,7 @@
 #include <array>
 #include <optional>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 
 #include "discovery/LineCapitals.h"
@@ -151,10 +152,13 @@ class Search {
 
   /// Singular and plural are one term, named by what is used more often.
   void MergeNumbers() {
+    std::unordered_map<std::u16string_view, std::size_t> byPhrase;
+    for (std::size_t i = 0; i < phrases_.size(); ++i) byPhrase.emplace(phrases_[i], i);
     for (std::size_t i = 0; i < phrases_.size(); ++i) {
-      const auto other = std::find(phrases_.begin(), phrases_.end(), InOtherNumber(phrases_[i]));
-      if (other == phrases_.end()) continue;
-      Uses& uses = uses_[static_cast<std::size_t>(other - phrases_.begin())];
+      const std::u16string number = InOtherNumber(phrases_[i]);
+      const auto other = byPhrase.find(number);
+      if (other == byPhrase.end()) continue;
+      Uses& uses = uses_[other->second];
       if (uses.count > uses_[i].count || uses.count == 0) continue;
       uses_[i].count += uses.count;
       uses_[i].determined += uses.determined;
