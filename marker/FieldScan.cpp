@@ -1,5 +1,6 @@
 #include "marker/FieldScan.h"
 
+#include "marker/PlainText.h"
 #include "platform/word/Constants.h"
 
 #include <algorithm>
@@ -15,6 +16,7 @@ std::vector<ScannedField> ScanFields(std::u16string_view text) {
   std::vector<ScannedField> fields;
   std::vector<ScannedField> open;
   for (std::size_t index = 0; index < text.size(); ++index) {
+    if (IsPlain(text[index])) continue;
     switch (text[index]) {
       case word::kFieldBegin:
         open.push_back({.begin = index, .separator = kOpen, .end = kOpen});

@@ -82,6 +82,8 @@ std::int32_t MarkingRun::Mark(const word::RangePtr& story, int storyType, const 
   if (marks.Of(form).empty()) return 0;
 
   const std::u16string entryText = EntryText(request.entryText.empty() ? request.text : request.entryText);
+  const std::u16string code = EntryCode(entryText, false);
+  const std::u16string definitionCode = EntryCode(entryText, true);
   const word::RangePtr range = story->Duplicate();
   const word::FieldsPtr fields = story->Fields();
   std::int32_t marked = 0;
@@ -91,7 +93,7 @@ std::int32_t MarkingRun::Mark(const word::RangePtr& story, int storyType, const 
     // The entry takes the formatting of the text before it: written first, it stays without our highlight.
     range->SetRange(occurrence.entry, occurrence.entry);
     fields->Add(range, {.Type = word::wdFieldEmpty,
-                        .Text = EntryCode(entryText, occurrence.definition && !request.definitionsOnly),
+                        .Text = occurrence.definition && !request.definitionsOnly ? definitionCode : code,
                         .PreserveFormatting = false});
     marks.EntryWritten(number, story->End() - marks.StoryEnd());
     LayHighlight(range, occurrence, marks.HasAuthorsHighlight());

@@ -227,6 +227,9 @@ std::string DocumentParts::TargetOf(const XmlPart& part, std::string_view id) co
 }
 
 std::string DocumentParts::EnsureIndexStyle(int level) {
+  // Asked for once for each paragraph of an index.
+  const Style* const existing = styles_->ByName(IndexStyleName(level));
+  if (existing != nullptr && existing->type == StyleType::kParagraph) return existing->id;
   if (!stylesPart_) {
     const std::string folder = mainPart_->PartName().substr(0, mainPart_->PartName().find_last_of('/') + 1);
     const std::string name = folder + "styles.xml";

@@ -151,25 +151,6 @@ std::u16string_view AtomSequence::Text(const Place& place) const {
   return std::u16string_view(chunk.text).substr(offset, chunk.atoms[place.atom].length);
 }
 
-AtomSequence::Place AtomSequence::Next(Place place) const {
-  place.start += static_cast<Position>(Get(place).length);
-  if (++place.atom == chunks_[place.chunk]->atoms.size()) {
-    ++place.chunk;
-    place.atom = 0;
-  }
-  return place;
-}
-
-AtomSequence::Place AtomSequence::Previous(Place place) const {
-  if (place.atom == 0) {
-    --place.chunk;
-    place.atom = chunks_[place.chunk]->atoms.size();
-  }
-  --place.atom;
-  place.start -= static_cast<Position>(Get(place).length);
-  return place;
-}
-
 AtomSequence::Place AtomSequence::OfBookmark(XmlNode element) const {
   const auto found = bookmarks_.find(element.Data());
   assert(found != bookmarks_.end());

@@ -56,9 +56,21 @@ class AtomSequence {
   const std::vector<Atom>& AtomsAround(const Place& place) const { return chunks_[place.chunk]->atoms; }
   /// The atom's own text.
   std::u16string_view Text(const Place& place) const;
-  Place Next(Place place) const;
+  Place Next(Place place) const {
+    const std::vector<Atom>& atoms = AtomsAround(place);
+    place.start += static_cast<Position>(atoms[place.atom].length);
+    if (++place.atom == atoms.size()) {
+      ++place.chunk;
+      place.atom = 0;
+    }
+    return place;
+  }
   /// @pre place is not Begin()
-  Place Previous(Place place) const;
+  Place Previous(Place place) const {
+    if (place.atom == 0) place.atom = chunks_[--place.chunk]->atoms.size();
+    place.start -= static_cast<Position>(chunks_[place.chunk]->atoms[--place.atom].length);
+    return place;
+  }
   bool IsBegin(const Place& place) const { return place.chunk == 0 && place.atom == 0; }
   bool HasBookmarks() const { return !bookmarks_.empty(); }
   /// The place of a bookmark's atom. @pre the element has such an atom in this sequence

@@ -1,5 +1,6 @@
 #include "hosts/docx/styles/RunProperties.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdio>
@@ -56,22 +57,25 @@ bool SameNode(XmlNode first, XmlNode second) {
 
 /// Whether two contents, as they are written, begin elements of the same names in the same order.
 bool SameElements(std::string_view first, std::string_view second) {
-  const auto next = [](std::string_view content, std::size_t from) {
-    std::size_t at = content.find('<', from);
-    while (at != std::string_view::npos && content.substr(at + 1).starts_with('/')) at = content.find('<', at + 1);
-    return at;
+  // The rest from the next name on; empty when there is none.
+  const auto nextName = [](std::string_view rest) {
+    do {
+      rest.remove_prefix(std::min(rest.find('<'), rest.size() - 1) + 1);
+    } while (rest.starts_with('/'));
+    return rest;
   };
-  const auto name = [](std::string_view content, std::size_t at) {
-    return content.substr(at, content.find_first_of(" \t\r\n/>", at) - at);
-  };
-  std::size_t a = next(first, 0);
-  std::size_t b = next(second, 0);
-  while (a != std::string_view::npos && b != std::string_view::npos) {
-    if (name(first, a) != name(second, b)) return false;
-    a = next(first, a + 1);
-    b = next(second, b + 1);
+  const auto endsName = [](char c) { return c == ' ' || c == '>' || c == '/' || c == '\t' || c == '\n' || c == '\r'; };
+  while (!first.empty() && !second.empty()) {
+    first = nextName(first);
+    second = nextName(second);
+    std::size_t length = 0;
+    const std::size_t most = std::min(first.size(), second.size());
+    while (length < most && first[length] == second[length] && !endsName(first[length])) ++length;
+    const bool same =
+        length == most ? first.size() == second.size() : endsName(first[length]) && endsName(second[length]);
+    if (!same) return false;
   }
-  return a == b;
+  return first.empty() == second.empty();
 }
 
 }  // namespace

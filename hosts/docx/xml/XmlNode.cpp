@@ -137,25 +137,18 @@ std::optional<std::string_view> XmlNode::ContentText() const {
 
 void XmlNode::SetAttribute(std::string_view name, std::string_view value) {
   const std::string_view old = AttributeText();
-  std::string written;
-  written.append(" ").append(name).append("=\"").append(EscapedValue(value)).append("\"");
-  if (old.empty()) return AttributesChanged(written);
-  std::string text;
-  text.reserve(old.size() + written.size());
   const char* at = old.data();
-  RawAttribute attribute;
-  bool isSet = false;
-  while (NextAttribute(at, old.data() + old.size(), attribute)) {
-    if (attribute.name != name) {
-      text += attribute.text;
-      continue;
-    }
-    if (attribute.text == written) return;
-    text += written;
-    isSet = true;
+  RawAttribute attribute{.text = {}, .name = {}, .value = {}};
+  while (attribute.name != name && NextAttribute(at, old.data() + old.size(), attribute)) {
   }
-  if (!isSet) text += written;
-  AttributesChanged(text);
+  const bool isThere = attribute.name == name;
+  const std::string_view before =
+      isThere ? old.substr(0, static_cast<std::size_t>(attribute.text.data() - old.data())) : old;
+  std::string text;
+  text.reserve(old.size() + name.size() + value.size() + 4);
+  text.append(before).append(" ").append(name).append("=\"").append(EscapedValue(value)).append("\"");
+  if (isThere) text.append(at, old.data() + old.size());
+  if (text != old) AttributesChanged(text);
 }
 
 void XmlNode::SetAttribute(std::string_view name, long value) { SetAttribute(name, std::to_string(value)); }

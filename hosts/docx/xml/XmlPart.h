@@ -29,7 +29,10 @@ class XmlPart {
 
   /// Whether any element has or had that tag, or one of WordprocessingML that local name.
   bool Has(Tag tag) const;
-  bool Has(std::string_view local) const { return Name(local).used; }
+  template <typename Local>
+  bool Has(const Local& local) const {
+    return Name(local).used;
+  }
 
   Tag TagOf(XmlNode node) const {
     const XmlName& name = node.Entry();
