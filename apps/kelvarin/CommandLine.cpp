@@ -380,7 +380,8 @@ class Reader {
     const std::set<Command> writing{Command::kIndex, Command::kRemove, Command::kUnhighlight, Command::kUpdate};
     const bool needsOutput = writing.contains(options_.command);
     if (needsOutput && places == 0) throw CLI::RequiredError("-o OUT, --out-dir DIR or --in-place");
-    if (output.file && options_.many) throw CLI::ValidationError("-o", "takes one input; use --out-dir");
+    const bool several = options_.inputs.size() > 1 || choice_.operands.size() > 1;
+    if (output.file && several) throw CLI::ValidationError("-o", "takes one input; use --out-dir");
     CheckNames();
     CheckWritten();
   }
