@@ -136,7 +136,8 @@ std::optional<std::string_view> XmlNode::ContentText() const {
 }
 
 void XmlNode::SetAttribute(std::string_view name, std::string_view value) {
-  const std::string_view old = AttributeText();
+  std::string_view old = AttributeText();
+  old = old.substr(0, old.find_last_not_of(" \t\r\n") + 1);
   const char* at = old.data();
   RawAttribute attribute{.text = {}, .name = {}, .value = {}};
   while (attribute.name != name && NextAttribute(at, old.data() + old.size(), attribute)) {

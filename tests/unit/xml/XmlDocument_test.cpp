@@ -108,6 +108,15 @@ TEST(XmlNode, AttributesAreAddedAtTheEndAndRemoved) {
   EXPECT_EQ(b.Attribute("y").AsInt(5), 5);
 }
 
+TEST(XmlNode, BlanksBehindTheAttributesGoWhenOneIsSetAndStayWhenItIsThere) {
+  XmlDocument document("<a><b x='1' /><b x=\"1\" /><b /></a>", "part.xml");
+  const XmlNode first = document.Root().FirstChild();
+  first.NextSibling().SetAttribute("x", "1");
+  XmlNode(first).SetAttribute("y", "2");
+  document.Root().LastChild().SetAttribute("z", "3");
+  EXPECT_EQ(document.Serialize(), "<a><b x='1' y=\"2\"/><b x=\"1\" /><b z=\"3\"/></a>");
+}
+
 TEST(XmlNode, ASettledContentCanBeGivenToAnotherElement) {
   XmlDocument document("<a><b><c x='1'/><d/></b><b/></a>", "part.xml");
   XmlNode b = document.Root().FirstChild();
