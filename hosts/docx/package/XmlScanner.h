@@ -124,8 +124,25 @@ class XmlScanner {
     return static_cast<std::size_t>(end_ - p_) >= text.size() && std::memcmp(p_, text.data(), text.size()) == 0;
   }
 
+  // These count in a local variable: a member would be stored for each character.
+
   void SkipBlanks() {
-    while (p_ < end_ && xml_scanner::Is(*p_, xml_scanner::kBlank)) ++p_;
+    const char* p = p_;
+    while (p < end_ && xml_scanner::Is(*p, xml_scanner::kBlank)) ++p;
+    p_ = p;
+  }
+
+  /// Up to a character of these classes or the end.
+  void SkipTo(std::uint8_t stops) {
+    const char* p = p_;
+    while (p < end_ && !xml_scanner::Is(*p, stops)) ++p;
+    p_ = p;
+  }
+
+  void SkipAsciiOfName() {
+    const char* p = p_;
+    while (p < end_ && static_cast<unsigned char>(*p) < 0x80 && !xml_scanner::Is(*p, xml_scanner::kStopsName)) ++p;
+    p_ = p;
   }
 
   /// One character that is not ASCII or not allowed.
@@ -192,7 +209,7 @@ class XmlScanner {
   /// Up to the next "<" or the end.
   void Text() {
     while (true) {
-      while (p_ < end_ && !xml_scanner::Is(*p_, xml_scanner::kStopsText)) ++p_;
+      SkipTo(xml_scanner::kStopsText);
       if (p_ == end_ || *p_ == '<') return;
       if (*p_ == '&') {
         Reference();
@@ -208,13 +225,7 @@ class XmlScanner {
   std::string_view Name() {
     if (p_ == end_ || xml_scanner::Is(*p_, xml_scanner::kNoNameStart)) Fail("has a tag or an attribute without a name");
     const char* const start = p_;
-    while (p_ < end_ && !xml_scanner::Is(*p_, xml_scanner::kStopsName)) {
-      if (static_cast<unsigned char>(*p_) < 0x80) {
-        ++p_;
-      } else {
-        CheckedChar();
-      }
-    }
+    for (SkipAsciiOfName(); p_ < end_ && static_cast<unsigned char>(*p_) >= 0x80; SkipAsciiOfName()) CheckedChar();
     return {start, static_cast<std::size_t>(p_ - start)};
   }
 
@@ -222,7 +233,7 @@ class XmlScanner {
     if (p_ == end_ || (*p_ != '"' && *p_ != '\'')) Fail("has an attribute without a quoted value");
     const char quote = *p_++;
     while (true) {
-      while (p_ < end_ && !xml_scanner::Is(*p_, xml_scanner::kStopsValue)) ++p_;
+      SkipTo(xml_scanner::kStopsValue);
       if (p_ == end_) Fail("ends in the middle of an attribute");
       if (*p_ == quote) break;
       if (*p_ == '"' || *p_ == '\'') {
@@ -324,13 +335,13 @@ class XmlScanner {
   void Declaration() {
     if (StartsWith("<!--")) {
       const char* const start = p_ + 4;
-      SkipTo(start, "--");
+      SkipBehind(start, "--");
       if (p_ == end_ || *p_ != '>') Fail("has \"--\" in a comment");
       ++p_;
       handler_.Comment(start, p_ - 3);
     } else if ((!open_.empty() || isContent_) && StartsWith("<![CDATA[")) {
       const char* const start = p_ + 9;
-      SkipTo(start, "]]>");
+      SkipBehind(start, "]]>");
       handler_.CData(start, p_ - 3);
     } else if (StartsWith("<!DOCTYPE")) {
       Fail("declares a document type, which Word documents must not");
@@ -348,15 +359,15 @@ class XmlScanner {
     if (p_ < end_ && !xml_scanner::Is(*p_, xml_scanner::kBlank) && !StartsWith("?>"))
       Fail("has a malformed processing instruction");
     const char* const rest = p_;
-    SkipTo(rest, "?>");
+    SkipBehind(rest, "?>");
     handler_.Instruction(target, {rest, static_cast<std::size_t>(p_ - 2 - rest)});
   }
 
   /// Behind the terminator; what lies before it is only checked for characters.
-  void SkipTo(const char* from, std::string_view terminator) {
+  void SkipBehind(const char* from, std::string_view terminator) {
     p_ = from;
     while (true) {
-      while (p_ < end_ && !xml_scanner::Is(*p_, xml_scanner::kStopsOther)) ++p_;
+      SkipTo(xml_scanner::kStopsOther);
       if (p_ >= end_) Fail("ends in the middle of a comment, section or instruction");
       if (StartsWith(terminator)) break;
       if (*p_ == '-' || *p_ == '?' || *p_ == ']') {
