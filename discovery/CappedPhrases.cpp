@@ -149,7 +149,10 @@ void CappedPhrases::TakeQuoted(Span inside) {
   quoted_.push_back(inside);
   if (inside.end == word->end) return;
   std::vector<std::u16string>& phrases = known_[std::u16string(Text(*word))];
-  if (std::find(phrases.begin(), phrases.end(), text) == phrases.end()) phrases.emplace_back(text);
+  if (std::find(phrases.begin(), phrases.end(), text) != phrases.end()) return;
+  const auto shorter = std::find_if(phrases.begin(), phrases.end(),
+                                    [&](const std::u16string& phrase) { return phrase.size() < text.size(); });
+  phrases.emplace(shorter, text);
 }
 
 std::size_t CappedPhrases::QuotedEnd(std::size_t begin) const {
@@ -161,17 +164,15 @@ std::size_t CappedPhrases::QuotedEnd(std::size_t begin) const {
 std::size_t CappedPhrases::KnownEnd(const Word& word) const {
   const auto phrases = known_.find(Text(word));
   if (phrases == known_.end()) return 0;
-  std::size_t end = 0;
   const std::u16string_view rest = std::u16string_view(line_).substr(word.begin);
   for (const std::u16string& phrase : phrases->second) {
-    const std::size_t behind = word.begin + phrase.size();
     // Most differ in length or at their ends: they begin with the same word.
-    if (behind > end && phrase.size() <= rest.size() && rest[phrase.size() - 1] == phrase.back() &&
-        rest.starts_with(phrase) && !IsLetterAt(behind)) {
-      end = behind;
+    if (phrase.size() <= rest.size() && rest[phrase.size() - 1] == phrase.back() && rest.starts_with(phrase) &&
+        !IsLetterAt(word.begin + phrase.size())) {
+      return word.begin + phrase.size();
     }
   }
-  return end;
+  return 0;
 }
 
 std::size_t CappedPhrases::PhraseEnd(std::size_t first) const {

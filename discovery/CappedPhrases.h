@@ -74,6 +74,6 @@ class CappedPhrases {
   std::vector<Span> hits_;
   std::vector<Word> words_;
   std::vector<Span> quoted_;
-  /// Phrases that stood in quotes, by their first word.
+  /// Phrases that stood in quotes, by their first word, longer ones first.
   TextMap<std::vector<std::u16string>> known_;
 };

@@ -50,13 +50,28 @@ constexpr std::array<std::u16string_view, 191> kSmallWords = {
 
 constexpr std::size_t kLongest = 15;
 
+/// Where the words with each initial begin.
+constexpr auto kInitials = [] {
+  std::array<std::size_t, 27> begins{};
+  for (const std::u16string_view word : kSmallWords) {
+    for (std::size_t next = static_cast<std::size_t>(word.front() - u'a') + 1; next < begins.size(); ++next) {
+      ++begins[next];
+    }
+  }
+  return begins;
+}();
+
 }  // namespace
 
 bool IsSmallWord(std::u16string_view word) {
-  if (word.size() > kLongest) return false;
+  if (word.empty() || word.size() > kLongest) return false;
   std::array<char16_t, kLongest> letters{};
   std::transform(word.begin(), word.end(), letters.begin(), [](char16_t unit) {
     return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit - u'A' + u'a') : unit;
   });
-  return std::binary_search(kSmallWords.begin(), kSmallWords.end(), std::u16string_view(letters.data(), word.size()));
+  const std::u16string_view small(letters.data(), word.size());
+  if (small.front() < u'a' || small.front() > u'z') return false;
+  const auto* const begin = kInitials.begin() + (small.front() - u'a');
+  return std::any_of(kSmallWords.begin() + begin[0], kSmallWords.begin() + begin[1],
+                     [small](std::u16string_view known) { return known == small; });
 }
