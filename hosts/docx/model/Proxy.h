@@ -15,6 +15,11 @@ inline std::shared_ptr<OpenDocument> Lock(const std::weak_ptr<OpenDocument>& doc
   return open;
 }
 
+/// The same for whom it is enough that the document is open.
+inline void RequireOpen(const std::weak_ptr<OpenDocument>& document, std::string_view member) {
+  if (document.expired()) static_cast<void>(Lock(document, member));
+}
+
 [[noreturn]] inline void ThrowNoMember(std::string_view member) {
   throw word::HostError(word::kMemberDoesNotExist, u"The requested member of the collection does not exist.", member);
 }

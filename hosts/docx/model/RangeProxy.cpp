@@ -73,36 +73,36 @@ RangeProxy& RangeProxy::Of(const word::RangePtr& range) {
 }
 
 Story& RangeProxy::StoryOf(std::string_view member) const {
-  Lock(document_, member);
+  RequireOpen(document_, member);
   return *anchor_.Of();
 }
 
 Position RangeProxy::Within(Position value) const { return std::clamp(value, 0, anchor_.Of()->Length()); }
 
 Position RangeProxy::Start() const {
-  Lock(document_, "Range.Start");
+  RequireOpen(document_, "Range.Start");
   return anchor_.start;
 }
 
 Position RangeProxy::End() const {
-  Lock(document_, "Range.End");
+  RequireOpen(document_, "Range.End");
   return anchor_.end;
 }
 
 void RangeProxy::SetStart(Position value) {
-  Lock(document_, "Range.Start");
+  RequireOpen(document_, "Range.Start");
   anchor_.start = Within(value);
   anchor_.end = std::max(anchor_.start, anchor_.end);
 }
 
 void RangeProxy::SetEnd(Position value) {
-  Lock(document_, "Range.End");
+  RequireOpen(document_, "Range.End");
   anchor_.end = Within(value);
   anchor_.start = std::min(anchor_.start, anchor_.end);
 }
 
 void RangeProxy::SetRange(Position start, Position end) {
-  Lock(document_, "Range.SetRange");
+  RequireOpen(document_, "Range.SetRange");
   anchor_.start = Within(start);
   anchor_.end = std::max(anchor_.start, Within(end));
 }
@@ -168,7 +168,7 @@ word::RangePtr RangeProxy::Duplicate() const {
 }
 
 void RangeProxy::Collapse(word::WdCollapseDirection direction) {
-  Lock(document_, "Range.Collapse");
+  RequireOpen(document_, "Range.Collapse");
   (direction == word::wdCollapseStart ? anchor_.end : anchor_.start) =
       direction == word::wdCollapseStart ? anchor_.start : anchor_.end;
 }
