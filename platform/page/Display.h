@@ -86,7 +86,6 @@ struct Rule {
 struct Picture {
   Rect area;
   std::string name;  ///< to ask for its bytes with; empty for what cannot be drawn and shows as a box
-  bool behind{false};
 };
 
 /// All of a page. Fills lie below everything, rules and pictures over them, text on top.

@@ -410,16 +410,22 @@ void BlockReader::AddMath(XmlNode math) {
   AddSolid(text, atoms_ == nullptr ? 0 : place_.start);
 }
 
-void BlockReader::AddObject(double width, double height) {
+void BlockReader::AddObject(const Floating& drawing) {
   AddText(u"\uFFFC", atoms_ == nullptr ? 0 : place_.start, PieceKind::kObject);
-  open_->pieces.back().width = static_cast<float>(width);
-  open_->pieces.back().height = static_cast<float>(height);
+  Piece& piece = open_->pieces.back();
+  piece.width = static_cast<float>(drawing.width);
+  piece.height = static_cast<float>(drawing.height);
+  if (drawing.picture.empty()) return;
+  piece.picture = static_cast<int>(open_->pictures.size());
+  open_->pictures.push_back(drawing.picture);
 }
 
 void BlockReader::ReadDrawing(XmlNode element) {
-  for (const Drawing& drawing : ReadDrawings(part_, element)) {
+  for (Drawing& drawing : ReadDrawings(part_, element)) {
+    std::string& picture = drawing.floating.picture;
+    if (!picture.empty()) picture = pictureNames_ ? pictureNames_(part_, picture) : std::string();
     if (drawing.inLine) {
-      AddObject(drawing.floating.width, drawing.floating.height);
+      AddObject(drawing.floating);
     } else {
       open_->floats.push_back(drawing.floating);
     }

@@ -2,6 +2,7 @@
 
 #include "hosts/docx/xml/XmlNode.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -38,6 +39,9 @@ class BlockReader {
   std::vector<Block> Read(XmlNode container);
   /// What stands in a note's text for its own number.
   void SetNoteMark(std::u16string mark) { noteMark_ = std::move(mark); }
+  /// Who knows the part's name for the id of a picture's relationship.
+  using PictureNames = std::function<std::string(const XmlPart& part, std::string_view id)>;
+  void SetPictureNames(PictureNames names) { pictureNames_ = std::move(names); }
 
  private:
   void ReadBlocks(XmlNode container, bool deleted, const TableValues* cell, std::vector<Block>& into);
@@ -48,7 +52,7 @@ class BlockReader {
   void ReadRun(XmlNode run, bool deleted);
   void ReadContent(XmlNode element, XmlNode rPr, bool deleted);
   void ReadDrawing(XmlNode element);
-  void AddObject(double width, double height);
+  void AddObject(const Floating& drawing);
   void AddMath(XmlNode math);
   void AddText(std::u16string_view text, Position position, PieceKind kind = PieceKind::kText, XmlNode element = {});
   /// Text all of which stands at one position.
@@ -71,6 +75,7 @@ class BlockReader {
   NumberCounters& counters_;
   NoteNumbers& notes_;
   std::u16string noteMark_;
+  PictureNames pictureNames_;
 
   /// A paragraph whose mark does not show goes on in the next one.
   std::unique_ptr<Paragraph> open_;

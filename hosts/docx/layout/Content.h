@@ -35,11 +35,24 @@ enum class PageField : std::uint8_t { kNone, kPage, kPageCount };
 /// A picture or text box that does not stand in the line. Lengths in twips.
 struct Floating {
   enum class Wrap : std::uint8_t { kNone, kSquare, kTopAndBottom };
+  /// What a place is counted from.
+  enum class From : std::uint8_t { kText, kMargin, kPaper };
   Wrap wrap{Wrap::kNone};
-  double width{0};
+  double width{0};  ///< with what it keeps free around it
   double height{0};
   double offset{0};  ///< down from the paragraph's top, when it goes with the paragraph
   bool withParagraph{true};
+
+  // Where it is drawn.
+  std::string picture;  ///< the name of a part of the package; empty for what cannot be drawn
+  double drawnWidth{0};
+  double drawnHeight{0};
+  From across{From::kText};
+  From down{From::kText};
+  double x{0};
+  double y{0};
+  std::optional<double> sideAcross;  ///< instead of x: 0 on the left, 0.5 in the middle, 1 on the right
+  std::optional<double> sideDown;    ///< instead of y
 };
 
 /// A stretch of a paragraph that shows in one way.

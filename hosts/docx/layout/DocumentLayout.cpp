@@ -59,9 +59,14 @@ DocumentLayout::DocumentLayout(DocumentParts& parts, bool lastBreaks)
   const Story& main = parts_.Main();
   const XmlPart& part = main.Part();
   BlockReader reader(formats_, part, &main, counters_, noteNumbers_);
+  reader.SetPictureNames(PictureNames());
   std::vector<Block> blocks = reader.Read(part.Child(part.Root(), Tag::kBody));
   ReadSections(blocks);
   LayOut(std::move(blocks));
+}
+
+BlockReader::PictureNames DocumentLayout::PictureNames() {
+  return [this](const XmlPart& part, std::string_view id) { return parts_.TargetOf(part, id); };
 }
 
 void DocumentLayout::ReadSettings() {
@@ -135,6 +140,7 @@ std::vector<Block> DocumentLayout::ReadApart(XmlPart& part, XmlNode container) {
   NumberCounters counters;
   NoteNumbers notes;
   BlockReader reader(formats_, part, nullptr, counters, notes);
+  reader.SetPictureNames(PictureNames());
   return reader.Read(container);
 }
 
@@ -164,6 +170,7 @@ void DocumentLayout::MeasureFootnotes(double width) {
   NoteNumbers none;
   NoteNumbers numbers = noteNumbers_.Fresh();
   BlockReader reader(formats_, part, &story, counters_, none);
+  reader.SetPictureNames(PictureNames());
   FlowBuilder builder(lines_, flowSettings_);
   for (const Note& note : NotesOf(story)) {
     reader.SetNoteMark(numbers.Next(true));
@@ -200,6 +207,7 @@ void DocumentLayout::AppendEndnotes(Flow& flow, double width) {
   NoteNumbers none;
   NoteNumbers numbers = noteNumbers_.Fresh();
   BlockReader reader(formats_, part, &story, counters_, none);
+  reader.SetPictureNames(PictureNames());
   double after = 0;
   for (const Note& note : NotesOf(story)) {
     reader.SetNoteMark(numbers.Next(false));
@@ -216,8 +224,8 @@ void DocumentLayout::AppendEndnotes(Flow& flow, double width) {
 
 void DocumentLayout::LayOut(std::vector<Block> blocks) {
   MeasureFootnotes(sections_.front()->columns.front());
-  filler_ = std::make_unique<PageFiller>(noteRooms_, options_);
   FlowBuilder builder(lines_, flowSettings_);
+  filler_ = std::make_unique<PageFiller>(noteRooms_, options_, &builder);
   std::size_t section = 0;
   std::vector<Block> ofSection;
   const auto finish = [&](bool last) {

@@ -53,6 +53,7 @@ class DocumentLayout {
   const Paragraph* ParagraphAt(Position position) const;
 
  private:
+  BlockReader::PictureNames PictureNames();
   void ReadSettings();
   void DescribeFonts();
   void ReadSections(const std::vector<Block>& blocks);

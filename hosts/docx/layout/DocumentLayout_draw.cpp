@@ -114,7 +114,7 @@ page::Display DocumentLayout::Draw(int page) const {
   page::Display display;
   display.width = room.section->width / kPerPoint;
   display.height = room.section->height / kPerPoint;
-  PageDrawer drawer(lineSettings_, display);
+  PageDrawer drawer(lineSettings_, room, display);
 
   const auto lines = OnPage(body_.lines, page);
   const auto notes = OnPage(notes_.lines, page);
@@ -160,7 +160,7 @@ int DocumentLayout::PageShowing(int story, Position position) const {
   std::vector<std::pair<Position, int>>& starts = shownOn_[static_cast<std::size_t>(story - 1)];
   if (starts.empty()) {
     for (const PageFiller::Placed& line : story == word::wdFootnotesStory ? notes_.lines : body_.lines) {
-      const bool shows = !line.repeated && line.position >= 0 && line.shown.paragraph != nullptr;
+      const bool shows = !line.repeated && line.position >= 0 && line.shown.paragraph != nullptr && line.shown.letters;
       if (shows && line.endnote == endnote) starts.emplace_back(line.position, line.page);
     }
     std::ranges::stable_sort(starts, {}, &std::pair<Position, int>::first);

@@ -25,15 +25,64 @@ XmlNode LocalChild(XmlNode parent, std::string_view local) {
   return {};
 }
 
+/// The first element below with a local name.
+XmlNode Descendant(XmlNode parent, std::string_view local) {
+  for (XmlNode node = parent.FirstChild(); node;) {
+    if (LocalName(node) == local) return node;
+    if (node.FirstChild()) {
+      node = node.FirstChild();
+      continue;
+    }
+    while (node != parent && !node.NextSibling()) node = node.Parent();
+    if (node == parent) return {};
+    node = node.NextSibling();
+  }
+  return {};
+}
+
+/// A relationship's id in an attribute of that local name.
+std::string RelationshipIn(XmlNode element, std::string_view local) {
+  for (const XmlAttribute& attribute : element.Attributes()) {
+    const std::string_view name = attribute.Name();
+    if (name.size() > local.size() && name.ends_with(local) && name[name.size() - local.size() - 1] == ':') {
+      return std::string(attribute.Value());
+    }
+  }
+  return {};
+}
+
+Floating::From FromOf(std::string_view name) {
+  using From = Floating::From;
+  if (name == "page") return From::kPaper;
+  if (name.ends_with("argin")) return From::kMargin;
+  return From::kText;
+}
+
+/// One direction of a place.
+void ReadPlace(XmlNode position, Floating::From& from, double& offset, std::optional<double>& side) {
+  from = FromOf(position.Attribute("relativeFrom").Value());
+  if (const XmlNode align = LocalChild(position, "align")) {
+    const std::string_view name = align.OnlyText().value_or("");
+    side = name == "center" ? 0.5 : name == "right" || name == "bottom" || name == "outside" ? 1 : 0;
+    return;
+  }
+  offset = std::clamp(NumberIn(LocalChild(position, "posOffset")) / kEmusPerTwip, -kTallest, kTallest);
+}
+
 Drawing ReadDrawingMl(XmlNode frame, bool inLine) {
   Drawing drawing;
   drawing.inLine = inLine;
   Floating& floating = drawing.floating;
+  floating.picture = RelationshipIn(Descendant(frame, "blip"), "embed");
   const XmlNode extent = LocalChild(frame, "extent");
   const XmlNode effect = LocalChild(frame, "effectExtent");
   floating.width = Emus(extent.Attribute("cx")) + Emus(effect.Attribute("l")) + Emus(effect.Attribute("r"));
   floating.height = Emus(extent.Attribute("cy")) + Emus(effect.Attribute("t")) + Emus(effect.Attribute("b"));
+  floating.drawnWidth = Emus(extent.Attribute("cx"));
+  floating.drawnHeight = Emus(extent.Attribute("cy"));
   if (inLine) return drawing;
+  ReadPlace(LocalChild(frame, "positionH"), floating.across, floating.x, floating.sideAcross);
+  ReadPlace(LocalChild(frame, "positionV"), floating.down, floating.y, floating.sideDown);
   using Wrap = Floating::Wrap;
   if (LocalChild(frame, "wrapTopAndBottom")) floating.wrap = Wrap::kTopAndBottom;
   for (const char* name : {"wrapSquare", "wrapTight", "wrapThrough"}) {
@@ -48,29 +97,49 @@ Drawing ReadDrawingMl(XmlNode frame, bool inLine) {
   return drawing;
 }
 
-/// A length in a VML style, in twips.
-double StyleLength(std::string_view style, std::string_view name) {
+/// What an entry of a VML style says; empty when it is not there.
+std::string_view StyleWord(std::string_view style, std::string_view name) {
   for (std::size_t at = 0; at < style.size();) {
     const std::size_t end = std::min(style.find(';', at), style.size());
     std::string_view entry = style.substr(at, end - at);
     while (!entry.empty() && entry.front() == ' ') entry.remove_prefix(1);
     const std::size_t colon = entry.find(':');
-    if (colon != std::string_view::npos && entry.substr(0, colon) == name) {
-      std::string_view value = entry.substr(colon + 1);
-      double number = 0;
-      const auto [last, error] = std::from_chars(value.data(), value.data() + value.size(), number);
-      if (error != std::errc()) return 0;
-      const std::string_view unit = value.substr(static_cast<std::size_t>(last - value.data()));
-      const double points = unit == "in"   ? 72
-                            : unit == "cm" ? 72 / 2.54
-                            : unit == "mm" ? 72 / 25.4
-                            : unit == "px" ? 0.75
-                                           : 1;
-      return std::clamp(number * points * 20, -kTallest, kTallest);
-    }
+    if (colon != std::string_view::npos && entry.substr(0, colon) == name) return entry.substr(colon + 1);
     at = end + 1;
   }
-  return 0;
+  return {};
+}
+
+/// A length in a VML style, in twips.
+double StyleLength(std::string_view style, std::string_view name) {
+  const std::string_view value = StyleWord(style, name);
+  double number = 0;
+  const auto [last, error] = std::from_chars(value.data(), value.data() + value.size(), number);
+  if (error != std::errc()) return 0;
+  const std::string_view unit = value.substr(static_cast<std::size_t>(last - value.data()));
+  const double points = unit == "in"   ? 72
+                        : unit == "cm" ? 72 / 2.54
+                        : unit == "mm" ? 72 / 25.4
+                        : unit == "px" ? 0.75
+                                       : 1;
+  return std::clamp(number * points * 20, -kTallest, kTallest);
+}
+
+void ReadVmlPlace(std::string_view style, Floating& floating) {
+  using From = Floating::From;
+  const auto side = [](std::string_view name) -> std::optional<double> {
+    if (name == "center") return 0.5;
+    if (name == "right" || name == "bottom" || name == "outside") return 1;
+    if (name == "left" || name == "top" || name == "inside") return 0;
+    return {};
+  };
+  const auto from = [](std::string_view name) {
+    return name == "page" ? From::kPaper : name == "margin" ? From::kMargin : From::kText;
+  };
+  floating.across = from(StyleWord(style, "mso-position-horizontal-relative"));
+  floating.down = from(StyleWord(style, "mso-position-vertical-relative"));
+  floating.sideAcross = side(StyleWord(style, "mso-position-horizontal"));
+  floating.sideDown = side(StyleWord(style, "mso-position-vertical"));
 }
 
 void ReadVml(XmlNode element, std::vector<Drawing>& drawings) {
@@ -83,6 +152,12 @@ void ReadVml(XmlNode element, std::vector<Drawing>& drawings) {
     drawing.floating.width = StyleLength(style, "width");
     drawing.floating.height = StyleLength(style, "height");
     drawing.floating.offset = StyleLength(style, "margin-top");
+    drawing.floating.picture = RelationshipIn(LocalChild(shape, "imagedata"), "id");
+    drawing.floating.drawnWidth = drawing.floating.width;
+    drawing.floating.drawnHeight = drawing.floating.height;
+    drawing.floating.x = StyleLength(style, "margin-left");
+    drawing.floating.y = drawing.floating.offset;
+    ReadVmlPlace(style, drawing.floating);
     const std::string_view type = LocalChild(shape, "wrap").Attribute("type").Value();
     using Wrap = Floating::Wrap;
     drawing.floating.wrap = type == "topAndBottom"                                     ? Wrap::kTopAndBottom

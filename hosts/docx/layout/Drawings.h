@@ -14,7 +14,7 @@ struct Drawing {
   Floating floating;
 };
 
-/// @param element a w:drawing, w:pict or w:object
+/// @param element a w:drawing, w:pict or w:object @return with the ids of relationships for the names of pictures
 std::vector<Drawing> ReadDrawings(const XmlPart& part, XmlNode element);
 
 }  // namespace docx::layout

@@ -1,6 +1,7 @@
 #include "hosts/docx/layout/Flow.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace docx::layout {
@@ -57,6 +58,22 @@ ShownLine Show(const Paragraph& paragraph, const Line& line, double width) {
   shown.height = static_cast<float>(line.height);
   shown.baseline = static_cast<float>(line.baseline);
   return shown;
+}
+
+BreakBefore BreakAfter(const Line& line) {
+  return line.behind == BreakBehind::kPage     ? BreakBefore::kPage
+         : line.behind == BreakBehind::kColumn ? BreakBefore::kColumn
+                                               : BreakBefore::kNone;
+}
+
+FlowItem ItemOf(const Paragraph& paragraph, const Line& line, double width) {
+  FlowItem item;
+  item.height = line.height;
+  item.position = line.start;
+  item.lastBreak = line.lastBreak;
+  item.notes = line.notes;
+  item.shown = Show(paragraph, line, width);
+  return item;
 }
 
 Hold HoldOf(const Paragraph& paragraph, std::size_t line, std::size_t lines) {
@@ -129,6 +146,30 @@ void FlowBuilder::AddFrame(const Paragraph& paragraph, double width, Before& bef
   }
 }
 
+void FlowBuilder::Divide(std::vector<FlowItem>& items, std::size_t line, std::uint32_t unit) {
+  const ShownLine shown = items[line].shown;
+  const Paragraph& paragraph = *shown.paragraph;
+  std::size_t end = line + 1;
+  while (end < items.size() && items[end].shown.paragraph == &paragraph) ++end;
+  lines_.MakeFrom(paragraph, unit, shown.width, made_);
+  items[line].shown.to = unit;
+  std::vector<FlowItem> fresh;
+  for (std::size_t i = 0; i < made_.size(); ++i) {
+    std::erase_if(items[line].notes,
+                  [&](const XmlNodeData* note) { return std::ranges::count(made_[i].notes, note) > 0; });
+    FlowItem item = ItemOf(paragraph, made_[i], shown.width);
+    item.endnote = items[line].endnote;
+    if (i > 0) {
+      item.hold = HoldOf(paragraph, i, made_.size());
+      item.breakBefore = BreakAfter(made_[i - 1]);
+    }
+    fresh.push_back(std::move(item));
+  }
+  const auto begin = items.begin() + static_cast<std::ptrdiff_t>(line + 1);
+  const auto next = items.erase(begin, items.begin() + static_cast<std::ptrdiff_t>(end));
+  items.insert(next, std::move_iterator(fresh.begin()), std::move_iterator(fresh.end()));
+}
+
 void FlowBuilder::AddParagraph(const Paragraph& paragraph, const Paragraph* next, double width, bool inCell,
                                Before& before, Flow& flow) {
   const ParagraphFormat& format = paragraph.look.format;
@@ -151,19 +192,19 @@ void FlowBuilder::AddParagraph(const Paragraph& paragraph, const Paragraph* next
     FlowItem item;
     item.height = floating;
     item.position = paragraph.start;
+    item.shown.paragraph = &paragraph;
+    item.shown.width = static_cast<float>(width);
+    item.shown.floats = true;
+    item.shown.letters = false;
     item.hold = std::exchange(hold, Hold::kWidow);
     item.breakBefore = std::exchange(forced, BreakBefore::kNone);
     flow.items.push_back(std::move(item));
   }
   for (std::size_t i = 0; i < made_.size(); ++i) {
     Line& line = made_[i];
-    FlowItem item;
-    item.height = line.height;
-    item.position = line.start;
-    item.lastBreak = line.lastBreak;
-    item.notes = std::move(line.notes);
-    item.shown = Show(paragraph, line, width);
+    FlowItem item = ItemOf(paragraph, line, width);
     if (i == 0) {
+      item.shown.floats = floating <= 0 && !paragraph.floats.empty();
       item.before = space;
       item.beforeTop = own;
       item.hold = hold;
@@ -173,9 +214,7 @@ void FlowBuilder::AddParagraph(const Paragraph& paragraph, const Paragraph* next
       item.hold = HoldOf(paragraph, i, made_.size());
       item.breakBefore = forced;
     }
-    forced = line.behind == BreakBehind::kPage     ? BreakBefore::kPage
-             : line.behind == BreakBehind::kColumn ? BreakBefore::kColumn
-                                                   : BreakBefore::kNone;
+    forced = BreakAfter(line);
     flow.items.push_back(std::move(item));
   }
   before.breakBehind = forced;

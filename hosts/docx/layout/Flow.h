@@ -29,7 +29,9 @@ struct ShownLine {
   std::uint32_t to{0};
   float width{0};  ///< of the room that it is laid out in, indents and all
   float height{0};
-  float baseline{0};  ///< from the line's top
+  float baseline{0};   ///< from the line's top
+  bool floats{false};  ///< the pictures of the paragraph that do not stand in lines hang on it
+  bool letters{true};  ///< false for room that only such pictures take
 };
 
 /// One line or table row of a flow, from top to bottom. Lengths in twips.
@@ -102,6 +104,8 @@ class FlowBuilder {
 
   /// @param width of the column or cell
   Flow Build(const std::vector<Block>& blocks, double width, bool inCell = false);
+  /// Ends a line before a unit of its paragraph's text, and makes the lines from there on anew.
+  void Divide(std::vector<FlowItem>& items, std::size_t line, std::uint32_t unit);
 
  private:
   /// What the block before leaves for the next one to decide.

@@ -47,7 +47,7 @@ bool SameBox(const PageFiller::Placed& a, const PageFiller::Placed& b) {
 }
 
 bool HasBox(const PageFiller::Placed& line) {
-  if (line.shown.paragraph == nullptr) return false;
+  if (line.shown.paragraph == nullptr || !line.shown.letters) return false;
   const ParagraphFormat& format = line.shown.paragraph->look.format;
   return (format.box != nullptr && !format.borders->empty()) ||
          format.shading.value_or(page::kNoColor) != page::kNoColor;
@@ -100,7 +100,9 @@ std::size_t PageDrawer::AddBox(std::span<const PageFiller::Placed> lines, std::s
   const PageFiller::Placed& begin = lines[first];
   const ParagraphFormat& format = begin.shown.paragraph->look.format;
   std::size_t end = first + 1;
-  while (end < lines.size() && lines[end].shown.paragraph != nullptr && SameBox(begin, lines[end])) ++end;
+  while (end < lines.size() && lines[end].shown.paragraph != nullptr && lines[end].shown.letters &&
+         SameBox(begin, lines[end]))
+    ++end;
   const PageFiller::Placed& last = lines[end - 1];
   const double indent = *format.left + std::min(0, *format.firstLine);
   const BoxBorders none;
@@ -129,6 +131,31 @@ std::size_t PageDrawer::AddBox(std::span<const PageFiller::Placed> lines, std::s
   return end;
 }
 
+void PageDrawer::AddFloat(const Floating& floating, const PageFiller::Placed& line, double down) {
+  if (floating.drawnWidth <= 0 || floating.drawnHeight <= 0) return;
+  // Where the room begins that the picture's place is counted from, and how much of it there is.
+  struct Room {
+    double begin{0};
+    double length{0};
+  };
+  using From = Floating::From;
+  const SectionGeometry& section = *room_.section;
+  const Room across = floating.across == From::kPaper    ? Room{0, section.width}
+                      : floating.across == From::kMargin ? Room{section.TextLeft(room_.mirrored), section.TextWidth()}
+                                                         : Room{line.left, line.shown.width};
+  const double top = section.BodyTop(room_.side);
+  const Room upright = floating.down == From::kPaper    ? Room{0, section.height}
+                       : floating.down == From::kMargin ? Room{top, room_.bottom - top}
+                                                        : Room{line.top + down, 0};
+  const double x = floating.sideAcross ? (across.length - floating.drawnWidth) * *floating.sideAcross : floating.x;
+  const double y = floating.sideDown ? (upright.length - floating.drawnHeight) * *floating.sideDown : floating.y;
+  page::Picture picture;
+  picture.area = {(across.begin + x) / kPerPoint, (upright.begin + y) / kPerPoint, floating.drawnWidth / kPerPoint,
+                  floating.drawnHeight / kPerPoint};
+  picture.name = floating.picture;
+  into_.pictures.push_back(std::move(picture));
+}
+
 page::Color PageDrawer::GroundOf(const PageFiller::Placed& line, double down) const {
   const double x = line.left / kPerPoint;
   const double y = (line.top + down) / kPerPoint + line.shown.height / kPerPoint / 2;
@@ -148,6 +175,10 @@ void PageDrawer::Add(std::span<const PageFiller::Placed> lines, std::span<const 
   }
   for (const PageFiller::Placed& line : lines) {
     if (line.shown.paragraph == nullptr) continue;
+    if (line.shown.floats) {
+      for (const Floating& floating : line.shown.paragraph->floats) AddFloat(floating, line, down);
+    }
+    if (!line.shown.letters) continue;
     LineDrawer::Spot spot;
     spot.left = line.left;
     spot.top = line.top + down;

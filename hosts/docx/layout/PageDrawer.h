@@ -11,8 +11,9 @@ namespace docx::layout {
 /// Turns what was placed on a page into what is drawn: lines, the boxes of paragraphs, the cells of tables.
 class PageDrawer {
  public:
-  /// @param into outlives the drawer
-  PageDrawer(const LineSettings& settings, page::Display& into) : lines_(settings, into), into_(into) {}
+  /// @param room of the page @param into outlives the drawer
+  PageDrawer(const LineSettings& settings, const PageFiller::PageRoom& room, page::Display& into)
+      : lines_(settings, into), room_(room), into_(into) {}
 
   /// @param story of the lines that are not endnotes; 0 for what no cursor comes to
   /// @param down how much lower everything stands than it was placed, in twips
@@ -24,9 +25,11 @@ class PageDrawer {
   /// The box around paragraphs that have one border or shading, from the first of some lines on.
   /// @return behind the last line in it
   std::size_t AddBox(std::span<const PageFiller::Placed> lines, std::size_t first, double down);
+  void AddFloat(const Floating& floating, const PageFiller::Placed& line, double down);
   page::Color GroundOf(const PageFiller::Placed& line, double down) const;
 
   LineDrawer lines_;
+  PageFiller::PageRoom room_;
   page::Display& into_;
 };
 

@@ -12,6 +12,16 @@ constexpr int kBalanceSteps = 14;
 /// Of a page's height: how far the layout can be from Word's break where nothing has changed since.
 constexpr double kNear = 0.1;
 
+/// The first unit of a paragraph's text that stands at a position or behind it.
+std::uint32_t UnitAt(const Paragraph& paragraph, Position position) {
+  for (const Piece& piece : paragraph.pieces) {
+    if (position <= piece.position) return piece.start;
+    const auto further = static_cast<std::uint32_t>(position - piece.position);
+    if (!piece.solid && further < piece.length) return piece.start + further;
+  }
+  return static_cast<std::uint32_t>(paragraph.text.size());
+}
+
 }  // namespace
 
 void PageFiller::BeginSection(const SectionGeometry& section) {
@@ -98,7 +108,7 @@ double PageFiller::SpaceAtTop(const FlowItem& item, TopSpace top) const {
     case TopSpace::kBehindSection:
       break;
   }
-  return std::max(after_, item.beforeTop);
+  return std::max(after_, item.beforeTop) - above_;
 }
 
 PageFiller::Fit PageFiller::FitColumn(const std::vector<FlowItem>& items, std::size_t begin, double height,
@@ -160,6 +170,38 @@ PageFiller::Fit PageFiller::FitColumn(const std::vector<FlowItem>& items, std::s
   return fit;
 }
 
+std::vector<double> PageFiller::EndsOf(const std::vector<FlowItem>& items, std::size_t begin, std::size_t end) const {
+  std::vector<double> ends;
+  for (std::size_t i = begin; i < end; ++i) {
+    const bool fitted = i - begin < marks_.size();
+    const double before = ends.empty() ? 0 : ends.back() + items[i].before;
+    ends.push_back(fitted ? marks_[i - begin].used : before + items[i].height);
+  }
+  return ends;
+}
+
+std::size_t PageFiller::DivideLine(std::vector<FlowItem>& items, std::size_t at) {
+  const Paragraph* paragraph = items[at].shown.paragraph;
+  if (flows_ == nullptr || paragraph == nullptr || !items[at].shown.letters) {
+    items[at].position = items[at].lastBreak;
+    return at;
+  }
+  const Position lastBreak = items[at].lastBreak;
+  const std::uint32_t unit = UnitAt(*paragraph, lastBreak);
+  // The break can stand at the end of the line before.
+  const bool before = unit < items[at].shown.from;
+  if (before && (at == 0 || items[at - 1].shown.paragraph != paragraph)) return at;
+  const std::size_t line = before ? at - 1 : at;
+  const ShownLine& shown = items[line].shown;
+  if (unit <= shown.from || unit >= shown.to || !shown.letters) {
+    items[at].position = items[at].lastBreak;
+    return at;
+  }
+  flows_->Divide(items, line, unit);
+  items[line + 1].position = items[line + 1].lastBreak = lastBreak;
+  return line + 1;
+}
+
 PageFiller::Fit PageFiller::KeepLastBreak(std::vector<FlowItem>& items, std::size_t begin, double height,
                                           const Fit& fit) {
   if (!options_.lastBreaks || section_->columns.size() > 1) return fit;
@@ -188,12 +230,13 @@ PageFiller::Fit PageFiller::KeepLastBreak(std::vector<FlowItem>& items, std::siz
   if (end == 0) return fit;
   keptLastBreaks_ = true;
   // What Word has on the line before the break stays on the page before.
-  if (!items[end].row) items[end].position = items[end].lastBreak;
-  if (end == fit.end && !fit.divides) return fit;
+  const std::size_t divided = items[end].row ? end : DivideLine(items, end);
+  if (divided == end && end == fit.end && !fit.divides) return fit;
+  end = divided;
   Fit kept;
   kept.end = end;
   const std::size_t placed = std::min(end - begin, marks_.size());
-  kept.used = placed > 0 ? marks_[placed - 1].used : fit.used;
+  kept.used = EndsOf(items, begin, end).back();
   kept.notes = placed > 0 ? marks_[placed - 1].notes : fit.notes;
   return kept;
 }
@@ -380,6 +423,8 @@ bool PageFiller::DivideRow(RowFlow& row, double room, bool whatever, Spot spot, 
 void PageFiller::Fill(Flow& flow, bool balanced, Content& placed) {
   std::vector<FlowItem>& items = flow.items;
   TopSpace top = pageEmpty_ ? TopSpace::kOwn : TopSpace::kBehindSection;
+  above_ = top == TopSpace::kBehindSection && section_->columns.size() > 1 ? after_ : 0;
+  top_ += above_;
   std::size_t column = 0;
   double columnNotes = 0;
   double height = 0;
@@ -402,9 +447,14 @@ void PageFiller::Fill(Flow& flow, bool balanced, Content& placed) {
     const Fit fit = KeepLastBreak(items, begin, height, FitColumn(items, begin, height, top, carried_));
     const double left = left_ + section_->columnLefts[column];
     if (top == TopSpace::kNone) PlaceHeaders(items, begin, left, placed);
+    const std::vector<double> ends = EndsOf(items, begin, fit.end);
+    // Lines that Word had room for and the layout has not stand a little closer.
+    const double most = height - fit.notes;
+    const double closer =
+        options_.lastBreaks && !ends.empty() && ends.back() > most && most > 0 ? most / ends.back() : 1;
     for (std::size_t i = begin; i < fit.end; ++i) {
-      const double used = i - begin < marks_.size() ? marks_[i - begin].used : fit.used;
-      Place(items[i], {left, top_ + used - items[i].height, false, false}, placed);
+      const double above = std::max(0.0, ends[i - begin] - items[i].height);
+      Place(items[i], {left, top_ + above * closer, false, false}, placed);
     }
     if (fit.divides) {
       FlowItem& item = items[fit.end];

@@ -80,7 +80,9 @@ class PageFiller {
   };
 
   /// @param notes by the footnotes' references; outlives the filler
-  PageFiller(const NoteRooms& notes, Options options) : notes_(notes), options_(options) {}
+  /// @param flows divides lines where Word began a page; needed by Fill with Options::lastBreaks only
+  PageFiller(const NoteRooms& notes, Options options, FlowBuilder* flows = nullptr)
+      : notes_(notes), options_(options), flows_(flows) {}
 
   /// @param section outlives the filler
   void BeginSection(const SectionGeometry& section);
@@ -117,6 +119,10 @@ class PageFiller {
   };
 
   Fit FitColumn(const std::vector<FlowItem>& items, std::size_t begin, double height, TopSpace top, double carried);
+  /// How far items reach down in their column: those that were fitted in, and what was kept beyond them.
+  std::vector<double> EndsOf(const std::vector<FlowItem>& items, std::size_t begin, std::size_t end) const;
+  /// Has a line begin where Word began a page. @param at the item with Word's break @return that of the new line
+  std::size_t DivideLine(std::vector<FlowItem>& items, std::size_t at);
   /// Moves a column's end to where Word began a page, if that is near.
   Fit KeepLastBreak(std::vector<FlowItem>& items, std::size_t begin, double height, const Fit& fit);
   Fit Shorten(const std::vector<FlowItem>& items, std::size_t begin, std::size_t overflow) const;
@@ -142,6 +148,7 @@ class PageFiller {
 
   const NoteRooms& notes_;
   Options options_;
+  FlowBuilder* flows_;
   const SectionGeometry* section_{nullptr};
   int page_{1};
   bool pageEmpty_{true};
@@ -150,6 +157,7 @@ class PageFiller {
   double bottom_{0};     // of the text on this page
   double deepest_{0};    // how far the section's columns reach on this page, from top_
   double after_{0};      // space that the section before wants behind it
+  double above_{0};      // as much of it as stands above all columns
   double carried_{0};    // of footnotes, to the next column
   double pageNotes_{0};  // at the page's foot, of the sections before
   bool keptLastBreaks_{false};

@@ -20,8 +20,9 @@ inline std::u16string TextOf(const page::Line& line) {
 class Drawn {
  public:
   explicit Drawn(Document& document, int number = 1) : Drawn(document.Parts(), number) {}
-  explicit Drawn(docx::DocumentParts& parts, int number)
-      : layout_(parts), display_(layout_.Draw(number)), count_(layout_.PageCount()) {}
+  /// @param lastBreaks as for docx::layout::DocumentLayout
+  explicit Drawn(docx::DocumentParts& parts, int number, bool lastBreaks = false)
+      : layout_(parts, lastBreaks), display_(layout_.Draw(number)), count_(layout_.PageCount()) {}
 
   const page::Display& Display() const { return display_; }
   int PageCount() const { return count_; }

@@ -190,6 +190,82 @@ TEST(DrawnPages, HaveTheirMarginsTheOtherWayRoundOnTheLeftOfABook) {
   EXPECT_NEAR(Drawn(document, 2).LeftOf(u"a19"), 36, kNear);
 }
 
+const std::string kBlip =
+    "<a:blip xmlns:a=\"http://schemas.openxmlformats.org/drawingml/2006/main\" "
+    "xmlns:r=\"http://schemas.openxmlformats.org/officeDocument/2006/relationships\" r:embed=\"rId1\"/>";
+
+/// @param kind "inline" or "anchor" @param content of it, before the picture
+std::string Picture(const std::string& kind, const std::string& content) {
+  return "<w:r><w:drawing><wp:" + kind +
+         " xmlns:wp=\"http://schemas.openxmlformats.org/drawingml/2006/wordprocessingDrawing\">" + content + kBlip +
+         "</wp:" + kind + "></w:drawing></w:r>";
+}
+/// 100 by 50 points.
+const std::string kExtent = "<wp:extent cx=\"1270000\" cy=\"635000\"/>";
+
+TEST(DrawnPages, HavePicturesInTheirLines) {
+  Document document(InParagraph(Typed("ab") + Picture("inline", kExtent) + Typed("cd")));
+  document.WithPicture("bytes");
+  const Drawn page(document);
+  ASSERT_EQ(page.Display().pictures.size(), 1U);
+  const page::Picture& picture = page.Display().pictures[0];
+  EXPECT_EQ(picture.name, "word/media/one.png");
+  EXPECT_EQ(document.Parts().Media(picture.name), "bytes");
+  EXPECT_NEAR(picture.area.x, kLeft + 2 * kCharacter, kNear);
+  EXPECT_NEAR(picture.area.width, 100, kNear);
+  EXPECT_NEAR(picture.area.y, kTop, kNear);
+  EXPECT_NEAR(picture.area.Bottom(), page.Line(u"ab").baseline, kNear);
+  EXPECT_NEAR(page.LeftOf(u"cd"), kLeft + 2 * kCharacter + 100, kNear);
+  EXPECT_EQ(page.Run(u"cd").position, 3);
+}
+
+TEST(DrawnPages, HaveFloatingPicturesWhereTheyAreAnchored) {
+  const std::string inside =
+      "<wp:positionH relativeFrom=\"column\"><wp:posOffset>127000</wp:posOffset></wp:positionH>"
+      "<wp:positionV relativeFrom=\"paragraph\"><wp:posOffset>254000</wp:posOffset></wp:positionV>";
+  const std::string corner =
+      "<wp:positionH relativeFrom=\"margin\"><wp:align>right</wp:align></wp:positionH>"
+      "<wp:positionV relativeFrom=\"page\"><wp:align>bottom</wp:align></wp:positionV>";
+  Document document(Lines("a", 2) + InParagraph(Picture("anchor", inside + kExtent) + Typed("text")) +
+                    InParagraph(Picture("anchor", corner + kExtent)));
+  document.WithPicture("bytes");
+  const Drawn page(document);
+  ASSERT_EQ(page.Display().pictures.size(), 2U);
+  const page::Rect& one = page.Display().pictures[0].area;
+  EXPECT_NEAR(one.x, kLeft + 10, kNear);
+  EXPECT_NEAR(one.y, page.Line(u"text").area.y + 20, kNear);
+  const page::Rect& other = page.Display().pictures[1].area;
+  EXPECT_NEAR(other.Right(), kRight, kNear);
+  EXPECT_NEAR(other.Bottom(), 792, kNear);
+}
+
+TEST(DrawnPages, HaveABoxForAPictureThatIsNotThere) {
+  Document document(InParagraph(Picture("inline", kExtent)));
+  const Drawn page(document);
+  ASSERT_EQ(page.Display().pictures.size(), 1U);
+  EXPECT_TRUE(page.Display().pictures[0].name.empty());
+}
+
+TEST(DrawnPages, BeginInALineWhereWordBeganThem) {
+  // Word had the break behind the first word of a line that the layout would not divide.
+  const std::string mark = "<w:r><w:lastRenderedPageBreak/></w:r>";
+  for (const char* before : {"one ", "one two three four five six seven "}) {
+    Document document(Lines("a", kPerPage - 1) +
+                      InParagraph(Typed(before) + mark + Typed("here goes on what Word has on the next page"), kTall));
+    const Drawn first(document.Parts(), 1, true);
+    const Drawn second(document.Parts(), 2, true);
+    EXPECT_EQ(first.PageCount(), 2);
+    EXPECT_EQ(laid::TextOf(first.Display().lines.back()), std::u16string(before, before + std::string(before).size()));
+    ASSERT_FALSE(second.Display().lines.empty());
+    const page::Line& line = second.Display().lines.front();
+    EXPECT_TRUE(laid::TextOf(line).starts_with(u"here"));
+    EXPECT_NEAR(line.runs.front().edges.front(), kLeft, kNear);
+    document.source = docx::PageSource::kAuto;
+    EXPECT_EQ(document.PageOf(u"here"), 2);
+    EXPECT_EQ(document.PageOf(u"one"), 1);
+  }
+}
+
 TEST(DrawnPages, ShowEachCharacterOnceAndOnItsPage) {
   std::string rows;
   for (int i = 0; i < 30; ++i) rows += Row(Cell(Lines("p", 2)) + Cell(Lines("q", 3)));

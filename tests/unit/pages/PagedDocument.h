@@ -56,6 +56,15 @@ class Document {
     return *this;
   }
 
+  /// A picture, the first part that is added. @pre it is referred to as rId1
+  Document& WithPicture(const std::string& bytes) {
+    package_->Add("word/media/one.png", bytes, "image/png");
+    package_->AddRelationship("word/document.xml",
+                              "http://schemas.openxmlformats.org/officeDocument/2006/relationships/image",
+                              "word/media/one.png");
+    return *this;
+  }
+
   docx::DocumentParts& Parts() {
     if (!parts_) parts_ = std::make_unique<docx::DocumentParts>(std::move(package_));
     return *parts_;
