@@ -168,12 +168,18 @@ FormBuilder::Built FormBuilder::MakeButtons(const LayoutNode& node, QWidget& par
 
 FormBuilder::Built FormBuilder::MakeGrid(const LayoutNode& node, QWidget& parent) {
   auto* grid = new QGridLayout;
+  Built whole{.layout = grid};
   int place = 0;
   for (const LayoutNode& child : node.children) {
     const Built built = Make(child, parent);
     const int row = place / node.columns;
     const int column = place % node.columns;
     if (built.widget != nullptr) {
+      // Texts of several lines share the width out; boxes for a number or a sign do not need it.
+      if (built.widens && qobject_cast<QLineEdit*>(built.widget) == nullptr) {
+        grid->setColumnStretch(column, 1);
+        whole.widens = true;
+      }
       const bool small = IsKind(child, Kind::kComboBox);
       grid->addWidget(built.widget, row, column, small ? Qt::AlignLeft : Qt::Alignment());
     } else if (built.layout != nullptr) {
@@ -181,8 +187,8 @@ FormBuilder::Built FormBuilder::MakeGrid(const LayoutNode& node, QWidget& parent
     }
     ++place;
   }
-  grid->setColumnStretch(node.columns, 1);
-  return {.layout = grid};
+  if (!whole.widens) grid->setColumnStretch(node.columns, 1);
+  return whole;
 }
 
 FormBuilder::Built FormBuilder::MakeFrame(const LayoutNode& node, QWidget& parent) {
