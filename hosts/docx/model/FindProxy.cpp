@@ -1,9 +1,9 @@
 #include <utility>
 
-#include "hosts/docx/find/Replacing.h"
 #include "hosts/docx/find/Search.h"
 #include "hosts/docx/model/RangeProxy.h"
 #include "platform/word/Find.h"
+#include "platform/word/Replacing.h"
 
 namespace docx {
 
@@ -109,7 +109,7 @@ class FindProxy : public word::Find {
     const ReplacementSettings& replacement = range_->replacement;
     const bool formats = replacement.format || replacement.highlight.has_value();
     const std::optional<std::size_t> past =
-        Values().wildcards ? std::nullopt : CharactersMovedPast(Values().text, replacement.text);
+        Values().wildcards ? std::nullopt : word::CharactersMovedPast(Values().text, replacement.text);
     if (past) {
       MoveFirst(*document, story, SeenParts(story, scope, match), *past);
     } else if (!replacement.text.empty() || !formats) {

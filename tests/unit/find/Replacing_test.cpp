@@ -1,17 +1,17 @@
-#include "hosts/docx/find/Replacing.h"
+#include "platform/word/Replacing.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
 TEST(CharactersMovedPast, CountsWhatTheFirstCharacterGoesPast) {
-  EXPECT_EQ(docx::CharactersMovedPast(u"\"the Bank", u"the \"Bank"), 4u);
-  EXPECT_EQ(docx::CharactersMovedPast(u"\"a", u"a\""), 1u);
+  EXPECT_EQ(word::CharactersMovedPast(u"\"the Bank", u"the \"Bank"), 4u);
+  EXPECT_EQ(word::CharactersMovedPast(u"\"a", u"a\""), 1u);
 }
 
 TEST(CharactersMovedPast, KnowsACaretsCode) {
-  EXPECT_EQ(docx::CharactersMovedPast(u"\"the A^^B", u"the \"A^^B"), 4u);
-  EXPECT_EQ(docx::CharactersMovedPast(u"\"the^^B x", u"the^^B \"x"), 6u);
+  EXPECT_EQ(word::CharactersMovedPast(u"\"the A^^B", u"the \"A^^B"), 4u);
+  EXPECT_EQ(word::CharactersMovedPast(u"\"the^^B x", u"the^^B \"x"), 6u);
 }
 
 TEST(CharactersMovedPast, IsNothingForOtherReplacements) {
@@ -25,7 +25,7 @@ TEST(CharactersMovedPast, IsNothingForOtherReplacements) {
                                                                         {u"\"the Bank", u"the \"Bank and"},
                                                                         {u"abc", u""}};
   for (const auto& [searched, replacement] : others) {
-    EXPECT_FALSE(docx::CharactersMovedPast(searched, replacement).has_value());
+    EXPECT_FALSE(word::CharactersMovedPast(searched, replacement).has_value());
   }
 }
 

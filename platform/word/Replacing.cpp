@@ -1,9 +1,9 @@
-#include "hosts/docx/find/Replacing.h"
+#include "platform/word/Replacing.h"
 
 #include <algorithm>
 #include <string>
 
-namespace docx {
+namespace word {
 
 namespace {
 
@@ -30,4 +30,4 @@ std::optional<std::size_t> CharactersMovedPast(std::u16string_view searched, std
   return static_cast<std::size_t>(past);
 }
 
-}  // namespace docx
+}  // namespace word
