@@ -2,6 +2,7 @@
 
 #include "hosts/menus/MenuBars.h"
 #include "platform/word/HostError.h"
+#include "tests/contract/Reach.h"
 
 #include <functional>
 
@@ -14,7 +15,8 @@ class CommandBars : public testing::Test, public menus::Observer {
   void Deleted(const menus::Item& item) override { told.push_back(u"-" + item.caption + u"/" + item.tag); }
   void Changed() override { ++changes; }
 
-  office::CommandBarControlsPtr Tools() { return bars.CommandBars()->Item(u"Tools")->Controls(); }
+  office::CommandBarControlsPtr Tools() { return Bars()->Item(u"Tools")->Controls(); }
+  office::CommandBarsPtr Bars() { return reach::CommandBars(bars.CommandBars()); }
   office::CommandBarControlPtr Add(const office::CommandBarControlsPtr& to, office::ControlType type,
                                    std::u16string_view caption, std::u16string_view tag) {
     const office::CommandBarControlPtr control = to->Add({.Type = type});
@@ -38,7 +40,7 @@ class CommandBars : public testing::Test, public menus::Observer {
 
 TEST_F(CommandBars, ThereIsABarOfTools) {
   EXPECT_EQ(Tools()->Count(), 0);
-  EXPECT_EQ(ErrorOf([&] { bars.CommandBars()->Item(u"Nothing"); }), word::kMemberDoesNotExist);
+  EXPECT_EQ(ErrorOf([&] { Bars()->Item(u"Nothing"); }), word::kMemberDoesNotExist);
 }
 
 TEST_F(CommandBars, ControlsAreAddedAtTheEndAndCountedFromOne) {
@@ -86,9 +88,9 @@ TEST_F(CommandBars, ADeletedControlIsGoneWithAllThatIsInIt) {
 }
 
 TEST_F(CommandBars, ABuiltInControlIsFoundByItsNumberOnAnyBar) {
-  EXPECT_EQ(bars.CommandBars()->FindControl(3754), nullptr);
+  EXPECT_EQ(Bars()->FindControl(3754), nullptr);
   bars.AddElsewhere({.id = 3754, .caption = u"COM Add-Ins..."});
-  EXPECT_EQ(bars.CommandBars()->FindControl(3754)->Caption(), u"COM Add-Ins...");
+  EXPECT_EQ(Bars()->FindControl(3754)->Caption(), u"COM Add-Ins...");
   EXPECT_EQ(Tools()->Count(), 0);
   EXPECT_EQ(Tools()->Add({.Id = 3754})->Caption(), u"COM Add-Ins...");
   EXPECT_EQ(Tools()->Count(), 1);
@@ -135,7 +137,7 @@ TEST_F(CommandBars, MenusThatAreGoneHaveNoMembersLeft) {
   office::CommandBarControlPtr button;
   {
     menus::MenuBars shortLived;
-    kept = shortLived.CommandBars();
+    kept = reach::CommandBars(shortLived.CommandBars());
     button = kept->Item(u"Tools")->Controls()->Add({});
   }
   EXPECT_EQ(ErrorOf([&] { kept->Item(u"Tools")->Controls()->Count(); }), word::kObjectDeleted);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "hosts/docx/WordProcessor.h"
+#include "tests/contract/Reach.h"
 
 #include <cstddef>
 #include <map>
@@ -23,7 +24,8 @@ class DocxDocument {
   explicit DocxDocument(const Parts& parts);
   explicit DocxDocument(std::unique_ptr<docx::Package> package);
 
-  word::ApplicationPtr Application() const { return processor_.Application(); }
+  /// As the test program reaches it.
+  word::ApplicationPtr Application() const { return reach::Application(processor_.Application()); }
   word::DocumentPtr Document() const { return Application()->ActiveDocument(); }
   /// Every part as it is now, XML written anew so that only its content counts.
   std::map<std::string, std::string> Canonical() const;

@@ -1,7 +1,5 @@
 #include "DocxDocument.h"
 
-#include "hosts/linux/IcuCharacters.h"
-#include "marker/MakeTermMarker.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Document.h"
 #include "platform/word/Find.h"
@@ -34,8 +32,7 @@ class HighlightedQuotes : public testing::Test {
   }
 
   DocxDocument document{{.body = kParagraphs}};
-  os::IcuCharacters characters;
-  std::unique_ptr<TermMarker> marker{MakeTermMarker(characters)};
+  std::unique_ptr<TermMarker> marker = reach::Marker();
 };
 
 TEST_F(HighlightedQuotes, AreTakenAwayWithTheAuthorsHighlightingGivenBack) {

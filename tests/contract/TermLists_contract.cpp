@@ -3,8 +3,6 @@
 #include "DocxDocument.h"
 #include "Markup.h"
 
-#include "hosts/linux/IcuCharacters.h"
-#include "marker/MakeTermMarker.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Document.h"
 #include "platform/word/Format.h"
@@ -49,8 +47,7 @@ class TermListsOnDocx : public testing::Test {
     return range->Text();
   }
 
-  os::IcuCharacters characters_;
-  std::unique_ptr<TermMarker> marker_ = MakeTermMarker(characters_);
+  std::unique_ptr<TermMarker> marker_ = reach::Marker();
   std::optional<DocxDocument> docx_;
   std::map<std::string, std::string> before_;
 };

@@ -3,8 +3,6 @@
 #include "DocxDocument.h"
 #include "Markup.h"
 
-#include "hosts/linux/IcuCharacters.h"
-#include "marker/MakeTermMarker.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Document.h"
 #include "platform/word/Range.h"
@@ -85,7 +83,6 @@ class TermMarkerOnDocx : public testing::Test {
     EXPECT_EQ(after.size(), before.size());
   }
 
-  os::IcuCharacters characters_;
-  std::unique_ptr<TermMarker> marker_ = MakeTermMarker(characters_);
+  std::unique_ptr<TermMarker> marker_ = reach::Marker();
   std::optional<DocxDocument> docx_;
 };

@@ -1,31 +1,6 @@
 #include "hosts/docx/find/FindCharacters.h"
 
-#include <unicode/uchar.h>
-#include <unicode/utf16.h>
-
 namespace docx {
-
-char32_t FoldCase(char32_t character) {
-  if (character < 128) return character >= U'A' && character <= U'Z' ? character + 32 : character;
-  return static_cast<char32_t>(u_foldCase(static_cast<UChar32>(character), U_FOLD_CASE_DEFAULT));
-}
-
-bool IsWordCharacter(char32_t character) {
-  if (character < 128) {
-    const char32_t letter = character | 32;
-    return (letter >= U'a' && letter <= U'z') || (character >= U'0' && character <= U'9');
-  }
-  const auto point = static_cast<UChar32>(character);
-  return u_isalnum(point) != 0 || (U_GET_GC_MASK(point) & (U_GC_M_MASK | U_GC_N_MASK)) != 0;
-}
-
-bool IsLetter(char32_t character) { return u_isalpha(static_cast<UChar32>(character)) != 0; }
-
-bool IsDigit(char32_t character) { return u_isdigit(static_cast<UChar32>(character)) != 0; }
-
-bool IsWhiteSpace(char32_t character) {
-  return character == U'\t' || u_charType(static_cast<UChar32>(character)) == U_SPACE_SEPARATOR;
-}
 
 bool IsDoubleQuote(char32_t character) { return character == U'"' || character == U'\u201C' || character == U'\u201D'; }
 
@@ -35,10 +10,9 @@ bool IsSingleQuote(char32_t character) {
 
 CodePoint CodePointAt(std::u16string_view text, std::size_t at) {
   const char16_t unit = text[at];
-  if (U16_IS_LEAD(unit) && at + 1 < text.size() && U16_IS_TRAIL(text[at + 1])) {
-    return {static_cast<char32_t>(U16_GET_SUPPLEMENTARY(unit, text[at + 1])), 2};
-  }
-  return {unit, 1};
+  const bool leads = (unit & 0xFC00) == 0xD800 && at + 1 < text.size();
+  if (!leads || (text[at + 1] & 0xFC00) != 0xDC00) return {unit, 1};
+  return {0x10000U + ((unit & 0x3FFU) << 10U) + (text[at + 1] & 0x3FFU), 2};
 }
 
 }  // namespace docx

@@ -1,9 +1,8 @@
-#include <unicode/uchar.h>
-
 #include <algorithm>
 #include <utility>
 
 #include "hosts/docx/WordProcessor.h"
+#include "hosts/docx/find/FindCharacters.h"
 #include "hosts/docx/model/DocumentProxies.h"
 #include "hosts/docx/model/RangeProxy.h"
 #include "hosts/docx/model/WordProcessorState.h"
@@ -17,9 +16,8 @@ namespace {
 using StatePtr = std::shared_ptr<WordProcessorState>;
 
 bool SameName(std::u16string_view a, std::u16string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char16_t left, char16_t right) {
-    return u_foldCase(left, U_FOLD_CASE_DEFAULT) == u_foldCase(right, U_FOLD_CASE_DEFAULT);
-  });
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char16_t left, char16_t right) { return FoldCase(left) == FoldCase(right); });
 }
 
 class OptionsProxy : public word::Options {

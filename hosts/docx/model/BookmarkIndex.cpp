@@ -1,24 +1,24 @@
 #include "hosts/docx/model/BookmarkIndex.h"
 
-#include <unicode/uchar.h>
-
 #include <algorithm>
 #include <cstdlib>
 
+#include "hosts/docx/find/FindCharacters.h"
 #include "hosts/docx/xml/Utf.h"
 
 namespace docx {
 
 std::u16string BookmarkIndex::Key(std::u16string_view name) {
   std::u16string key(name);
-  for (char16_t& unit : key) unit = static_cast<char16_t>(u_foldCase(unit, U_FOLD_CASE_DEFAULT));
+  for (char16_t& unit : key) unit = static_cast<char16_t>(FoldCase(unit));
   return key;
 }
 
 bool BookmarkIndex::IsName(std::u16string_view name) {
   constexpr std::size_t kLongest = 40;
-  if (name.empty() || name.size() > kLongest || (name.front() != u'_' && !u_isalpha(name.front()))) return false;
-  return std::all_of(name.begin(), name.end(), [](char16_t unit) { return unit == u'_' || u_isalnum(unit); });
+  if (name.empty() || name.size() > kLongest || (name.front() != u'_' && !IsLetter(name.front()))) return false;
+  return std::all_of(name.begin(), name.end(),
+                     [](char16_t unit) { return unit == u'_' || IsLetter(unit) || IsDigit(unit); });
 }
 
 void BookmarkIndex::Read(Story& story) {

@@ -1,8 +1,12 @@
 #include "hosts/docx/pages/Paginator.h"
 
-#include "hosts/docx/layout/LayoutPaginator.h"
 #include "hosts/docx/pages/FilePaginator.h"
 #include "hosts/docx/pages/PdfPaginator.h"
+
+// The layout measures with font libraries that a Windows build has not.
+#ifndef _WIN32
+#include "hosts/docx/layout/LayoutPaginator.h"
+#endif
 
 namespace docx {
 
@@ -10,7 +14,11 @@ std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source
   switch (source) {
     case PageSource::kAuto:
     case PageSource::kLayout:
+#ifndef _WIN32
       return layout::MakeLayoutPaginator(parts, source == PageSource::kAuto, drawn);
+#else
+      break;
+#endif
     case PageSource::kPdf:
       return std::make_unique<PdfPaginator>(parts, *pdfMaker);
     case PageSource::kFile:

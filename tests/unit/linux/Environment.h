@@ -17,11 +17,15 @@ class Environment {
 
  private:
   void Set(const std::optional<std::string>& value) {
+#ifdef _WIN32
+    _putenv_s(name_, value ? value->c_str() : "");
+#else
     if (value) {
       setenv(name_, value->c_str(), 1);
     } else {
       unsetenv(name_);
     }
+#endif
   }
 
   const char* name_;
