@@ -46,7 +46,7 @@ class CommandBarControl : public word::Object {
   virtual void SetVisible(bool value) = 0;
   /// Of a popup. @throws word::HostError kMethodNotAvailable
   virtual CommandBarControlsPtr Controls() const = 0;
-  /// Who is told of a button's clicks, as long as the button is there; an empty one ends it. One at a time.
+  /// Who is told of a button's clicks, as long as button and object are there; an empty one ends it. One at a time.
   virtual void SetClickHandler(ClickHandler handler) = 0;
   /// Takes it off its bar, with all that is in it.
   virtual void Delete() = 0;

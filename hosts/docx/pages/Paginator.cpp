@@ -10,7 +10,8 @@
 
 namespace docx {
 
-std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source, PdfMaker* pdfMaker, bool drawn) {
+std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source, PdfMaker* pdfMaker,
+                                         [[maybe_unused]] bool drawn) {
   switch (source) {
     case PageSource::kAuto:
     case PageSource::kLayout:

@@ -1,0 +1,58 @@
+#include "hosts/com/QuoteMove.h"
+
+#include "hosts/com/FindText.h"
+#include "platform/word/Constants.h"
+#include "platform/word/Replacing.h"
+
+namespace com {
+
+namespace {
+
+/// A code unit of the text without codes takes two of the text when it is a caret.
+std::u16string_view Behind(std::u16string_view text, std::size_t characters) {
+  std::size_t at = 0;
+  for (; characters > 0; --characters) at += text[at] == u'^' ? 2 : 1;
+  return text.substr(at);
+}
+
+/// Where the last text of that kind inside a match begins; the match's end for an empty one.
+int PlaceOf(const Dispatch& match, std::u16string_view text) {
+  if (text.empty()) return match.Int("Range.End");
+  const Dispatch inside = match.Object("Range.Duplicate");
+  const Dispatch find = inside.Object("Range.Find");
+  find.Put("Find.Text", ForWord(text, false));
+  find.Put("Find.Forward", false);
+  find.Put("Find.Wrap", word::wdFindStop);
+  return find.Call("Find.Execute").ToBool() ? inside.Int("Range.Start") : match.Int("Range.End");
+}
+
+}  // namespace
+
+bool MoveFirstCharacters(SearchOfRange& search) {
+  const std::size_t past = *word::CharactersMovedPast(*search.text, *search.replacementText);
+  const std::u16string_view following = Behind(*search.text, past + 1);
+  const Dispatch& whole = search.Range();
+  const Dispatch match = whole.Object("Range.Duplicate");
+  const Dispatch find = match.Object("Range.Find");
+  find.Put("Find.Text", ForWord(*search.text, false));
+  for (const std::string_view setting : {"Find.MatchCase", "Find.MatchWholeWord"}) {
+    find.Put(setting, search.Find().Get(setting));
+  }
+  find.Put("Find.Forward", true);
+  find.Put("Find.Wrap", word::wdFindStop);
+  bool any = false;
+  while (find.Call("Find.Execute").ToBool() && match.Int("Range.End") <= whole.Int("Range.End")) {
+    any = true;
+    const Dispatch first = match.Object("Range.Characters").Object("Characters.First");
+    const Dispatch target = match.Object("Range.Duplicate");
+    const Dispatch rest = match.Object("Range.Duplicate");
+    const int place = PlaceOf(match, following);
+    target.Call("Range.SetRange", {place, place});
+    target.Put("Range.FormattedText", first.Get("Range.FormattedText"));
+    first.Call("Range.Delete");
+    match.Call("Range.SetRange", {rest.Int("Range.End"), whole.Int("Range.End")});
+  }
+  return any;
+}
+
+}  // namespace com
