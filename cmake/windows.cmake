@@ -4,7 +4,11 @@ add_compile_definitions(UNICODE _UNICODE WINVER=0x0601 _WIN32_WINNT=0x0601 NOMIN
 add_link_options(-static)
 
 add_subdirectory(marker)
+add_subdirectory(hosts/unicode)
 add_subdirectory(hosts/com)
+add_subdirectory(hosts/win32)
+add_subdirectory(apps/TermMarker)
+add_subdirectory(apps/KVXDLLCOM)
 
 if(KVX_TESTS)
   enable_testing()
