@@ -152,8 +152,9 @@ bool ControlWindow::ShowsUp() const {
   return true;
 }
 
-void ControlWindow::Mirror() {
+bool ControlWindow::Mirror() {
   stale = false;
+  bool labelChanged = false;
   const bool enabled = control_.Enabled() && (control_.Parent() == nullptr || control_.Parent()->Enabled());
   if ((IsWindowEnabled(window_) != FALSE) != enabled) EnableWindow(window_, enabled);
   switch (control_.ControlKind()) {
@@ -184,20 +185,22 @@ void ControlWindow::Mirror() {
     case Kind::kImage:
       break;
     default:
-      MirrorText(control_.Caption());
+      labelChanged = MirrorText(control_.Caption()) && control_.ControlKind() == Kind::kLabel && !isBarPart_;
       break;
   }
   const bool shows = ShowsUp();
   if ((GetWindowLongW(window_, GWL_STYLE) & WS_VISIBLE) != (shows ? WS_VISIBLE : 0)) {
     ShowWindow(window_, shows ? SW_SHOWNA : SW_HIDE);
   }
+  return labelChanged;
 }
 
-void ControlWindow::MirrorText(std::u16string_view text) {
+bool ControlWindow::MirrorText(std::u16string_view text) {
   const std::wstring wide = ToWide(text);
-  if (TextOf(window_) == wide) return;
+  if (TextOf(window_) == wide) return false;
   SetWindowTextW(window_, wide.c_str());
   if (control_.ControlKind() != Kind::kTextBox) InvalidateRect(window_, nullptr, TRUE);
+  return true;
 }
 
 void ControlWindow::MirrorList() {
@@ -252,7 +255,7 @@ SIZE ControlWindow::Wanted() const {
       return {widest + font_.Scaled(32), line + font_.Scaled(8)};
     }
     case Kind::kListBox:
-      return {30L * font_.CharWidth(), 6L * line};
+      return {36L * font_.CharWidth(), 9L * line};
     case Kind::kTextBox: {
       const auto& box = static_cast<const forms::TextBox&>(control_);
       if (!box.ReadOnly()) return {8L * font_.CharWidth(), line + font_.Scaled(8)};

@@ -40,8 +40,8 @@ class ControlWindow {
 
   forms::Control& Of() const { return control_; }
   HWND Handle() const { return window_; }
-  /// Brings the window to the control's state.
-  void Mirror();
+  /// Brings the window to the control's state. @return whether a label's text became another
+  bool Mirror();
   /// The least that shows all of it.
   SIZE Wanted() const;
   void Place(const RECT& place);
@@ -58,7 +58,7 @@ class ControlWindow {
   bool stale{true};
 
  private:
-  void MirrorText(std::u16string_view text);
+  bool MirrorText(std::u16string_view text);
   void MirrorList();
   void MirrorCombo();
   bool ShowsUp() const;

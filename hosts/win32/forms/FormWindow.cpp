@@ -68,7 +68,8 @@ FormWindow::FormWindow(forms::Form& form, HWND owner) : form_(form) {
     known.lpszClassName = kClassName;
     RegisterClassExW(&known);
   }
-  const DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+  // Frames paint nothing inside them: that is the form's, so it must not leave its children out.
+  const DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU;
   window_ = CreateWindowExW(WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT, kClassName, ToWide(form.Caption()).c_str(),
                             style, 0, 0, 100, 100, owner, nullptr, module, nullptr);
   SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
@@ -135,10 +136,19 @@ void FormWindow::SizeToContent() {
   SetWindowPos(window_, nullptr, std::max(screen.left, (screen.left + screen.right - width) / 2),
                std::max(screen.top, (screen.top + screen.bottom - height) / 2), width, height,
                SWP_NOZORDER | SWP_NOACTIVATE);
+  laidOut_ = wanted;
   RECT client{};
   GetClientRect(window_, &client);
   layout_->Arrange(client);
   PlaceBar();
+}
+
+/// A text that became longer gets the lines that it needs.
+void FormWindow::GrowWithTexts() {
+  const SIZE wanted = layout_->Wanted();
+  if (wanted.cx <= laidOut_.cx && wanted.cy <= laidOut_.cy) return;
+  SizeToContent();
+  InvalidateRect(window_, nullptr, TRUE);
 }
 
 void FormWindow::Appear() {
@@ -178,13 +188,15 @@ void FormWindow::Refresh() {
   if (mirroring_) return;
   mirroring_ = true;
   SetWindowTextW(window_, ToWide(form_.Caption()).c_str());
+  bool textsChanged = false;
   for (const auto& control : controls_) {
-    if (control->stale) control->Mirror();
+    if (control->stale) textsChanged = control->Mirror() || textsChanged;
     if (control->Of().ControlKind() == Kind::kButton) {
       const WPARAM style = form_.DefaultButton() == &control->Of() ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
       SendMessageW(control->Handle(), BM_SETSTYLE, style, TRUE);
     }
   }
+  if (textsChanged && laidOut_.cx > 0) GrowWithTexts();
   PlaceBar();
   RefreshFocus();
   mirroring_ = false;

@@ -49,6 +49,7 @@ class FormWindow : private forms::Form::Listener {
   void MakeControls(const forms::LayoutNode& node);
   void MakeMenus();
   void SizeToContent();
+  void GrowWithTexts();
   void Act(const std::function<void()>& action);
   void Command(WORD notification, WORD id, HWND from);
   LRESULT Notify(const NMHDR& header);
@@ -68,6 +69,8 @@ class FormWindow : private forms::Form::Listener {
   std::vector<std::unique_ptr<ControlWindow>> controls_;
   std::vector<forms::Control*> menuItems_;
   std::unique_ptr<FormLayout> layout_;
+  /// The least that its content needed when it was laid out.
+  SIZE laidOut_{};
   std::exception_ptr failure_;
   bool acting_{false};
   bool mirroring_{true};

@@ -19,16 +19,7 @@ HWND FrontWindow() {
 class OthersDisabled {
  public:
   explicit OthersDisabled(HWND dialog) : dialog_(dialog), active_(GetActiveWindow()) {
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM self) {
-          auto& others = *reinterpret_cast<OthersDisabled*>(self);
-          if (window == others.dialog_ || !IsWindowVisible(window) || !IsWindowEnabled(window)) return TRUE;
-          EnableWindow(window, FALSE);
-          others.disabled_.push_back(window);
-          return TRUE;
-        },
-        reinterpret_cast<LPARAM>(this));
+    EnumThreadWindows(GetCurrentThreadId(), &OthersDisabled::Disable, reinterpret_cast<LPARAM>(this));
   }
   ~OthersDisabled() {
     for (const HWND window : disabled_) EnableWindow(window, TRUE);
@@ -39,6 +30,14 @@ class OthersDisabled {
   OthersDisabled& operator=(const OthersDisabled&) = delete;
 
  private:
+  static BOOL CALLBACK Disable(HWND window, LPARAM self) {
+    auto& others = *reinterpret_cast<OthersDisabled*>(self);
+    if (window == others.dialog_ || !IsWindowVisible(window) || !IsWindowEnabled(window)) return TRUE;
+    EnableWindow(window, FALSE);
+    others.disabled_.push_back(window);
+    return TRUE;
+  }
+
   HWND dialog_;
   HWND active_;
   std::vector<HWND> disabled_;
