@@ -1,0 +1,114 @@
+#include <gtest/gtest.h>
+
+#include <span>
+
+#include "AddInSession.h"
+#include "DirectSession.h"
+#include "Person.h"
+#include "hosts/win32/Wide.h"
+#include "platform/word/Application.h"
+#include "platform/word/Bookmarks.h"
+#include "platform/word/Document.h"
+
+namespace {
+
+constexpr char kSample[] = "mutual_nda.docx";
+
+std::vector<std::byte> FileOf(const docx::WordProcessor& processor) {
+  std::vector<std::byte> file;
+  processor.Updated().Write(
+      [&](std::span<const std::byte> piece) { file.insert(file.end(), piece.begin(), piece.end()); });
+  return file;
+}
+
+std::map<std::string, std::string> PartsOf(const docx::WordProcessor& processor) {
+  std::map<std::string, std::string> parts;
+  for (const std::string& name : processor.Updated().Names()) parts[name] = processor.Updated().Read(name);
+  return parts;
+}
+
+/// Our entries in a part.
+std::uint64_t OccurrencesIn(const std::string& xml) {
+  std::uint64_t count = 0;
+  for (std::size_t at = xml.find(" XE "); at != std::string::npos; at = xml.find(" XE ", at + 1)) ++count;
+  return count;
+}
+
+/// Whole runs, with a new user's settings, who has the prompts of a first run.
+class AddInRun : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    _putenv_s("SOURCE_DATE_EPOCH", "1700000000");
+  }
+  static void TearDownTestSuite() { CoUninitialize(); }
+  void SetUp() override { DeleteFileW(SettingsFile().c_str()); }
+  void TearDown() override { EXPECT_EQ(person.Waiting(), 0u); }
+
+  static std::wstring SettingsFile() {
+    win32::WindowsFolders folders;
+    return win32::ToWide(folders.SpecialFolder(os::kApplicationData, 0)) + L"\\Brantholt\\Kelvarin\\kvx.ini";
+  }
+
+  void AnswerPrompts() {
+    person.Expect(L"What kind of search do you usually do?", [](HWND window) { Person::Click(window, L"OK"); });
+    person.Expect(L"Formatting defined terms", [](HWND window) { Person::Click(window, L"OK"); });
+    person.Expect(L"Do you need help?", [](HWND window) { Person::Click(window, L"No thanks"); });
+  }
+  /// A person who takes what is offered, with the mouse.
+  void AnswerWholeRun() {
+    AnswerPrompts();
+    person.Expect(L"Kelvarin", [](HWND window) { Person::Click(window, L"Search"); });
+    person.Expect(L"Kelvarin", [](HWND window) { Person::Click(window, L"OK"); });
+  }
+
+  Registered addIn{AddInLibrary()};
+  Registered companion{CompanionLibrary()};
+  Person person;
+};
+
+TEST_F(AddInRun, GivesTheDocumentThatTheDocxHostGives) {
+  std::map<std::string, std::string> expected;
+  {
+    DirectSession direct(kSample);
+    AnswerWholeRun();
+    direct.AddIn().ShowKVXForm();
+    ASSERT_EQ(person.Waiting(), 0u);
+    expected = PartsOf(direct.processor);
+    ASSERT_TRUE(direct.processor.Application()->ActiveDocument()->Bookmarks()->Exists(u"DefinedTermsIndex"));
+  }
+  DeleteFileW(SettingsFile().c_str());
+  AddInSession word(kSample);
+  word.Start();
+  AnswerWholeRun();
+  EXPECT_TRUE(word.Click(u"&Find and index"));
+  EXPECT_EQ(PartsOf(word.processor), expected);
+  const std::uint64_t marked = OccurrencesIn(expected.at("word/document.xml"));
+  // Calls are what a run in Word costs.
+  EXPECT_LT(word.context->count, 20 * marked) << marked;
+  RecordProperty("calls", std::to_string(word.context->count));
+  RecordProperty("occurrences", std::to_string(marked));
+}
+
+TEST_F(AddInRun, RemovingGivesTheDocumentBackThatItBeganWith) {
+  AddInSession word(kSample);
+  word.Start();
+  const auto before = PartsOf(word.processor);
+  AnswerWholeRun();
+  EXPECT_TRUE(word.Click(u"&Find and index"));
+  EXPECT_NE(PartsOf(word.processor), before);
+  EXPECT_TRUE(word.Click(u"&Remove indexing"));
+  EXPECT_EQ(PartsOf(word.processor).at("word/document.xml"), before.at("word/document.xml"));
+}
+
+TEST_F(AddInRun, CancelledInItsFirstDialogChangesNothing) {
+  AddInSession word(kSample);
+  word.Start();
+  const auto before = FileOf(word.processor);
+  AnswerPrompts();
+  person.Expect(L"Kelvarin", [](HWND window) { Person::Press(window, VK_ESCAPE); });
+  EXPECT_TRUE(word.Click(u"&Find and index"));
+  EXPECT_EQ(FileOf(word.processor), before);
+}
+
+}  // namespace
