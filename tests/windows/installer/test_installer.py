@@ -1,0 +1,107 @@
+#!/usr/bin/env python3
+"""Runs the set-up under Wine, in a prefix of its own: installs, looks at registry and folder, removes, looks again.
+
+test_installer.py SETUP: the set-up's file. It needs a display.
+"""
+
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent.parent.parent
+SETUP = None
+ADDIN = r"Software\Microsoft\Office\Word\Addins\KVXDLLCOM.Connect"
+CLASS = r"Software\Classes\KVXDLLCOM.Connect\CLSID"
+COMPANION = r"Software\Classes\TermMarker.TermMarker\CLSID"
+UNINSTALL = r"Software\Microsoft\Windows\CurrentVersion\Uninstall\Kelvarin"
+FILES = ["KVX Instructions A4.pdf", "KVX Instructions LTR.pdf", "KVXDLLCOM.dll", "Kelvarin3Help.chm", "TermMarker.dll",
+         "kvxfaq.htm"]
+
+
+class Installer(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.prefix = tempfile.TemporaryDirectory()
+        cls.environment = dict(os.environ, WINEPREFIX=cls.prefix.name)
+        cls.drive = pathlib.Path(cls.prefix.name) / "drive_c"
+        cls.wine("wineboot", "-i")
+
+    @classmethod
+    def tearDownClass(cls):
+        subprocess.run(["wineserver", "-w"], env=cls.environment, check=False)
+        cls.prefix.cleanup()
+
+    @classmethod
+    def wine(cls, *arguments):
+        done = subprocess.run([ROOT / "scripts/wine", *arguments], env=cls.environment, capture_output=True, timeout=300)
+        return done.returncode, done.stdout.decode("utf-8", "replace")
+
+    def value(self, root, key, name):
+        """None when there is none."""
+        arguments = ["reg", "query", root + "\\" + key, *(["/v", name] if name else ["/ve"])]
+        status, out = self.wine(*arguments)
+        if status != 0:
+            return None
+        return next((line.split("    ")[-1].strip() for line in out.splitlines() if "REG_" in line), None)
+
+    def is_there(self, root, key):
+        return self.wine("reg", "query", root + "\\" + key)[0] == 0
+
+    def files(self, folder):
+        return sorted(path.name for path in folder.glob("*")) if folder.exists() else None
+
+    def kept_files(self):
+        """All files of the drive but those that Wine itself changes."""
+        return {path for path in self.drive.rglob("*") if path.is_file() and "windows/temp" not in str(path).lower()
+                and "/Temp/" not in str(path)}
+
+    def remove(self, folder):
+        """The uninstaller works from a copy; told where it stands it does not, and can be waited for."""
+        status, _ = self.wine(str(folder / "uninstall.exe"), "/S", "_?=" + self.windows_path(folder))
+        self.assertEqual(status, 0)
+        # Whether it may then remove itself is Wine's to say.
+        (folder / "uninstall.exe").unlink(missing_ok=True)
+        if folder.exists():
+            folder.rmdir()
+
+    def windows_path(self, path):
+        return "C:\\" + str(path.relative_to(self.drive)).replace("/", "\\")
+
+    def check(self, root, arguments, folder):
+        before = self.kept_files()
+        status, _ = self.wine(SETUP, "/S", *arguments)
+        self.assertEqual(status, 0)
+        self.assertEqual(self.files(folder / "x64"), sorted(FILES))
+        self.assertEqual(self.files(folder / "x86"), sorted(FILES))
+        self.assertEqual(self.value(root, ADDIN, "LoadBehavior"), "0x3")
+        self.assertEqual(self.value(root, ADDIN, "FriendlyName"), "Kelvarin")
+        for program in (CLASS, COMPANION):
+            identity = self.value(root, program, None)
+            self.assertIsNotNone(identity, program)
+            server = self.value(root, "Software\\Classes\\CLSID\\" + identity + "\\InprocServer32", None)
+            self.assertTrue(server.lower().startswith(self.windows_path(folder / "x64").lower()), server)
+        self.assertIsNotNone(self.value(root, UNINSTALL, "UninstallString"))
+        settings = self.drive / "users" / os.environ.get("USER", "root") / "AppData/Roaming/Brantholt/Kelvarin/kvx.ini"
+        settings.parent.mkdir(parents=True, exist_ok=True)
+        settings.write_text("[Defaults]\r\n")
+        self.remove(folder)
+        for key in (ADDIN, CLASS, COMPANION, UNINSTALL):
+            self.assertFalse(self.is_there(root, key), key)
+        self.assertTrue(settings.exists())
+        self.assertEqual(self.kept_files() - before - {settings}, set())
+        settings.unlink()
+
+    def test_for_one_user_and_leaves_nothing_but_settings(self):
+        user = next(path for path in (self.drive / "users").iterdir() if path.name.lower() != "public")
+        self.check("HKCU", [], user / "AppData/Local/Programs/Kelvarin")
+
+    def test_for_all_users_and_leaves_nothing_but_settings(self):
+        self.check("HKLM", ["/ALLUSERS"], self.drive / "Program Files/Kelvarin")
+
+
+if __name__ == "__main__":
+    SETUP = str(pathlib.Path(sys.argv.pop(1)).resolve())
+    unittest.main()
