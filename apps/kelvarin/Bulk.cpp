@@ -131,6 +131,7 @@ class ManyFiles : public BatchWatch {
   /// Runs in the process of the task.
   FileResult Work(const Task& task) const {
     const Input& input = options_.inputs[task.input];
+    if (options_.progress) ShareProgressLine();
     if (!input.problem.empty()) {
       Say(input.file, input.problem);
       return {.status = kUnreadable, .report = FailedReport(input.file, input.problem)};

@@ -7,6 +7,7 @@
 namespace {
 
 bool progressShown = false;
+bool progressShared = false;
 
 std::string OneLine(std::string_view text) {
   std::string line;
@@ -48,7 +49,9 @@ void ShowProgressLine(std::string_view text) {
 }
 
 void EndProgressLine() {
-  if (!progressShown) return;
+  if (!progressShown && !progressShared) return;
   progressShown = false;
   WriteError("\r\x1b[K");
 }
+
+void ShareProgressLine() { progressShared = isatty(STDERR_FILENO) != 0; }

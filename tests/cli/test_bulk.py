@@ -1,6 +1,6 @@
 import json
 import os
-import random
+import pty
 import signal
 import subprocess
 import time
@@ -293,6 +293,27 @@ class Size(Bulk):
         lines = self.check("index", "store", "--out-dir", "out", "--progress").err.splitlines()
         self.assertEqual(lines[0], "1 of 4 files")
         self.assertRegex(lines[-1], r"^kelvarin: finished: 4 of 4 files, 0:\d\d$")
+
+    def test_a_terminal_has_a_bar_that_is_wiped_for_messages_and_at_the_end(self):
+        root = self.store(4)
+        (root / "a/0.docx").write_text("no document")
+        ours, theirs = pty.openpty()
+        process = subprocess.Popen([program.KELVARIN, "index", "store", "--out-dir", "out"], stdin=subprocess.DEVNULL,
+                                   stdout=subprocess.DEVNULL, stderr=theirs, env=self.environment(), cwd=self.folder)
+        os.close(theirs)
+        shown = b""
+        try:
+            while piece := os.read(ours, 4096):
+                shown += piece
+        except OSError:
+            pass  # the other side is closed
+        os.close(ours)
+        self.assertEqual(process.wait(), 3)
+        pieces = shown.decode().split("\r\x1b[K")
+        self.assertRegex(pieces[1], r"^\[\.{24}\] 0 of 4 files$")
+        self.assertEqual([piece for piece in pieces if "0.docx" in piece],
+                         ["kelvarin: store/a/0.docx: is not a Word document: it is not a zip archive\r\n"])
+        self.assertRegex(pieces[-1], r"^kelvarin: finished: 4 of 4 files, 1 failed, \d:\d\d\r\n$")
 
     def test_memory_does_not_grow_with_the_number_of_files(self):
         # What the children need does not count: it is the program itself that stays for hours.
