@@ -95,10 +95,10 @@ std::string CanonicalXml(const std::string& xml) {
 
 }  // namespace
 
-DocxDocument::DocxDocument(const Parts& parts) : DocxDocument(Pack(parts)) {}
+DocxDocument::DocxDocument(const Parts& parts, docx::PageSource pages) : DocxDocument(Pack(parts), pages) {}
 
-DocxDocument::DocxDocument(std::unique_ptr<docx::Package> package) {
-  processor_.Open(std::move(package), {.name = u"contract.docx", .path = u""}, file_);
+DocxDocument::DocxDocument(std::unique_ptr<docx::Package> package, docx::PageSource pages) {
+  processor_.Open(std::move(package), {.name = u"contract.docx", .path = u"", .pages = pages}, file_);
 }
 
 std::map<std::string, std::string> DocxDocument::Canonical() const {

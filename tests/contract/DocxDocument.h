@@ -21,8 +21,8 @@ class DocxDocument {
     std::string settings{};   ///< the content of w:settings
   };
 
-  explicit DocxDocument(const Parts& parts);
-  explicit DocxDocument(std::unique_ptr<docx::Package> package);
+  explicit DocxDocument(const Parts& parts, docx::PageSource pages = docx::PageSource::kFile);
+  explicit DocxDocument(std::unique_ptr<docx::Package> package, docx::PageSource pages = docx::PageSource::kFile);
 
   /// As the test program reaches it.
   word::ApplicationPtr Application() const { return reach::Application(processor_.Application()); }

@@ -1,5 +1,5 @@
 // Each byte adds a piece of WordprocessingML to a document's main part or its footnotes, or closes what is open. The
-// document is opened as the program does; its stories, pages and fields are read, terms are marked, the index is
+// document is opened as the program does; its stories are read and laid out, terms are marked, the index is
 // inserted, and all is taken away again. Only errors of the host may come of it, and what is written opens again.
 
 #include "DocxDocument.h"
@@ -28,7 +28,7 @@ struct Piece {
   std::string_view close;
 };
 
-constexpr std::array<Piece, 44> kPieces{{
+constexpr std::array<Piece, 47> kPieces{{
     {"<w:p>", "</w:p>"},
     {"<w:r>", "</w:r>"},
     {"<w:t xml:space=\"preserve\">", "</w:t>"},
@@ -73,6 +73,9 @@ constexpr std::array<Piece, 44> kPieces{{
     {"<w:txbxContent>", "</w:txbxContent>"},
     {"<w:ruby>", "</w:ruby>"},
     {"<?kelvarin apart?>", ""},
+    {"<w:rPr/>", ""},
+    {"<w:rPr><w:highlight w:val=\"none\"/></w:rPr>", ""},
+    {"<w:rPr> <?x?><w:sz w:val=\"8\"/></w:rPr>", ""},
 }};
 constexpr std::uint8_t kClose = 0xFF;
 constexpr std::uint8_t kToFootnotes = 0xFE;
@@ -143,13 +146,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     made.footnotes = "<w:footnote w:id=\"2\">" + Blocks(data + parts + 1, size - parts - 1) + "</w:footnote>";
   }
   try {
-    const DocxDocument docx(made);
+    const DocxDocument docx(made, docx::PageSource::kLayout);
     try {
       Work(docx);
     } catch (const word::HostError&) {
       // What cannot be done to such a document; it stays one.
     }
-    const DocxDocument again(docx::Package::Open(docx.File()));
+    const DocxDocument again(docx::Package::Open(docx.File()), docx::PageSource::kLayout);
     ReadAll(again.Document());
   } catch (const docx::PackageError&) {
     // Elements in places where they are refused.
