@@ -38,7 +38,9 @@ std::map<std::u16string, std::set<int>> EntryPages(docx::WordProcessor& processo
         if (marker::IsOurEntry(entry)) known->second = &pages[entry.text];
       }
       if (known->second == nullptr) continue;
-      known->second->insert(processor.PageOf(type, static_cast<word::Position>(field.begin)));
+      // Mostly behind the pages so far.
+      const int page = processor.PageOf(type, static_cast<word::Position>(field.begin));
+      known->second->insert(known->second->end(), page);
     }
   }
   return pages;

@@ -148,17 +148,9 @@ std::size_t XmlDocument::OffsetOf(XmlNode element) const {
 
 namespace {
 
-/// How long a text is that is never made.
-struct Length {
-  std::size_t bytes{0};
-
-  void operator+=(std::string_view text) { bytes += text.size(); }
-};
-
-template <typename Text>
 class Writer {
  public:
-  explicit Writer(Text& text) : text_(text) {}
+  explicit Writer(std::string& text) : text_(text) {}
 
   void WriteContent(const XmlNodeData& top) {
     const XmlNodeData* node = top.first;
@@ -226,23 +218,24 @@ class Writer {
     text_ += after;
   }
 
-  Text& text_;
+  std::string& text_;
 };
-
-/// What a node with children that are nodes holds.
-std::string Written(const XmlNodeData& top) {
-  Length length;
-  Writer(length).WriteContent(top);
-  std::string text;
-  text.reserve(length.bytes);
-  Writer(text).WriteContent(top);
-  return text;
-}
 
 }  // namespace
 
-std::string XmlDocument::Serialize() const { return Written(top_); }
+std::string XmlDocument::Serialize() const {
+  // What marking makes of a document seldom is longer; room that is not used costs nothing.
+  constexpr std::size_t kGrowth = 3;
+  std::string text;
+  text.reserve(kGrowth * source_.size());
+  Writer(text).WriteContent(top_);
+  return text;
+}
 
-std::string_view XmlDocument::WriteContent(const XmlNodeData& element) { return Keep(Written(element)); }
+std::string_view XmlDocument::WriteContent(const XmlNodeData& element) {
+  std::string text;
+  Writer(text).WriteContent(element);
+  return Keep(text);
+}
 
 }  // namespace docx

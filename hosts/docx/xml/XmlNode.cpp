@@ -20,6 +20,13 @@ void SetContent(XmlNodeData& node, std::string_view text) {
   node.contentSize = static_cast<std::uint32_t>(text.size());
 }
 
+/// Lets an element hold what is written, in place of its nodes.
+void SetWhole(XmlNodeData& element, std::string_view written, bool isText) {
+  element.first = nullptr;
+  element.flags = isText ? XmlNodeData::kWhole | XmlNodeData::kTextOnly : XmlNodeData::kWhole;
+  SetContent(element, written);
+}
+
 }  // namespace
 
 void XmlNodeData::Insert(XmlNodeData& child, XmlNodeData* before) {
@@ -203,12 +210,14 @@ void XmlNode::SetName(const XmlName& name) {
 }
 
 void XmlNode::SetOnlyText(std::string_view text) {
-  SetContentText(Document().Keep(IsWrittenAsIs(text) ? text : std::string_view(EscapedText(text))));
+  SetWhole(*data_, Document().Keep(IsWrittenAsIs(text) ? text : std::string_view(EscapedText(text))), true);
+  Parent().ContentChanged();
 }
 
 void XmlNode::ShareOnlyText(std::string_view text) {
   if (!IsWrittenAsIs(text)) return SetOnlyText(text);
-  SetContentText(text);
+  SetWhole(*data_, text, true);
+  Parent().ContentChanged();
 }
 
 std::string_view XmlNode::SettleContent() {
@@ -217,10 +226,7 @@ std::string_view XmlNode::SettleContent() {
 }
 
 void XmlNode::SetContentText(std::string_view content) {
-  const bool hasMarkup = content.find('<') != std::string_view::npos;
-  data_->first = nullptr;
-  data_->flags = hasMarkup ? XmlNodeData::kWhole : XmlNodeData::kWhole | XmlNodeData::kTextOnly;
-  SetContent(*data_, content);
+  SetWhole(*data_, content, content.find('<') == std::string_view::npos);
   Parent().ContentChanged();
 }
 

@@ -75,11 +75,17 @@ void AppendEntity(std::string& text, std::string_view name) {
 
 }  // namespace
 
-bool IsWrittenAsIs(std::string_view text) { return std::all_of(text.begin(), text.end(), IsPlainInText); }
+bool IsWrittenAsIs(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return IsPlainInText(c); });
+}
 
-std::string EscapedText(std::string_view text) { return Escaped(text, IsPlainInText); }
+std::string EscapedText(std::string_view text) {
+  return Escaped(text, [](char c) { return IsPlainInText(c); });
+}
 
-std::string EscapedValue(std::string_view text) { return Escaped(text, IsPlainInValue); }
+std::string EscapedValue(std::string_view text) {
+  return Escaped(text, [](char c) { return IsPlainInValue(c); });
+}
 
 bool IsEscapedText(std::string_view raw) {
   return raw.find('&') != std::string_view::npos || raw.find('\r') != std::string_view::npos;
