@@ -20,6 +20,8 @@ namespace {
 
 /// Tables nested deeper are left out; nobody could read them.
 constexpr int kDeepest = 40;
+/// The same for text boxes in text boxes.
+constexpr int kDeepestBox = 3;
 constexpr int kMostColumns = 200;
 constexpr int kDefaultSideMargin = 115;
 constexpr float kNoteRule = 2880;    // twips
@@ -424,12 +426,28 @@ void BlockReader::ReadDrawing(XmlNode element) {
   for (Drawing& drawing : ReadDrawings(part_, element)) {
     std::string& picture = drawing.floating.picture;
     if (!picture.empty()) picture = pictureNames_ ? pictureNames_(part_, picture) : std::string();
+    if (!drawing.inLine && drawing.text) drawing.floating.text = ReadTextBox(drawing);
     if (drawing.inLine) {
       AddObject(drawing.floating);
     } else {
       open_->floats.push_back(drawing.floating);
     }
   }
+}
+
+std::shared_ptr<TextBox> BlockReader::ReadTextBox(const Drawing& drawing) {
+  if (boxes_ >= kDeepestBox) return nullptr;
+  NumberCounters counters;
+  NoteNumbers notes;
+  BlockReader reader(formats_, part_, nullptr, counters, notes);
+  reader.boxes_ = boxes_ + 1;
+  reader.pictureNames_ = pictureNames_;
+  auto box = std::make_shared<TextBox>();
+  box->blocks = reader.Read(drawing.text);
+  box->sideInset = drawing.sideInset;
+  box->topInset = drawing.topInset;
+  box->outlined = drawing.outlined;
+  return box;
 }
 
 std::unique_ptr<Table> BlockReader::ReadTable(XmlNode element, bool deleted) {

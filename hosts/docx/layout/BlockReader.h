@@ -12,6 +12,8 @@
 
 namespace docx::layout {
 
+struct Drawing;
+
 /// Numbers of the notes, by the element that refers to them.
 class NoteNumbers {
  public:
@@ -54,6 +56,8 @@ class BlockReader {
   void ReadDrawing(XmlNode element);
   void AddObject(const Floating& drawing);
   void AddMath(XmlNode math);
+  /// nullptr for one that lies too deep in others.
+  std::shared_ptr<TextBox> ReadTextBox(const Drawing& drawing);
   void AddText(std::u16string_view text, Position position, PieceKind kind = PieceKind::kText, XmlNode element = {});
   /// Text all of which stands at one position.
   void AddSolid(std::u16string_view text, Position position);
@@ -89,6 +93,7 @@ class BlockReader {
   std::vector<OpenField> fields_;  // outermost first
   int codes_{0};
   int depth_{0};
+  int boxes_{0};  // around what is read
 };
 
 }  // namespace docx::layout

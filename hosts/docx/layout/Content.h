@@ -32,6 +32,8 @@ enum class PieceKind : std::uint8_t {
 /// A number that a header prints anew on every page.
 enum class PageField : std::uint8_t { kNone, kPage, kPageCount };
 
+struct TextBox;
+
 /// A picture or text box that does not stand in the line. Lengths in twips.
 struct Floating {
   enum class Wrap : std::uint8_t { kNone, kSquare, kTopAndBottom };
@@ -44,7 +46,8 @@ struct Floating {
   bool withParagraph{true};
 
   // Where it is drawn.
-  std::string picture;  ///< the name of a part of the package; empty for what cannot be drawn
+  std::string picture;            ///< the name of a part of the package; empty for what cannot be drawn
+  std::shared_ptr<TextBox> text;  ///< what stands in a text box; nullptr for what is none
   double drawnWidth{0};
   double drawnHeight{0};
   From across{From::kText};
@@ -155,6 +158,14 @@ struct Block {
     const auto* table = std::get_if<std::unique_ptr<Table>>(&content);
     return table == nullptr ? nullptr : table->get();
   }
+};
+
+/// Lengths in twips.
+struct TextBox {
+  std::vector<Block> blocks;
+  double sideInset{0};
+  double topInset{0};
+  bool outlined{false};
 };
 
 }  // namespace docx::layout

@@ -67,7 +67,7 @@ class DocumentLayout {
   void LayOut(std::vector<Block> blocks);
   /// Gives the lines of footnotes their places at the feet of the pages.
   void PlaceFootnotes();
-  void DrawHeaders(int page, PageDrawer& drawer) const;
+  void DrawHeaders(int page, FlowBuilder& flows, PageDrawer& drawer) const;
 
   DocumentParts& parts_;
   FontLibrary fonts_;

@@ -15,8 +15,6 @@ namespace {
 
 constexpr double kPerPoint = 20;
 constexpr double kSlack = 1;  // twips
-/// Of a room that what is laid out in it never fills.
-constexpr double kEndless = 1e9;
 
 /// What stands on one page, of things in the order of pages.
 template <typename Thing>
@@ -24,24 +22,6 @@ std::span<const Thing> OnPage(const std::vector<Thing>& things, int page) {
   const auto first = std::partition_point(things.begin(), things.end(), [&](const Thing& t) { return t.page < page; });
   const auto last = std::partition_point(first, things.end(), [&](const Thing& t) { return t.page == page; });
   return {first, last};
-}
-
-/// Places a flow in a column that stands alone. Lengths in twips.
-PageFiller::Content PlaceApart(Flow& flow, double left, double top, double width) {
-  SectionGeometry column;
-  column.left = left;
-  column.gutter = 0;
-  column.top = -top;
-  column.height = kEndless;
-  column.bottom = 0;
-  column.columns = {width};
-  column.columnLefts = {0};
-  const NoteRooms none;
-  PageFiller filler(none, {});
-  filler.BeginSection(column);
-  PageFiller::Content placed;
-  filler.Fill(flow, false, placed);
-  return placed;
 }
 
 /// Puts the items of one flow behind those of another.
@@ -89,7 +69,7 @@ void DocumentLayout::PlaceFootnotes() {
       Append(foot, std::move(now));
     }
     const double bottom = filler_->Pages()[static_cast<std::size_t>(room.page - 1)].bottom;
-    PageFiller::Content placed = PlaceApart(foot, room.left, std::max(1.0, bottom - foot.Height()), room.width);
+    PageFiller::Content placed = PlaceApart(foot, room.left, bottom - foot.Height(), room.width);
     const auto keep = [&](auto& from, auto& into) {
       for (auto& thing : from) {
         thing.page = room.page;
@@ -114,7 +94,9 @@ page::Display DocumentLayout::Draw(int page) const {
   page::Display display;
   display.width = room.section->width / kPerPoint;
   display.height = room.section->height / kPerPoint;
-  PageDrawer drawer(lineSettings_, room, display);
+  LineMaker maker(lineSettings_);
+  FlowBuilder flows(maker, flowSettings_);
+  PageDrawer drawer(lineSettings_, room, flows, display);
 
   const auto lines = OnPage(body_.lines, page);
   const auto notes = OnPage(notes_.lines, page);
@@ -131,25 +113,22 @@ page::Display DocumentLayout::Draw(int page) const {
         {rule.left / kPerPoint, rule.top / kPerPoint, rule.left / kPerPoint, rule.bottom / kPerPoint});
   }
   drawer.Add(notes, OnPage(notes_.cells, page), word::wdFootnotesStory);
-  DrawHeaders(page, drawer);
+  DrawHeaders(page, flows, drawer);
   return display;
 }
 
-void DocumentLayout::DrawHeaders(int page, PageDrawer& drawer) const {
+void DocumentLayout::DrawHeaders(int page, FlowBuilder& flows, PageDrawer& drawer) const {
   const PageFiller::PageRoom& room = filler_->Pages().at(static_cast<std::size_t>(page - 1));
   const SectionGeometry& section = *room.section;
   const auto side = static_cast<std::size_t>(room.side);
   const std::u16string label = PageLabel(filler_->Numberings(), page);
-  LineMaker lines(lineSettings_);
-  FlowBuilder builder(lines, flowSettings_);
   for (const bool header : {true, false}) {
     std::vector<Block>* blocks = (header ? section.headers : section.footers)[side];
     if (blocks == nullptr) continue;
     SetPageFields(*blocks, label, PageCount());
-    Flow flow = builder.Build(*blocks, section.TextWidth());
+    Flow flow = flows.Build(*blocks, section.TextWidth());
     const double top = header ? section.header : section.height - section.footer - flow.Height();
-    const PageFiller::Content placed =
-        PlaceApart(flow, section.TextLeft(room.mirrored), std::max(1.0, top), section.TextWidth());
+    const PageFiller::Content placed = PlaceApart(flow, section.TextLeft(room.mirrored), top, section.TextWidth());
     drawer.Add(placed.lines, placed.cells, 0);
   }
 }

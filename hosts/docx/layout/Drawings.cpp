@@ -74,6 +74,13 @@ Drawing ReadDrawingMl(XmlNode frame, bool inLine) {
   drawing.inLine = inLine;
   Floating& floating = drawing.floating;
   floating.picture = RelationshipIn(Descendant(frame, "blip"), "embed");
+  drawing.text = Descendant(frame, "txbxContent");
+  if (drawing.text) {
+    const XmlNode body = Descendant(frame, "bodyPr");
+    if (const XmlAttribute inset = body.Attribute("lIns")) drawing.sideInset = Emus(inset);
+    if (const XmlAttribute inset = body.Attribute("tIns")) drawing.topInset = Emus(inset);
+    drawing.outlined = static_cast<bool>(LocalChild(Descendant(Descendant(frame, "spPr"), "ln"), "solidFill"));
+  }
   const XmlNode extent = LocalChild(frame, "extent");
   const XmlNode effect = LocalChild(frame, "effectExtent");
   floating.width = Emus(extent.Attribute("cx")) + Emus(effect.Attribute("l")) + Emus(effect.Attribute("r"));
@@ -158,6 +165,9 @@ void ReadVml(XmlNode element, std::vector<Drawing>& drawings) {
     drawing.floating.x = StyleLength(style, "margin-left");
     drawing.floating.y = drawing.floating.offset;
     ReadVmlPlace(style, drawing.floating);
+    drawing.text = Descendant(shape, "txbxContent");
+    const std::string_view stroked = shape.Attribute("stroked").Value();
+    drawing.outlined = stroked != "f" && stroked != "false";
     const std::string_view type = LocalChild(shape, "wrap").Attribute("type").Value();
     using Wrap = Floating::Wrap;
     drawing.floating.wrap = type == "topAndBottom"                                     ? Wrap::kTopAndBottom

@@ -12,6 +12,10 @@ namespace docx::layout {
 struct Drawing {
   bool inLine{true};
   Floating floating;
+  XmlNode text;  ///< of a text box: what holds its blocks
+  double sideInset{144};
+  double topInset{72};
+  bool outlined{false};
 };
 
 /// @param element a w:drawing, w:pict or w:object @return with the ids of relationships for the names of pictures

@@ -11,6 +11,8 @@ namespace docx::layout {
 namespace {
 
 constexpr double kPerPoint = 20;
+constexpr float kBoxLine = 15;  // twips
+constexpr double kNarrowestText = 20;
 
 enum class Side : std::uint8_t { kTop, kLeft, kBottom, kRight };
 
@@ -152,8 +154,21 @@ void PageDrawer::AddFloat(const Floating& floating, const PageFiller::Placed& li
   page::Picture picture;
   picture.area = {(across.begin + x) / kPerPoint, (upright.begin + y) / kPerPoint, floating.drawnWidth / kPerPoint,
                   floating.drawnHeight / kPerPoint};
+  if (floating.text) return AddTextBox(*floating.text, picture.area);
   picture.name = floating.picture;
   into_.pictures.push_back(std::move(picture));
+}
+
+void PageDrawer::AddTextBox(const TextBox& text, const page::Rect& area) {
+  if (text.outlined) {
+    const BorderLine line{.stroke = page::Stroke::kSolid, .width = kBoxLine};
+    for (const Side side : {Side::kTop, Side::kLeft, Side::kBottom, Side::kRight}) AddBorder(into_, area, side, line);
+  }
+  const double width = std::max(area.width * kPerPoint - 2 * text.sideInset, kNarrowestText);
+  Flow flow = flows_.Build(text.blocks, width);
+  const PageFiller::Content placed =
+      PlaceApart(flow, area.x * kPerPoint + text.sideInset, area.y * kPerPoint + text.topInset, width);
+  Add(placed.lines, placed.cells, 0);
 }
 
 page::Color PageDrawer::GroundOf(const PageFiller::Placed& line, double down) const {

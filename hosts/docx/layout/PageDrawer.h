@@ -11,9 +11,9 @@ namespace docx::layout {
 /// Turns what was placed on a page into what is drawn: lines, the boxes of paragraphs, the cells of tables.
 class PageDrawer {
  public:
-  /// @param room of the page @param into outlives the drawer
-  PageDrawer(const LineSettings& settings, const PageFiller::PageRoom& room, page::Display& into)
-      : lines_(settings, into), room_(room), into_(into) {}
+  /// @param room of the page @param flows lays out what stands in text boxes @param into they outlive the drawer
+  PageDrawer(const LineSettings& settings, const PageFiller::PageRoom& room, FlowBuilder& flows, page::Display& into)
+      : lines_(settings, into), room_(room), flows_(flows), into_(into) {}
 
   /// @param story of the lines that are not endnotes; 0 for what no cursor comes to
   /// @param down how much lower everything stands than it was placed, in twips
@@ -26,10 +26,12 @@ class PageDrawer {
   /// @return behind the last line in it
   std::size_t AddBox(std::span<const PageFiller::Placed> lines, std::size_t first, double down);
   void AddFloat(const Floating& floating, const PageFiller::Placed& line, double down);
+  void AddTextBox(const TextBox& text, const page::Rect& area);
   page::Color GroundOf(const PageFiller::Placed& line, double down) const;
 
   LineDrawer lines_;
   PageFiller::PageRoom room_;
+  FlowBuilder& flows_;
   page::Display& into_;
 };
 

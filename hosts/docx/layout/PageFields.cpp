@@ -34,6 +34,9 @@ void SetPageFields(std::vector<Block>& blocks, std::u16string_view label, int pa
   for (Block& block : blocks) {
     if (Paragraph* paragraph = block.AsParagraph()) {
       SetPageFields(*paragraph, label, count);
+      for (const Floating& floating : paragraph->floats) {
+        if (floating.text) SetPageFields(floating.text->blocks, label, pageCount);
+      }
       continue;
     }
     for (Row& row : block.AsTable()->rows) {

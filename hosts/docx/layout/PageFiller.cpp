@@ -9,6 +9,7 @@ namespace {
 constexpr double kSlack = 1;            // twips that sums of rounded heights may be too much
 constexpr double kLeastProgress = 240;  // twips of a footnote that each page takes at least
 constexpr int kBalanceSteps = 14;
+constexpr double kEndless = 1e9;  // twips: a column that nothing fills
 /// Of a page's height: how far the layout can be from Word's break where nothing has changed since.
 constexpr double kNear = 0.1;
 
@@ -193,6 +194,8 @@ std::size_t PageFiller::DivideLine(std::vector<FlowItem>& items, std::size_t at)
   if (before && (at == 0 || items[at - 1].shown.paragraph != paragraph)) return at;
   const std::size_t line = before ? at - 1 : at;
   const ShownLine& shown = items[line].shown;
+  // Nothing that shows stands before the break: all of the paragraph is behind it.
+  if (!before && unit == 0) return at;
   if (unit <= shown.from || unit >= shown.to || !shown.letters) {
     items[at].position = items[at].lastBreak;
     return at;
@@ -418,6 +421,23 @@ bool PageFiller::DivideRow(RowFlow& row, double room, bool whatever, Spot spot, 
   row.beside.clear();
   row.least = std::max(0.0, row.least - room);
   return true;
+}
+
+PageFiller::Content PlaceApart(Flow& flow, double left, double top, double width) {
+  SectionGeometry column;
+  column.left = left;
+  column.gutter = 0;
+  column.top = -std::max(top, 1.0);
+  column.height = kEndless;
+  column.bottom = 0;
+  column.columns = {width};
+  column.columnLefts = {0};
+  const NoteRooms none;
+  PageFiller filler(none, {});
+  filler.BeginSection(column);
+  PageFiller::Content placed;
+  filler.Fill(flow, false, placed);
+  return placed;
 }
 
 void PageFiller::Fill(Flow& flow, bool balanced, Content& placed) {

@@ -176,4 +176,7 @@ class PageFiller {
   std::vector<Mark> marks_;
 };
 
+/// Places a flow in a column that stands alone. Lengths in twips, from the paper's upper left corner.
+PageFiller::Content PlaceApart(Flow& flow, double left, double top, double width);
+
 }  // namespace docx::layout

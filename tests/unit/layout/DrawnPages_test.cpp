@@ -239,6 +239,22 @@ TEST(DrawnPages, HaveFloatingPicturesWhereTheyAreAnchored) {
   EXPECT_NEAR(other.Bottom(), 792, kNear);
 }
 
+TEST(DrawnPages, HaveTheTextOfTextBoxes) {
+  const std::string place =
+      "<wp:positionH relativeFrom=\"page\"><wp:posOffset>1270000</wp:posOffset></wp:positionH>"
+      "<wp:positionV relativeFrom=\"page\"><wp:posOffset>2540000</wp:posOffset></wp:positionV>";
+  const std::string box =
+      "<x:txbx xmlns:x=\"urn:shape\"><w:txbxContent>" + InParagraph(Typed("boxed")) + "</w:txbxContent></x:txbx>";
+  Document document(InParagraph(Picture("anchor", place + kExtent + box) + Typed("beside")));
+  const Drawn page(document);
+  EXPECT_TRUE(page.Display().pictures.empty());
+  const page::Line& line = page.Line(u"boxed");
+  EXPECT_EQ(line.story, 0) << "no cursor comes to it";
+  EXPECT_NEAR(page.LeftOf(u"boxed"), 100 + 7.2, kNear);
+  EXPECT_NEAR(line.area.y, 200 + 3.6, kNear);
+  EXPECT_NEAR(page.LeftOf(u"beside"), kLeft, kNear);
+}
+
 TEST(DrawnPages, HaveABoxForAPictureThatIsNotThere) {
   Document document(InParagraph(Picture("inline", kExtent)));
   const Drawn page(document);
