@@ -223,6 +223,8 @@ void ControlWindow::MirrorList() {
     const bool selected = Send(window_, LB_GETSEL, static_cast<WPARAM>(i)) > 0;
     if (selected != list.Selected(i)) Send(window_, LB_SETSEL, list.Selected(i) ? TRUE : FALSE, i);
   }
+  // Each selection has brought its entry into sight.
+  if (!same) Send(window_, LB_SETTOPINDEX);
   if (list.ListIndex() >= 0 && Send(window_, LB_GETCARETINDEX) != list.ListIndex()) {
     Send(window_, LB_SETCARETINDEX, static_cast<WPARAM>(list.ListIndex()), FALSE);
   }
