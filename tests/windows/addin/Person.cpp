@@ -92,6 +92,18 @@ std::wstring ClassOf(HWND window) {
   return name;
 }
 
+bool ClickButton(HWND window, const std::wstring& text) {
+  for (const HWND child : ChildrenOf(window)) {
+    if (ClassOf(child) != L"Button" || WithoutMnemonic(Person::TextOf(child)) != text || !IsWindowVisible(child)) {
+      continue;
+    }
+    PostMessageW(child, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 3));
+    PostMessageW(child, WM_LBUTTONUP, 0, MAKELPARAM(3, 3));
+    return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 Person::Person() {
@@ -162,13 +174,13 @@ void Person::PressAlt(HWND window, wchar_t letter) {
 }
 
 void Person::Click(HWND window, const std::wstring& text) {
-  for (const HWND child : ChildrenOf(window)) {
-    if (ClassOf(child) != L"Button" || WithoutMnemonic(TextOf(child)) != text || !IsWindowVisible(child)) continue;
-    PostMessageW(child, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 3));
-    PostMessageW(child, WM_LBUTTONUP, 0, MAKELPARAM(3, 3));
-    return;
+  if (!ClickButton(window, text)) ADD_FAILURE() << "there is no button " << std::string(text.begin(), text.end());
+}
+
+void Person::GoOn(HWND window) {
+  for (const auto* text : {L"Search", L"OK", L"No thanks", L"No", L"Cancel"}) {
+    if (ClickButton(window, text)) return;
   }
-  ADD_FAILURE() << "there is no button " << std::string(text.begin(), text.end());
 }
 
 HWND Person::Child(HWND window, const std::wstring& className, int index) {

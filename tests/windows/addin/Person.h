@@ -32,6 +32,8 @@ class Person {
   static void PressAlt(HWND window, wchar_t letter);
   /// Clicks the button with this text, accelerators left out.
   static void Click(HWND window, const std::wstring& text);
+  /// Presses the button that goes on: "Search" or "OK", or else declines.
+  static void GoOn(HWND window);
   static void Close(HWND window) { PostMessageW(window, WM_CLOSE, 0, 0); }
   /// The first child of a class, from 0; nullptr when there is none.
   static HWND Child(HWND window, const std::wstring& className, int index = 0);
