@@ -37,6 +37,10 @@ class Bulk(program.Case):
         self.addCleanup(process.communicate)
         return process
 
+    def sanitized(self):
+        with open(program.KELVARIN, "rb") as file:
+            return b"__asan_init" in file.read()
+
 
 class Inputs(Bulk):
     def test_a_folder_stands_for_the_documents_in_it_and_below_it(self):
@@ -118,7 +122,8 @@ class Failures(Bulk):
                              "--report", "-")
         deadline = time.monotonic() + 20
         killed = set()
-        while process.poll() is None and time.monotonic() < deadline:
+        # No more than the workers: a sanitizer looks for leaks in a child of its own.
+        while process.poll() is None and len(killed) < 4 and time.monotonic() < deadline:
             for child in children(process.pid) - killed:
                 os.kill(child, signal.SIGKILL)
                 killed.add(child)
@@ -154,10 +159,6 @@ class Failures(Bulk):
         result = self.kelvarin("index", "store", "--out-dir", "out", "--report", "-", prepare=limit)
         self.assertEqual(result.status, 3, result.err)
         self.assertEqual([report["status"] for report in self.lines(result.out)], ["failed", "done"])
-
-    def sanitized(self):
-        with open(program.KELVARIN, "rb") as file:
-            return b"__asan_init" in file.read()
 
 
 class Resuming(Bulk):
@@ -316,6 +317,8 @@ class Size(Bulk):
         self.assertRegex(pieces[-1], r"^kelvarin: finished: 4 of 4 files, 1 failed, \d:\d\d\r\n$")
 
     def test_memory_does_not_grow_with_the_number_of_files(self):
+        if self.sanitized():
+            self.skipTest("a sanitizer keeps what was freed")
         # What the children need does not count: it is the program itself that stays for hours.
         (self.folder / "few").write_text("\n".join(f"missing{number}.docx" for number in range(20)))
         (self.folder / "many").write_text("\n".join(f"missing{number}.docx" for number in range(300)))
