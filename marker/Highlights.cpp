@@ -45,15 +45,22 @@ class HiddenShown {
   HiddenShown(const HiddenShown&) = delete;
   HiddenShown& operator=(const HiddenShown&) = delete;
   ~HiddenShown() {
+    if (ended_) return;
     try {
       bookmarks_->SetShowHidden(before_);
     } catch (const word::HostError&) {  // the error that brought us here tells more
     }
   }
+  /// @throws HostError
+  void End() {
+    ended_ = true;
+    bookmarks_->SetShowHidden(before_);
+  }
 
  private:
   word::BookmarksPtr bookmarks_;
   bool before_;
+  bool ended_{false};
 };
 
 std::u16string BookmarkName(int colour, int number) {
@@ -94,7 +101,7 @@ void HighlightRecord::KeepApartFrom(const word::RangePtr& inserted) {
 
 std::vector<HighlightRecord::Name> HighlightRecord::Names() const {
   std::vector<Name> names;
-  const HiddenShown shown(bookmarks_);
+  HiddenShown shown(bookmarks_);
   const int count = bookmarks_->Count();
   for (int index = 1; index <= count; ++index) {
     const std::u16string name = bookmarks_->Item(index)->Name();
@@ -106,6 +113,7 @@ std::vector<HighlightRecord::Name> HighlightRecord::Names() const {
     const std::optional<int> number = Number(rest.substr(bar + 1));
     if (colour && number) names.push_back({*colour, *number});
   }
+  shown.End();
   return names;
 }
 
