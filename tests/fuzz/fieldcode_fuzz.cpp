@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,7 +35,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     docx::IndexMark mark = docx::ParseIndexEntry(code);
     Require(mark.levels.size() <= 9);
     for (const docx::IndexLevel& level : mark.levels) Require(!level.text.empty() && !level.key.empty());
-    entries.push_back({std::move(mark), ++page, u"1"});
+    entries.push_back({std::make_shared<const docx::IndexMark>(std::move(mark)), ++page, u"1"});
     options = docx::ParseIndexOptions(code);
     Require(options.entrySeparator.size() <= 5 && options.columns >= 0 && options.columns <= 4);
     begin = end + 1;
