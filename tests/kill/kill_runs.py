@@ -58,7 +58,8 @@ def main():
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
         (folder / "tmp").mkdir()
-        environment = {"HOME": name, "TMPDIR": str(folder / "tmp"), "LC_ALL": "C.UTF-8", "PATH": os.environ["PATH"]}
+        environment = {"HOME": name, "TMPDIR": str(folder / "tmp"), "LC_ALL": "C.UTF-8"}
+        environment |= {key: os.environ[key] for key in ("PATH", "LSAN_OPTIONS") if key in os.environ}
         whole = folder / "whole.docx"
         lengths = []
         for _ in range(3):
