@@ -3,9 +3,13 @@
 #include <algorithm>
 #include <array>
 #include <cwchar>
+#include <string>
 
 #include "hosts/com/ComError.h"
+#include "hosts/com/Library.h"
+#include "hosts/com/TermMarkerClient.h"
 #include "hosts/com/WordProcessor.h"
+#include "hosts/win32/Wide.h"
 
 namespace {
 
@@ -21,9 +25,15 @@ com::Variant ArgumentOf(DISPPARAMS& parameters, UINT number, VARTYPE type) {
   return argument;
 }
 
+std::u16string FolderOf(HMODULE library) {
+  std::wstring file(32768, L'\0');
+  file.resize(GetModuleFileNameW(library, file.data(), static_cast<DWORD>(file.size())));
+  return win32::FromWide(file.substr(0, file.rfind(L'\\')));
+}
+
 }  // namespace
 
-AddIn::AddIn() : connect_(services_.Services()) {}
+AddIn::AddIn() : connect_(services_.Services(FolderOf(com::ThisModule()), &com::CreateTermMarker)) {}
 
 HRESULT AddIn::QueryInterface(REFIID id, void** object) {
   return Give(id, object, {IID_IUnknown, IID_IDispatch, kExtensibility});

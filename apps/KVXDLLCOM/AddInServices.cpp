@@ -1,22 +1,9 @@
 #include "apps/KVXDLLCOM/AddInServices.h"
 
-#include "hosts/com/Library.h"
-#include "hosts/com/TermMarkerClient.h"
-#include "hosts/win32/Wide.h"
+#include <utility>
 
-#include <string>
-
-namespace {
-
-std::u16string FolderOf(HMODULE library) {
-  std::wstring file(32768, L'\0');
-  file.resize(GetModuleFileNameW(library, file.data(), static_cast<DWORD>(file.size())));
-  return win32::FromWide(file.substr(0, file.rfind(L'\\')));
-}
-
-}  // namespace
-
-Host AddInServices::Services() {
+Host AddInServices::Services(std::u16string addInFolder,
+                             std::function<std::unique_ptr<TermMarker>()> createTermMarker) {
   return {.forms = forms_,
           .messages = messages_,
           .profile = profile_,
@@ -29,6 +16,6 @@ Host AddInServices::Services() {
           .shell = shell_,
           .help = help_,
           .locale = locale_,
-          .addInFolder = FolderOf(com::ThisModule()),
-          .createTermMarker = &com::CreateTermMarker};
+          .addInFolder = std::move(addInFolder),
+          .createTermMarker = std::move(createTermMarker)};
 }

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <functional>
+#include <memory>
+#include <string>
+
 #include "hosts/win32/UnicodeCharacters.h"
 #include "hosts/win32/WindowsFiles.h"
 #include "hosts/win32/WindowsServices.h"
@@ -10,7 +14,9 @@
 class AddInServices {
  public:
   /// For as long as this object lives.
-  Host Services();
+  /// @param addInFolder as in Host
+  /// @param createTermMarker as in Host
+  Host Services(std::u16string addInFolder, std::function<std::unique_ptr<TermMarker>()> createTermMarker);
 
  private:
   win32::WindowsFormHost forms_;

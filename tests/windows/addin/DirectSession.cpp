@@ -7,20 +7,8 @@ DirectSession::DirectSession(const std::string& sample) {
   processor.SetCommandBars(bars.CommandBars());
   processor.Open(docx::Package::Open(std::filesystem::path("Z:" SAMPLES) / sample),
                  {.name = std::u16string(sample.begin(), sample.end()), .path = u"C:\\Contracts"}, file_);
-  addIn_ = std::make_unique<Connect>(Host{.forms = forms_,
-                                          .messages = messages_,
-                                          .profile = profile_,
-                                          .files = files_,
-                                          .folders = folders_,
-                                          .characters = characters_,
-                                          .processes = processes_,
-                                          .userSettings = userSettings_,
-                                          .fileDialogs = fileDialogs_,
-                                          .shell = shell_,
-                                          .help = help_,
-                                          .locale = locale_,
-                                          .addInFolder = u"C:\\Kelvarin",
-                                          .createTermMarker = [this] { return MakeTermMarker(characters_); }});
+  addIn_ =
+      std::make_unique<Connect>(services_.Services(u"C:\\Kelvarin", [this] { return MakeTermMarker(characters_); }));
   addIn_->OnConnection(processor.Application(), ConnectMode::kStartup);
   addIn_->OnStartupComplete();
 }

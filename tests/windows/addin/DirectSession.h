@@ -1,16 +1,12 @@
 #pragma once
 
-#include <functional>
+#include <memory>
 #include <string>
 
 #include "addin/Connect.h"
+#include "apps/KVXDLLCOM/AddInServices.h"
 #include "hosts/docx/WordProcessor.h"
 #include "hosts/menus/MenuBars.h"
-#include "hosts/win32/UnicodeCharacters.h"
-#include "hosts/win32/WindowsFiles.h"
-#include "hosts/win32/WindowsServices.h"
-#include "hosts/win32/forms/WindowsFormHost.h"
-#include "platform/Host.h"
 
 /// The same add-in on the .docx host itself: no automation, no companion of its own library.
 class DirectSession {
@@ -32,17 +28,7 @@ class DirectSession {
   };
 
   NoFile file_;
-  win32::WindowsFormHost forms_;
-  win32::WindowsMessages messages_;
-  win32::WindowsProfile profile_;
-  win32::WindowsFiles files_;
-  win32::WindowsFolders folders_;
+  AddInServices services_;
   win32::UnicodeCharacters characters_;
-  win32::WindowsProcesses processes_;
-  win32::WindowsUserSettings userSettings_;
-  win32::WindowsFileDialogs fileDialogs_;
-  win32::WindowsShell shell_;
-  win32::WindowsHelp help_;
-  win32::WindowsLocale locale_;
   std::unique_ptr<Connect> addIn_;
 };
