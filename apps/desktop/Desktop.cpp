@@ -26,7 +26,7 @@ std::u16string RecentKey(int number) {
 
 /// Where the settings lie, in Windows form.
 std::u16string SettingsFolder(os::LinuxFolders& folders) {
-  return folders.SpecialFolder(os::kApplicationData, 0) + std::u16string(modKVXAppDocsSettingsSubPath);
+  return folders.SpecialFolder(os::kApplicationData, 0) + u"\\" + std::u16string(modKVXAppDocsSettingsSubPath);
 }
 
 /// Errors of the word processor as the window shows them.

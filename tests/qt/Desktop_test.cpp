@@ -189,6 +189,16 @@ class DesktopTest : public ::testing::Test {
   int termsFound_{0};
 };
 
+TEST_F(DesktopTest, WhatItRemembersLiesBesideTheSettings) {
+  Open();
+  EXPECT_TRUE(fs::exists(settings_.parent_path() / "kvxuser.ini"));
+  const fs::path home = folder_.path().toStdString();
+  for (const fs::directory_entry& entry : fs::directory_iterator(home.parent_path())) {
+    const std::string path = entry.path().string();
+    EXPECT_TRUE(path == home || !path.starts_with(home.string())) << path;
+  }
+}
+
 TEST_F(DesktopTest, ADocumentIsShownWithItsPages) {
   Open();
   EXPECT_EQ(window_->windowTitle().toStdString(), "contract.docx[*] \u2013 Kelvarin");
