@@ -124,7 +124,8 @@ double LineDrawer::SpreadOf(const ShownLine& shown, double room) const {
   const bool ended = shown.to > shown.from && IsBreak(paragraph.pieces[lines_.PieceAt(shown.to - 1)].kind);
   const bool byLine =
       ended && settings_.breaksJustify && paragraph.pieces[lines_.PieceAt(shown.to - 1)].kind == PieceKind::kLineBreak;
-  if (ended ? !byLine : shown.to >= paragraph.text.size()) return 0;
+  // Whatever the line is, it was made with blanks that give way.
+  if (room >= 0 && (ended ? !byLine : shown.to >= paragraph.text.size())) return 0;
   const Segment& last = segments_.back();
   const std::size_t end = VisibleEnd(last.from, last.to);
   const auto text = std::u16string_view(paragraph.text).substr(last.from, end - last.from);

@@ -73,6 +73,18 @@ TEST(DrawnLines, ReachTheRightEdgeWhenTheyAreJustifiedButForTheLast) {
   EXPECT_NEAR(run.edges[5] - run.edges[4], kCharacter, kNear);
 }
 
+TEST(DrawnLines, StayBeforeTheRightEdgeWhenTheLastWordFittedInByNarrowerBlanks) {
+  const auto words = static_cast<int>((kRight - kLeft) / kCharacter) / 7;
+  std::string text;
+  for (int i = 0; i < words; ++i) text += "aaaaaa ";
+  Document document(InParagraph(Typed(text + "bbb"), "<w:jc w:val=\"both\"/>"));
+  document.WithSettings(laid::Compatibility(15));
+  const Drawn page(document);
+  ASSERT_EQ(page.Display().lines.size(), 1U);
+  EXPECT_GT(static_cast<double>(text.size() + 3) * kCharacter, kRight - kLeft) << "it is too long for its line";
+  EXPECT_NEAR(page.Display().lines[0].runs.back().edges.back(), kRight, kNear);
+}
+
 TEST(DrawnLines, EndOrCentreAtTheStopsOfTheirTabs) {
   const std::string stops =
       "<w:tabs><w:tab w:val=\"left\" w:pos=\"1440\"/><w:tab w:val=\"center\" w:pos=\"4320\"/>"
