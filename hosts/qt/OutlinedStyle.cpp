@@ -33,13 +33,15 @@ void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
   const bool isField = element == PE_Frame || (element == PE_FrameLineEdit && !focused);
   const bool isBox = element == PE_IndicatorCheckBox;
   const bool isCircle = element == PE_IndicatorRadioButton;
-  if ((!isField && !isBox && !isCircle) || !IsDark(option->palette)) return;
+  const bool dark = IsDark(option->palette);
+  // A frame's edge falls between the pixels of a scale that is no whole number, and is lost there.
+  if ((!isField && !isBox && !isCircle) || (!dark && element != PE_Frame)) return;
   if (isField && widget != nullptr && !widget->isEnabled()) return;
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
   painter->setBrush(Qt::NoBrush);
   QColor color = LineColor(option->palette);
-  if (isField) color.setAlphaF(0.5F);
+  if (isField) color.setAlphaF(dark ? 0.5F : 0.35F);
   painter->setPen(color);
   const QRectF edge = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
   if (isCircle) {

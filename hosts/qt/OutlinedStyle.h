@@ -5,7 +5,7 @@
 namespace qt {
 
 /// The plain style of systems that bring none of their own, with a line around boxes, fields and lists that is seen in
-/// a dark palette too, where that style draws dark on dark.
+/// a dark palette, where that style draws dark on dark, and at every scale.
 class OutlinedStyle : public QProxyStyle {
  public:
   OutlinedStyle();

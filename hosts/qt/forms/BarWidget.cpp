@@ -2,6 +2,8 @@
 
 #include <QPainter>
 #include <QResizeEvent>
+#include <QStyle>
+#include <QStyleOptionFrame>
 
 #include <algorithm>
 
@@ -47,19 +49,25 @@ void BarWidget::paintEvent(QPaintEvent*) {
     if (part->isHidden()) continue;
     const QRect filled = part->geometry();
     if (part->text().isEmpty()) {
-      painter.setPen(palette().color(QPalette::Mid));
-      painter.setBrush(palette().base());
-      painter.drawRect(filled.adjusted(0, 0, -1, -1));
+      painter.fillRect(filled, palette().base());
+      QStyleOptionFrame frame;
+      frame.initFrom(this);
+      frame.rect = filled;
+      frame.lineWidth = 1;
+      frame.state = QStyle::State_Enabled | QStyle::State_Sunken;
+      style()->drawPrimitive(QStyle::PE_Frame, &frame, &painter, this);
       continue;
     }
     painter.fillRect(filled.adjusted(1, 1, -1, -1), palette().highlight());
     // Each half of the text in the colour that can be read there.
-    painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(rect(), Qt::AlignCenter, part->text());
-    painter.setClipRect(filled);
-    painter.setPen(palette().color(QPalette::HighlightedText));
-    painter.drawText(rect(), Qt::AlignCenter, part->text());
-    painter.setClipping(false);
+    const auto write = [&](const QRect& half, QPalette::ColorRole role) {
+      painter.setClipRect(half);
+      painter.setPen(palette().color(role));
+      painter.drawText(rect(), Qt::AlignCenter, part->text());
+      painter.setClipping(false);
+    };
+    write(filled, QPalette::HighlightedText);
+    write(rect().adjusted(filled.right() + 1, 0, 0, 0), QPalette::Text);
   }
 }
 

@@ -75,8 +75,7 @@ class ListView::Window : public QListView {
   }
 
   QSize viewportSizeHint() const override {
-    const int line = fontMetrics().height();
-    return {fontMetrics().averageCharWidth() * kUsualWidth, line * kUsualLines};
+    return {fontMetrics().averageCharWidth() * kUsualWidth, (fontMetrics().height() + kBetween) * kUsualLines};
   }
   QSize sizeHint() const override { return viewportSizeHint() + QSize(2 * frameWidth(), 2 * frameWidth()); }
   QSize minimumSizeHint() const override {
@@ -86,6 +85,7 @@ class ListView::Window : public QListView {
  private:
   static constexpr int kUsualWidth = 46;
   static constexpr int kUsualLines = 9;
+  static constexpr int kBetween = 4;  ///< two entries, so that their boxes do not touch
 
   class Delegate : public QStyledItemDelegate {
    public:
@@ -95,6 +95,7 @@ class ListView::Window : public QListView {
       // The margins of an entry come on top of its text.
       constexpr int kMargins = 8;
       if (window_.extent > 0) size.setWidth(window_.extent + kMargins);
+      size.setHeight(window_.fontMetrics().height() + kBetween);
       return size;
     }
 
