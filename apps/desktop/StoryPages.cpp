@@ -64,7 +64,10 @@ int StoryPages::PageCount() const { return layout_->PageCount(); }
 
 std::u16string StoryPages::LabelOf(int page) const { return processor_.PageLabel(page); }
 
-std::string StoryPages::PagesFrom() const { return processor_.PagesFrom(); }
+std::string StoryPages::PagesFrom() const {
+  const std::string from = processor_.PagesFrom();
+  return from.starts_with("layout") ? "the program's own " + from : from;
+}
 
 int StoryPages::PageOf(const qt::Place& place) const { return layout_->PageShowing(place.story, place.position); }
 
@@ -90,23 +93,26 @@ void StoryPages::Select(const Selection& selection) {
 std::optional<StoryPages::Selection> StoryPages::Find(std::u16string_view text, const qt::Place& from, bool forward,
                                                       bool matchCase) {
   const word::StoryRangesPtr stories = processor_.Application()->ActiveDocument()->StoryRanges();
+  std::vector<word::RangePtr> order;  // those that a cursor comes to
+  std::size_t first = 0;
   for (int i = 1; i <= stories->Count(); ++i) {
     const word::RangePtr story = stories->Item(i);
-    if (story->StoryType() != from.story) continue;
-    const word::Position end = story->End();
-    // From the place on, then, where that finds nothing, from the other end.
-    for (const bool again : {false, true}) {
-      const word::RangePtr range = story->Duplicate();
-      if (!again) forward ? range->SetStart(from.position) : range->SetEnd(from.position);
-      if (range->Start() == range->End() && !again) continue;
-      const word::FindPtr find = range->Find();
-      find->SetText(text);
-      find->SetForward(forward);
-      find->SetMatchCase(matchCase);
-      if (find->Execute() && range->End() <= end) {
-        return Selection{{from.story, range->Start()}, range->End()};
-      }
-    }
+    if (story->StoryType() > word::wdEndnotesStory) continue;
+    if (story->StoryType() == from.story) first = order.size();
+    order.push_back(story);
+  }
+  // From the place on, through the other stories, and in the first one again from its other end.
+  for (std::size_t step = 0; step <= order.size(); ++step) {
+    const std::size_t further = forward ? step : order.size() - step % order.size();
+    const word::RangePtr range = order[(first + further) % order.size()]->Duplicate();
+    const word::Position end = range->End();
+    if (step == 0) forward ? range->SetStart(from.position) : range->SetEnd(from.position);
+    if (range->Start() == range->End()) continue;
+    const word::FindPtr find = range->Find();
+    find->SetText(text);
+    find->SetForward(forward);
+    find->SetMatchCase(matchCase);
+    if (find->Execute() && range->End() <= end) return Selection{{range->StoryType(), range->Start()}, range->End()};
   }
   return {};
 }

@@ -35,7 +35,7 @@ class DocumentSource {
   virtual int PageCount() const = 0;
   /// What is printed as its number.
   virtual std::u16string LabelOf(int page) const = 0;
-  /// What the numbers rest on, as a phrase: "an estimate".
+  /// What the numbers rest on, as a phrase: "breaks in the file".
   virtual std::string PagesFrom() const = 0;
   /// The page that shows a place.
   virtual int PageOf(const Place& place) const = 0;
@@ -52,7 +52,8 @@ class DocumentSource {
   virtual Selection Selected() const = 0;
   virtual void Select(const Selection& selection) = 0;
 
-  /// The next place where a text stands, from a place on, past the end to the other side. @return empty: nowhere
+  /// The next place where a text stands, from a place on, in notes too, past the end to the other side. @return empty:
+  /// nowhere
   virtual std::optional<Selection> Find(std::u16string_view text, const Place& from, bool forward, bool matchCase) = 0;
   /// Where a click leads: from a page number of the index to the term on that page, from a term there to its first
   /// occurrence. Empty: nowhere.

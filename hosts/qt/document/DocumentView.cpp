@@ -26,6 +26,7 @@ constexpr std::size_t kKept = 60;
 constexpr qsizetype kPictures = 64 * 1024;
 /// Pixels: more than a page shows at the highest zoom.
 constexpr int kWidestPicture = 3000;
+constexpr int kScrollStep = 50;  ///< milliseconds
 /// Pixels at 100 % for each point.
 constexpr double kPixels = 96.0 / 72;
 
@@ -45,6 +46,9 @@ DocumentView::DocumentView(QWidget* parent)
     blink_ = !blink_;
     viewport()->update();
   });
+  scrolling_.setInterval(kScrollStep);
+  QObject::connect(&scrolling_, &QTimer::timeout, this,
+                   [this] { SelectTo(viewport()->mapFromGlobal(QCursor::pos())); });
   for (QScrollBar* bar : {verticalScrollBar(), horizontalScrollBar()}) {
     QObject::connect(bar, &QScrollBar::valueChanged, this, [this] {
       viewport()->update();
@@ -71,6 +75,7 @@ void DocumentView::Forget() {
 
 void DocumentView::Reload(DocumentSource* source) {
   source_ = source;
+  linksFrom_.clear();
   Forget();
   if (source_ != nullptr) {
     for (int page = 1; page <= source_->PageCount(); ++page) {
@@ -146,7 +151,13 @@ QPointF DocumentView::PageOrigin(int page) const {
 void DocumentView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   painter.fillRect(event->rect(), palette().color(QPalette::Mid));
-  if (heights_.empty()) return;
+  if (heights_.empty()) {
+    QColor color = palette().color(QPalette::WindowText);
+    color.setAlphaF(0.7F);
+    painter.setPen(color);
+    painter.drawText(viewport()->rect(), Qt::AlignCenter, hint_);
+    return;
+  }
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setRenderHint(QPainter::TextAntialiasing);
   const DocumentSource::Selection selection = Selected();
@@ -184,6 +195,12 @@ int DocumentView::CurrentPage() const {
   return std::clamp(source_->PageOf(cursor_), 1, std::max(1, static_cast<int>(heights_.size())));
 }
 
+int DocumentView::PageInSight() const {
+  const std::optional<QRectF> cursor = CursorRect();
+  if (heights_.empty() || (cursor && viewport()->rect().intersects(cursor->toAlignedRect()))) return CurrentPage();
+  return PageAt((verticalScrollBar()->value() + viewport()->height() / 2.0) / Scale());
+}
+
 void DocumentView::SetZoom(double zoom) {
   const double middle = (verticalScrollBar()->value() + viewport()->height() / 2.0) / Scale();
   zoom_ = std::clamp(zoom, kLeastZoom, kMostZoom);
@@ -208,16 +225,6 @@ void DocumentView::SelectStretch(const DocumentSource::Selection& selection) {
   ShowCursor();
 }
 
-void DocumentView::SelectAll() {
-  if (source_ == nullptr) return;
-  const PagePlaces* first = Page(1);
-  const PagePlaces* last = Page(static_cast<int>(heights_.size()));
-  if (first == nullptr || last == nullptr || !first->First() || !last->Last()) return;
-  anchor_ = *first->First();
-  cursor_ = {anchor_.story, last->Last()->position};
-  Moved();
-}
-
 void DocumentView::Copy() const {
   const DocumentSource::Selection selection = Selected();
   if (source_ == nullptr || frozen_ || selection.start.position == selection.end) return;
@@ -230,13 +237,6 @@ void DocumentView::Moved() {
   if (source_ != nullptr && !frozen_) source_->Select(Selected());
   viewport()->update();
   if (onMoved) onMoved();
-}
-
-void DocumentView::MoveTo(const Place& place, bool extend) {
-  cursor_ = place;
-  if (!extend || anchor_.story != place.story) anchor_ = place;
-  Moved();
-  ShowCursor();
 }
 
 void DocumentView::ShowCursor() {
@@ -270,119 +270,6 @@ QPoint DocumentView::PointOf(const Place& place) {
 QPoint DocumentView::PointOn(int page, QPointF point) {
   verticalScrollBar()->setValue(static_cast<int>((TopOf(page) + point.y()) * Scale() - viewport()->height() / 2.0));
   return (PageOrigin(page) + point * Scale()).toPoint();
-}
-
-std::optional<Place> DocumentView::PlaceAt(QPoint point) const {
-  if (heights_.empty()) return {};
-  const int page = PageAt((point.y() + verticalScrollBar()->value()) / Scale());
-  const PagePlaces* places = Page(page);
-  return places == nullptr ? std::nullopt : places->PlaceAt((QPointF(point) - PageOrigin(page)) / Scale());
-}
-
-void DocumentView::mousePressEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton) return;
-  const std::optional<Place> place = PlaceAt(event->position().toPoint());
-  if (!place) return;
-  selecting_ = true;
-  moved_ = false;
-  MoveTo(*place, event->modifiers().testFlag(Qt::ShiftModifier));
-}
-
-void DocumentView::mouseMoveEvent(QMouseEvent* event) {
-  const std::optional<Place> place = PlaceAt(event->position().toPoint());
-  if (!place) return;
-  if (!selecting_) {
-    const bool link = source_ != nullptr && !frozen_ && source_->LinkAt(*place).has_value();
-    viewport()->setCursor(link ? Qt::PointingHandCursor : Qt::IBeamCursor);
-  } else if (*place != cursor_ && place->story == anchor_.story) {
-    moved_ = true;
-    MoveTo(*place, true);
-  }
-}
-
-void DocumentView::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton || !std::exchange(selecting_, false) || moved_) return;
-  if (source_ == nullptr || frozen_ || event->modifiers() != Qt::NoModifier) return;
-  if (const std::optional<DocumentSource::Selection> link = source_->LinkAt(cursor_)) SelectStretch(*link);
-}
-
-void DocumentView::mouseDoubleClickEvent(QMouseEvent* event) {
-  const std::optional<Place> place = PlaceAt(event->position().toPoint());
-  const PagePlaces* places = place ? Page(source_->PageOf(*place)) : nullptr;
-  if (places == nullptr) return;
-  const Place end = places->Step(*place, true, true).value_or(*place);
-  anchor_ = places->Step(end, false, true).value_or(*place);
-  cursor_ = end;
-  moved_ = true;
-  Moved();
-}
-
-void DocumentView::MoveByStep(bool forward, bool words, bool extend) {
-  const int page = CurrentPage();
-  const PagePlaces* places = Page(page);
-  if (places == nullptr) return;
-  std::optional<Place> next = places->Step(cursor_, forward, words);
-  if (!next && cursor_.story == word::wdMainTextStory) {
-    const int other = page + (forward ? 1 : -1);
-    const bool exists = other >= 1 && other <= static_cast<int>(heights_.size());
-    const PagePlaces* beyond = exists ? Page(other) : nullptr;
-    if (beyond != nullptr) next = forward ? beyond->First() : beyond->Last();
-  }
-  if (next && next->story == cursor_.story) MoveTo(*next, extend);
-}
-
-void DocumentView::MoveByLine(int lines, bool extend) {
-  const std::optional<QRectF> rect = CursorRect();
-  if (!rect) return;
-  const double x = column_ >= 0 ? column_ : rect->left();
-  const double y = rect->center().y() + lines * rect->height();
-  // Past the white at a page's end to the next line of text.
-  for (double step = 0; step < 400 * Scale(); step += rect->height() / 2) {
-    const double there = y + (lines > 0 ? step : -step);
-    const std::optional<Place> place = PlaceAt(QPointF(x, there).toPoint());
-    const bool further = place && (lines > 0 ? place->position > cursor_.position : place->position < cursor_.position);
-    if (!further || place->story != cursor_.story) continue;
-    MoveTo(*place, extend);
-    column_ = x;
-    return;
-  }
-}
-
-void DocumentView::keyPressEvent(QKeyEvent* event) {
-  if (source_ == nullptr || frozen_) return;
-  const bool extend = event->modifiers().testFlag(Qt::ShiftModifier);
-  const bool control = event->modifiers().testFlag(Qt::ControlModifier);
-  const PagePlaces* places = Page(CurrentPage());
-  switch (event->key()) {
-    case Qt::Key_Left:
-      return MoveByStep(false, control, extend);
-    case Qt::Key_Right:
-      return MoveByStep(true, control, extend);
-    case Qt::Key_Up:
-      return MoveByLine(-1, extend);
-    case Qt::Key_Down:
-      return MoveByLine(1, extend);
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown: {
-      const std::optional<QRectF> rect = CursorRect();
-      const int lines = rect ? std::max(1, static_cast<int>(viewport()->height() / rect->height()) - 2) : 1;
-      return MoveByLine(event->key() == Qt::Key_PageUp ? -lines : lines, extend);
-    }
-    case Qt::Key_Home:
-    case Qt::Key_End: {
-      const bool end = event->key() == Qt::Key_End;
-      if (!control) {
-        if (places != nullptr) MoveTo(places->LineEdge(cursor_, end), extend);
-        return;
-      }
-      const PagePlaces* page = Page(end ? static_cast<int>(heights_.size()) : 1);
-      const std::optional<Place> place = page == nullptr ? std::nullopt : end ? page->Last() : page->First();
-      if (place) MoveTo(*place, extend);
-      return;
-    }
-    default:
-      QAbstractScrollArea::keyPressEvent(event);
-  }
 }
 
 void DocumentView::wheelEvent(QWheelEvent* event) {

@@ -3,20 +3,24 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QInputDialog>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 #include <cmath>
+#include <utility>
 
 #include "hosts/qt/Text.h"
 
@@ -25,6 +29,8 @@ namespace qt {
 namespace {
 
 constexpr double kZoomStep = 1.2;
+constexpr int kHintTime = 6000;  // milliseconds
+constexpr int kLongestSought = 255;
 
 QString Filter() { return QStringLiteral("Word documents (*.docx *.docm *.dotx *.dotm);;All files (*)"); }
 
@@ -48,6 +54,12 @@ DocumentWindow::DocumentWindow()
   statusBar()->addPermanentWidget(zoomState_);
   MakeMenus();
   view_->onMoved = [this] { ShowState(); };
+  view_->onOnlyShown = [this] {
+    statusBar()->showMessage(QStringLiteral("Headers, footers, text boxes and repeated headings are only shown here"),
+                             kHintTime);
+  };
+  view_->SetHint(QStringLiteral("Open a document with File, Open, or drop one here"));
+  setAcceptDrops(true);
   view_->setObjectName(QStringLiteral("pages"));
   resize(1000, 800);
   ShowState();
@@ -58,6 +70,7 @@ void DocumentWindow::MakeMenus() {
     QAction* made = menu->addAction(text);
     made->setShortcut(keys);
     QObject::connect(made, &QAction::triggered, menu, action);
+    return made;
   };
   QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
   add(file, QStringLiteral("&Open..."), QKeySequence::Open, [this] { ChooseAndOpen(); });
@@ -70,15 +83,24 @@ void DocumentWindow::MakeMenus() {
   add(file, QStringLiteral("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { close(); });
 
   QMenu* edit = menuBar()->addMenu(QStringLiteral("&Edit"));
-  add(edit, QStringLiteral("&Copy"), QKeySequence::Copy, [this] { view_->Copy(); });
-  add(edit, QStringLiteral("Select &all"), QKeySequence::SelectAll, [this] { view_->SelectAll(); });
+  view_->addAction(add(edit, QStringLiteral("&Copy"), QKeySequence::Copy, [this] { view_->Copy(); }));
+  view_->addAction(add(edit, QStringLiteral("Select &all"), QKeySequence::SelectAll, [this] { view_->SelectAll(); }));
+  view_->setContextMenuPolicy(Qt::ActionsContextMenu);
   edit->addSeparator();
   add(edit, QStringLiteral("&Find..."), QKeySequence::Find, [this] { OpenFindBar(); });
   add(edit, QStringLiteral("Find &next"), QKeySequence(Qt::Key_F3), [this] { FindNext(true); });
   add(edit, QStringLiteral("Find &previous"), QKeySequence(Qt::SHIFT | Qt::Key_F3), [this] { FindNext(false); });
+  edit->addSeparator();
+  add(edit, QStringLiteral("&Go to page..."), QKeySequence(Qt::CTRL | Qt::Key_G), [this] { GoToPage(); });
+  add(edit, QStringLiteral("Go &back"), QKeySequence::Back, [this] {
+    if (!view_->GoBack()) statusBar()->showMessage(QStringLiteral("No link was followed"), kHintTime);
+  });
 
   QMenu* view = menuBar()->addMenu(QStringLiteral("&View"));
-  add(view, QStringLiteral("Zoom &in"), QKeySequence::ZoomIn, [this] { view_->SetZoom(view_->Zoom() * kZoomStep); });
+  // Without Shift on the keyboards that have the plus above the equals sign.
+  add(view, QStringLiteral("Zoom &in"), QKeySequence::ZoomIn, [this] {
+    view_->SetZoom(view_->Zoom() * kZoomStep);
+  })->setShortcuts({QKeySequence(QKeySequence::ZoomIn), QKeySequence(Qt::CTRL | Qt::Key_Equal)});
   add(view, QStringLiteral("Zoom &out"), QKeySequence::ZoomOut, [this] { view_->SetZoom(view_->Zoom() / kZoomStep); });
   add(view, QStringLiteral("&Whole size"), QKeySequence(Qt::CTRL | Qt::Key_0), [this] { view_->SetZoom(1); });
   add(view, QStringLiteral("&Page width"), QKeySequence(Qt::CTRL | Qt::Key_9), [this] { view_->FitWidth(); });
@@ -95,7 +117,7 @@ void DocumentWindow::MakeFindBar() {
   auto* label = new QLabel(QStringLiteral("Fi&nd:"), findBar_);
   findText_ = new QLineEdit(findBar_);
   findText_->setObjectName(QStringLiteral("findText"));
-  findText_->setMaxLength(255);
+  findText_->setMaxLength(kLongestSought);
   label->setBuddy(findText_);
   matchCase_ = new QCheckBox(QStringLiteral("&Match case"), findBar_);
   auto* next = new QPushButton(QStringLiteral("Next"), findBar_);
@@ -116,16 +138,25 @@ void DocumentWindow::MakeFindBar() {
   findBar_->hide();
   QObject::connect(next, &QPushButton::clicked, this, [this] { FindNext(true); });
   QObject::connect(previous, &QPushButton::clicked, this, [this] { FindNext(false); });
-  QObject::connect(findText_, &QLineEdit::returnPressed, this, [this] { FindNext(true); });
+  QObject::connect(findText_, &QLineEdit::textEdited, findResult_, &QLabel::clear);
   QObject::connect(close, &QToolButton::clicked, this, [this] { CloseFindBar(); });
   findText_->installEventFilter(this);
 }
 
 bool DocumentWindow::eventFilter(QObject* target, QEvent* event) {
-  const bool escape = event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
-  if (target != findText_ || !escape) return QMainWindow::eventFilter(target, event);
-  CloseFindBar();
-  return true;
+  if (target != findText_ || event->type() != QEvent::KeyPress) return QMainWindow::eventFilter(target, event);
+  const auto& pressed = *static_cast<QKeyEvent*>(event);
+  switch (pressed.key()) {
+    case Qt::Key_Escape:
+      CloseFindBar();
+      return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      FindNext(!pressed.modifiers().testFlag(Qt::ShiftModifier));
+      return true;
+    default:
+      return QMainWindow::eventFilter(target, event);
+  }
 }
 
 void DocumentWindow::CloseFindBar() {
@@ -175,8 +206,8 @@ void DocumentWindow::ShowState() {
   setWindowTitle(QStringLiteral("%1[*] \u2013 Kelvarin").arg(QFileInfo(ToPath(program_->Path())).fileName()));
   if (busy_) return;
   setWindowModified(program_->Modified());
-  const int page = view_->CurrentPage();
-  pageState_->setText(QStringLiteral("Page %1 (%2 of %3), by %4")
+  const int page = view_->PageInSight();
+  pageState_->setText(QStringLiteral("Page %1 (%2 of %3). Page numbers rest on %4.")
                           .arg(ToQt(document->LabelOf(page)))
                           .arg(page)
                           .arg(document->PageCount())
@@ -186,9 +217,11 @@ void DocumentWindow::ShowState() {
 void DocumentWindow::FillRecent() {
   recent_->clear();
   if (program_ == nullptr) return;
+  int number = 0;
   for (const std::string& path : program_->Recent()) {
-    QObject::connect(recent_->addAction(ToPath(path).replace(QLatin1Char('&'), QStringLiteral("&&"))),
-                     &QAction::triggered, this, [this, path] {
+    const QString name = ToPath(path).replace(QLatin1Char('&'), QStringLiteral("&&"));
+    QObject::connect(recent_->addAction(QStringLiteral("&%1 %2").arg(++number).arg(name)), &QAction::triggered, this,
+                     [this, path] {
                        if (MayLeave()) Open(path);
                      });
   }
@@ -236,7 +269,11 @@ void DocumentWindow::Run(const std::function<void()>& command) {
 
 void DocumentWindow::ChooseAndOpen() {
   if (!MayLeave()) return;
-  const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Open"), QString(), Filter());
+  // Beside the document that is open, else the one that was open last.
+  std::string beside = program_ == nullptr ? std::string() : program_->Path();
+  if (program_ != nullptr && beside.empty() && !program_->Recent().empty()) beside = program_->Recent().front();
+  const QString folder = beside.empty() ? QString() : QFileInfo(ToPath(beside)).absolutePath();
+  const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Open"), folder, Filter());
   if (!path.isEmpty()) Open(FromPath(path));
 }
 
@@ -287,7 +324,45 @@ bool DocumentWindow::MayLeave() {
 
 void DocumentWindow::closeEvent(QCloseEvent* event) { !busy_&& MayLeave() ? event->accept() : event->ignore(); }
 
+void DocumentWindow::dragEnterEvent(QDragEnterEvent* event) {
+  const QList<QUrl> files = event->mimeData()->urls();
+  if (!busy_ && files.size() == 1 && files.first().isLocalFile()) event->acceptProposedAction();
+}
+
+void DocumentWindow::dropEvent(QDropEvent* event) {
+  const QList<QUrl> files = event->mimeData()->urls();
+  if (busy_ || files.size() != 1 || !files.first().isLocalFile()) return;
+  event->acceptProposedAction();
+  if (MayLeave()) Open(FromPath(files.first().toLocalFile()));
+}
+
+void DocumentWindow::GoToPage() {
+  const DocumentSource* document = program_ == nullptr ? nullptr : program_->Document();
+  if (document == nullptr) return;
+  const int current = view_->CurrentPage();
+  bool given = false;
+  const QString label =
+      QInputDialog::getText(this, QStringLiteral("Go to page"), QStringLiteral("Page number, as it is printed:"),
+                            QLineEdit::Normal, ToQt(document->LabelOf(current)), &given)
+          .trimmed();
+  if (!given || label.isEmpty()) return;
+  // A number that several sections have leads to the next page that bears it.
+  const int count = document->PageCount();
+  for (int step = 1; step <= count; ++step) {
+    const int page = (current + step - 1) % count + 1;
+    if (ToQt(document->LabelOf(page)).compare(label, Qt::CaseInsensitive) == 0) return view_->GoToPage(page);
+  }
+  statusBar()->showMessage(QStringLiteral("No page has the number %1").arg(label), kHintTime);
+}
+
 void DocumentWindow::OpenFindBar() {
+  const DocumentSource* document = program_ == nullptr ? nullptr : program_->Document();
+  if (document != nullptr && !findBar_->isVisible()) {
+    const QString selected = ToQt(document->CopyText(view_->Selected()));
+    const bool fits = !selected.isEmpty() && selected.size() <= kLongestSought && !selected.contains(QLatin1Char('\n'));
+    if (fits) findText_->setText(selected);
+  }
+  findResult_->clear();
   findBar_->show();
   findText_->setFocus();
   findText_->selectAll();
@@ -299,8 +374,13 @@ void DocumentWindow::FindNext(bool forward) {
   const DocumentSource::Selection selection = view_->Selected();
   const Place from{selection.start.story, forward ? selection.end : selection.start.position};
   const auto found = program_->Document()->Find(FromQt(findText_->text()), from, forward, matchCase_->isChecked());
-  findResult_->setText(found ? QString() : QStringLiteral("Not found"));
-  if (found) view_->SelectStretch(*found);
+  if (!found) return findResult_->setText(QStringLiteral("Not found"));
+  const auto order = [](const Place& place) { return std::pair(place.story, place.position); };
+  const bool around = forward ? order(found->start) < order(from) : order(found->start) > order(from);
+  findResult_->setText(!around   ? QString()
+                       : forward ? QStringLiteral("From the beginning again")
+                                 : QStringLiteral("From the end again"));
+  view_->SelectStretch(*found);
 }
 
 }  // namespace qt

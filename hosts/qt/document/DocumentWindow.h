@@ -30,6 +30,8 @@ class DocumentWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   bool eventFilter(QObject* target, QEvent* event) override;
 
  private:
@@ -50,6 +52,7 @@ class DocumentWindow : public QMainWindow {
   void OpenFindBar();
   void CloseFindBar();
   void FindNext(bool forward);
+  void GoToPage();
 
   DesktopProgram* program_{nullptr};
   DocumentView* view_;

@@ -37,11 +37,11 @@ PagePlaces::Stops PagePlaces::StopsOf(const page::Line& line) {
   return all;
 }
 
-const page::Line* PagePlaces::LineAt(QPointF point) const {
+const page::Line* PagePlaces::LineAt(QPointF point, int story) const {
   const page::Line* best = nullptr;
   double least = 0;
   for (const page::Line& line : drawing_.lines) {
-    if (line.story == 0) continue;
+    if (line.story == 0 || (story != 0 && line.story != story)) continue;
     const double across = std::max({line.area.y - point.y(), point.y() - line.area.Bottom(), 0.0});
     const double along = std::max({line.area.x - point.x(), point.x() - line.area.Right(), 0.0});
     const double distance = across * kAcrossLines + along;
@@ -52,8 +52,8 @@ const page::Line* PagePlaces::LineAt(QPointF point) const {
   return best;
 }
 
-std::optional<Place> PagePlaces::PlaceAt(QPointF point) const {
-  const page::Line* line = LineAt(point);
+std::optional<Place> PagePlaces::PlaceAt(QPointF point, int story) const {
+  const page::Line* line = LineAt(point, story);
   if (line == nullptr) return {};
   const Stops all = StopsOf(*line);
   const auto next = std::ranges::min_element(all.stops, {}, [&](const Stop& s) { return std::abs(s.x - point.x()); });
@@ -121,6 +121,29 @@ Place PagePlaces::LineEdge(const Place& place, bool end) const {
   if (line == nullptr) return place;
   const Stops all = StopsOf(*line);
   return {place.story, (end ? all.stops.back() : all.stops.front()).position};
+}
+
+PagePlaces::Edge PagePlaces::ParagraphEdge(const Place& place, bool end) const {
+  const page::Line* line = LineOf(place);
+  if (line == nullptr) return {place};
+  const page::Line* next = line;
+  if (end) {
+    while (!line->endsParagraph && (next = Neighbour(line, true)) != nullptr) line = next;
+    return {{place.story, StopsOf(*line).stops.back().position}, !line->endsParagraph};
+  }
+  while ((next = Neighbour(line, false)) != nullptr && !next->endsParagraph) line = next;
+  return {{place.story, StopsOf(*line).stops.front().position}, next == nullptr};
+}
+
+bool PagePlaces::IsOnlyShown(QPointF point) const {
+  return std::ranges::any_of(drawing_.lines, [&](const page::Line& line) {
+    const bool beside = point.y() < line.area.y || point.y() > line.area.Bottom();
+    if (line.story != 0 || beside) return false;
+    return std::ranges::any_of(line.runs, [&](const page::Run& run) {
+      const auto [left, right] = std::minmax(run.edges.front(), run.edges.back());
+      return point.x() >= left && point.x() <= right;
+    });
+  });
 }
 
 std::optional<Place> PagePlaces::First() const {
