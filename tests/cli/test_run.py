@@ -70,6 +70,12 @@ class Run(program.Case):
         self.assertFalse(state["options"]["AllowFastSave"])
         self.assertEqual(state["wordProcesses"], 1)
 
+    def test_a_word_that_never_showed_the_terms_dialog_is_not_shown_at_the_next_connection(self):
+        for command in ("remove", "update"):
+            (self.folder / "answers.json").write_text(json.dumps({"answers": []}))
+            self.kelvarin("run", command, "contract.docx", "--answers", "answers.json", "--transcript", "log.jsonl")
+            self.assertEqual(self.events(self.folder / "log.jsonl")[-1]["displayOnConnect"], "0")
+
     def test_the_state_is_what_the_run_finds(self):
         given = {"view": {"type": 6, "showHiddenText": True}, "options": {"AllowFastSave": True, "Pagination": False},
                  "cursor": {"story": 1, "start": 3, "end": 3}}
