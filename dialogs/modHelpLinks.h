@@ -20,6 +20,7 @@ enum HelpTopic : int {
   kHelpTermLists = 15,
   kHelpFormattingTerms = 16,
   kHelpOptions = 17,
+  kHelpDocumentWindow = 18,
 };
 
 /// Shows a topic of a help file in the add-in's folder for a form; a number below 1 shows its contents.

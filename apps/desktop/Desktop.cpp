@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <stdexcept>
 
+#include "dialogs/frmKVXAbout_COM.h"
+#include "dialogs/modHelpLinks.h"
 #include "hosts/linux/Paths.h"
 #include "hosts/unattended/Text.h"
 #include "marker/MakeTermMarker.h"
@@ -48,7 +50,7 @@ Desktop::Desktop(qt::DocumentWindow& window)
       userSettings_(profile_, SettingsFolder(folders_)),
       shell_(os::ProgramFolder()),
       help_(shell_, messages_),
-      addIn_(Host{
+      host_{
           .forms = forms_,
           .messages = messages_,
           .profile = profile_,
@@ -63,7 +65,8 @@ Desktop::Desktop(qt::DocumentWindow& window)
           .locale = locale_,
           .addInFolder = os::ToWindowsPath(os::ProgramFolder()),
           .createTermMarker = [this] { return MakeTermMarker(characters_); },
-      }) {
+      },
+      addIn_(host_) {
   processor_.SetCommandBars(menus_.CommandBars());
   addIn_.OnConnection(processor_.Application(), ConnectMode::kStartup);
   addIn_.OnStartupComplete();
@@ -153,6 +156,24 @@ std::vector<qt::DesktopProgram::Command> Desktop::Commands(const std::vector<std
     }
   }
   return commands;
+}
+
+std::vector<qt::DesktopProgram::Command> Desktop::Help() {
+  const auto topic = [this](int number) {
+    help_.Show(host_.addInFolder + std::u16string(kHelpFile), number < 1 ? os::kHelpContents : os::kHelpContext, number,
+               0);
+  };
+  const auto page = [this](std::u16string_view name) {
+    const std::u16string path = host_.addInFolder + u"\\" + std::u16string(name);
+    if (shell_.Open(u"Open", path, 0)) return;
+    messages_.Show(u"Help", u"The help page could not be opened:\r\n\r\n" + path, os::Icon::kExclamation,
+                   os::Buttons::kOk);
+  };
+  return {{u"The document &window", [topic] { topic(kHelpDocumentWindow); }},
+          {u"&Contents", [topic] { topic(kHelpContentsPage); }},
+          {u"&Getting started", [topic] { topic(kHelpGettingStarted); }},
+          {u"&Questions and answers", [page] { page(u"kvxfaq.htm"); }},
+          {u"&About Kelvarin", [this] { ShowAbout(host_); }}};
 }
 
 void Desktop::Run(const std::function<void()>& command) {

@@ -35,6 +35,7 @@ class Desktop : public qt::DesktopProgram {
   void SaveAs(const std::string& path) override;
   std::vector<std::string> Recent() const override;
   std::vector<Command> Tools() override;
+  std::vector<Command> Help() override;
 
  private:
   std::vector<Command> Commands(const std::vector<std::shared_ptr<menus::Item>>& items);
@@ -59,5 +60,6 @@ class Desktop : public qt::DesktopProgram {
   menus::MenuBars menus_;
   std::unique_ptr<StoryPages> pages_;
   bool modified_{false};
+  Host host_;
   Connect addIn_;
 };

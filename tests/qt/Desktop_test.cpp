@@ -214,6 +214,28 @@ TEST_F(DesktopTest, TheToolsMenuHasTheFourCommandsOfTheAddInAndNothingElse) {
                                                 "&Update index"}));
 }
 
+TEST_F(DesktopTest, TheHelpMenuShowsTheAboutBoxAndTellsOfPagesThatAreMissing) {
+  std::vector<std::string> captions;
+  for (const QAction* action : window_->findChild<QMenu*>("help")->actions()) {
+    captions.push_back(action->text().toStdString());
+  }
+  EXPECT_EQ(captions, (std::vector<std::string>{"The document &window", "&Contents", "&Getting started",
+                                                "&Questions and answers", "&About Kelvarin"}));
+  person_.Expect([](QWidget& window) {
+    EXPECT_EQ(window.objectName().toStdString(), "frmKVXAbout_COM");
+    Person::Click(window, "cmdOK");
+  });
+  Shortcut("&About Kelvarin");
+  // Beside the test there are none.
+  for (const char* caption : {"The document &window", "&Contents", "&Getting started", "&Questions and answers"}) {
+    person_.Expect([](QWidget& window) {
+      EXPECT_EQ(window.windowTitle().toStdString(), "Help");
+      Person::Press(window, Qt::Key_Return);
+    });
+    Shortcut(caption);
+  }
+}
+
 TEST_F(DesktopTest, HighlightingGoesAtACommandAndTheIndexStays) {
   Open();
   Key(Qt::Key_End, Qt::ControlModifier);

@@ -41,6 +41,8 @@ class DesktopProgram {
   };
   /// What stands in the menu "Tools".
   virtual std::vector<Command> Tools() = 0;
+  /// What stands in the menu "Help"; the first of them is also what F1 does.
+  virtual std::vector<Command> Help() = 0;
 };
 
 }  // namespace qt

@@ -108,6 +108,8 @@ void DocumentWindow::MakeMenus() {
   tools_ = menuBar()->addMenu(QStringLiteral("&Tools"));
   tools_->setObjectName(QStringLiteral("tools"));
   QObject::connect(tools_, &QMenu::aboutToShow, this, [this] { FillTools(); });
+  help_ = menuBar()->addMenu(QStringLiteral("&Help"));
+  help_->setObjectName(QStringLiteral("help"));
 }
 
 void DocumentWindow::MakeFindBar() {
@@ -167,6 +169,7 @@ void DocumentWindow::CloseFindBar() {
 void DocumentWindow::SetProgram(DesktopProgram& program) {
   program_ = &program;
   FillTools();
+  FillHelp();
   Refresh();
 }
 
@@ -233,6 +236,14 @@ void DocumentWindow::FillTools() {
   qDeleteAll(tools_->findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly));
   tools_->clear();
   if (program_ != nullptr) AddTools(*tools_, program_->Tools());
+}
+
+void DocumentWindow::FillHelp() {
+  help_->clear();
+  for (const DesktopProgram::Command& command : program_->Help()) {
+    QObject::connect(help_->addAction(ToQt(command.caption)), &QAction::triggered, this, command.run);
+  }
+  if (!help_->isEmpty()) help_->actions().first()->setShortcut(QKeySequence::HelpContents);
 }
 
 void DocumentWindow::AddTools(QMenu& menu, const std::vector<DesktopProgram::Command>& commands) {

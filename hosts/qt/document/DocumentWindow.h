@@ -39,6 +39,7 @@ class DocumentWindow : public QMainWindow {
   void MakeFindBar();
   void FillRecent();
   void FillTools();
+  void FillHelp();
   void AddTools(QMenu& menu, const std::vector<DesktopProgram::Command>& commands);
   void Run(const std::function<void()>& command);
   void ShowState();
@@ -64,6 +65,7 @@ class DocumentWindow : public QMainWindow {
   QLabel* zoomState_;
   QMenu* recent_;
   QMenu* tools_;
+  QMenu* help_;
   bool busy_{false};
 };
 
