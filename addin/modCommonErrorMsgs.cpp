@@ -46,6 +46,14 @@ bool TrapErrors(os::Messages& messages, std::u16string_view title, const std::fu
   return false;
 }
 
+void IgnoreErrors(const std::function<void()>& step) {
+  try {
+    step();
+  } catch (const word::HostError&) {
+    // The document may be closed or protected; there is nothing left to do about it here.
+  }
+}
+
 void ShowIniFileProblem(os::Messages& messages) {
   messages.Show(u"Ini file problem",
                 u"There is a problem with the ini file. "

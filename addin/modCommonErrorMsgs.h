@@ -13,5 +13,8 @@
 /// @return whether the body came to its end
 bool TrapErrors(os::Messages& messages, std::u16string_view title, const std::function<void()>& body);
 
+/// For clean-up steps of which each is tried whatever became of the others.
+void IgnoreErrors(const std::function<void()>& step);
+
 /// The settings file cannot be used.
 void ShowIniFileProblem(os::Messages& messages);

@@ -26,15 +26,6 @@ int LeadingNumber(std::u16string_view text) {
   return number;
 }
 
-/// For clean-up steps of which each is tried whatever became of the others.
-void IgnoreErrors(const std::function<void()>& step) {
-  try {
-    step();
-  } catch (const word::HostError&) {
-    // The document may be closed or protected; there is nothing left to do about it here.
-  }
-}
-
 }  // namespace
 
 frmKVX_COM::frmKVX_COM(const Host& host, modIniFile& ini) : HelpedForm(host, "frmKVX_COM"), OptionPanel(*this, ini) {
@@ -175,7 +166,8 @@ void frmKVX_COM::IndexChosenTerms() {
   }
   application->SetScreenUpdating(true);
   application->ScreenRefresh();
-  if (KVXAddIn->OptionsAccepted()) DeleteIndexStart();
+  // After an error the dialog may still be there, to be confirmed again: the place stays until the command's end.
+  if (KVXAddIn->OptionsAccepted() && !Visible()) DeleteIndexStart();
 }
 
 void frmKVX_COM::DeleteIndexStart() {

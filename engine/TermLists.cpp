@@ -1,5 +1,6 @@
 #include "engine/TermLists.h"
 
+#include "addin/modCommonErrorMsgs.h"
 #include "discovery/modQuickSort.h"
 #include "engine/modKVX.h"
 #include "platform/word/Application.h"
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -26,6 +28,8 @@ struct TermList {
   std::u16string_view heading;
   /// Stands on the heading's line and ends it.
   std::u16string_view note;
+  /// The selection is to stand on it.
+  bool selected;
 };
 
 constexpr TermList kNotUsedList{
@@ -35,6 +39,7 @@ constexpr TermList kNotUsedList{
     .note =
         u" (see Index above for page number)"
         u"\r\n",
+    .selected = false,
 };
 
 constexpr TermList kNotFoundList{
@@ -42,33 +47,50 @@ constexpr TermList kNotFoundList{
     .anchor = kNotUsedListBookmark,
     .heading = u"NOT FOUND",
     .note = kLineEnd,
+    .selected = true,
 };
 
-/// An empty range at the start of the paragraph that the list is to be written in.
-word::RangePtr BeginParagraph(const word::DocumentPtr& document, std::u16string_view anchor,
-                              const word::SelectionPtr& selection) {
+/// A list as far as it is written.
+struct WrittenList {
+  /// What was written last; nothing was when there is none.
+  word::RangePtr range;
+  /// Where the paragraph mark before the list stands.
+  word::Position start{0};
+  /// Of the paragraph that is to stand behind the list, and in which it is written.
+  std::optional<int> alignmentBehind;
+};
+
+void BeginParagraph(const word::DocumentPtr& document, std::u16string_view anchor, const word::SelectionPtr& selection,
+                    WrittenList& written) {
   const word::BookmarksPtr bookmarks = document->Bookmarks();
   word::RangePtr range;
   if (bookmarks->Exists(anchor)) {
     range = bookmarks->Item(anchor)->Range();
-    range->SetStart(range->End());
+    written.start = range->End();
+    range->SetStart(written.start);
   } else {
     range = selection->Range();
     range->Collapse(word::wdCollapseEnd);
+    written.start = range->Start();
   }
   range->InsertParagraphBefore();
+  written.range = range;
   range->Collapse(word::wdCollapseEnd);
-  return range;
 }
 
 void Align(const word::RangePtr& range, int alignment) { range->ParagraphFormat()->SetAlignment(alignment); }
 
-/// @return the range of the list
-word::RangePtr Write(const word::DocumentPtr& document, const word::SelectionPtr& selection, const TermList& list,
-                     std::u16string_view terms) {
-  word::RangePtr range = BeginParagraph(document, list.anchor, selection);
-  // The list is written in the paragraph that is to stand behind it.
-  const int alignmentBehind = range->ParagraphFormat()->Alignment();
+void AlignBehind(const WrittenList& written) {
+  const word::RangePtr behind = written.range->Duplicate();
+  behind->Collapse(word::wdCollapseEnd);
+  Align(behind, *written.alignmentBehind);
+}
+
+void Write(const word::DocumentPtr& document, const word::SelectionPtr& selection, const TermList& list,
+           std::u16string_view terms, WrittenList& written) {
+  BeginParagraph(document, list.anchor, selection, written);
+  const word::RangePtr& range = written.range;
+  written.alignmentBehind = range->ParagraphFormat()->Alignment();
 
   range->SetText(list.heading);
   Align(range, word::wdAlignParagraphLeft);
@@ -82,10 +104,7 @@ word::RangePtr Write(const word::DocumentPtr& document, const word::SelectionPtr
 
   range->SetText(std::u16string(terms).append(kLineEnd).append(kLineEnd));
   Align(range, word::wdAlignParagraphLeft);
-
-  const word::RangePtr behind = range->Duplicate();
-  behind->Collapse(word::wdCollapseEnd);
-  Align(behind, alignmentBehind);
+  AlignBehind(written);
 
   range->MoveStart(word::wdParagraph, -2);
   const word::ParagraphFormatPtr format = range->ParagraphFormat();
@@ -94,7 +113,28 @@ word::RangePtr Write(const word::DocumentPtr& document, const word::SelectionPtr
   format->SetSpaceAfter(0);
   range->SetHighlightColorIndex(word::wdNoHighlight);
   range->Font()->SetColor(word::wdColorAutomatic);
-  return range;
+  if (list.selected) range->Select();
+  document->Bookmarks()->Add(list.bookmark, range);
+}
+
+/// A list that could not be finished has its bookmark, too, so that it goes when the index does.
+void CoverUnfinished(const word::DocumentPtr& document, const TermList& list, const WrittenList& written) {
+  if (!written.range) return;
+  IgnoreErrors([&] {
+    document->Bookmarks()->Add(list.bookmark, document->Range(written.start, written.range->End()));
+    if (written.alignmentBehind) AlignBehind(written);
+  });
+}
+
+void WriteList(const word::DocumentPtr& document, const word::SelectionPtr& selection, const TermList& list,
+               std::u16string_view terms) {
+  WrittenList written;
+  try {
+    Write(document, selection, list, terms, written);
+  } catch (...) {
+    CoverUnfinished(document, list, written);
+    throw;
+  }
 }
 
 }  // namespace
@@ -116,13 +156,10 @@ std::u16string SortTermList(std::u16string_view terms) {
 }
 
 void WriteNotUsedList(const word::DocumentPtr& document, std::u16string_view terms) {
-  const word::RangePtr list = Write(document, document->ActiveWindow()->Selection(), kNotUsedList, terms);
-  document->Bookmarks()->Add(kNotUsedList.bookmark, list);
+  WriteList(document, document->ActiveWindow()->Selection(), kNotUsedList, terms);
 }
 
 void WriteNotFoundList(const word::ApplicationPtr& application, const word::DocumentPtr& document,
                        std::u16string_view terms) {
-  const word::RangePtr list = Write(document, application->Selection(), kNotFoundList, terms);
-  list->Select();
-  document->Bookmarks()->Add(kNotFoundList.bookmark, list);
+  WriteList(document, application->Selection(), kNotFoundList, terms);
 }

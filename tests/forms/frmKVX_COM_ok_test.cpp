@@ -1,5 +1,7 @@
 #include "dialogs/frmKVX_COM.h"
 
+#include <algorithm>
+
 #include "tests/forms/Dialogs.h"
 
 namespace {
@@ -160,6 +162,15 @@ TEST_F(TermsDialogEnd, AnErrorBeforeTheDialogIsHiddenLeavesAWayOut) {
   frmKVX_COM& dialog = StepsInTerms({u"Buyer"}, R"({"click":"cmdOK"},{"click":"cmdCancel"})",
                                     R"({"message":"Error indexing document","press":"OK"})");
   EXPECT_EQ(dialog.Tag(), u"Cancel");
+}
+
+TEST_F(TermsDialogEnd, AnErrorBeforeTheDialogIsHiddenKeepsThePlaceForAnotherOK) {
+  log.failAt = "Selection.HomeKey 6";
+  StepsInTerms({u"Buyer"}, R"({"click":"cmdOK"},{"click":"cmdCancel"})",
+               R"({"message":"Error indexing document","press":"OK"})");
+  const auto cancelled = std::find(log.calls.begin(), log.calls.end(), "Bookmark.Select ReturnHereBK");
+  EXPECT_EQ(std::count(log.calls.begin(), cancelled, "Bookmark.Delete IndexBKStart"), 0);
+  EXPECT_EQ(std::count(cancelled, log.calls.end(), "Bookmark.Delete IndexBKStart"), 1);
 }
 
 TEST_F(TermsDialogEnd, CancelPutsTheCursorBackAndDeletesTheRunsBookmarks) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/word/HostError.h"
 #include "tests/fakes/FakeWord.h"
 
 namespace {
@@ -78,6 +79,29 @@ TEST(TermListOrder, TermsAreInAscendingOrder) {
   EXPECT_EQ(SortTermList(u"b\r\nB\r\na\r\nA b\r\nA"), u"A\r\nA b\r\nB\r\na\r\nb");
   EXPECT_EQ(SortTermList(u"one"), u"one");
   EXPECT_EQ(SortTermList(u""), u"");
+}
+
+TEST_F(TermLists, AListThatCouldNotBeFinishedHasItsBookmarkToBeTakenAwayBy) {
+  word.alignment = word::wdAlignParagraphCenter;
+  word.selection = {0, 6, 6};
+  WriteNotFoundList(word.MakeApplication(), word.MakeDocument(), u"Buyer");
+  const Calls calls = log.calls;
+  for (std::size_t failing = 1; failing < calls.size(); ++failing) {
+    SCOPED_TRACE(calls[failing]);
+    fakes::CallLog failingLog;
+    failingLog.failAt = calls[failing];
+    fakes::FakeWord other{failingLog};
+    other.stories[0].text = u"Index.Behind.\r";
+    other.alignment = word::wdAlignParagraphCenter;
+    other.selection = {0, 6, 6};
+    EXPECT_THROW(WriteNotFoundList(other.MakeApplication(), other.MakeDocument(), u"Buyer"), word::HostError);
+    // A call that fails here fails again when it is what mends.
+    if (calls[failing].starts_with("Bookmarks.Add") || calls[failing] == "ParagraphFormat.Alignment = 1") continue;
+    const fakes::Place& place = other.bookmarks.at(u"DefinedTermsIndexNotFoundList");
+    EXPECT_EQ(place.start, 6);
+    EXPECT_EQ(other.stories[0].text.substr(static_cast<std::size_t>(place.end)), u"Behind.\r");
+    EXPECT_EQ(other.alignment, word::wdAlignParagraphCenter);
+  }
 }
 
 }  // namespace

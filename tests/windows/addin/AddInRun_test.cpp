@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <span>
 
 #include "AddInSession.h"
 #include "DirectSession.h"
@@ -15,19 +14,6 @@
 namespace {
 
 constexpr char kSample[] = "mutual_nda.docx";
-
-std::vector<std::byte> FileOf(const docx::WordProcessor& processor) {
-  std::vector<std::byte> file;
-  processor.Updated().Write(
-      [&](std::span<const std::byte> piece) { file.insert(file.end(), piece.begin(), piece.end()); });
-  return file;
-}
-
-std::map<std::string, std::string> PartsOf(const docx::WordProcessor& processor) {
-  std::map<std::string, std::string> parts;
-  for (const std::string& name : processor.Updated().Names()) parts[name] = processor.Updated().Read(name);
-  return parts;
-}
 
 /// Our entries in a part.
 std::uint64_t EntriesIn(const std::string& xml) {
@@ -85,7 +71,7 @@ TEST_P(AddInRunOn, GivesTheDocumentThatTheDocxHostGives) {
   AddInSession word(GetParam());
   word.Start();
   EXPECT_TRUE(word.Click(u"&Find and index"));
-  EXPECT_EQ(PartsOf(word.processor), expected);
+  EXPECT_EQ(word.Parts(), expected);
   EXPECT_EQ(std::vector<std::wstring>(person.Seen().begin() + static_cast<std::ptrdiff_t>(windows.size()),
                                       person.Seen().end()),
             windows);
@@ -110,57 +96,25 @@ TEST_F(AddInRun, WithTheMouseAndTheKeyboardTakesWhatIsOffered) {
   EXPECT_TRUE(word.processor.Application()->ActiveDocument()->Bookmarks()->Exists(u"DefinedTermsIndex"));
 }
 
-TEST_F(AddInRun, PutsWordsStateBackWhicheverCallFails) {
-  person.Otherwise(&Person::GoOn);
-  std::uint64_t calls = 0;
-  std::uint64_t before = 0;
-  {
-    AddInSession word(kSample);
-    word.Start();
-    before = word.context->count;
-    EXPECT_TRUE(word.Click(u"&Find and index"));
-    calls = word.context->count - before;
-  }
-  const char* const step = std::getenv("KVX_EVERY");
-  for (std::uint64_t failing = 1; failing <= calls;
-       failing += step != nullptr ? std::strtoull(step, nullptr, 10) : 60) {
-    SCOPED_TRACE(failing);
-    AddInSession word(kSample);
-    word.Start();
-    const docx::WindowState window = word.processor.Window();
-    word.context->failing = before + failing;
-    const std::size_t seen = person.Seen().size();
-    EXPECT_TRUE(word.Click(u"&Find and index"));
-    const bool told = std::any_of(
-        person.Seen().begin() + static_cast<std::ptrdiff_t>(seen), person.Seen().end(),
-        [](const std::wstring& text) { return text.find(L"Error: 4198 This call was to fail.") != text.npos; });
-    EXPECT_TRUE(told);
-    EXPECT_TRUE(word.processor.ScreenUpdating());
-    EXPECT_TRUE(word.processor.Options().autoFormatAsYouTypeReplaceQuotes);
-    EXPECT_EQ(word.processor.Window().viewType, window.viewType);
-    EXPECT_EQ(word.processor.Window().showHiddenText, window.showHiddenText);
-  }
-}
-
 TEST_F(AddInRun, RemovingGivesTheDocumentBackThatItBeganWith) {
   AddInSession word(kSample);
   word.Start();
-  const auto before = PartsOf(word.processor);
+  const auto before = word.Parts();
   AnswerWholeRun();
   EXPECT_TRUE(word.Click(u"&Find and index"));
-  EXPECT_NE(PartsOf(word.processor), before);
+  EXPECT_NE(word.Parts(), before);
   EXPECT_TRUE(word.Click(u"&Remove indexing"));
-  EXPECT_EQ(PartsOf(word.processor).at("word/document.xml"), before.at("word/document.xml"));
+  EXPECT_EQ(word.Parts().at("word/document.xml"), before.at("word/document.xml"));
 }
 
 TEST_F(AddInRun, CancelledInItsFirstDialogChangesNothing) {
   AddInSession word(kSample);
   word.Start();
-  const auto before = FileOf(word.processor);
+  const auto before = word.File();
   AnswerPrompts();
   person.Expect(L"Kelvarin", [](HWND window) { Person::Press(window, VK_ESCAPE); });
   EXPECT_TRUE(word.Click(u"&Find and index"));
-  EXPECT_EQ(FileOf(word.processor), before);
+  EXPECT_EQ(word.File(), before);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <span>
 
 #include "hosts/win32/Wide.h"
 
@@ -55,12 +56,18 @@ HRESULT Registered::Install(BOOL install) const {
 
 HRESULT Registered::CanUnload() const { return Export<HRESULT STDAPICALLTYPE()>("DllCanUnloadNow")(); }
 
-AddInSession::AddInSession(const std::string& sample, int connectMode, std::uint64_t failing) {
+std::unique_ptr<docx::Package> Sample(const std::string& name) {
+  return docx::Package::Open(std::filesystem::path("Z:" SAMPLES) / name);
+}
+
+AddInSession::AddInSession(const std::string& sample, int connectMode, std::uint64_t failing)
+    : AddInSession(sample.empty() ? nullptr : Sample(sample), connectMode, failing) {}
+
+AddInSession::AddInSession(std::unique_ptr<docx::Package> document, int connectMode, std::uint64_t failing) {
   context->failing = failing;
   processor.SetCommandBars(bars.CommandBars());
-  if (!sample.empty()) {
-    processor.Open(docx::Package::Open(std::filesystem::path("Z:" SAMPLES) / sample),
-                   {.name = std::u16string(sample.begin(), sample.end()), .path = u"C:\\Contracts"}, file_);
+  if (document) {
+    processor.Open(std::move(document), {.name = u"contract.docx", .path = u"C:\\Contracts"}, file_);
   }
   application_ = server::Give(processor.Application(), context).ToObject();
   CLSID id;
@@ -83,6 +90,19 @@ void AddInSession::Shutdown() {
   application_ = {};
   // Nothing of the word processor is held any more.
   EXPECT_EQ(context->live, 0);
+}
+
+std::vector<std::byte> AddInSession::File() const {
+  std::vector<std::byte> file;
+  processor.Updated().Write(
+      [&](std::span<const std::byte> piece) { file.insert(file.end(), piece.begin(), piece.end()); });
+  return file;
+}
+
+std::map<std::string, std::string> PartsOf(const docx::WordProcessor& processor) {
+  std::map<std::string, std::string> parts;
+  for (const std::string& name : processor.Updated().Names()) parts[name] = processor.Updated().Read(name);
+  return parts;
 }
 
 bool AddInSession::Click(std::u16string_view caption) {

@@ -41,7 +41,7 @@ TEST_F(AddIn, PutsItsMenuUnderToolsAndTakesItAway) {
 }
 
 TEST_F(AddIn, AddsNoMenuWhenWordIsDrivenFromOutside) {
-  AddInSession word({}, 2);
+  AddInSession word("", 2);
   word.Start();
   EXPECT_TRUE(word.bars.Tools().empty());
 }

@@ -10,9 +10,9 @@
 namespace {
 
 Person* person = nullptr;
-constexpr UINT kLookEvery = 30;
+constexpr UINT kLookEvery = 10;
 /// A window that nobody expects is closed after so many looks, and the test fails.
-constexpr int kPatience = 100;
+constexpr int kPatience = 300;
 
 /// Windows that only tell how far something is have nothing to press.
 bool WantsAnAnswer(HWND window) {
@@ -94,7 +94,8 @@ std::wstring ClassOf(HWND window) {
 
 bool ClickButton(HWND window, const std::wstring& text) {
   for (const HWND child : ChildrenOf(window)) {
-    if (ClassOf(child) != L"Button" || WithoutMnemonic(Person::TextOf(child)) != text || !IsWindowVisible(child)) {
+    if (ClassOf(child) != L"Button" || WithoutMnemonic(Person::TextOf(child)) != text || !IsWindowVisible(child) ||
+        !IsWindowEnabled(child)) {
       continue;
     }
     PostMessageW(child, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 3));
@@ -102,6 +103,17 @@ bool ClickButton(HWND window, const std::wstring& text) {
     return true;
   }
   return false;
+}
+
+/// Lists without an entry: there is nothing to confirm.
+bool HasNothingToChoose(HWND window) {
+  bool hasLists = false;
+  for (const HWND child : ChildrenOf(window)) {
+    if (ClassOf(child) != L"ListBox") continue;
+    hasLists = true;
+    if (SendMessageW(child, LB_GETCOUNT, 0, 0) > 0) return false;
+  }
+  return hasLists;
 }
 
 }  // namespace
@@ -178,6 +190,7 @@ void Person::Click(HWND window, const std::wstring& text) {
 }
 
 void Person::GoOn(HWND window) {
+  if (HasNothingToChoose(window)) return Click(window, L"Cancel");
   for (const auto* text : {L"Search", L"OK", L"No thanks", L"No", L"Cancel"}) {
     if (ClickButton(window, text)) return;
   }

@@ -21,6 +21,8 @@ struct Context {
   std::uint64_t count{0};
   /// The call with this number, from 1, fails; 0: none does.
   std::uint64_t failing{0};
+  /// The member whose call failed so.
+  std::u16string failed;
   /// Objects that are held.
   long live{0};
 };
@@ -45,6 +47,7 @@ class Object : public com::AutomationObject {
   void BeforeCall(const com::Member& member) override {
     ++context_->calls[std::u16string(member.name)];
     if (++context_->count == context_->failing) {
+      context_->failed = member.name;
       throw word::HostError(word::kCommandFailed, u"This call was to fail.", "server");
     }
   }
