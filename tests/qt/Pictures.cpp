@@ -13,17 +13,7 @@
 #include <iostream>
 #include <string>
 
-#include "addin/frmKVXProgressFormGetCappedList.h"
-#include "addin/frmKVXProgressFormKVXClose.h"
-#include "addin/frmKVXProgressFormKVXPreparing.h"
-#include "addin/frmProgressForm.h"
 #include "apps/desktop/Desktop.h"
-#include "dialogs/frmKVXAbout_COM.h"
-#include "dialogs/frmKVXChangeQuotes.h"
-#include "dialogs/frmKVXFormatInstrux.h"
-#include "dialogs/frmKVXRemoveArticles.h"
-#include "dialogs/frmKVXSearchChooser.h"
-#include "dialogs/frmKVXShowHelp.h"
 #include "hosts/qt/OutlinedStyle.h"
 #include "tests/qt/Windows.h"
 
@@ -58,112 +48,21 @@ void Keep(QWidget& window, const QString& name) {
   EXPECT_TRUE(window.grab().save(path)) << path.toStdString();
 }
 
-class Pictures : public Windows {
- protected:
-  /// As the run command shows its forms that work.
-  void ShowAtWork(WorkProgressForm& form, std::u16string_view task) {
-    form.Load();
-    form.SetCaption(u"Kelvarin");
-    form.lblLabel1.SetCaption(u"Please wait");
-    form.lblLabel2.SetCaption(task);
-    form.lblProgBarTotal.SetVisible(false);
-    form.lblProgBarCompleted.SetVisible(false);
-    windows.ShowModal(form);
-  }
-};
+class Pictures : public Windows {};
 
-TEST_F(Pictures, OfTheOptions) {
-  Show(MakeOptions(), [](QWidget& window) { Keep(window, "options"); });
-}
-
-TEST_F(Pictures, OfTheTerms) {
-  frmKVX_COM& form = MakeTerms({u"Accounts", u"Agreement", u"Business Day", u"Buyer", u"Completion", u"Completion Date",
-                                u"Confidential Information", u"Disclosure Letter", u"Encumbrance", u"Escrow Account",
-                                u"Long Stop Date", u"Purchase Price", u"Seller", u"Seller's Solicitors", u"Shares"});
-  form.lstTermsInDoc.SetSelected(2, false);
-  form.lstAddTerms.AddItem(u"Escrow");
-  form.lstAddTerms.AddItem(u"Target Group Company");
-  Show(form, [&](QWidget& window) {
-    for (const int tab : {0, 1, 2}) {
-      form.tbcTabs.SetSelectedTab(tab);
-      form.Repaint();
-      Keep(window, QString("terms_%1").arg(tab + 1));
-    }
-    form.tbcTabs.SetSelectedTab(0);
-    for (forms::Label* line : {&form.lblLabel1, &form.lblLabel2, &form.lblLabel3}) line->SetVisible(true);
-    form.SetStatusText(u"Looking for terms in quotes");
-    form.Repaint();
-    Keep(window, "terms_searching");
-  });
-}
-
-TEST_F(Pictures, OfThePrompts) {
-  frmKVXSearchChooser chooser(services, ini);
-  Show(chooser, [](QWidget& window) { Keep(window, "search_chooser"); });
-  frmKVXFormatInstrux reminder(services, ini);
-  Show(reminder, [](QWidget& window) { Keep(window, "format_reminder"); });
-  frmKVXShowHelp offer(services, ini);
-  Show(offer, [](QWidget& window) { Keep(window, "help_offer"); });
-}
-
-TEST_F(Pictures, OfTheChoiceOfQuotes) {
-  frmKVXChangeQuotes quotes(services, ini);
-  Show(quotes, [](QWidget& window) { Keep(window, "change_quotes"); });
-}
-
-TEST_F(Pictures, OfTheArticles) {
-  frmKVXRemoveArticles articles(services,
-                                {u"a Loan", u"any Permitted Assignee", u"the Bank", u"The Royal Bank of York"});
-  articles.Load();
-  articles.lstTerms.SetSelected(2, true);
-  Show(articles, [](QWidget& window) { Keep(window, "remove_articles"); });
-}
-
-TEST_F(Pictures, OfTheAboutBox) {
-  frmKVXAbout_COM about(services);
-  Show(about, [](QWidget& window) { Keep(window, "about"); });
-}
-
-TEST_F(Pictures, OfTheProgressForms) {
-  clsProgForm progress(windows);
-  progress.ShowProgress(0);
-  progress.UpdateProgress(u"Please wait", u"Marking occurrences", u"Term 45 of 100: Confidential Information", 45, 100,
-                          u"Indexing document");
-  Keep(*FindWindow("frmProgressForm"), "progress");
-  progress.CloseProgress();
-  frmKVXProgressFormGetCappedList capitals(services, [&] {
-    capitals.SetCaption(u"Searching for terms");
-    capitals.lblLabel1.SetCaption(u"Searching page:  3");
-    capitals.lblLabel2.SetCaption(u"Processing main document page 3");
-    capitals.SetPosition(3, 12);
-    windows.Repaint(capitals);
-    Keep(*FindWindow("frmKVXProgressFormGetCappedList"), "progress_capitals");
-  });
-  windows.ShowModal(capitals);
-  frmKVXProgressFormKVXPreparing preparing(windows,
-                                           [] { Keep(*FindWindow("frmKVXProgressFormKVXPreparing"), "preparing"); });
-  ShowAtWork(preparing, u"Preparing document...");
-  frmKVXProgressFormKVXClose closing(windows, [] { Keep(*FindWindow("frmKVXProgressFormKVXClose"), "closing"); });
-  ShowAtWork(closing, u"Restoring document...");
+TEST_F(Pictures, OfEachForm) {
+  InEachWindow(
+      [](forms::Form&, const std::string& name, QWidget& window) { Keep(window, QString::fromStdString(name)); });
 }
 
 TEST_F(Pictures, OfMessages) {
-  const auto show = [&](const char* name, os::Icon icon, os::Buttons buttons, std::u16string_view title,
-                        std::u16string_view text) {
-    person.Expect([name](QWidget& window) {
-      Keep(window, name);
+  for (const Message& message : Messages()) {
+    person.Expect([&message](QWidget& window) {
+      Keep(window, QString::fromStdString(message.name));
       window.hide();
     });
-    messages.Show(title, text, icon, buttons);
-  };
-  show("message_information", os::Icon::kInformation, os::Buttons::kOk, u"Refresh terms list",
-       u"You'll need to click the 'Find terms and refresh list' button to refresh the 'Terms found in document' list.");
-  show("message_exclamation", os::Icon::kExclamation, os::Buttons::kOk, u"Nothing deleted",
-       u"No items were selected for deletion.");
-  show("message_question", os::Icon::kQuestion, os::Buttons::kYesNoCancel, u"Save all or selected?",
-       u"Save selected items only?  Click Yes to save only the selected items, click No to save all items in the "
-       u"additional terms list.");
-  show("message_critical", os::Icon::kCritical, os::Buttons::kOk, u"Error setting defaults", u"Error: 5 Cannot write");
+    messages.Show(message.title, message.text, message.icon, message.buttons);
+  }
 }
 
 /// Follows one run on a sample, and takes the window at each step.

@@ -1,43 +1,29 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <optional>
+#include <utility>
 
 #include "addin/clsProgForm.h"
-#include "dialogs/frmKVXOptions.h"
-#include "dialogs/frmKVX_COM.h"
 #include "engine/modKVX.h"
 #include "hosts/qt/QtMessages.h"
 #include "hosts/qt/forms/QtFormHost.h"
-#include "settings/OptionSettings.h"
-#include "tests/fakes/FakeHost.h"
+#include "tests/forms/ShownDialogs.h"
 #include "tests/qt/Person.h"
 #include "tests/qt/ShownForm.h"
 
-/// The dialogs in real windows, over a Word and a system in memory.
-class Windows : public ::testing::Test {
+/// Qt's windows and a person before them.
+struct QtWindows {
+  qt::QtFormHost windows;
+  qt::QtMessages messages{windows};
+  Person person;
+};
+
+/// The dialogs in Qt's windows.
+class Windows : protected QtWindows, public ShownDialogs {
  protected:
-  Windows() { ini.IniFilePath = u"C:\\Data\\kvx.ini"; }
+  Windows() : ShownDialogs(QtWindows::windows, QtWindows::messages) {}
 
-  frmKVXOptions& MakeOptions() {
-    options = std::make_unique<frmKVXOptions>(services, ini);
-    options->Load();
-    EXPECT_TRUE(LoadSettingsIntoDialog(ini, messages, options->Options()));
-    return *options;
-  }
-
-  frmKVX_COM& MakeTerms(const std::vector<std::u16string>& found = {}) {
-    terms = std::make_unique<frmKVX_COM>(services, ini);
-    EXPECT_TRUE(LoadSettingsIntoDialog(ini, messages, terms->Options()));
-    terms->Load();
-    for (const std::u16string& term : found) {
-      terms->lstTermsInDoc.AddItem(term);
-      terms->lstTermsInDoc.SetSelected(terms->lstTermsInDoc.ListCount() - 1, true);
-    }
-    terms->SetHorizontalExtent(terms->lstTermsInDoc);
-    return *terms;
+  void ShowFor(forms::Form& form, const std::function<void()>& work) override {
+    Show(form, [&](QWidget&) { work(); });
   }
 
   /// Shows a form modally while the person works in it.
@@ -50,12 +36,12 @@ class Windows : public ::testing::Test {
     windows.ShowModal(form);
   }
 
-  fakes::FakeHost fake;
-  qt::QtFormHost windows;
-  qt::QtMessages messages{windows};
-  Host services{fake.Make(windows, messages)};
-  modIniFile ini{fake.profile, fake.files};
-  Person person;
-  std::unique_ptr<frmKVXOptions> options;
-  std::unique_ptr<frmKVX_COM> terms;
+  /// With the window of each form.
+  void InEachWindow(const std::function<void(forms::Form& form, const std::string& name, QWidget& window)>& look) {
+    InEachForm([&](forms::Form& form, const std::string& name) {
+      QWidget* window = FindWindow(QString::fromStdString(form.Name()));
+      ASSERT_NE(window, nullptr) << form.Name() << " is not there";
+      look(form, name, *window);
+    });
+  }
 };
