@@ -5,7 +5,6 @@
 #include "marker/ExtraLists.h"
 #include "marker/HighlightedEntries.h"
 #include "marker/IndexField.h"
-#include "marker/MakeTermMarker.h"
 #include "marker/PlainText.h"
 #include "marker/StoryText.h"
 #include "platform/word/Application.h"
@@ -56,7 +55,12 @@ void AppendLine(std::u16string& lines, std::u16string_view line) {
 
 }  // namespace
 
-KvxTermMarker::KvxTermMarker(os::Characters& characters) : letters_(characters) {}
+KvxTermMarker::KvxTermMarker(os::Characters& characters, EntryWriting writing)
+    : letters_(characters), writing_(writing) {}
+
+void KvxTermMarker::WriteEntries() {
+  if (run_) run_->WriteEntries();
+}
 
 void KvxTermMarker::AddTerm(const word::RangePtr& range, std::vector<std::u16string>& terms) {
   std::u16string text = range->Text();
@@ -79,11 +83,12 @@ void KvxTermMarker::BeginIndexing(const word::DocumentPtr& document) {
     RemoveIndex(nullptr, document, true);
     RemoveTermHighlighting(document);
   }
-  run_.emplace(letters_, document);
+  run_.emplace(letters_, document, writing_);
 }
 
 // The lists were written when the index had its page numbers.
 void KvxTermMarker::EndIndexing(const word::DocumentPtr& document) {
+  WriteEntries();
   run_.reset();
   if (HaveListsMovedEntries(document)) UpdateIndexField(document);
 }
@@ -109,10 +114,11 @@ std::int32_t KvxTermMarker::MarkTermInStory(const word::DocumentPtr& document, c
                                     .definitionsOnly = indexWhat == kDefinitionsOnly};
   if (run_) return count + run_->Mark(story, storyType, request);
   // Between runs the document may change unseen: nothing found before is of use.
-  return count + MarkingRun(letters_, document).Mark(story, storyType, request);
+  return count + MarkingRun(letters_, document, EntryWriting::kByTerm).Mark(story, storyType, request);
 }
 
 std::vector<std::u16string> KvxTermMarker::GetUnusedAndMissing(const TermTable& table) {
+  WriteEntries();
   std::u16string unused;
   std::u16string missing;
   for (const TermRow& row : table) {
@@ -125,13 +131,17 @@ std::vector<std::u16string> KvxTermMarker::GetUnusedAndMissing(const TermTable& 
 
 void KvxTermMarker::InsertIndex(const word::ApplicationPtr& /*application*/, const word::DocumentPtr& document,
                                 int columns, std::u16string_view separator) {
+  WriteEntries();
   const word::RangePtr index = InsertIndexField(document, columns, separator);
   HighlightRecord(document).KeepApartFrom(index);
   index->Collapse(word::wdCollapseEnd);
   index->Select();
 }
 
-void KvxTermMarker::UpdateIndex(const word::DocumentPtr& document) { UpdateIndexField(document); }
+void KvxTermMarker::UpdateIndex(const word::DocumentPtr& document) {
+  WriteEntries();
+  UpdateIndexField(document);
+}
 
 void KvxTermMarker::RemoveIndexEntries(const word::ApplicationPtr& /*application*/, const word::DocumentPtr& document,
                                        bool /*flag*/) {
@@ -208,6 +218,6 @@ void KvxTermMarker::FinishDocument(const word::DocumentPtr& document) {
 
 }  // namespace marker
 
-std::unique_ptr<TermMarker> MakeTermMarker(os::Characters& characters) {
-  return std::make_unique<marker::KvxTermMarker>(characters);
+std::unique_ptr<TermMarker> MakeTermMarker(os::Characters& characters, EntryWriting writing) {
+  return std::make_unique<marker::KvxTermMarker>(characters, writing);
 }

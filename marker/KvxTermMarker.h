@@ -1,6 +1,7 @@
 #pragma once
 
 #include "marker/Letters.h"
+#include "marker/MakeTermMarker.h"
 #include "marker/MarkingRun.h"
 #include "platform/TermMarker.h"
 #include "platform/os/Characters.h"
@@ -13,7 +14,7 @@ namespace marker {
 class KvxTermMarker : public TermMarker {
  public:
   /// @param characters must outlive this object
-  explicit KvxTermMarker(os::Characters& characters);
+  KvxTermMarker(os::Characters& characters, EntryWriting writing);
 
   void AddTerm(const word::RangePtr& range, std::vector<std::u16string>& terms) override;
   void OptionChanged(const word::DocumentPtr& document, const QuoteHighlighting* next) override;
@@ -35,12 +36,15 @@ class KvxTermMarker : public TermMarker {
   void FinishDocument(const word::DocumentPtr& document) override;
 
  private:
+  /// Before anything that goes by the document's entries.
+  void WriteEntries();
   void RemoveEntriesOf(const word::DocumentPtr& document, const word::RangePtr& story, HighlightRecord& record,
                        bool isHighlighted);
   void RemoveHighlightsOf(const word::DocumentPtr& document, const word::RangePtr& story,
                           const HighlightRecord& record);
 
   Letters letters_;
+  EntryWriting writing_;
   std::optional<MarkingRun> run_;  ///< between BeginIndexing and EndIndexing
 };
 

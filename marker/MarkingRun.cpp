@@ -6,20 +6,27 @@
 #include "platform/word/Fields.h"
 #include "platform/word/Range.h"
 
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
 namespace marker {
 
-MarkingRun::MarkingRun(const Letters& letters, const word::DocumentPtr& document)
-    : letters_(letters), document_(document), record_(document) {}
+MarkingRun::MarkingRun(const Letters& letters, const word::DocumentPtr& document, EntryWriting writing)
+    : letters_(letters), document_(document), writing_(writing), record_(document) {}
 
 void MarkingRun::Choose(const std::vector<std::u16string>& chosen, bool matchCase) {
+  WriteEntries();
   chosen_ = chosen;
   matchCase_ = matchCase;
   forms_.clear();
 }
 
 void MarkingRun::AddForm(std::u16string_view text, std::u16string_view entryText, bool matchCase) {
-  const bool isNew = formNumbers_.try_emplace({std::u16string(text), std::u16string(entryText)}, forms_.size()).second;
-  if (!isNew) return;
+  FormKey key{text, entryText};
+  if (formNumbers_.contains(key)) return;
+  WriteEntries();
+  formNumbers_.emplace(std::move(key), forms_.size());
   forms_.push_back({PlainTerm(text), matchCase});
   matcher_.reset();
   stories_.clear();
@@ -30,6 +37,7 @@ void MarkingRun::SettleForms(const Request& request) {
   const bool isTerm = request.entryText.empty();
   const bool settled = !forms_.empty() && allCaps_ == request.allCaps && (!isTerm || matchCase_ == request.matchCase);
   if (settled) return;
+  WriteEntries();
   forms_.clear();
   formNumbers_.clear();
   allCaps_ = request.allCaps;
@@ -77,29 +85,52 @@ void MarkingRun::LayHighlight(const word::RangePtr& range, const StoryMarks::Occ
 }
 
 std::int32_t MarkingRun::Mark(const word::RangePtr& story, int storyType, const Request& request) {
+  if (storyType != storyType_) WriteEntries();
   const std::size_t form = FormOf(request);
-  StoryMarks& marks = MarksOf(story, storyType);
-  if (marks.Of(form).empty()) return 0;
+  const StoryMarks& marks = MarksOf(story, storyType);
+  const std::vector<std::size_t>& numbers = marks.Of(form);
+  const auto marked = request.definitionsOnly
+                          ? std::count_if(numbers.begin(), numbers.end(),
+                                          [&](std::size_t number) { return marks.IsDefinition(number); })
+                          : std::ssize(numbers);
+  if (marked == 0) return 0;
 
   const std::u16string entryText = EntryText(request.entryText.empty() ? request.text : request.entryText);
   const std::u16string code = EntryCode(entryText, false);
-  const std::u16string definitionCode = EntryCode(entryText, true);
-  const word::RangePtr range = story->Duplicate();
-  const word::FieldsPtr fields = story->Fields();
-  std::int32_t marked = 0;
-  for (const std::size_t number : marks.Of(form)) {
+  wanted_.push_back({.form = form,
+                     .code = code,
+                     .definitionCode = request.definitionsOnly ? code : EntryCode(entryText, true),
+                     .definitionsOnly = request.definitionsOnly});
+  story_ = story;
+  storyType_ = storyType;
+  if (writing_ == EntryWriting::kByTerm) WriteEntries();
+  return static_cast<std::int32_t>(marked);
+}
+
+void MarkingRun::WriteEntries() {
+  if (wanted_.empty()) return;
+  // What fails is not tried again.
+  const std::vector<Wanted> wanted = std::exchange(wanted_, {});
+  StoryMarks& marks = MarksOf(story_, storyType_);
+  std::vector<std::pair<std::size_t, const Wanted*>> inOrder;
+  for (const Wanted& one : wanted) {
+    for (const std::size_t number : marks.Of(one.form)) {
+      if (!one.definitionsOnly || marks.IsDefinition(number)) inOrder.emplace_back(number, &one);
+    }
+  }
+  std::sort(inOrder.begin(), inOrder.end());
+  const word::RangePtr range = story_->Duplicate();
+  const word::FieldsPtr fields = story_->Fields();
+  for (const auto& [number, one] : inOrder) {
     const StoryMarks::Occurrence occurrence = marks.At(number);
-    if (request.definitionsOnly && !occurrence.definition) continue;
     // The entry takes the formatting of the text before it: written first, it stays without our highlight.
     range->SetRange(occurrence.entry, occurrence.entry);
     fields->Add(range, {.Type = word::wdFieldEmpty,
-                        .Text = occurrence.definition && !request.definitionsOnly ? definitionCode : code,
+                        .Text = occurrence.definition ? one->definitionCode : one->code,
                         .PreserveFormatting = false});
-    marks.EntryWritten(number, story->End() - marks.StoryEnd());
+    marks.EntryWritten(number, story_->End() - marks.StoryEnd());
     LayHighlight(range, occurrence, marks.HasAuthorsHighlight());
-    ++marked;
   }
-  return marked;
 }
 
 std::optional<std::int32_t> MarkingRun::Found(std::u16string_view term) const {

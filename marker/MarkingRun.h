@@ -2,6 +2,7 @@
 
 #include "marker/Highlights.h"
 #include "marker/Letters.h"
+#include "marker/MakeTermMarker.h"
 #include "marker/StoryMarks.h"
 #include "marker/TermMatcher.h"
 #include "platform/word/Types.h"
@@ -19,6 +20,8 @@ namespace marker {
 /// One run of marking over a document. All chosen terms are looked for together, since each occurrence belongs to
 /// one of them; a story is therefore searched once, at its first call, and every later call costs its own
 /// occurrences only.
+/// Entries are written with their term, or those of a story together in the order of their positions: neighbours are
+/// then changed while they are at hand, and what is new lies in memory as it does in the document.
 class MarkingRun {
  public:
   struct Request {
@@ -30,13 +33,16 @@ class MarkingRun {
   };
 
   /// @param letters must outlive this object
-  MarkingRun(const Letters& letters, const word::DocumentPtr& document);
+  MarkingRun(const Letters& letters, const word::DocumentPtr& document, EntryWriting writing);
 
   /// The terms that share the text among them. A request for another text adds it behind them.
   void Choose(const std::vector<std::u16string>& chosen, bool matchCase);
 
-  /// @return the occurrences marked
+  /// @return the occurrences marked, or to be marked by WriteEntries
   std::int32_t Mark(const word::RangePtr& story, int storyType, const Request& request);
+
+  /// Writes what was asked for and not written yet.
+  void WriteEntries();
 
   /// The occurrences found in the stories searched, marked or not, the upper-case form's included.
   /// @return nothing for a text that was not looked for
@@ -44,6 +50,14 @@ class MarkingRun {
 
  private:
   using FormKey = std::pair<std::u16string, std::u16string>;  ///< the text and the entry text
+
+  /// What is to be written behind the occurrences of a form.
+  struct Wanted {
+    std::size_t form{0};
+    std::u16string code{};
+    std::u16string definitionCode{};
+    bool definitionsOnly{false};
+  };
 
   std::size_t FormOf(const Request& request);
   void SettleForms(const Request& request);
@@ -53,6 +67,7 @@ class MarkingRun {
 
   const Letters& letters_;
   word::DocumentPtr document_;
+  EntryWriting writing_;
   std::vector<std::u16string> chosen_;
   bool matchCase_{false};
   bool allCaps_{false};
@@ -61,6 +76,11 @@ class MarkingRun {
   std::optional<TermMatcher> matcher_;
   std::map<int, StoryMarks> stories_;
   HighlightRecord record_;
+
+  // All of one story, which is not written yet.
+  word::RangePtr story_;
+  int storyType_{0};
+  std::vector<Wanted> wanted_;
 };
 
 }  // namespace marker

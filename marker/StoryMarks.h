@@ -26,6 +26,7 @@ class StoryMarks {
   /// The numbers of a form's occurrences, in their order in the story.
   const std::vector<std::size_t>& Of(std::size_t form) const { return byForm_[form]; }
 
+  bool IsDefinition(std::size_t number) const { return found_[number].definition; }
   /// An occurrence where it now stands.
   Occurrence At(std::size_t number) const;
   /// To be told after an entry was written behind an occurrence.

@@ -64,7 +64,7 @@ Desktop::Desktop(qt::DocumentWindow& window)
           .help = help_,
           .locale = locale_,
           .addInFolder = os::ToWindowsPath(os::ProgramFolder()),
-          .createTermMarker = [this] { return MakeTermMarker(characters_); },
+          .createTermMarker = [this] { return MakeTermMarker(characters_, EntryWriting::kByPosition); },
       },
       addIn_(host_) {
   processor_.SetCommandBars(menus_.CommandBars());

@@ -145,7 +145,9 @@ void Session::PlaceCursor() {
   if (!processor_.Select(selection)) throw Failure(kStopped, "the document has no such place for the cursor");
 }
 
-std::unique_ptr<TermMarker> Session::MakeMarker() { return recording::Record(MakeTermMarker(characters_), log_); }
+std::unique_ptr<TermMarker> Session::MakeMarker() {
+  return recording::Record(MakeTermMarker(characters_, EntryWriting::kByPosition), log_);
+}
 
 word::ApplicationPtr Session::Application() {
   word::ApplicationPtr application = processor_.Application();

@@ -112,7 +112,7 @@ void Work(const DocxDocument& docx) {
   const word::DocumentPtr document = docx.Document();
   ReadAll(document);
   os::IcuCharacters characters;
-  const auto marker = MakeTermMarker(characters);
+  const auto marker = MakeTermMarker(characters, EntryWriting::kByPosition);
   marker->BeginIndexing(document);
   TermTable table = marker->BuildTermTable(application, document, {u"Buyer", u"Share Price"}, true);
   const word::StoryRangesPtr stories = document->StoryRanges();

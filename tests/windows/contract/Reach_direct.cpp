@@ -10,7 +10,7 @@ os::Characters& Characters() {
   return characters;
 }
 
-std::unique_ptr<TermMarker> Marker() { return MakeTermMarker(Characters()); }
+std::unique_ptr<TermMarker> Marker() { return MakeTermMarker(Characters(), EntryWriting::kByPosition); }
 
 word::ApplicationPtr Application(const word::ApplicationPtr& application) { return application; }
 
