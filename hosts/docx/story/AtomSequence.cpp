@@ -1,7 +1,6 @@
 #include "hosts/docx/story/AtomSequence.h"
 
 #include <algorithm>
-#include <bit>
 #include <cassert>
 #include <utility>
 
@@ -25,95 +24,69 @@ bool IsBookmark(const Atom& atom) {
   return atom.kind == AtomKind::kBookmarkStart || atom.kind == AtomKind::kBookmarkEnd;
 }
 
-template <typename Number>
-void Add(std::vector<Number>& tree, std::size_t index, Number amount) {
-  for (std::size_t i = index + 1; i < tree.size(); i += i & (~i + 1)) tree[i] += amount;
-}
+/// What a chunk holds, to be told of by Grew.
+struct Content {
+  Position units{0};
+  int begins{0};
+  int depth{0};
+};
 
-/// Sum of the first `count` values.
-template <typename Number>
-Number Sum(const std::vector<Number>& tree, std::size_t count) {
-  Number sum = 0;
-  for (std::size_t i = count; i > 0; i -= i & (~i + 1)) sum += tree[i];
-  return sum;
-}
-
-/// The index of the value within which the running sum passes `target`; `before` becomes the sum up to it.
-template <typename Number>
-std::size_t Descend(const std::vector<Number>& tree, Number target, Number& before) {
-  std::size_t index = 0;
-  before = 0;
-  for (std::size_t step = std::bit_floor(tree.size()); step > 0; step >>= 1) {
-    if (index + step < tree.size() && before + tree[index + step] <= target) {
-      index += step;
-      before += tree[index];
-    }
+Content ContentOf(const std::vector<Atom>& atoms) {
+  Content content;
+  for (const Atom& atom : atoms) {
+    content.units += static_cast<Position>(atom.length);
+    if (BeginsField(atom)) ++content.begins;
+    content.depth += DepthOf(atom);
   }
-  return index;
+  return content;
 }
 
 }  // namespace
 
 AtomSequence::AtomSequence() = default;
 
+AtomSequence::Chunk& AtomSequence::InsertChunk(std::size_t number) {
+  Forget();
+  numbered_ = std::min(numbered_, number);
+  lengths_.Insert(number, 0);
+  begins_.Insert(number, 0);
+  depths_.Insert(number, 0);
+  return **chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(number), std::make_unique<Chunk>());
+}
+
 AtomSequence::Place AtomSequence::Append(const Atom& atom, std::u16string_view text) {
   ++version_;
   if (chunks_.empty() || chunks_.back()->atoms.size() >= kFill) {
-    auto chunk = std::make_unique<Chunk>();
-    if (!chunks_.empty()) {
+    Chunk& chunk = InsertChunk(chunks_.size());
+    if (chunks_.size() > 1) {
       // Most are like the one before.
-      chunk->atoms.reserve(kFill);
-      chunk->text.reserve(chunks_.back()->text.size());
+      chunk.atoms.reserve(kFill);
+      chunk.text.reserve(chunks_[chunks_.size() - 2]->text.size());
     }
-    chunk->number = chunks_.size();
-    chunks_.push_back(std::move(chunk));
-    stale_ = true;
   }
   Chunk& chunk = *chunks_.back();
   chunk.atoms.push_back(atom);
   chunk.text += text;
-  if (BeginsField(atom)) ++chunk.fieldBegins;
-  chunk.fieldDepth += DepthOf(atom);
   if (IsBookmark(atom)) bookmarks_[atom.element] = &chunk;
   Forget();
   const Place place{chunks_.size() - 1, chunk.atoms.size() - 1, length_};
-  length_ += static_cast<Position>(text.size());
-  stale_ = true;
+  Grew(place.chunk, static_cast<Position>(text.size()), BeginsField(atom) ? 1 : 0, DepthOf(atom));
   return place;
 }
 
-void AtomSequence::Rebuild() const {
-  lengths_.assign(chunks_.size() + 1, 0);
-  begins_.assign(chunks_.size() + 1, 0);
-  depths_.assign(chunks_.size() + 1, 0);
-  for (std::size_t i = 0; i < chunks_.size(); ++i) {
-    lengths_[i + 1] += static_cast<Position>(chunks_[i]->text.size());
-    begins_[i + 1] += chunks_[i]->fieldBegins;
-    depths_[i + 1] += chunks_[i]->fieldDepth;
-    const std::size_t up = (i + 1) + ((i + 1) & (~(i + 1) + 1));
-    if (up <= chunks_.size()) {
-      lengths_[up] += lengths_[i + 1];
-      begins_[up] += begins_[i + 1];
-      depths_[up] += depths_[i + 1];
-    }
-  }
-  stale_ = false;
-}
-
-int AtomSequence::FieldBegins() const {
-  if (stale_) Rebuild();
-  return Sum(begins_, chunks_.size());
-}
-
 Position AtomSequence::StartOf(std::size_t chunk) const {
-  if (IsRemembered(chunk)) return hint_.chunkStart;
-  if (stale_) Rebuild();
-  return Sum(lengths_, chunk);
+  return IsRemembered(chunk) ? hint_.chunkStart : lengths_.Before(chunk);
 }
 
 std::size_t AtomSequence::ChunkAt(Position position, Position& start) const {
-  if (stale_) Rebuild();
-  return Descend(lengths_, position, start);
+  const std::size_t number = lengths_.Passing(position);
+  start = lengths_.Before(number);
+  return number;
+}
+
+std::size_t AtomSequence::NumberOf(const Chunk& chunk) const {
+  for (; numbered_ < chunks_.size(); ++numbered_) chunks_[numbered_]->number = numbered_;
+  return chunk.number;
 }
 
 AtomSequence::Place AtomSequence::End() const { return {chunks_.size(), 0, length_}; }
@@ -139,9 +112,8 @@ AtomSequence::Place AtomSequence::At(Position position) const {
 }
 
 void AtomSequence::Remember(const Place& place) const {
-  const Position start = IsEnd(place) || stale_ ? -1 : StartOf(place.chunk);
-  Forget();
-  if (start < 0) return;
+  if (IsEnd(place)) return Forget();
+  const Position start = StartOf(place.chunk);
   hint_ = {place, start, start + static_cast<Position>(chunks_[place.chunk]->text.size())};
 }
 
@@ -155,7 +127,8 @@ AtomSequence::Place AtomSequence::OfBookmark(XmlNode element) const {
   const auto found = bookmarks_.find(element.Data());
   assert(found != bookmarks_.end());
   const Chunk& chunk = *found->second;
-  Place place{chunk.number, 0, StartOf(chunk.number)};
+  const std::size_t number = NumberOf(chunk);
+  Place place{number, 0, StartOf(number)};
   while (chunk.atoms[place.atom].element != element.Data() || !IsBookmark(chunk.atoms[place.atom])) {
     place.start += static_cast<Position>(chunk.atoms[place.atom++].length);
   }
@@ -163,11 +136,10 @@ AtomSequence::Place AtomSequence::OfBookmark(XmlNode element) const {
 }
 
 AtomSequence::Place AtomSequence::OfFieldBegin(int n) const {
-  if (stale_) Rebuild();
-  int before = 0;
   Place place;
-  place.chunk = Descend(begins_, n, before);
+  place.chunk = begins_.Passing(n);
   place.start = StartOf(place.chunk);
+  int before = begins_.Before(place.chunk);
   const Chunk& chunk = *chunks_[place.chunk];
   while (true) {
     const Atom& atom = chunk.atoms[place.atom];
@@ -181,7 +153,7 @@ int AtomSequence::FieldBeginsBefore(Position position) const {
   if (position >= length_) return FieldBegins();
   Position start = 0;
   const std::size_t number = ChunkAt(position, start);
-  int count = Sum(begins_, number);
+  int count = begins_.Before(number);
   for (const Atom& atom : chunks_[number]->atoms) {
     if (start >= position) break;
     if (BeginsField(atom)) ++count;
@@ -191,11 +163,10 @@ int AtomSequence::FieldBeginsBefore(Position position) const {
 }
 
 int AtomSequence::FieldDepthBefore(Position position) const {
-  if (stale_) Rebuild();
-  if (position >= length_) return Sum(depths_, chunks_.size());
+  if (position >= length_) return depths_.Before(chunks_.size());
   Position start = 0;
   const std::size_t number = ChunkAt(position, start);
-  int depth = Sum(depths_, number);
+  int depth = depths_.Before(number);
   for (const Atom& atom : chunks_[number]->atoms) {
     if (start >= position) break;
     depth += DepthOf(atom);
@@ -207,51 +178,38 @@ int AtomSequence::FieldDepthBefore(Position position) const {
 void AtomSequence::Grew(std::size_t chunk, Position units, int begins, int depth) {
   length_ += units;
   if (!IsRemembered(chunk)) Forget();
-  if (stale_) return;
-  Add(lengths_, chunk, units);
-  if (begins != 0) Add(begins_, chunk, begins);
-  if (depth != 0) Add(depths_, chunk, depth);
-}
-
-void AtomSequence::RememberBookmarks(const Chunk& chunk) {
-  for (const Atom& atom : chunk.atoms) {
-    if (IsBookmark(atom)) bookmarks_[atom.element] = chunks_[chunk.number].get();
-  }
-}
-
-void AtomSequence::Renumber(std::size_t from) {
-  Forget();
-  for (std::size_t i = from; i < chunks_.size(); ++i) chunks_[i]->number = i;
-  stale_ = true;
+  lengths_.Add(chunk, units);
+  if (begins != 0) begins_.Add(chunk, begins);
+  if (depth != 0) depths_.Add(chunk, depth);
 }
 
 void AtomSequence::SplitWhenLarge(std::size_t number) {
   while (chunks_[number]->atoms.size() > kLargest) {
-    Chunk& chunk = *chunks_[number];
-    const std::size_t keep = chunk.atoms.size() - kFill;
-    auto second = std::make_unique<Chunk>();
-    second->atoms.assign(chunk.atoms.begin() + static_cast<std::ptrdiff_t>(keep), chunk.atoms.end());
-    chunk.atoms.resize(keep);
-    std::size_t units = 0;
-    for (const Atom& atom : second->atoms) {
-      units += atom.length;
-      if (BeginsField(atom)) ++second->fieldBegins;
-      second->fieldDepth += DepthOf(atom);
+    Chunk& second = InsertChunk(number + 1);
+    Chunk& first = *chunks_[number];
+    const std::size_t keep = first.atoms.size() - kFill;
+    second.atoms.assign(first.atoms.begin() + static_cast<std::ptrdiff_t>(keep), first.atoms.end());
+    first.atoms.resize(keep);
+    const Content moved = ContentOf(second.atoms);
+    const std::size_t kept = first.text.size() - static_cast<std::size_t>(moved.units);
+    second.text = first.text.substr(kept);
+    first.text.resize(kept);
+    Grew(number, -moved.units, -moved.begins, -moved.depth);
+    Grew(number + 1, moved.units, moved.begins, moved.depth);
+    for (const Atom& atom : second.atoms) {
+      if (IsBookmark(atom)) bookmarks_[atom.element] = &second;
     }
-    chunk.fieldBegins -= second->fieldBegins;
-    chunk.fieldDepth -= second->fieldDepth;
-    second->text = chunk.text.substr(chunk.text.size() - units);
-    chunk.text.resize(chunk.text.size() - units);
-    chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(number) + 1, std::move(second));
-    Renumber(number + 1);
-    RememberBookmarks(*chunks_[number + 1]);
   }
 }
 
 void AtomSequence::DropWhenEmpty(std::size_t number) {
   if (!chunks_[number]->atoms.empty()) return;
+  Forget();
+  numbered_ = std::min(numbered_, number);
   chunks_.erase(chunks_.begin() + static_cast<std::ptrdiff_t>(number));
-  Renumber(number);
+  lengths_.Remove(number);
+  begins_.Remove(number);
+  depths_.Remove(number);
 }
 
 AtomSequence::Place AtomSequence::Insert(const Place& before, const std::vector<Atom>& atoms,
@@ -259,10 +217,7 @@ AtomSequence::Place AtomSequence::Insert(const Place& before, const std::vector<
   ++version_;
   Place place = before;
   if (IsEnd(place)) {
-    if (chunks_.empty()) {
-      chunks_.push_back(std::make_unique<Chunk>());
-      Renumber(0);
-    }
+    if (chunks_.empty()) InsertChunk(0);
     place.chunk = chunks_.size() - 1;
     place.atom = chunks_.back()->atoms.size();
   }
@@ -270,16 +225,11 @@ AtomSequence::Place AtomSequence::Insert(const Place& before, const std::vector<
   const auto offset = static_cast<std::size_t>(place.start - StartOf(place.chunk));
   chunk.atoms.insert(chunk.atoms.begin() + static_cast<std::ptrdiff_t>(place.atom), atoms.begin(), atoms.end());
   chunk.text.insert(offset, text);
-  int begins = 0;
-  int depth = 0;
   for (const Atom& atom : atoms) {
-    if (BeginsField(atom)) ++begins;
-    depth += DepthOf(atom);
     if (IsBookmark(atom)) bookmarks_[atom.element] = &chunk;
   }
-  chunk.fieldBegins += begins;
-  chunk.fieldDepth += depth;
-  Grew(place.chunk, static_cast<Position>(text.size()), begins, depth);
+  const Content content = ContentOf(atoms);
+  Grew(place.chunk, content.units, content.begins, content.depth);
   SplitWhenLarge(place.chunk);
   while (place.atom >= chunks_[place.chunk]->atoms.size()) {
     place.atom -= chunks_[place.chunk]->atoms.size();
@@ -297,10 +247,7 @@ AtomSequence::Place AtomSequence::Remove(const Place& place) {
   chunk.text.erase(static_cast<std::size_t>(place.start - StartOf(place.chunk)), atom.length);
   chunk.atoms.erase(at);
   if (IsBookmark(atom)) bookmarks_.erase(atom.element);
-  const int begins = BeginsField(atom) ? 1 : 0;
-  chunk.fieldBegins -= begins;
-  chunk.fieldDepth -= DepthOf(atom);
-  Grew(place.chunk, -static_cast<Position>(atom.length), -begins, -DepthOf(atom));
+  Grew(place.chunk, -static_cast<Position>(atom.length), BeginsField(atom) ? -1 : 0, -DepthOf(atom));
   Place next = place;
   if (chunk.atoms.empty()) {
     DropWhenEmpty(place.chunk);

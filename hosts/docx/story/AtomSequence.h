@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "hosts/docx/story/Atom.h"
+#include "hosts/docx/story/RunningSums.h"
 #include "platform/word/Types.h"
 
 namespace docx {
@@ -23,9 +24,7 @@ class AtomSequence {
   struct Chunk {
     std::vector<Atom> atoms;
     std::u16string text;
-    std::size_t number{0};
-    int fieldBegins{0};
-    int fieldDepth{0};  ///< field begins less field ends
+    std::size_t number{0};  ///< its place among them, when NumberOf has said so
   };
 
   /// An atom's place. It is spoilt by the next insertion or removal.
@@ -42,7 +41,7 @@ class AtomSequence {
   Position Length() const { return length_; }
   /// Another number after every change: a place and a text that were taken before are spoilt.
   std::uint64_t Version() const { return version_; }
-  int FieldBegins() const;
+  int FieldBegins() const { return begins_.Before(chunks_.size()); }
   /// While building: adds at the end. @return the atom's place
   Place Append(const Atom& atom, std::u16string_view text);
 
@@ -103,22 +102,22 @@ class AtomSequence {
 
  private:
   std::size_t ChunkAt(Position position, Position& start) const;
+  std::size_t NumberOf(const Chunk& chunk) const;
   Position StartOf(std::size_t chunk) const;
   void Grew(std::size_t chunk, Position units, int begins, int depth);
+  /// Makes a chunk whose content is told of by Grew.
+  Chunk& InsertChunk(std::size_t number);
   void SplitWhenLarge(std::size_t chunk);
   void DropWhenEmpty(std::size_t chunk);
-  void Renumber(std::size_t from);
-  void RememberBookmarks(const Chunk& chunk);
 
   std::vector<std::unique_ptr<Chunk>> chunks_;
+  mutable std::size_t numbered_{0};  ///< so many have their right numbers
   Position length_{0};
   std::uint64_t version_{0};
-  // Fenwick trees over the chunks' lengths, field begins and depths, rebuilt when chunks come or go.
-  mutable std::vector<Position> lengths_;
-  mutable std::vector<int> begins_;
-  mutable std::vector<int> depths_;
-  mutable bool stale_{true};
-  void Rebuild() const;
+  // Of each chunk.
+  RunningSums<Position> lengths_;
+  RunningSums<int> begins_;
+  RunningSums<int> depths_;
   std::unordered_map<const XmlNodeData*, Chunk*> bookmarks_;
 
   /// Where the last look-up or edit was: the next one is mostly near it.
