@@ -148,11 +148,9 @@ void CappedPhrases::TakeQuoted(Span inside) {
   inside.end = std::max(inside.end, word->end);
   quoted_.push_back(inside);
   if (inside.end == word->end) return;
-  std::vector<std::u16string>& phrases = known_[std::u16string(Text(*word))];
-  if (std::find(phrases.begin(), phrases.end(), text) != phrases.end()) return;
-  const auto shorter = std::find_if(phrases.begin(), phrases.end(),
-                                    [&](const std::u16string& phrase) { return phrase.size() < text.size(); });
-  phrases.emplace(shorter, text);
+  KnownPhrases& phrases = known_[std::u16string(Text(*word))];
+  phrases.texts.emplace(text);
+  phrases.lengths.insert(text.size());
 }
 
 std::size_t CappedPhrases::QuotedEnd(std::size_t begin) const {
@@ -165,14 +163,11 @@ std::size_t CappedPhrases::KnownEnd(const Word& word) const {
   const auto phrases = known_.find(Text(word));
   if (phrases == known_.end()) return 0;
   const std::u16string_view rest = std::u16string_view(line_).substr(word.begin);
-  for (const std::u16string& phrase : phrases->second) {
-    // Most differ in length or at their ends: they begin with the same word.
-    if (phrase.size() <= rest.size() && rest[phrase.size() - 1] == phrase.back() && rest.starts_with(phrase) &&
-        !IsLetterAt(word.begin + phrase.size())) {
-      return word.begin + phrase.size();
-    }
-  }
-  return 0;
+  const auto& [texts, lengths] = phrases->second;
+  const auto longest = std::find_if(lengths.begin(), lengths.end(), [&, &known = texts](std::size_t length) {
+    return length <= rest.size() && !IsLetterAt(word.begin + length) && known.contains(rest.substr(0, length));
+  });
+  return longest == lengths.end() ? 0 : word.begin + *longest;
 }
 
 std::size_t CappedPhrases::PhraseEnd(std::size_t first) const {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,6 +44,11 @@ class CappedPhrases {
     bool digits{false};  ///< holds one
   };
 
+  struct KnownPhrases {
+    TextSet texts;
+    std::set<std::size_t, std::greater<>> lengths;  ///< those that occur among them
+  };
+
   void Append(std::u16string_view piece);
   void EndLine();
   Word WholeWord(Span hit) const;
@@ -74,6 +80,6 @@ class CappedPhrases {
   std::vector<Span> hits_;
   std::vector<Word> words_;
   std::vector<Span> quoted_;
-  /// Phrases that stood in quotes, by their first word, longer ones first.
-  TextMap<std::vector<std::u16string>> known_;
+  /// Phrases that stood in quotes, by their first word.
+  TextMap<KnownPhrases> known_;
 };

@@ -8,7 +8,8 @@
 #include "platform/word/Options.h"
 #include "platform/word/Range.h"
 
-#include <algorithm>
+#include <cstddef>
+#include <unordered_set>
 #include <utility>
 
 namespace {
@@ -47,10 +48,11 @@ FoundTerms ScanStory(const TermSearch& search, const word::RangePtr& story, std:
 FoundTerms Merge(FoundTerms found, const FoundTerms& story) {
   std::size_t next = found.size() > 1 ? found.size() : (found.front().empty() ? 0 : 1);
   found.resize(next + story.size());
+  std::unordered_set<std::u16string_view> seen(found.begin(), found.begin() + static_cast<std::ptrdiff_t>(next));
   for (const std::u16string& term : story) {
     if (term.empty()) continue;
     // One term that an earlier story gave ends this story's contribution, on purpose.
-    if (std::find(found.begin(), found.end(), term) != found.end()) break;
+    if (!seen.insert(term).second) break;
     found[next++] = term;
   }
   while (found.size() > 1 && found.back().empty()) found.pop_back();

@@ -65,9 +65,15 @@ void KvxTermMarker::WriteEntries() {
 void KvxTermMarker::AddTerm(const word::RangePtr& range, std::vector<std::u16string>& terms) {
   std::u16string text = range->Text();
   if (terms.empty()) terms.emplace_back();
-  if (std::find(terms.begin(), terms.end(), text) != terms.end()) return;
-  terms.back() = std::move(text);
+  const std::size_t last = terms.size() - 1;
+  const bool goesOn =
+      last > 0 && last == added_.size() && terms.front() == firstAdded_ && terms[last - 1] == lastAdded_;
+  if (!goesOn) added_ = {terms.begin(), terms.begin() + static_cast<std::ptrdiff_t>(last)};
+  if (text.empty() || !added_.insert(text).second) return;
+  terms.back() = text;
   terms.emplace_back();
+  firstAdded_ = terms.front();
+  lastAdded_ = std::move(text);
 }
 
 // Marking reads quotes of every style alike, so nothing here hangs on the option itself.

@@ -7,6 +7,8 @@
 #include "platform/os/Characters.h"
 
 #include <optional>
+#include <string>
+#include <unordered_set>
 
 namespace marker {
 
@@ -44,6 +46,10 @@ class KvxTermMarker : public TermMarker {
                           const HighlightRecord& record);
 
   Letters letters_;
+  // What stands in the array that AddTerm filled last: it is known by its length and by the first and the last of it.
+  std::unordered_set<std::u16string> added_;
+  std::u16string firstAdded_;
+  std::u16string lastAdded_;
   EntryWriting writing_;
   std::optional<MarkingRun> run_;  ///< between BeginIndexing and EndIndexing
 };

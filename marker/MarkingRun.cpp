@@ -26,6 +26,7 @@ void MarkingRun::AddForm(std::u16string_view text, std::u16string_view entryText
   FormKey key{text, entryText};
   if (formNumbers_.contains(key)) return;
   WriteEntries();
+  formsOf_[std::u16string(entryText.empty() ? text : entryText)].push_back(forms_.size());
   formNumbers_.emplace(std::move(key), forms_.size());
   forms_.push_back({PlainTerm(text), matchCase});
   matcher_.reset();
@@ -40,6 +41,7 @@ void MarkingRun::SettleForms(const Request& request) {
   WriteEntries();
   forms_.clear();
   formNumbers_.clear();
+  formsOf_.clear();
   allCaps_ = request.allCaps;
   if (isTerm) matchCase_ = request.matchCase;
   for (const std::u16string& term : chosen_) AddForm(term, {}, matchCase_);
@@ -134,12 +136,11 @@ void MarkingRun::WriteEntries() {
 }
 
 std::optional<std::int32_t> MarkingRun::Found(std::u16string_view term) const {
-  std::optional<std::int32_t> found;
-  for (const auto& [key, form] : formNumbers_) {
-    const auto& [text, entryText] = key;
-    if ((entryText.empty() ? text : entryText) != term) continue;
-    if (!found) found = 0;
-    for (const auto& [storyType, marks] : stories_) *found += static_cast<std::int32_t>(marks.Of(form).size());
+  const auto forms = formsOf_.find(std::u16string(term));
+  if (forms == formsOf_.end()) return std::nullopt;
+  std::int32_t found = 0;
+  for (const std::size_t form : forms->second) {
+    for (const auto& [storyType, marks] : stories_) found += static_cast<std::int32_t>(marks.Of(form).size());
   }
   return found;
 }

@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -73,6 +74,7 @@ class MarkingRun {
   bool allCaps_{false};
   std::vector<Form> forms_;
   std::map<FormKey, std::size_t> formNumbers_;
+  std::unordered_map<std::u16string, std::vector<std::size_t>> formsOf_;  ///< by what they are indexed under
   std::optional<TermMatcher> matcher_;
   std::map<int, StoryMarks> stories_;
   HighlightRecord record_;

@@ -48,6 +48,8 @@ class Limits(program.Case):
         (self.folder / "large.docx").write_bytes(package(body(paragraphs)))
         found = self.check("terms", "large.docx").out
         self.assertEqual(len(found.splitlines()), 20_000)
+        report = self.report("index", "large.docx", "-o", "out.docx", "--pages", "file")
+        self.assertEqual({term["count"] for term in report["terms"]}, {2})
 
     def test_a_paragraph_of_100_000_runs_is_none_too_long(self):
         runs = "<w:r><w:t xml:space=\"preserve\">“Buyer” is the Buyer, </w:t></w:r>" + "<w:r><w:t xml:space=\"preserve\">a </w:t></w:r>" * 100_000

@@ -83,6 +83,22 @@ TEST_F(TermMarkerTest, AddTermLeavesOutATextThatStandsThereAlready) {
   EXPECT_EQ(terms, (Terms{u"Lender", u"lender", u""}));
 }
 
+TEST_F(TermMarkerTest, AddTermGoesByTheArrayThatItIsGiven) {
+  Open(u"Lender Buyer Note");
+  const word::RangePtr lender = document_->Range(0, 6);
+  const word::RangePtr buyer = document_->Range(7, 12);
+  Terms first{u""};
+  marker_->AddTerm(lender, first);
+  marker_->AddTerm(buyer, first);
+  Terms second{u"Note", u""};
+  marker_->AddTerm(buyer, second);
+  marker_->AddTerm(lender, second);
+  EXPECT_EQ(second, (Terms{u"Note", u"Buyer", u"Lender", u""}));
+  marker_->AddTerm(document_->Range(13, 17), first);
+  marker_->AddTerm(lender, first);
+  EXPECT_EQ(first, (Terms{u"Lender", u"Buyer", u"Note", u""}));
+}
+
 TEST_F(TermMarkerTest, AddTermLeavesOutAnEmptyText) {
   Open(u"\"\"");
   Terms terms{u""};
