@@ -497,6 +497,10 @@ void BlockReader::ReadRows(XmlNode parent, bool deleted, const SheetStyle* style
         row.exact = std::string_view(part_.Attribute(height, "hRule").Value()) == "exact";
         row.cannotSplit = OnOffOf(part_, part_.Child(properties, "cantSplit")).value_or(false);
         row.header = OnOffOf(part_, part_.Child(properties, "tblHeader")).value_or(false);
+        // Half of it is kept on each side of a cell.
+        XmlNode spacing = part_.Child(properties, "tblCellSpacing");
+        if (!spacing) spacing = part_.Child(tblPr, "tblCellSpacing");
+        row.gap = 2 * std::max(0, TwipsOf(part_, spacing, "w").value_or(0));
         const int index = static_cast<int>(table.rows.size());
         std::vector<const char*> places;
         const bool first = look.firstRow && index == 0;

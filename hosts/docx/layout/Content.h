@@ -132,6 +132,7 @@ struct Row {
   bool header{false};
   double topBorder{0};  ///< the width of the widest of its cells' borders
   double bottomBorder{0};
+  double gap{0};  ///< between its cells, and around them; their borders do not meet then
   Position start{0};
 };
 

@@ -93,10 +93,13 @@ void DocumentLayout::DescribeFonts() {
   const XmlPart* table = parts_.Related(kFontTable);
   if (table == nullptr) return;
   for (const XmlNode font : table->Root().Children(table->Name("font"))) {
-    fonts_.Describe(
-        table->Attribute(font, "name").Value(),
-        ClassOf(ValueOf(*table, table->Child(font, "family")), ValueOf(*table, table->Child(font, "pitch"))),
-        ValueOf(*table, table->Child(font, "altName")));
+    FontLibrary::Description description;
+    description.kind =
+        ClassOf(ValueOf(*table, table->Child(font, "family")), ValueOf(*table, table->Child(font, "pitch")));
+    description.otherName = ValueOf(*table, table->Child(font, "altName"));
+    // Word knows the classification of the fonts that it has; for one that it lacked it notes what it took instead.
+    description.replaced = !description.otherName.empty() && !table->Child(font, "panose1");
+    fonts_.Describe(table->Attribute(font, "name").Value(), std::move(description));
   }
 }
 

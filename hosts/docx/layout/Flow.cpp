@@ -96,18 +96,22 @@ double Flow::Height() const {
   return height;
 }
 
-double RowFlow::Height() const {
-  double height = 0;
+double RowFlow::Reach(bool margins) const {
+  double reach = 0;
   for (const CellFlow& cell : cells) {
-    double content = cell.top + cell.bottom + cell.flow.after;
+    double content = cell.top + (margins ? cell.bottom + cell.flow.after : 0);
     for (std::size_t i = cell.next; i < cell.flow.items.size(); ++i) {
       const FlowItem& item = cell.flow.items[i];
       content += item.height + (i == cell.next && cell.next > 0 ? 0 : item.before);
     }
-    height = std::max(height, content);
+    reach = std::max(reach, content);
   }
-  return exact ? least : std::max(height + border, least);
+  return exact ? least : std::max(reach + border + (margins ? below : 0), least);
 }
+
+double RowFlow::Height() const { return Reach(true); }
+
+double RowFlow::Spare() const { return cannotSplit ? 0 : Reach(true) - Reach(false); }
 
 Flow FlowBuilder::Build(const std::vector<Block>& blocks, double width, bool inCell) {
   Flow flow;

@@ -82,7 +82,11 @@ struct RowFlow {
   /// Lines of vertically merged cells that come to stand beside this row and take no room of their own.
   std::vector<FlowItem> beside;
   double least{0};
-  double border{0};
+  double stated{0};  ///< of the height, what the row asks for; 0 for one that goes on from the page before
+  double border{0};  ///< above, with the gap between cells
+  double below{0};   ///< the same below
+  double gapAbove{0};
+  double gapBelow{0};
   bool exact{false};
   bool cannotSplit{false};
   const Table* table{nullptr};
@@ -90,6 +94,11 @@ struct RowFlow {
   double left{0};         ///< of the table's edge, from the flow's
 
   double Height() const;
+  /// How much of it may lie beyond the end of a page: nothing but lower margins, with all lines on the page.
+  double Spare() const;
+
+ private:
+  double Reach(bool margins) const;
 };
 
 /// Settings of the document that decide about spaces.
@@ -122,7 +131,7 @@ class FlowBuilder {
   void AddTable(const Table& table, double width, Before& before, Flow& flow);
   /// @param all of the table's columns
   double TableLeft(const Table& table, double all, double width) const;
-  std::unique_ptr<RowFlow> BuildRow(const Row& row, const std::vector<double>& edges, double border);
+  std::unique_ptr<RowFlow> BuildRow(const Row& row, const std::vector<double>& edges);
 
   LineMaker& lines_;
   FlowSettings settings_;

@@ -77,6 +77,8 @@ const Table& Known() {
     known["constantia"] = serif(1.06, {0.952, 0.269, 0});
     known["consolas"] = mono(0.916, {0.919, 0.251, 0});
     known["lucida console"] = mono(1.004, {0.789, 0.211, 0});
+    for (const char* name : {"traditional arabic", "simplified arabic"})
+      known[name] = {{"DejaVu Sans", 0.55, {1.1, 0.45, 0}}};
     known["symbol"] = serif(1.1, {1.005, 0.22, 0});
     known["wingdings"] = sans(1.5, {0.899, 0.211, 0});
     known["wingdings 2"] = known["wingdings 3"] = known["webdings"] = known["wingdings"];

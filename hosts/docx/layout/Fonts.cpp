@@ -52,6 +52,10 @@ struct Font::File {
 
 namespace {
 
+/// What is taken for letters that a font lacks here, and how wide the letters of text fonts are in comparison to it.
+constexpr const char* kForOthers = "DejaVu Sans";
+constexpr double kOthersFactor = 0.85;
+
 /// What a character takes in a font that nobody has seen.
 double Estimate(char32_t character) {
   const auto c = static_cast<UChar32>(character);
@@ -74,8 +78,13 @@ bool TakesNoRoom(char32_t character) {
 
 }  // namespace
 
-Font::Font(Names names, std::shared_ptr<File> file, double widthFactor, LineMetrics line)
-    : names_(std::move(names)), file_(std::move(file)), widthFactor_(widthFactor), line_(line) {
+Font::Font(Names names, std::shared_ptr<File> file, std::shared_ptr<File> forOthers, double widthFactor,
+           LineMetrics line)
+    : names_(std::move(names)),
+      file_(std::move(file)),
+      forOthers_(std::move(forOthers)),
+      widthFactor_(widthFactor),
+      line_(line) {
   if (line_.Height() <= 0 && file_) line_ = file_->Line();
   if (line_.Height() <= 0) line_ = {0.9, 0.25, 0};
   direct_.fill(-1);
@@ -94,33 +103,49 @@ double Font::Advance(char32_t character) const {
   return known->second;
 }
 
+const Font::File* Font::FileFor(char32_t character, double& factor) const {
+  hb_codepoint_t glyph = 0;
+  factor = widthFactor_;
+  if (file_ && hb_font_get_nominal_glyph(file_->font, character, &glyph)) return file_.get();
+  factor = kOthersFactor;
+  if (forOthers_ && hb_font_get_nominal_glyph(forOthers_->font, character, &glyph)) return forOthers_.get();
+  return nullptr;
+}
+
 double Font::Measure(char32_t character) const {
   if (TakesNoRoom(character)) return 0;
+  double factor = 1;
+  const File* file = FileFor(character, factor);
+  if (file == nullptr) return Estimate(character);
   hb_codepoint_t glyph = 0;
-  if (!file_ || !hb_font_get_nominal_glyph(file_->font, character, &glyph)) return Estimate(character);
-  return hb_font_get_glyph_h_advance(file_->font, glyph) / file_->unitsPerEm * widthFactor_;
+  hb_font_get_nominal_glyph(file->font, character, &glyph);
+  return hb_font_get_glyph_h_advance(file->font, glyph) / file->unitsPerEm * factor;
 }
 
 double Font::ShapedAdvance(std::u16string_view text, bool rightToLeft) const {
   double width = 0;
-  if (!file_) {
+  // A word is taken from one font as a whole, the one that has its first letter.
+  const auto letter = std::ranges::find_if(text, [](char16_t c) { return u_isalpha(c) != 0; });
+  double factor = 1;
+  const File* file = FileFor(letter == text.end() ? text.front() : *letter, factor);
+  if (file == nullptr) {
     for (const char16_t unit : text) width += Estimate(unit);
     return width;
   }
-  hb_buffer_t* buffer = file_->buffer;
+  hb_buffer_t* buffer = file->buffer;
   hb_buffer_reset(buffer);
   hb_buffer_add_utf16(buffer, reinterpret_cast<const std::uint16_t*>(text.data()), static_cast<int>(text.size()), 0,
                       static_cast<int>(text.size()));
   hb_buffer_guess_segment_properties(buffer);
   if (rightToLeft) hb_buffer_set_direction(buffer, HB_DIRECTION_RTL);
-  hb_shape(file_->font, buffer, nullptr, 0);
+  hb_shape(file->font, buffer, nullptr, 0);
   unsigned count = 0;
   const hb_glyph_info_t* glyphs = hb_buffer_get_glyph_infos(buffer, &count);
   const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(buffer, &count);
   for (unsigned i = 0; i < count; ++i) {
     // The cluster tells which character a missing glyph stands for.
     width += glyphs[i].codepoint == 0 ? Estimate(text[std::min<std::size_t>(glyphs[i].cluster, text.size() - 1)])
-                                      : positions[i].x_advance / file_->unitsPerEm * widthFactor_;
+                                      : positions[i].x_advance / file->unitsPerEm * factor;
   }
   return width;
 }
@@ -129,8 +154,8 @@ FontLibrary::FontLibrary() { FcInit(); }
 
 FontLibrary::~FontLibrary() = default;
 
-void FontLibrary::Describe(std::string_view family, FontClass kind, std::string_view otherName) {
-  descriptions_[FoldFontName(family)] = {kind, std::string(otherName)};
+void FontLibrary::Describe(std::string_view family, Description description) {
+  descriptions_[FoldFontName(family)] = std::move(description);
 }
 
 int FontLibrary::Family(std::string_view name) {
@@ -147,10 +172,12 @@ const Font& FontLibrary::Get(int family, bool bold, bool italic) {
 }
 
 std::unique_ptr<Font> FontLibrary::Make(const std::string& wanted, bool bold, bool italic) {
+  const std::shared_ptr<Font::File> forOthers = Open(kForOthers, bold, italic);
   const auto found = [&](const std::string& family, double widthFactor, LineMetrics line) -> std::unique_ptr<Font> {
     std::shared_ptr<Font::File> file = Open(family, bold, italic);
     if (!file) return nullptr;
-    return std::make_unique<Font>(Font::Names{wanted, family, bold, italic}, std::move(file), widthFactor, line);
+    return std::make_unique<Font>(Font::Names{wanted, family, bold, italic}, std::move(file), forOthers, widthFactor,
+                                  line);
   };
   const auto firstOf = [&](std::span<const StandIn> standIns) -> std::unique_ptr<Font> {
     for (const StandIn& standIn : standIns) {
@@ -158,17 +185,23 @@ std::unique_ptr<Font> FontLibrary::Make(const std::string& wanted, bool bold, bo
     }
     return nullptr;
   };
-  if (auto font = found(wanted, 1, {})) return font;
-  if (auto font = firstOf(StandInsFor(wanted))) return font;
+  const auto named = [&](const std::string& name) {
+    auto font = found(name, 1, {});
+    return font ? std::move(font) : firstOf(StandInsFor(name));
+  };
   const auto described = descriptions_.find(wanted);
   const Description description = described == descriptions_.end() ? Description{} : described->second;
-  if (!description.otherName.empty()) {
-    const std::string other = FoldFontName(description.otherName);
-    if (auto font = found(other, 1, {})) return font;
-    if (auto font = firstOf(StandInsFor(other))) return font;
+  const std::string other = FoldFontName(description.otherName);
+  if (auto font = found(wanted, 1, {})) return font;
+  if (description.replaced) {
+    if (auto font = named(other)) return font;
+  }
+  if (auto font = firstOf(StandInsFor(wanted))) return font;
+  if (!other.empty()) {
+    if (auto font = named(other)) return font;
   }
   if (auto font = firstOf(StandInsFor(description.kind))) return font;
-  return std::make_unique<Font>(Font::Names{wanted, wanted, bold, italic}, nullptr, 1, LineMetrics{});
+  return std::make_unique<Font>(Font::Names{wanted, wanted, bold, italic}, nullptr, forOthers, 1, LineMetrics{});
 }
 
 std::shared_ptr<Font::File> FontLibrary::Open(const std::string& family, bool bold, bool italic) {

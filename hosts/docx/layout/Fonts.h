@@ -28,7 +28,8 @@ class Font {
   };
 
   /// @param file nullptr when nothing that could stand in is installed: widths are estimated then
-  Font(Names names, std::shared_ptr<File> file, double widthFactor, LineMetrics line);
+  /// @param forOthers what characters are taken from that the file lacks; may be nullptr
+  Font(Names names, std::shared_ptr<File> file, std::shared_ptr<File> forOthers, double widthFactor, LineMetrics line);
   ~Font();
   Font(const Font&) = delete;
   Font& operator=(const Font&) = delete;
@@ -44,9 +45,12 @@ class Font {
 
  private:
   double Measure(char32_t character) const;
+  /// That has a character, and how wide the font's own would be in comparison to it; nullptr for none.
+  const File* FileFor(char32_t character, double& factor) const;
 
   Names names_;
   std::shared_ptr<File> file_;
+  std::shared_ptr<File> forOthers_;
   double widthFactor_;
   LineMetrics line_;
   static constexpr std::size_t kDirect = 0x250;
@@ -63,17 +67,17 @@ class FontLibrary {
   FontLibrary& operator=(const FontLibrary&) = delete;
 
   /// What a document says of a family, should nobody know it.
-  void Describe(std::string_view family, FontClass kind, std::string_view otherName);
+  struct Description {
+    FontClass kind{FontClass::kSwiss};
+    std::string otherName;  ///< empty for none
+    bool replaced{false};   ///< Word did not have the family, and took the other one
+  };
+  void Describe(std::string_view family, Description description);
   /// A number for a family name; equal for names that differ in ASCII case only.
   int Family(std::string_view name);
   const Font& Get(int family, bool bold, bool italic);
 
  private:
-  struct Description {
-    FontClass kind{FontClass::kSwiss};
-    std::string otherName;
-  };
-
   std::unique_ptr<Font> Make(const std::string& wanted, bool bold, bool italic);
   std::shared_ptr<Font::File> Open(const std::string& family, bool bold, bool italic);
 

@@ -133,7 +133,8 @@ PageFiller::Fit PageFiller::FitColumn(const std::vector<FlowItem>& items, std::s
     const NoteRoom own = RoomOfNotes(item);
     const double separator = own.height > 0 && notes <= 0 && pageNotes_ <= 0 ? options_.noteSeparator : 0;
     const double rest = height - used - space - item.height - notes;
-    if (rest + kSlack < 0 && !(item.sectionMark && i > begin)) {
+    const double spare = item.row && rest + kSlack < 0 ? item.row->Spare() : 0;
+    if (rest + spare + kSlack < 0 && !(item.sectionMark && i > begin)) {
       if (item.row && i >= begin) {
         fit.room = height - used - space - notes - separator;
         fit.divides = DivideRow(*item.row, fit.room, i == begin, {}, nullptr);
@@ -317,7 +318,7 @@ void PageFiller::PlaceRow(const RowFlow& row, double height, Spot spot, Content&
     double lowered = 0;
     if (cell.cell != nullptr && cell.cell->lowered > 0 && cell.next == 0) {
       const double used = cell.top + cell.bottom + cell.flow.Height();
-      lowered = std::max(0.0, height - row.border - used) * cell.cell->lowered;
+      lowered = std::max(0.0, height - row.border - row.below - used) * cell.cell->lowered;
     }
     const double deepest = row.exact ? spot.top + height : 0;
     Spot inside = spot;
@@ -331,8 +332,8 @@ void PageFiller::PlaceRow(const RowFlow& row, double height, Spot spot, Content&
 void PageFiller::PlaceBoxes(const RowFlow& row, double height, Spot spot, Content& placed) const {
   for (const CellFlow& cell : row.cells) {
     if (cell.cell == nullptr) continue;
-    placed.cells.push_back(
-        {page_, row.table, row.number, cell.cell, spot.left + cell.left, spot.top, cell.width, height});
+    placed.cells.push_back({page_, row.table, row.number, cell.cell, spot.left + cell.left, spot.top + row.gapAbove,
+                            cell.width, std::max(0.0, height - row.gapAbove - row.gapBelow)});
   }
 }
 
@@ -363,7 +364,9 @@ void PageFiller::PlaceHeaders(const std::vector<FlowItem>& items, std::size_t be
 }
 
 bool PageFiller::DivideRow(RowFlow& row, double room, bool whatever, Spot spot, Content* placed) {
-  if (row.exact || (row.cannotSplit && !whatever)) return false;
+  // A row begins where the height that it asks for has room.
+  const bool stays = row.cannotSplit || row.stated > room + kSlack;
+  if (row.exact || (stays && !whatever)) return false;
   std::vector<std::size_t> ends;
   bool rest = false;
   bool some = false;
@@ -420,6 +423,7 @@ bool PageFiller::DivideRow(RowFlow& row, double room, bool whatever, Spot spot, 
   for (const FlowItem& beside : row.beside) Place(beside, spot, *placed);
   row.beside.clear();
   row.least = std::max(0.0, row.least - room);
+  row.stated = 0;
   return true;
 }
 

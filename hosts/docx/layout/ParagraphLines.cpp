@@ -17,7 +17,10 @@ constexpr double kSlack = 0.5;  // twips that a line may be too long for reasons
 constexpr double kShrunk = 0.24;
 constexpr double kSmallCapsSize = 0.8;
 constexpr double kExactBaseline = 0.8;  // of a line of stated height
-constexpr double kNarrowest = 20;       // twips: a column that is less still takes its text
+/// From this version of Word on, as it numbers itself, a paragraph's mark does not count for the height of a line of
+/// text.
+constexpr int kMarkApart = 15;
+constexpr double kNarrowest = 20;  // twips: a column that is less still takes its text
 
 bool IsComplexScript(char16_t c) {
   return (c >= 0x0590 && c < 0x0900) || (c >= 0x0900 && c < 0x1100) || (c >= 0x1780 && c < 0x1800) ||
@@ -247,6 +250,7 @@ void LineMaker::SetHeight(const Paragraph& paragraph, bool first, bool last, Lin
     return;
   }
   Extent extent;
+  double picture = 0;
   const Piece* seen = nullptr;
   Script script = Script::kAscii;
   for (std::size_t i = line.from; i < line.to; ++i) {
@@ -254,28 +258,31 @@ void LineMaker::SetHeight(const Paragraph& paragraph, bool first, bool last, Lin
     if (&piece == seen && scripts_[i] == script) continue;
     seen = &piece;
     script = scripts_[i];
-    if (piece.kind == PieceKind::kObject) {
-      extent.ascent = std::max(extent.ascent, static_cast<double>(piece.height));
-    }
+    if (piece.kind == PieceKind::kObject) picture = std::max(picture, static_cast<double>(piece.height));
     Include(extent, *piece.style, script);
   }
-  if (last || line.from == line.to) Include(extent, *paragraph.mark, Script::kAscii);
+  const bool markCounts = last && settings_.compatibility < kMarkApart;
+  if (markCounts || line.from == line.to) Include(extent, *paragraph.mark, Script::kAscii);
   if (first && paragraph.labelStyle != nullptr) {
     Include(extent, *paragraph.labelStyle,
             paragraph.label.empty() ? Script::kAscii : ScriptOf(paragraph.label.front(), *paragraph.labelStyle));
   }
-  const double own = extent.ascent + extent.descent;
+  // Word counts heights in whole twips.
+  const double text = std::round(extent.ascent + extent.descent);
+  const double own = std::round(std::max(extent.ascent, picture) + extent.descent);
   line.height = own;
-  line.baseline = extent.ascent;
+  line.baseline = std::max(extent.ascent, picture);
   if (settings_.gridPitch > 0 && *format.snapToGrid && *format.lineRule == LineRule::kAuto) {
     line.height = std::ceil(own / settings_.gridPitch - 0.01) * settings_.gridPitch;
     line.baseline += (line.height - own) / 2;
   }
   if (*format.lineRule == LineRule::kAuto) {
-    const double wanted = *format.line > 0 ? line.height * *format.line / 240 : line.height;
+    // Of a line with a picture only the text's share is multiplied.
+    const double multiplied = picture > 0 ? text : line.height;
+    const double more = *format.line > 0 ? multiplied * (*format.line / 240.0 - 1) : 0;
     // Room that a line is given stands below it; what is taken from it, above.
-    line.baseline += std::min(0.0, wanted - line.height);
-    line.height = wanted;
+    line.baseline += std::min(0.0, more);
+    line.height = std::floor(line.height + more);
   } else if (*format.line > line.height) {
     line.baseline += *format.line - line.height;
     line.height = *format.line;

@@ -23,15 +23,12 @@ double EdgeAt(const std::vector<double>& edges, int column) {
   return edges[std::min(static_cast<std::size_t>(column), edges.size() - 1)];
 }
 
-/// What the first paragraph of a row says about staying with the next one.
+/// What the first paragraphs of a row's cells say about staying with the next one.
 bool KeepsWithNext(const Row& row) {
-  for (const Cell& cell : row.cells) {
-    for (const Block& block : cell.blocks) {
-      const Paragraph* paragraph = block.AsParagraph();
-      return paragraph != nullptr && *paragraph->look.format.keepNext;
-    }
-  }
-  return false;
+  return std::ranges::any_of(row.cells, [](const Cell& cell) {
+    const Paragraph* paragraph = cell.blocks.empty() ? nullptr : cell.blocks.front().AsParagraph();
+    return paragraph != nullptr && *paragraph->look.format.keepNext;
+  });
 }
 
 /// A merged cell that has not reached its last row.
@@ -109,19 +106,20 @@ double FlowBuilder::TableLeft(const Table& table, double all, double width) cons
   return table.indent - (byText ? first.cells.front().left : 0);
 }
 
-std::unique_ptr<RowFlow> FlowBuilder::BuildRow(const Row& row, const std::vector<double>& edges, double border) {
+std::unique_ptr<RowFlow> FlowBuilder::BuildRow(const Row& row, const std::vector<double>& edges) {
   auto built = std::make_unique<RowFlow>();
-  built->least = row.height;
+  built->least = built->stated = row.height;
   built->exact = row.exact && row.height > 0;
   built->cannotSplit = row.cannotSplit;
-  built->border = border;
   for (const Cell& cell : row.cells) {
     CellFlow flow;
     flow.top = cell.top;
     flow.bottom = cell.bottom;
     flow.cell = &cell;
-    flow.left = EdgeAt(edges, cell.column);
-    flow.width = EdgeAt(edges, cell.column + cell.span) - flow.left;
+    // Of the gap each of two neighbours gives a half.
+    flow.left = EdgeAt(edges, cell.column) + (&cell == &row.cells.front() ? row.gap : row.gap / 2);
+    flow.width =
+        EdgeAt(edges, cell.column + cell.span) - flow.left - (&cell == &row.cells.back() ? row.gap : row.gap / 2);
     flow.textLeft = flow.left + cell.left;
     const double width = std::max(flow.width - cell.left - cell.right, kLeastCellWidth);
     // Text that runs up or down has the row's height for its lines; without one it does not make the row higher.
@@ -159,9 +157,17 @@ void FlowBuilder::AddTable(const Table& table, double width, Before& before, Flo
     const Row& row = table.rows[r];
     const bool last = r + 1 == table.rows.size();
     FlowItem item;
-    // Of the two borders that meet between rows the wider one shows.
-    const double above = std::max(row.topBorder, r > 0 ? table.rows[r - 1].bottomBorder : 0);
-    item.row = BuildRow(row, edges, above + (last ? row.bottomBorder : 0));
+    item.row = BuildRow(row, edges);
+    if (row.gap > 0) {
+      item.row->gapAbove = row.gap;
+      item.row->gapBelow = last ? row.gap : 0;
+      item.row->border = row.gap + row.topBorder;
+      item.row->below = row.bottomBorder + item.row->gapBelow;
+    } else {
+      // Of the two borders that meet between rows the wider one shows.
+      item.row->border = std::max(row.topBorder, r > 0 ? table.rows[r - 1].bottomBorder : 0);
+      item.row->below = last ? row.bottomBorder : 0;
+    }
     item.position = row.start;
     item.row->table = &table;
     item.row->number = r;

@@ -67,6 +67,28 @@ TEST(LayoutFormats, ComeFromTheTablesStyleInCells) {
   EXPECT_DOUBLE_EQ(second(table("1", Styled("Own"))), 500);
 }
 
+// Word notes a font's classification when it has the font, and what it took instead when it has not.
+TEST(LayoutFormats, TakeTheFontThatWordTookForAMissingOne) {
+  const std::string run = "<w:rPr><w:rFonts w:ascii=\"Verdana\" w:hAnsi=\"Verdana\"/><w:sz w:val=\"20\"/></w:rPr>";
+  const std::string text = "<w:p><w:pPr>" + run + "</w:pPr><w:r>" + run + Text("x") + "</w:r></w:p>";
+  const auto height = [&](const std::string& description) {
+    Document document(text);
+    document.With("fontTable",
+                  "<w:font w:name=\"Verdana\"><w:altName w:val=\"Courier New\"/>" + description + "</w:font>");
+    return document.Lines().front().height;
+  };
+  EXPECT_NEAR(height(""), 226.5, 1);
+  EXPECT_NEAR(height("<w:panose1 w:val=\"020B0604030504040204\"/>"), 243, 1);
+}
+
+// Arabic letters are narrower than the half of an em that is taken for a letter without any font.
+TEST(LayoutFormats, TakeLettersThatAFontLacksFromAnother) {
+  docx::layout::FontLibrary fonts;
+  const docx::layout::Font& font = fonts.Get(fonts.Family("Arial"), false, false);
+  EXPECT_LT(font.Advance(U'\u0627'), 0.3);
+  EXPECT_LT(font.ShapedAdvance(u"\u0627\u0644\u0644\u0647", true), 4 * 0.4);
+}
+
 TEST(LayoutFormats, TurnTogglesOverBetweenKindsOfStyles) {
   const std::string styles =
       "<w:docDefaults><w:rPrDefault><w:rPr><w:rFonts w:ascii=\"Arial\" w:hAnsi=\"Arial\"/></w:rPr>"

@@ -143,11 +143,42 @@ TEST(Lines, SnapToTheGridOfTheirSection) {
   EXPECT_DOUBLE_EQ(HeightOf(InFont("x", "Arial", 40) + grid), 624);
 }
 
-TEST(Lines, AreAsHighAsTheirPictures) {
-  const std::string picture =
-      "<w:r><w:drawing><wp:inline xmlns:wp=\"http://schemas.openxmlformats.org/drawingml/2006/wordprocessingDrawing\">"
-      "<wp:extent cx=\"1270000\" cy=\"2540000\"/></wp:inline></w:drawing></w:r>";
-  EXPECT_NEAR(HeightOf("<w:p>" + picture + "</w:p>"), 4000, 100);
+/// 200 points high.
+const std::string kPicture =
+    "<w:r><w:drawing><wp:inline xmlns:wp=\"http://schemas.openxmlformats.org/drawingml/2006/wordprocessingDrawing\">"
+    "<wp:extent cx=\"1270000\" cy=\"2540000\"/></wp:inline></w:drawing></w:r>";
+
+TEST(Lines, AreAsHighAsTheirPictures) { EXPECT_NEAR(HeightOf("<w:p>" + kPicture + "</w:p>"), 4000, 100); }
+
+// Word's own files have pages full of such pictures.
+TEST(Lines, AreMultipliedByWhatTheirTextTakesWherePicturesStand) {
+  const auto height = [](int line) {
+    const std::string run = Fonts("Arial", 20);
+    return HeightOf("<w:p><w:pPr><w:spacing w:line=\"" + std::to_string(line) + "\" w:lineRule=\"auto\"/>" + run +
+                    "</w:pPr><w:r>" + run + Text("x") + "</w:r>" + kPicture + "</w:p>");
+  };
+  // Arial at ten points is 230 twips high, and the picture's own run reaches a little farther down.
+  EXPECT_NEAR(height(480) - height(240), 230, 5);
+}
+
+// Arial at eight points: 183.98 twips, and 1.15 times as much 211.6.
+TEST(Lines, AreWholeTwipsHigh) {
+  EXPECT_DOUBLE_EQ(HeightOf(InFont("x", "Arial", 16)), 184);
+  EXPECT_DOUBLE_EQ(HeightOf(InFont("x", "Arial", 16, "<w:spacing w:line=\"276\" w:lineRule=\"auto\"/>")), 211);
+}
+
+// Files that Word 2010 and Word 2013 saved have such marks behind smaller text, and differ so.
+TEST(Lines, GrowWithTheParagraphsMarkUpToWord2010) {
+  const std::string text = "<w:p><w:pPr>" + Fonts("Arial", 40) + "</w:pPr><w:r>" + Fonts("Arial", 20) + Text("x") +
+                           "</w:r></w:p><w:p><w:pPr>" + Fonts("Arial", 40) + "</w:pPr></w:p>";
+  const auto height = [&](int version, std::size_t line) {
+    Document document(text);
+    document.WithSettings(laid::Compatibility(version));
+    return document.Lines()[line].height;
+  };
+  EXPECT_DOUBLE_EQ(height(14, 0), 460);
+  EXPECT_DOUBLE_EQ(height(15, 0), 230);
+  EXPECT_DOUBLE_EQ(height(15, 1), 460);
 }
 
 }  // namespace

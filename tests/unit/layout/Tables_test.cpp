@@ -93,4 +93,52 @@ TEST(LayoutTables, TakeColumnWidthsFromTheCellsWithoutAGrid) {
   EXPECT_GT(document.Lines().size(), 3U);
 }
 
+// As in a file that Word saved: its page began with the row whose second cell asks to stay with the next one.
+TEST(LayoutTables, KeepARowWithTheNextWhenOneOfItsCellsBeginsSo) {
+  const std::string row = Row(Cell(Lines("b", 1)) + Cell(Lines("c", 1, "<w:keepNext/>")));
+  const std::string next = Row(Cell(Lines("d", 1)) + Cell(Lines("e", 1)));
+  Document document(Lines("a", kPerPage - 1) + Table(row + next, kTwoColumns));
+  EXPECT_EQ(document.PageOf(u"b1"), 2);
+  // Further paragraphs of the cells do not count.
+  const std::string later = Row(Cell(Lines("b", 1)) + Cell(Lines("c", 1) + Lines("k", 1, "<w:keepNext/>")));
+  Document loose(Lines("a", kPerPage - 2) + Table(later + next, kTwoColumns));
+  EXPECT_EQ(loose.PageOf(u"b1"), 1);
+  EXPECT_EQ(loose.PageOf(u"d1"), 2);
+}
+
+// The same: a row of five lines that asks for the height of four begins the next page when there is room for three.
+TEST(LayoutTables, BeginARowWhereTheHeightThatItAsksForHasRoom) {
+  const std::string least = "<w:trHeight w:val=\"2880\"/>";
+  Document document(Lines("a", kPerPage - 3) + Table(Row(Cell(Lines("b", 5)), least)));
+  EXPECT_EQ(document.PageOf(u"b1"), 2);
+  Document room(Lines("a", kPerPage - 4) + Table(Row(Cell(Lines("b", 5)), least)));
+  EXPECT_EQ(room.PageOf(u"b4"), 1);
+  EXPECT_EQ(room.PageOf(u"b5"), 2);
+}
+
+TEST(LayoutTables, LetLowerMarginsHangOverThePagesEnd) {
+  const std::string margin = "<w:tcMar><w:bottom w:w=\"300\" w:type=\"dxa\"/></w:tcMar>";
+  const std::string cell = Cell(Lines("b", 2), margin);
+  Document document(Lines("a", kPerPage - 2) + Table(Row(cell)) + Lines("c", 1));
+  EXPECT_EQ(document.PageOf(u"b2"), 1);
+  EXPECT_EQ(document.PageOf(u"c1"), 2);
+  Document whole(Lines("a", kPerPage - 2) + Table(Row(cell, "<w:cantSplit/>")));
+  EXPECT_EQ(whole.PageOf(u"b1"), 2);
+}
+
+// What the file states is kept on both sides of each cell.
+TEST(LayoutTables, KeepTheirCellsApartWhereTheySaySo) {
+  const std::string apart = "<w:tblCellSpacing w:w=\"100\" w:type=\"dxa\"/>";
+  const std::string rows =
+      Row(Cell(Lines("b", 1)) + Cell(Lines("c", 1))) + Row(Cell(Lines("d", 1)) + Cell(Lines("e", 1)));
+  Document document("<w:tbl><w:tblPr>" + apart + "</w:tblPr><w:tblGrid>" + kTwoColumns + "</w:tblGrid>" + rows +
+                    "</w:tbl>" + Lines("f", 1));
+  const auto lines = document.Lines();
+  ASSERT_EQ(lines.size(), 7U);  // two of them rows
+  EXPECT_DOUBLE_EQ(lines[1].top, 1440 + 200);
+  EXPECT_DOUBLE_EQ(lines[4].top - lines[1].top, 720 + 200);
+  EXPECT_DOUBLE_EQ(lines[6].top - lines[4].top, 720 + 200);
+  EXPECT_DOUBLE_EQ(lines[2].left - lines[1].left, 4000 - 100);
+}
+
 }  // namespace
