@@ -61,8 +61,9 @@ class PagesReader {
     const PdfValue* place = &objects_.Resolve(destination);
     if (place->Is(Kind::kDictionary)) place = &objects_.Resolve(place->At("D"));
     const PdfValue& page = place->At(std::size_t{0});
+    if (!page.Is(Kind::kReference)) return;
     const auto number = numbers_.find(static_cast<int>(page.number));
-    if (page.Is(Kind::kReference) && number != numbers_.end()) pages_.destinations.emplace(name, number->second);
+    if (number != numbers_.end()) pages_.destinations.emplace(name, number->second);
   }
 
   PdfObjects objects_;

@@ -43,6 +43,13 @@ TEST(PdfPages, DestinationsOfADictionaryHaveTheirPages) {
   EXPECT_EQ(docx::ReadPdfPages(kHead + pdf).count, 3);
 }
 
+TEST(PdfPages, ADestinationWhosePageIsNoPageIsPassedOver) {
+  const std::string pdf = kThreePages +
+                          "1 0 obj<</Type/Catalog/Pages 4 0 R/Dests 2 0 R>>endobj\n"
+                          "2 0 obj<</number[11/Fit]/large[1e38/Fit]/none[]/name/Fit/kept[11 0 R/Fit]>>endobj\n";
+  EXPECT_EQ(Read(pdf), (Destinations{{"kept", 2}}));
+}
+
 TEST(PdfPages, DestinationsOfANameTreeHaveTheirPages) {
   const std::string pdf = kThreePages +
                           "1 0 obj<</Type/Catalog/Pages 4 0 R/Names<</Dests 2 0 R>>>>endobj\n"
