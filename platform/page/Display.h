@@ -56,7 +56,11 @@ struct Run {
   char16_t leader{0};  ///< what fills a tab; 0 for nothing
 };
 
-/// One line of a paragraph.
+/// Which way a line runs.
+enum class Turn : std::uint8_t { kNone, kUp, kDown };
+
+/// One line of a paragraph. All lengths of one that runs up or down are those of its own sheet: its upper left corner
+/// lies at the origin, and it is turned about it.
 struct Line {
   int story{0};             ///< a WdStoryType; 0 for what no cursor comes to: headers, repeated headings
   word::Position start{0};  ///< before the first unit
@@ -65,6 +69,16 @@ struct Line {
   Rect area;  ///< from the indent to the other one
   double baseline{0};
   std::vector<Run> runs;  ///< in the order of the text
+  Turn turn{Turn::kNone};
+  double originX{0};
+  double originY{0};
+
+  /// Where on the page a stretch of the line's sheet lies.
+  Rect OnPage(const Rect& own) const {
+    if (turn == Turn::kUp) return {originX + own.y, originY - own.Right(), own.height, own.width};
+    if (turn == Turn::kDown) return {originX - own.Bottom(), originY + own.x, own.height, own.width};
+    return own;
+  }
 };
 
 struct Fill {
@@ -85,7 +99,8 @@ struct Rule {
 
 struct Picture {
   Rect area;
-  std::string name;  ///< to ask for its bytes with; empty for what cannot be drawn and shows as a box
+  std::string name;        ///< to ask for its bytes with; empty for what cannot be drawn and shows as a box
+  std::u16string instead;  ///< what stands in the box of what cannot be drawn
 };
 
 /// All of a page. Fills lie below everything, rules and pictures over them, text on top.

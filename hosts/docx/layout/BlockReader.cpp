@@ -417,9 +417,8 @@ void BlockReader::AddObject(const Floating& drawing) {
   Piece& piece = open_->pieces.back();
   piece.width = static_cast<float>(drawing.width);
   piece.height = static_cast<float>(drawing.height);
-  if (drawing.picture.empty()) return;
   piece.picture = static_cast<int>(open_->pictures.size());
-  open_->pictures.push_back(drawing.picture);
+  open_->pictures.push_back({drawing.picture, drawing.instead});
 }
 
 void BlockReader::ReadDrawing(XmlNode element) {
@@ -581,6 +580,7 @@ void BlockReader::ReadCells(XmlNode parent, bool deleted, const SheetStyle* styl
         cell.lowered = upright == "center" ? 0.5 : upright == "bottom" ? 1 : 0;
         const std::string_view direction = ValueOf(part_, part_.Child(properties, "textDirection"));
         cell.sideways = direction == "btLr" || direction == "tbRl";
+        cell.upwards = direction == "btLr";
         ReadWidth(part_, part_.Child(properties, "tcW"), cell.preferred, cell.preferredShare);
         open_.reset();
         ReadBlocks(child, deleted, values, cell.blocks);

@@ -47,6 +47,7 @@ struct Floating {
 
   // Where it is drawn.
   std::string picture;            ///< the name of a part of the package; empty for what cannot be drawn
+  std::u16string instead;         ///< what the document says for who does not see it, or what kind of thing it is
   std::shared_ptr<TextBox> text;  ///< what stands in a text box; nullptr for what is none
   double drawnWidth{0};
   double drawnHeight{0};
@@ -68,7 +69,7 @@ struct Piece {
   float width{0};           ///< of an object
   float height{0};
   XmlNodeData* element{nullptr};  ///< of a note's reference
-  int picture{-1};                ///< of an object, in Paragraph::pictures; -1 for none that can be drawn
+  int picture{-1};                ///< of an object, in Paragraph::pictures
   bool solid{false};              ///< all units stand at the position, such as a note's number
   PageField field{PageField::kNone};
 };
@@ -91,7 +92,11 @@ struct Paragraph {
   NumberSuffix suffix{NumberSuffix::kTab};
   Alignment labelAlignment{Alignment::kLeft};
   std::vector<Floating> floats;
-  std::vector<std::string> pictures;  ///< names of parts of the package
+  struct Picture {
+    std::string name;  ///< of a part of the package; empty for what cannot be drawn
+    std::u16string instead;
+  };
+  std::vector<Picture> pictures;
   /// Where Word began a page when it last laid the document out, in order.
   std::vector<Position> lastBreaks;
   Position start{0};
@@ -117,6 +122,7 @@ struct Cell {
   std::optional<double> bottomBorder;
   double lowered{0};         ///< where its text stands in a higher row: 0 above, 0.5 in the middle, 1 below
   bool sideways{false};      ///< text that runs up or down
+  bool upwards{false};       ///< the first of these
   double preferred{0};       ///< width; 0 for none
   double preferredShare{0};  ///< of the table's width
   BoxBorders borders;        ///< its own ones

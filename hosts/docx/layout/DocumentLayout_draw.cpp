@@ -142,6 +142,12 @@ int DocumentLayout::PageShowing(int story, Position position) const {
       const bool shows = !line.repeated && line.position >= 0 && line.shown.paragraph != nullptr && line.shown.letters;
       if (shows && line.endnote == endnote) starts.emplace_back(line.position, line.page);
     }
+    // Text that runs up or down is placed with its cell.
+    for (const PageFiller::PlacedCell& cell : story == word::wdFootnotesStory ? notes_.cells : body_.cells) {
+      const bool sideways = !endnote && cell.cell->sideways && !cell.cell->blocks.empty();
+      const Paragraph* first = sideways ? cell.cell->blocks.front().AsParagraph() : nullptr;
+      if (first != nullptr) starts.emplace_back(first->start, cell.page);
+    }
     std::ranges::stable_sort(starts, {}, &std::pair<Position, int>::first);
   }
   const auto next = std::ranges::upper_bound(starts, position, {}, &std::pair<Position, int>::first);

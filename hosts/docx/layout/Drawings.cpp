@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "hosts/docx/xml/Utf.h"
+
 namespace docx::layout {
 
 namespace {
@@ -69,11 +71,26 @@ void ReadPlace(XmlNode position, Floating::From& from, double& offset, std::opti
   offset = std::clamp(NumberIn(LocalChild(position, "posOffset")) / kEmusPerTwip, -kTallest, kTallest);
 }
 
+/// @param usual for those of which the document says nothing
+std::u16string Instead(XmlAttribute said, std::u16string_view usual) {
+  std::u16string text = ToUtf16(said.Value());
+  return text.empty() ? std::u16string(usual) : text;
+}
+
+/// What kind of thing a frame holds, for who cannot be shown it.
+std::u16string_view KindOf(XmlNode frame) {
+  const std::string_view kind = Descendant(frame, "graphicData").Attribute("uri").Value();
+  if (kind.ends_with("/chart") || kind.ends_with("/chartex")) return u"Chart";
+  if (kind.ends_with("/diagram")) return u"Diagram";
+  return kind.ends_with("/picture") ? u"Picture" : u"";
+}
+
 Drawing ReadDrawingMl(XmlNode frame, bool inLine) {
   Drawing drawing;
   drawing.inLine = inLine;
   Floating& floating = drawing.floating;
   floating.picture = RelationshipIn(Descendant(frame, "blip"), "embed");
+  floating.instead = Instead(LocalChild(frame, "docPr").Attribute("descr"), KindOf(frame));
   drawing.text = Descendant(frame, "txbxContent");
   if (drawing.text) {
     const XmlNode body = Descendant(frame, "bodyPr");
@@ -159,7 +176,10 @@ void ReadVml(XmlNode element, std::vector<Drawing>& drawings) {
     drawing.floating.width = StyleLength(style, "width");
     drawing.floating.height = StyleLength(style, "height");
     drawing.floating.offset = StyleLength(style, "margin-top");
-    drawing.floating.picture = RelationshipIn(LocalChild(shape, "imagedata"), "id");
+    const XmlNode image = LocalChild(shape, "imagedata");
+    drawing.floating.picture = RelationshipIn(image, "id");
+    const std::u16string_view kind = LocalName(element) == "object" ? u"Embedded object" : image ? u"Picture" : u"";
+    drawing.floating.instead = Instead(shape.Attribute("alt"), kind);
     drawing.floating.drawnWidth = drawing.floating.width;
     drawing.floating.drawnHeight = drawing.floating.height;
     drawing.floating.x = StyleLength(style, "margin-left");

@@ -375,7 +375,11 @@ void LineDrawer::AddRun(const Piece& piece, std::size_t from, std::size_t to, co
     page::Picture picture;
     picture.area = {run.edges.front(), line.baseline - piece.height / kPerPoint, piece.width / kPerPoint,
                     piece.height / kPerPoint};
-    if (piece.picture >= 0) picture.name = paragraph.pictures[static_cast<std::size_t>(piece.picture)];
+    if (piece.picture >= 0) {
+      const Paragraph::Picture& shown = paragraph.pictures[static_cast<std::size_t>(piece.picture)];
+      picture.name = shown.name;
+      picture.instead = shown.instead;
+    }
     into_.pictures.push_back(std::move(picture));
   }
   line.runs.push_back(std::move(run));

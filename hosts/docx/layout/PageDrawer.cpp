@@ -156,6 +156,7 @@ void PageDrawer::AddFloat(const Floating& floating, const PageFiller::Placed& li
                   floating.drawnHeight / kPerPoint};
   if (floating.text) return AddTextBox(*floating.text, picture.area);
   picture.name = floating.picture;
+  picture.instead = floating.instead;
   into_.pictures.push_back(std::move(picture));
 }
 
@@ -185,6 +186,7 @@ page::Color PageDrawer::GroundOf(const PageFiller::Placed& line, double down) co
 void PageDrawer::Add(std::span<const PageFiller::Placed> lines, std::span<const PageFiller::PlacedCell> cells,
                      int story, double down) {
   for (const PageFiller::PlacedCell& cell : cells) AddCell(cell, down);
+  const std::size_t begin = into_.lines.size();
   for (std::size_t i = 0; i < lines.size();) {
     i = HasBox(lines[i]) ? AddBox(lines, i, down) : i + 1;
   }
@@ -200,6 +202,9 @@ void PageDrawer::Add(std::span<const PageFiller::Placed> lines, std::span<const 
     spot.story = line.repeated || line.position < 0 ? 0 : line.endnote ? word::wdEndnotesStory : story;
     spot.ground = into_.fills.empty() ? page::kNoColor : GroundOf(line, down);
     lines_.Draw(line.shown, spot);
+  }
+  for (const PageFiller::PlacedCell& cell : cells) {
+    if (cell.cell->sideways && !cell.cell->mergedAbove) AddSideways(cell, lines, cells, story, down, begin);
   }
 }
 

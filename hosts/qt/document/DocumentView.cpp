@@ -177,7 +177,7 @@ void DocumentView::paintEvent(QPaintEvent* event) {
     painter.restore();
   }
   if (const std::optional<QRectF> cursor = CursorRect(); cursor && blink_ && hasFocus()) {
-    painter.fillRect(QRectF(cursor->topLeft(), QSizeF(std::max(1.5, Scale()), cursor->height())), Qt::black);
+    painter.fillRect(QRectF(cursor->topLeft(), cursor->size().expandedTo(QSizeF(1.5, 1.5))), Qt::black);
   }
 }
 

@@ -15,6 +15,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
+#include <QScreen>
 #include <QStatusBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -61,7 +62,7 @@ DocumentWindow::DocumentWindow()
   view_->SetHint(QStringLiteral("Open a document with File, Open, or drop one here"));
   setAcceptDrops(true);
   view_->setObjectName(QStringLiteral("pages"));
-  resize(1000, 800);
+  resize(QSize(1000, 800).boundedTo(screen()->availableSize()));
   ShowState();
 }
 

@@ -22,6 +22,8 @@ constexpr double kLineThickness = 1.0 / 18;
 constexpr double kWaveLength = 4;  // times the thickness
 constexpr QRgb kMissingPicture = 0xfff2f2f2;
 constexpr QRgb kMissingEdge = 0xffa0a0a0;
+constexpr QRgb kInsteadColor = 0xff404040;
+constexpr double kInsteadSize = 9;  // points
 
 QColor ColorOf(page::Color color) { return QColor::fromRgb(static_cast<QRgb>(color) | 0xff000000U); }
 
@@ -63,8 +65,14 @@ void PagePainter::Draw(QPainter& painter, double scale, const page::Display& pag
   for (const page::Picture& picture : page.pictures) DrawPicture(picture);
   for (const page::Rule& rule : page.rules) DrawRule(rule);
   for (const page::Line& line : page.lines) {
+    painter.save();
+    if (line.turn != page::Turn::kNone) {
+      painter.translate(line.originX * scale_, line.originY * scale_);
+      painter.rotate(line.turn == page::Turn::kUp ? -90 : 90);
+    }
     DrawGrounds(line, palette, selection);
     for (const page::Run& run : line.runs) DrawRun(run, palette, line.story, selection);
+    painter.restore();
   }
 }
 
@@ -109,6 +117,24 @@ void PagePainter::DrawPicture(const page::Picture& picture) {
   painter_->setPen(QPen(QColor::fromRgb(kMissingEdge), 0));
   painter_->setBrush(Qt::NoBrush);
   painter_->drawRect(area);
+  if (picture.instead.empty()) return;
+  QFont font = painter_->font();
+  font.setPixelSize(std::max(1, static_cast<int>(std::lround(kInsteadSize * scale_))));
+  const QRectF room = area.adjusted(2, 2, -2, -2);
+  const QString text = ToQt(picture.instead);
+  const QRectF needed = QFontMetricsF(font).boundingRect(room, Qt::AlignCenter | Qt::TextWordWrap, text);
+  painter_->save();
+  painter_->setFont(font);
+  painter_->setPen(QColor::fromRgb(kInsteadColor));
+  painter_->setClipRect(room, Qt::IntersectClip);
+  const bool fits = needed.width() <= room.width() && needed.height() <= room.height();
+  if (fits) {
+    painter_->drawText(room, Qt::AlignCenter | Qt::TextWordWrap, text);
+  } else if (room.height() >= QFontMetricsF(font).height()) {
+    painter_->drawText(room, Qt::AlignCenter,
+                       QFontMetricsF(font).elidedText(text.simplified(), Qt::ElideRight, room.width()));
+  }
+  painter_->restore();
 }
 
 void PagePainter::DrawGrounds(const page::Line& line, const QPalette& palette,

@@ -12,6 +12,13 @@ namespace {
 /// A line that is away upwards or downwards is further than one beside.
 constexpr double kAcrossLines = 4;
 
+/// A point of the page on a line's own sheet.
+QPointF OnSheet(const page::Line& line, QPointF point) {
+  if (line.turn == page::Turn::kUp) return {line.originY - point.y(), point.x() - line.originX};
+  if (line.turn == page::Turn::kDown) return {point.y() - line.originY, line.originX - point.x()};
+  return point;
+}
+
 bool Holds(const page::Line& line, const Place& place) {
   if (line.story != place.story || place.position < line.start) return false;
   return place.position < line.end || (line.endsParagraph && place.position == line.end);
@@ -42,8 +49,9 @@ const page::Line* PagePlaces::LineAt(QPointF point, int story) const {
   double least = 0;
   for (const page::Line& line : drawing_.lines) {
     if (line.story == 0 || (story != 0 && line.story != story)) continue;
-    const double across = std::max({line.area.y - point.y(), point.y() - line.area.Bottom(), 0.0});
-    const double along = std::max({line.area.x - point.x(), point.x() - line.area.Right(), 0.0});
+    const page::Rect area = line.OnPage(line.area);
+    const double across = std::max({area.y - point.y(), point.y() - area.Bottom(), 0.0});
+    const double along = std::max({area.x - point.x(), point.x() - area.Right(), 0.0});
     const double distance = across * kAcrossLines + along;
     if (best != nullptr && distance >= least) continue;
     best = &line;
@@ -56,7 +64,8 @@ std::optional<Place> PagePlaces::PlaceAt(QPointF point, int story) const {
   const page::Line* line = LineAt(point, story);
   if (line == nullptr) return {};
   const Stops all = StopsOf(*line);
-  const auto next = std::ranges::min_element(all.stops, {}, [&](const Stop& s) { return std::abs(s.x - point.x()); });
+  const double x = OnSheet(*line, point).x();
+  const auto next = std::ranges::min_element(all.stops, {}, [&](const Stop& s) { return std::abs(s.x - x); });
   return Place{line->story, next->position};
 }
 
@@ -79,7 +88,8 @@ std::optional<QRectF> PagePlaces::CursorAt(const Place& place) const {
   const Stops all = StopsOf(*line);
   const auto stop = std::ranges::find_if(all.stops, [&](const Stop& one) { return one.position >= place.position; });
   const double x = stop == all.stops.end() ? all.stops.back().x : stop->x;
-  return QRectF(x, line->area.y, 1, line->area.height);
+  const page::Rect rect = line->OnPage({x, line->area.y, 1, line->area.height});
+  return QRectF(rect.x, rect.y, rect.width, rect.height);
 }
 
 const page::Line* PagePlaces::Neighbour(const page::Line* line, bool forward) const {
@@ -137,11 +147,12 @@ PagePlaces::Edge PagePlaces::ParagraphEdge(const Place& place, bool end) const {
 
 bool PagePlaces::IsOnlyShown(QPointF point) const {
   return std::ranges::any_of(drawing_.lines, [&](const page::Line& line) {
-    const bool beside = point.y() < line.area.y || point.y() > line.area.Bottom();
+    const QPointF own = OnSheet(line, point);
+    const bool beside = own.y() < line.area.y || own.y() > line.area.Bottom();
     if (line.story != 0 || beside) return false;
     return std::ranges::any_of(line.runs, [&](const page::Run& run) {
       const auto [left, right] = std::minmax(run.edges.front(), run.edges.back());
-      return point.x() >= left && point.x() <= right;
+      return own.x() >= left && own.x() <= right;
     });
   });
 }

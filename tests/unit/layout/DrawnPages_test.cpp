@@ -90,6 +90,65 @@ TEST(DrawnPages, HaveACellsTextInItsMiddleWhereItWantsThat) {
   EXPECT_NEAR(page.Line(u"a1").area.y, page.Line(u"b2").area.y, kNear);
 }
 
+std::string Sideways(const std::string& direction, const std::string& more = {}) {
+  return more + "<w:textDirection w:val=\"" + direction + "\"/>";
+}
+std::string Tall(const std::string& cells) { return Row(cells, "<w:trHeight w:val=\"2000\" w:hRule=\"exact\"/>"); }
+
+TEST(DrawnPages, HaveTextThatRunsUpFromTheFootOfItsCell) {
+  Document document(
+      Table(Tall(Cell(InParagraph(Typed("upright")), Sideways("btLr")) + Cell(Lines("b", 1))), kTwoColumns));
+  document.WithSettings(laid::Compatibility(15));
+  const Drawn page(document);
+  const page::Line& line = page.Line(u"upright");
+  EXPECT_EQ(line.turn, page::Turn::kUp);
+  EXPECT_EQ(line.story, word::wdMainTextStory);
+  EXPECT_EQ(line.start, 0);
+  const page::Rect& own = line.area;
+  const page::Rect first = line.OnPage({page.LeftOf(u"upright"), own.y, kCharacter, own.height});
+  EXPECT_NEAR(first.Bottom(), kTop + 100, kNear) << "the first letter stands lowest";
+  EXPECT_NEAR(first.x, kLeft + 115 / 20.0, 1);
+  EXPECT_NEAR(first.height, kCharacter, kNear);
+  EXPECT_NEAR(line.OnPage(own).height, 100, 1) << "its line is as long as the cell is high";
+  EXPECT_NEAR(page.LeftOf(u"b1"), kLeft + 200 + 115 / 20.0, kNear) << "the other cell is as it was";
+}
+
+TEST(DrawnPages, HaveTextThatRunsDownFromTheTopOfItsCell) {
+  Document document(
+      Table(Tall(Cell(InParagraph(Typed("downright")), Sideways("tbRl")) + Cell(Lines("b", 1))), kTwoColumns));
+  document.WithSettings(laid::Compatibility(15));
+  const Drawn page(document);
+  const page::Line& line = page.Line(u"downright");
+  EXPECT_EQ(line.turn, page::Turn::kDown);
+  const page::Rect first = line.OnPage({page.LeftOf(u"downright"), line.area.y, kCharacter, line.area.height});
+  EXPECT_NEAR(first.y, kTop, kNear);
+  EXPECT_NEAR(first.Right(), kLeft + 200 - 115 / 20.0, 1) << "the first line stands on the right";
+}
+
+TEST(DrawnPages, HaveTextThatRunsUpBesideAllRowsOfAMergedCell) {
+  const std::string centred = "<w:jc w:val=\"center\"/>";
+  Document document(
+      Table(Tall(Cell(InParagraph(Typed("upright"), centred), Sideways("btLr", "<w:vMerge w:val=\"restart\"/>")) +
+                 Cell(Lines("a", 1))) +
+                Tall(Cell(InParagraph(""), Sideways("btLr", "<w:vMerge/>")) + Cell(Lines("b", 1))),
+            kTwoColumns));
+  const Drawn page(document);
+  const page::Line& line = page.Line(u"upright");
+  const double left = page.LeftOf(u"upright");
+  const page::Rect text = line.OnPage({left, line.area.y, page.RightOf(u"upright") - left, line.area.height});
+  EXPECT_NEAR(text.y + text.height / 2, kTop + 100, 1) << "its middle is where the rows meet";
+}
+
+TEST(DrawnPages, HaveLinesThatRunUpInTheOrderOfTheText) {
+  Document document(Lines("x", 1) + Table(Tall(Cell(Lines("a", 1)) + Cell(InParagraph(Typed("up")), Sideways("btLr"))) +
+                                              Tall(Cell(Lines("c", 1)) + Cell(Lines("d", 1))),
+                                          kTwoColumns));
+  const Drawn page(document);
+  std::u16string order;
+  for (const page::Line& line : page.Display().lines) order += laid::TextOf(line) + u" ";
+  EXPECT_EQ(order, u"x1 a1 up c1 d1 ");
+}
+
 TEST(DrawnPages, RepeatTheHeadingsOfTablesWithoutTheirPlaces) {
   std::string rows = Row(Cell(Lines("h", 1)), "<w:tblHeader/>");
   for (int i = 1; i <= 20; ++i) rows += Row(Cell(Lines("r" + std::to_string(i) + "x", 1)));
@@ -260,6 +319,24 @@ TEST(DrawnPages, HaveABoxForAPictureThatIsNotThere) {
   const Drawn page(document);
   ASSERT_EQ(page.Display().pictures.size(), 1U);
   EXPECT_TRUE(page.Display().pictures[0].name.empty());
+}
+
+TEST(DrawnPages, SayOfPicturesWhatTheDocumentSaysForWhoDoesNotSeeThem) {
+  const std::string said = "<wp:docPr id=\"1\" descr=\"The site &amp; its fence\"/>";
+  const std::string chart =
+      "<a:graphic xmlns:a=\"urn:a\"><a:graphicData uri=\"http://schemas.openxmlformats.org/drawingml/2006/chart\"/>"
+      "</a:graphic>";
+  const std::string place =
+      "<wp:positionH relativeFrom=\"page\"><wp:posOffset>0</wp:posOffset></wp:positionH>"
+      "<wp:positionV relativeFrom=\"page\"><wp:posOffset>0</wp:posOffset></wp:positionV>";
+  Document document(InParagraph(Picture("inline", kExtent + said)) +
+                    InParagraph(Picture("anchor", place + kExtent + said)) +
+                    InParagraph(Picture("inline", kExtent + chart)));
+  const Drawn page(document);
+  ASSERT_EQ(page.Display().pictures.size(), 3U);
+  EXPECT_EQ(page.Display().pictures[0].instead, u"The site & its fence");
+  EXPECT_EQ(page.Display().pictures[1].instead, u"The site & its fence");
+  EXPECT_EQ(page.Display().pictures[2].instead, u"Chart");
 }
 
 TEST(DrawnPages, BeginInALineWhereWordBeganThem) {
