@@ -28,6 +28,47 @@ word::Position PositionAt(const Paragraph& paragraph, std::size_t unit) {
   return paragraph.end;
 }
 
+/// A range's text as another program takes it: paragraphs in lines, a tab behind a cell, without the characters that
+/// stand for something else.
+std::u16string Plain(std::u16string_view text) {
+  constexpr std::u16string_view kCellEnd = u"\r\a";
+  std::u16string plain;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text.substr(i).starts_with(kCellEnd)) {
+      plain += u'\t';
+      ++i;
+      continue;
+    }
+    switch (const char16_t c = text[i]) {
+      case u'\r':
+      case u'\v':
+      case u'\f':
+      case u'\x0E':
+        plain += u'\n';
+        break;
+      case u'\x1E':
+        plain += u'\u2011';
+        break;
+      case u'\x1F':
+        plain += u'\u00AD';
+        break;
+      default:
+        if (c >= u' ' || c == u'\t') plain += c;
+    }
+  }
+  return plain;
+}
+
+/// Where table rows end between two positions.
+std::vector<word::Position> RowEnds(const docx::Story& story, word::Position start, word::Position end) {
+  std::vector<word::Position> ends;
+  const docx::AtomSequence& atoms = story.Atoms();
+  for (auto place = atoms.At(start); !atoms.IsEnd(place) && place.start < end; place = atoms.Next(place)) {
+    if (atoms.Get(place).kind == docx::AtomKind::kRowMark && place.start >= start) ends.push_back(place.start);
+  }
+  return ends;
+}
+
 }  // namespace
 
 StoryPages::StoryPages(docx::WordProcessor& processor) : processor_(processor) {
@@ -148,13 +189,25 @@ std::optional<StoryPages::Selection> StoryPages::LinkAt(const qt::Place& place) 
 }
 
 std::u16string StoryPages::CopyText(const Selection& selection) const {
+  const int type = selection.start.story;
+  const auto& kept = processor_.Document()->Parts().Stories(type);
   const word::StoryRangesPtr stories = processor_.Application()->ActiveDocument()->StoryRanges();
-  for (int i = 1; i <= stories->Count(); ++i) {
-    const word::RangePtr story = stories->Item(i);
-    if (story->StoryType() != selection.start.story) continue;
-    story->SetRange(selection.start.position, selection.end);
-    std::u16string text = story->Text();
-    std::replace(text.begin(), text.end(), word::kParagraphMark, u'\n');
+  for (int i = 1; i <= stories->Count() && !kept.empty(); ++i) {
+    const word::RangePtr range = stories->Item(i);
+    if (range->StoryType() != type) continue;
+    std::u16string text;
+    word::Position start = selection.start.position;
+    const auto add = [&](word::Position end) {
+      range->SetRange(start, end);
+      text += Plain(range->Text());
+      start = end + 1;
+    };
+    for (const word::Position row : RowEnds(*kept.front(), start, selection.end)) {
+      add(row);
+      if (text.ends_with(u'\t')) text.pop_back();
+      text += u'\n';
+    }
+    add(selection.end);
     return text;
   }
   return {};

@@ -246,6 +246,38 @@ TEST_F(DesktopCursor, FindPassesOverTheCodesOfEntries) {
   EXPECT_EQ(found, shown);
 }
 
+TEST_F(DesktopCursor, WhatIsCopiedIsWhatShows) {
+  Open();
+  Key(Qt::Key_End, Qt::ControlModifier);
+  Index();
+  int compared = 0;
+  for (const Drawn& paragraph : Paragraphs()) {
+    if (paragraph.text.find("premises") == std::string::npos) continue;
+    View().SelectStretch({{1, paragraph.start}, paragraph.end});
+    EXPECT_TRUE(paragraph.text.ends_with(Copied().toStdString())) << Copied().toStdString();
+    EXPECT_GT(Copied().size(), 7);
+    ++compared;
+  }
+  EXPECT_GT(compared, 1);
+  View().SelectStretch({PlaceOf(u"“Confidential Information”"), PlaceOf(u"everything").position});
+  EXPECT_EQ(Copied().toStdString(), "“Confidential Information” means ");
+  View().SelectAll();
+  const QString all = Copied();
+  for (const QChar c : all) EXPECT_TRUE(c >= u' ' || c == u'\n' || c == u'\t') << static_cast<int>(c.unicode());
+  EXPECT_EQ(all.indexOf(QStringLiteral(" XE ")), -1);
+}
+
+TEST_F(DesktopCursor, ATableIsCopiedWithTabsBetweenItsCells) {
+  OpenSample("share_purchase_agreement.docx");
+  FindText("Signed as a deed");
+  FindText("Morwenna Pask");
+  const qt::Place row = View().Selected().start;
+  FindText("Tobias Venn");
+  View().SelectStretch({row, View().Selected().start.position});
+  EXPECT_EQ(Copied().toStdString(),
+            "Morwenna Pask\t\tName, address and occupation:\nIdris Calloway\t\tName, address and occupation:\n");
+}
+
 TEST_F(DesktopCursor, WhoFollowedALinkCanGoBack) {
   Open();
   Key(Qt::Key_End, Qt::ControlModifier);
