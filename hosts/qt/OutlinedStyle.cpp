@@ -52,6 +52,11 @@ void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
   painter->restore();
 }
 
+int OutlinedStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                             QStyleHintReturn* returned) const {
+  return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
+}
+
 QSize OutlinedStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                       const QWidget* widget) const {
   constexpr int kRoomBeside = 6;

@@ -90,7 +90,15 @@ TEST(WindowPictures, OfARun) {
   QTest::keyClicks(&text, "Completion Date");
   QTest::keyClick(&text, Qt::Key_Return);
   Keep(window, "window_find");
+  text.setText("Complexion Date");
+  QTest::keyClick(&text, Qt::Key_Return);
+  Keep(window, "window_not_found");
   QTest::keyClick(&text, Qt::Key_Escape);
+  person.Expect([](QWidget& dialog) {
+    Keep(dialog, "window_go_to_page");
+    dialog.hide();
+  });
+  trigger("&Go to page...");
   QTest::keyClick(&window.View(), Qt::Key_End, Qt::ControlModifier);
   for (const char* button : {"cmdOK", "cmdOK", "cmdNo"}) {
     person.Expect([button](QWidget& prompt) { Person::Click(prompt, button); });
@@ -117,6 +125,20 @@ TEST(WindowPictures, OfARun) {
   trigger("Zoom &out");
   trigger("Zoom &out");
   Keep(window, "window_small");
+  person.Expect([](QWidget& dialog) {
+    Keep(dialog, "window_save_changes");
+    dialog.hide();
+  });
+  window.close();
+  person.Expect([](QWidget& dialog) {
+    Keep(dialog, "window_cannot_open");
+    dialog.hide();
+  });
+  EXPECT_FALSE(window.Open("no_such_file.docx"));
+  QMenu* help = window.findChild<QMenu*>("help");
+  help->popup(window.mapToGlobal(QPoint(150, 30)));
+  Keep(*help, "window_help");
+  help->hide();
   window.View().SetSource(nullptr);
 }
 
