@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QInputDialog>
 
 #include <algorithm>
@@ -291,6 +292,31 @@ TEST_F(DesktopCursor, WhoFollowedALinkCanGoBack) {
   Shortcut("Go &back");
   EXPECT_EQ(Cursor(), entry.start + 1);
   EXPECT_EQ(window_->statusBar()->currentMessage().toStdString(), "No link was followed");
+}
+
+TEST_F(DesktopCursor, AScreenReaderIsToldThePageAndTheCursor) {
+  Open();
+  const qt::Place word = PlaceOf(u"Confidential Information");
+  View().SelectStretch({word, word.position + 12});
+  QAccessibleInterface* access = QAccessible::queryAccessibleInterface(&View());
+  ASSERT_NE(access, nullptr);
+  EXPECT_EQ(access->text(QAccessible::Name).toStdString(), "Document");
+  EXPECT_TRUE(access->state().readOnly);
+  QAccessibleTextInterface* text = access->textInterface();
+  ASSERT_NE(text, nullptr);
+  EXPECT_GT(text->characterCount(), 500);
+  int start = 0;
+  int end = 0;
+  text->selection(0, &start, &end);
+  EXPECT_EQ(text->text(start, end).toStdString(), "Confidential");
+  EXPECT_EQ(text->selectionCount(), 1);
+  EXPECT_EQ(text->cursorPosition(), end);
+  text->setCursorPosition(end + 1);
+  EXPECT_EQ(Cursor(), word.position + 13);
+  EXPECT_EQ(text->selectionCount(), 0);
+  const QRect letter = text->characterRect(end + 1);
+  EXPECT_EQ(text->offsetAtPoint(letter.center()), end + 1);
+  EXPECT_EQ(text->textAtOffset(end + 1, QAccessible::WordBoundary, &start, &end).toStdString(), "Information");
 }
 
 TEST_F(DesktopCursor, TheStatusBarTellsThePageInSight) {

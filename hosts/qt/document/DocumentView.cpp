@@ -12,6 +12,7 @@
 #include <cmath>
 
 #include "hosts/qt/Text.h"
+#include "hosts/qt/document/DocumentAccess.h"
 
 namespace qt {
 
@@ -36,6 +37,7 @@ DocumentView::DocumentView(QWidget* parent)
     : QAbstractScrollArea(parent),
       pictures_(kPictures),
       painter_([this](const std::string& name) { return Picture(name); }) {
+  DocumentAccess::Install();
   setFocusPolicy(Qt::StrongFocus);
   setAccessibleName(QStringLiteral("Document"));
   viewport()->setCursor(Qt::IBeamCursor);
@@ -235,6 +237,7 @@ void DocumentView::Moved() {
   column_ = -1;
   blink_ = true;
   if (source_ != nullptr && !frozen_) source_->Select(Selected());
+  DocumentAccess::Moved(*this);
   viewport()->update();
   if (onMoved) onMoved();
 }

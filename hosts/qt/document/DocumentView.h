@@ -18,9 +18,13 @@
 
 namespace qt {
 
+class DocumentAccess;
+
 /// Shows the pages of a document one below the other, with a cursor and a selection to place by mouse and keyboard.
 /// What a page shows is asked for when it comes into sight.
 class DocumentView : public QAbstractScrollArea {
+  friend class DocumentAccess;
+
  public:
   explicit DocumentView(QWidget* parent = nullptr);
 

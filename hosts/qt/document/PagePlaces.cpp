@@ -145,6 +145,24 @@ PagePlaces::Edge PagePlaces::ParagraphEdge(const Place& place, bool end) const {
   return {{place.story, StopsOf(*line).stops.front().position}, next == nullptr};
 }
 
+PagePlaces::Shown PagePlaces::ShownOf(int story) const {
+  Shown shown;
+  for (const page::Line& line : drawing_.lines) {
+    if (line.story != story) continue;
+    for (const page::Run& run : line.runs) {
+      if (!run.places) continue;
+      for (std::size_t i = 0; i < run.text.size(); ++i) {
+        shown.text += QChar(run.text[i]);
+        shown.positions.push_back(run.position + (run.solid ? 0 : static_cast<word::Position>(i)));
+      }
+    }
+    if (!line.endsParagraph) continue;
+    shown.text += QLatin1Char('\n');
+    shown.positions.push_back(line.end);
+  }
+  return shown;
+}
+
 bool PagePlaces::IsOnlyShown(QPointF point) const {
   return std::ranges::any_of(drawing_.lines, [&](const page::Line& line) {
     const QPointF own = OnSheet(line, point);

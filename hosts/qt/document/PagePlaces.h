@@ -33,6 +33,12 @@ class PagePlaces {
     bool goesOn{false};  ///< past the page's end, or from the page before
   };
   Edge ParagraphEdge(const Place& place, bool end) const;
+  /// What the page shows of a story, with a line feed behind each paragraph.
+  struct Shown {
+    QString text;
+    std::vector<word::Position> positions;  ///< of each unit
+  };
+  Shown ShownOf(int story) const;
   /// Whether text stands at a point that no cursor comes to.
   bool IsOnlyShown(QPointF point) const;
   /// The first and last place of the main text, or of what else the page begins with.
