@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <stdexcept>
+#include <string_view>
 
 #include "dialogs/frmKVXAbout_COM.h"
 #include "dialogs/modHelpLinks.h"
@@ -29,6 +30,16 @@ std::u16string RecentKey(int number) {
 /// Where the settings lie, in Windows form.
 std::u16string SettingsFolder(os::LinuxFolders& folders) {
   return folders.SpecialFolder(os::kApplicationData, 0) + u"\\" + std::u16string(modKVXAppDocsSettingsSubPath);
+}
+
+std::string Lower(std::string text) {
+  std::ranges::transform(text, text.begin(),
+                         [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+  return text;
+}
+
+bool IsKind(std::string_view ending) {
+  return ending == ".docx" || ending == ".docm" || ending == ".dotx" || ending == ".dotm";
 }
 
 /// Errors of the word processor as the window shows them.
@@ -114,6 +125,11 @@ void Desktop::Save() {
 void Desktop::SaveAs(const std::string& path) {
   std::error_code error;
   const std::string absolute = fs::absolute(path, error).lexically_normal().string();
+  // Word opens no file whose name says another kind of document than its content.
+  const std::string ending = Lower(fs::path(Path()).extension().string());
+  if (IsKind(ending) && Lower(fs::path(absolute).extension().string()) != ending) {
+    throw std::runtime_error(absolute + " cannot be written: the name of this kind of document ends in " + ending);
+  }
   Plainly([&] { processor_.Application()->ActiveDocument()->SaveAs(os::ToWindowsPath(absolute)); });
   modified_ = false;
   Remember(absolute);

@@ -359,6 +359,15 @@ TEST_F(DesktopTest, AFolderThatHasGoneIsToldAndTheWorkCanBeSavedElsewhere) {
   EXPECT_FALSE(IndexEntry("premises").empty());
 }
 
+TEST_F(DesktopTest, ADocumentIsNotSavedUnderTheNameOfAnotherKind) {
+  Open();
+  const std::string other = (folder_.path() + "/contract.dotx").toStdString();
+  EXPECT_THROW(desktop_->SaveAs(other), std::runtime_error);
+  EXPECT_FALSE(fs::exists(other));
+  EXPECT_EQ(desktop_->Path(), path_);
+  EXPECT_NO_THROW(desktop_->SaveAs((folder_.path() + "/OTHER.DOCX").toStdString()));
+}
+
 TEST_F(DesktopTest, SavingThroughALinkWritesTheFileThatItLeadsTo) {
   const std::string link = (folder_.path() + "/link.docx").toStdString();
   fs::create_symlink(path_, link);
