@@ -16,6 +16,7 @@ using forms::Kind;
 struct WindowClass {
   const wchar_t* name;
   DWORD style;
+  DWORD extendedStyle{0};
 };
 
 WindowClass ClassOf(const forms::Control& control) {
@@ -31,24 +32,25 @@ WindowClass ClassOf(const forms::Control& control) {
     case Kind::kComboBox:
       return {L"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP};
     case Kind::kListBox: {
-      constexpr DWORD kList = LBS_MULTIPLESEL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | LBS_HASSTRINGS | WS_BORDER |
-                              WS_VSCROLL | WS_HSCROLL | WS_TABSTOP;
+      constexpr DWORD kList =
+          LBS_MULTIPLESEL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | LBS_HASSTRINGS | WS_VSCROLL | WS_HSCROLL | WS_TABSTOP;
       const bool boxes = static_cast<const forms::ListBox&>(control).HasCheckBoxes();
-      return {L"LISTBOX", kList | (boxes ? LBS_OWNERDRAWFIXED : 0)};
+      return {L"LISTBOX", kList | (boxes ? LBS_OWNERDRAWFIXED : 0), WS_EX_CLIENTEDGE};
     }
     case Kind::kTextBox: {
       const bool readOnly = static_cast<const forms::TextBox&>(control).ReadOnly();
       const DWORD kind = readOnly ? ES_READONLY | ES_MULTILINE : ES_AUTOHSCROLL;
-      return {L"EDIT", WS_BORDER | WS_TABSTOP | kind};
+      return {L"EDIT", WS_TABSTOP | kind, WS_EX_CLIENTEDGE};
     }
     case Kind::kUpDown:
       return {UPDOWN_CLASSW, 0};
     case Kind::kTabStrip:
       return {WC_TABCONTROLW, WS_TABSTOP};
     case Kind::kFrame:
+      if (control.Caption().empty()) return {L"STATIC", SS_ETCHEDFRAME};
       return {L"BUTTON", BS_GROUPBOX};
     case Kind::kStatusBar:
-      return {L"STATIC", SS_SUNKEN | SS_NOPREFIX};
+      return {STATUSCLASSNAMEW, CCS_NORESIZE | CCS_NOPARENTALIGN};
     case Kind::kImage:
       return {L"STATIC", SS_ICON | SS_NOTIFY | SS_CENTERIMAGE};
     default:
@@ -92,6 +94,9 @@ class Canvas {
   HGDIOBJ before_;
 };
 
+/// Of a sunken edge, above and below together.
+int Edges() { return 2 * GetSystemMetrics(SM_CYEDGE); }
+
 HFONT MessageFont() {
   NONCLIENTMETRICSW metrics{};
   metrics.cbSize = sizeof metrics;
@@ -127,10 +132,12 @@ SIZE FormFont::WrappedSize(std::u16string_view text, int width) const {
 ControlWindow::ControlWindow(forms::Control& control, HWND form, const FormFont& font, int id)
     : control_(control), font_(font) {
   const WindowClass kind = ClassOf(control);
-  window_ = CreateWindowExW(0, kind.name, L"", kind.style | WS_CHILD | WS_CLIPSIBLINGS, 0, 0, 0, 0, form,
-                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr), nullptr);
+  window_ =
+      CreateWindowExW(kind.extendedStyle, kind.name, L"", kind.style | WS_CHILD | WS_CLIPSIBLINGS, 0, 0, 0, 0, form,
+                      reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr), nullptr);
   SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font.Handle()), FALSE);
   if (control.ControlKind() == Kind::kTabStrip) {
+    SendMessageW(window_, TCM_SETPADDING, 0, MAKELPARAM(font.Scaled(8), font.Scaled(4)));
     for (const std::u16string& tab : static_cast<forms::TabStrip&>(control).Tabs()) {
       std::wstring text = ToWide(tab);
       TCITEMW item{};
@@ -152,9 +159,9 @@ bool ControlWindow::ShowsUp() const {
   return true;
 }
 
-bool ControlWindow::Mirror() {
+ControlWindow::Change ControlWindow::Mirror() {
   stale = false;
-  bool labelChanged = false;
+  Change change;
   const bool enabled = control_.Enabled() && (control_.Parent() == nullptr || control_.Parent()->Enabled());
   if ((IsWindowEnabled(window_) != FALSE) != enabled) EnableWindow(window_, enabled);
   switch (control_.ControlKind()) {
@@ -185,14 +192,13 @@ bool ControlWindow::Mirror() {
     case Kind::kImage:
       break;
     default:
-      labelChanged = MirrorText(control_.Caption()) && control_.ControlKind() == Kind::kLabel && !isBarPart_;
+      change.labelText = MirrorText(control_.Caption()) && control_.ControlKind() == Kind::kLabel && !isBarPart_;
       break;
   }
   const bool shows = ShowsUp();
-  if ((GetWindowLongW(window_, GWL_STYLE) & WS_VISIBLE) != (shows ? WS_VISIBLE : 0)) {
-    ShowWindow(window_, shows ? SW_SHOWNA : SW_HIDE);
-  }
-  return labelChanged;
+  change.visibility = (GetWindowLongW(window_, GWL_STYLE) & WS_VISIBLE) != (shows ? WS_VISIBLE : 0);
+  if (change.visibility) ShowWindow(window_, shows ? SW_SHOWNA : SW_HIDE);
+  return change;
 }
 
 bool ControlWindow::MirrorText(std::u16string_view text) {
@@ -219,15 +225,16 @@ void ControlWindow::MirrorList() {
     SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(window_, nullptr, TRUE);
   }
+  // Selecting an entry makes it the current one and brings it into sight.
+  const int current = list.ListIndex() >= 0 ? list.ListIndex() : same ? Send(window_, LB_GETCARETINDEX) : 0;
   for (int i = 0; i < list.ListCount(); ++i) {
     const bool selected = Send(window_, LB_GETSEL, static_cast<WPARAM>(i)) > 0;
     if (selected != list.Selected(i)) Send(window_, LB_SETSEL, list.Selected(i) ? TRUE : FALSE, i);
   }
-  // Each selection has brought its entry into sight.
-  if (!same) Send(window_, LB_SETTOPINDEX);
-  if (list.ListIndex() >= 0 && Send(window_, LB_GETCARETINDEX) != list.ListIndex()) {
-    Send(window_, LB_SETCARETINDEX, static_cast<WPARAM>(list.ListIndex()), FALSE);
+  if (Send(window_, LB_GETCARETINDEX) != current) {
+    Send(window_, LB_SETCARETINDEX, static_cast<WPARAM>(current), FALSE);
   }
+  if (!same) Send(window_, LB_SETTOPINDEX);
 }
 
 void ControlWindow::MirrorCombo() {
@@ -257,30 +264,48 @@ SIZE ControlWindow::Wanted() const {
       return {widest + font_.Scaled(32), line + font_.Scaled(8)};
     }
     case Kind::kListBox:
-      return {36L * font_.CharWidth(), 9L * line};
+      return {36L * font_.CharWidth(), 9L * line + Edges()};
     case Kind::kTextBox: {
       const auto& box = static_cast<const forms::TextBox&>(control_);
-      if (!box.ReadOnly()) return {8L * font_.CharWidth(), line + font_.Scaled(8)};
+      if (!box.ReadOnly()) return {8L * font_.CharWidth(), line + Edges() + font_.Scaled(3)};
       const SIZE reading = font_.WrappedSize(box.Text(), 70 * font_.CharWidth());
       return {reading.cx + font_.Scaled(16), reading.cy + font_.Scaled(12)};
     }
     case Kind::kUpDown:
-      return {font_.Scaled(18), line + font_.Scaled(8)};
-    case Kind::kTabStrip:
-      return {30L * font_.CharWidth(), line + font_.Scaled(8)};
+      return {font_.Scaled(18), line + Edges() + font_.Scaled(3)};
+    case Kind::kTabStrip: {
+      // Its tabs alone: what they show stands below it.
+      RECT tab{};
+      SendMessageW(window_, TCM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&tab));
+      return {30L * font_.CharWidth(), tab.bottom + 1};
+    }
     case Kind::kStatusBar:
-      return {20L * font_.CharWidth(), line + font_.Scaled(4)};
+      return {20L * font_.CharWidth(), line + font_.Scaled(8)};
     case Kind::kImage:
       return {font_.Scaled(32), font_.Scaled(32)};
     case Kind::kLabel:
-      return isBarPart_ ? SIZE{40L * font_.CharWidth(), line + font_.Scaled(4)}
-                        : font_.WrappedSize(control_.Caption(), 60 * font_.CharWidth());
+      if (isBarPart_) return {40L * font_.CharWidth(), line + font_.Scaled(6)};
+      return WantedOfLabel();
     default:
       return text;
   }
 }
 
+/// A label that was placed in more room than it asks for breaks into fewer lines.
+SIZE ControlWindow::WantedOfLabel() const {
+  const int narrow = 60 * font_.CharWidth();
+  const SIZE wanted = font_.WrappedSize(control_.Caption(), narrow);
+  if (width_ <= narrow) return wanted;
+  return {wanted.cx, font_.WrappedSize(control_.Caption(), width_).cy};
+}
+
+void ControlWindow::MakeBarPart() {
+  isBarPart_ = true;
+  SetWindowLongW(window_, GWL_STYLE, (GetWindowLongW(window_, GWL_STYLE) & ~SS_TYPEMASK) | SS_OWNERDRAW);
+}
+
 void ControlWindow::Place(const RECT& place) {
+  width_ = place.right - place.left;
   // The list of a combo box hangs below it.
   const int below = control_.ControlKind() == Kind::kComboBox ? 8 * font_.LineHeight() : 0;
   SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top + below,
@@ -310,6 +335,8 @@ void ControlWindow::TakeSelection() {
     if (selected == list.Selected(i)) continue;
     i == current ? list.UserClickItem(i) : list.UserSetSelected(i, selected);
   }
+  // Arrows go to an entry without selecting it.
+  if (current < list.ListCount()) list.SetListIndex(current);
 }
 
 void ControlWindow::TakeText() { static_cast<forms::TextBox&>(control_).UserSetText(FromWide(TextOf(window_))); }

@@ -40,13 +40,18 @@ class ControlWindow {
 
   forms::Control& Of() const { return control_; }
   HWND Handle() const { return window_; }
-  /// Brings the window to the control's state. @return whether a label's text became another
-  bool Mirror();
+  /// What changed for those around it.
+  struct Change {
+    bool labelText{false};
+    bool visibility{false};
+  };
+  /// Brings the window to the control's state.
+  Change Mirror();
   /// The least that shows all of it.
   SIZE Wanted() const;
   void Place(const RECT& place);
-  /// It is drawn as a part of a bar, as wide as its control says.
-  void MakeBarPart() { isBarPart_ = true; }
+  /// It is drawn as a part of a bar, as wide as its control says; its form draws it.
+  void MakeBarPart();
   bool IsBarPart() const { return isBarPart_; }
   /// Draws an entry of a list with check boxes.
   void DrawEntry(const DRAWITEMSTRUCT& entry) const;
@@ -62,11 +67,14 @@ class ControlWindow {
   void MirrorList();
   void MirrorCombo();
   bool ShowsUp() const;
+  SIZE WantedOfLabel() const;
 
   forms::Control& control_;
   const FormFont& font_;
   HWND window_;
   bool isBarPart_{false};
+  /// As wide as it was placed.
+  int width_{0};
 };
 
 }  // namespace win32

@@ -13,6 +13,10 @@ using Type = forms::LayoutNode::Type;
 LONG& Along(SIZE& size, bool across) { return across ? size.cx : size.cy; }
 LONG& Beside(SIZE& size, bool across) { return across ? size.cy : size.cx; }
 
+bool IsOf(const LayoutNode& node, Kind kind) {
+  return node.type == Type::kControl && node.control->ControlKind() == kind;
+}
+
 bool IsRow(const LayoutNode& node) { return node.type == Type::kRow || node.type == Type::kButtons; }
 
 }  // namespace
@@ -29,9 +33,10 @@ void FormLayout::Arrange(const RECT& place) const {
   Put(layout_, {place.left + gap, place.top + gap, place.right - gap, place.bottom - gap});
 }
 
-RECT FormLayout::InsideOf(const RECT& frame) const {
+RECT FormLayout::InsideOf(const LayoutNode& node, const RECT& frame) const {
   const int gap = Gap();
-  return {frame.left + gap, frame.top + font_.LineHeight() + gap / 2, frame.right - gap, frame.bottom - gap};
+  const int title = node.control->Caption().empty() ? gap : font_.LineHeight() + gap / 2;
+  return {frame.left + gap, frame.top + title, frame.right - gap, frame.bottom - gap};
 }
 
 FormLayout::Extent FormLayout::Measure(const LayoutNode& node) const {
@@ -43,7 +48,7 @@ FormLayout::Extent FormLayout::Measure(const LayoutNode& node) const {
     }
     case Type::kFrame: {
       Extent inside = MeasureLine(node, false);
-      const RECT around = InsideOf({0, 0, 0, 0});
+      const RECT around = InsideOf(node, {0, 0, 0, 0});
       inside.wanted.cx += around.left - around.right;
       inside.wanted.cy += around.top - around.bottom;
       const SIZE caption = font_.TextSize(node.control->Caption());
@@ -53,11 +58,10 @@ FormLayout::Extent FormLayout::Measure(const LayoutNode& node) const {
     case Type::kGrid:
       return MeasureGrid(node);
     case Type::kStack: {
-      Extent whole;
+      Extent whole{.grows = true};
       for (const LayoutNode& child : node.children) {
         const Extent one = Measure(child);
         whole.wanted = {std::max(whole.wanted.cx, one.wanted.cx), std::max(whole.wanted.cy, one.wanted.cy)};
-        whole.grows = whole.grows || one.grows;
         whole.widens = whole.widens || one.widens;
       }
       return whole;
@@ -69,12 +73,27 @@ FormLayout::Extent FormLayout::Measure(const LayoutNode& node) const {
   }
 }
 
+std::vector<std::pair<FormLayout::Extent, int>> FormLayout::MeasureChildren(const LayoutNode& node) const {
+  std::vector<std::pair<Extent, int>> children;
+  const bool framesOnly =
+      IsRow(node) && std::all_of(node.children.begin(), node.children.end(),
+                                 [](const LayoutNode& child) { return child.type == Type::kFrame; });
+  for (std::size_t i = 0; i < node.children.size(); ++i) {
+    Extent one = Measure(node.children[i]);
+    if (framesOnly) one.widens = true;
+    // Tabs stand on what they show, and the arrows at the number that they step.
+    const bool touches =
+        i > 0 && (IsOf(node.children[i - 1], Kind::kTabStrip) || IsOf(node.children[i], Kind::kUpDown));
+    if (i + 1 < node.children.size() && IsOf(node.children[i + 1], Kind::kUpDown)) one.widens = false;
+    children.emplace_back(one, i == 0 || touches ? 0 : Gap());
+  }
+  return children;
+}
+
 FormLayout::Extent FormLayout::MeasureLine(const LayoutNode& node, bool across) const {
   Extent whole;
-  for (const LayoutNode& child : node.children) {
-    Extent one = Measure(child);
-    if (&child != &node.children.front()) Along(whole.wanted, across) += Gap();
-    Along(whole.wanted, across) += Along(one.wanted, across);
+  for (auto& [one, gap] : MeasureChildren(node)) {
+    Along(whole.wanted, across) += gap + Along(one.wanted, across);
     Beside(whole.wanted, across) = std::max(Beside(whole.wanted, across), Beside(one.wanted, across));
     whole.grows = whole.grows || one.grows;
     whole.widens = whole.widens || one.widens;
@@ -109,6 +128,11 @@ void FormLayout::Put(const LayoutNode& node, const RECT& place) const {
   switch (node.type) {
     case Type::kControl: {
       ControlWindow& window = windowOf_(*node.control);
+      // A status bar lies in the form's own edge.
+      if (IsOf(node, Kind::kStatusBar)) {
+        const LONG bottom = place.bottom + Gap();
+        return window.Place({place.left - Gap(), bottom - window.Wanted().cy, place.right + Gap(), bottom});
+      }
       // What does not grow keeps its height, in the middle of its row.
       const LONG wanted = window.Wanted().cy;
       const bool fills = node.control->ControlKind() == Kind::kListBox || place.bottom - place.top <= wanted;
@@ -118,7 +142,7 @@ void FormLayout::Put(const LayoutNode& node, const RECT& place) const {
     }
     case Type::kFrame:
       windowOf_(*node.control).Place(place);
-      PutLine(node, InsideOf(place), false);
+      PutLine(node, InsideOf(node, place), false);
       return;
     case Type::kGrid:
       return PutGrid(node, place);
@@ -133,22 +157,17 @@ void FormLayout::Put(const LayoutNode& node, const RECT& place) const {
 }
 
 void FormLayout::PutLine(const LayoutNode& node, const RECT& place, bool across) const {
-  std::vector<Extent> extents;
+  std::vector<std::pair<Extent, int>> children = MeasureChildren(node);
   LONG left = across ? place.right - place.left : place.bottom - place.top;
   int growing = 0;
-  const bool framesOnly = across && std::all_of(node.children.begin(), node.children.end(),
-                                                [](const LayoutNode& child) { return child.type == Type::kFrame; });
-  for (const LayoutNode& child : node.children) {
-    Extent one = Measure(child);
-    if (framesOnly) one.widens = true;
+  for (auto& [one, gap] : children) {
     growing += (across ? one.widens : one.grows) ? 1 : 0;
-    left -= Along(one.wanted, across) + (extents.empty() ? 0 : Gap());
-    extents.push_back(one);
+    left -= gap + Along(one.wanted, across);
   }
   LONG at = across ? place.left : place.top;
   if (node.type == Type::kButtons) at += std::max<LONG>(left, 0);
-  for (std::size_t i = 0; i < extents.size(); ++i) {
-    Extent& one = extents[i];
+  for (std::size_t i = 0; i < children.size(); ++i) {
+    auto& [one, gap] = children[i];
     LONG length = Along(one.wanted, across);
     const bool grows = across ? one.widens : one.grows;
     if (grows && node.type != Type::kButtons && left > 0) {
@@ -156,10 +175,11 @@ void FormLayout::PutLine(const LayoutNode& node, const RECT& place, bool across)
       length += share;
       left -= share;
     }
+    at += gap;
     const RECT part =
         across ? RECT{at, place.top, at + length, place.bottom} : RECT{place.left, at, place.right, at + length};
     Put(node.children[i], part);
-    at += length + Gap();
+    at += length;
   }
 }
 

@@ -31,13 +31,15 @@ class FormLayout {
   };
   Extent Measure(const forms::LayoutNode& node) const;
   Extent MeasureLine(const forms::LayoutNode& node, bool across) const;
+  /// Each child of a line with the gap before it.
+  std::vector<std::pair<Extent, int>> MeasureChildren(const forms::LayoutNode& node) const;
   Extent MeasureGrid(const forms::LayoutNode& node) const;
   void Put(const forms::LayoutNode& node, const RECT& place) const;
   void PutLine(const forms::LayoutNode& node, const RECT& place, bool across) const;
   void PutGrid(const forms::LayoutNode& node, const RECT& place) const;
   std::vector<SIZE> GridLines(const forms::LayoutNode& node) const;
   int Gap() const { return font_.Scaled(7); }
-  RECT InsideOf(const RECT& frame) const;
+  RECT InsideOf(const forms::LayoutNode& node, const RECT& frame) const;
 
   const forms::Layout& layout_;
   const FormFont& font_;

@@ -73,6 +73,7 @@ FormWindow::FormWindow(forms::Form& form, HWND owner) : form_(form) {
   window_ = CreateWindowExW(WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT, kClassName, ToWide(form.Caption()).c_str(),
                             style, 0, 0, 100, 100, owner, nullptr, module, nullptr);
   SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  tips_ = std::make_unique<ToolTips>(window_);
   MakeControls(form.GetLayout());
   MakeMenus();
   layout_ = std::make_unique<FormLayout>(
@@ -124,6 +125,9 @@ void FormWindow::MakeMenus() {
 
 void FormWindow::SizeToContent() {
   SIZE wanted = layout_->Wanted();
+  // With their widths known, labels may want less height.
+  layout_->Arrange({0, 0, wanted.cx, wanted.cy});
+  wanted = layout_->Wanted();
   // A small form is wide enough for its title between the boxes of its frame.
   wanted.cx = std::max<LONG>(wanted.cx, font_.TextSize(form_.Caption()).cx + 12L * font_.CharWidth());
   RECT frame{0, 0, wanted.cx, wanted.cy};
@@ -148,8 +152,10 @@ void FormWindow::GrowWithTexts() {
   const SIZE wanted = layout_->Wanted();
   if (wanted.cx <= laidOut_.cx && wanted.cy <= laidOut_.cy) return;
   SizeToContent();
-  InvalidateRect(window_, nullptr, TRUE);
+  Redraw();
 }
+
+void FormWindow::Redraw() { RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN); }
 
 void FormWindow::Appear() {
   Refresh();
@@ -189,14 +195,22 @@ void FormWindow::Refresh() {
   mirroring_ = true;
   SetWindowTextW(window_, ToWide(form_.Caption()).c_str());
   bool textsChanged = false;
+  bool redraws = false;
   for (const auto& control : controls_) {
-    if (control->stale) textsChanged = control->Mirror() || textsChanged;
+    if (control->stale) {
+      const ControlWindow::Change change = control->Mirror();
+      textsChanged = textsChanged || change.labelText;
+      redraws = redraws || change.visibility;
+      tips_->Set(control->Handle(), control->Of().ToolTip());
+    }
     if (control->Of().ControlKind() == Kind::kButton) {
       const WPARAM style = form_.DefaultButton() == &control->Of() ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
       SendMessageW(control->Handle(), BM_SETSTYLE, style, TRUE);
     }
   }
   if (textsChanged && laidOut_.cx > 0) GrowWithTexts();
+  // What one leaves uncovered may lie in a frame, which would not paint it.
+  if (redraws) Redraw();
   PlaceBar();
   RefreshFocus();
   mirroring_ = false;
@@ -219,6 +233,27 @@ void FormWindow::PlaceBar() {
     SetWindowPos(control->Handle(), HWND_TOP, place.left, place.top, place.right - place.left, place.bottom - place.top,
                  SWP_NOACTIVATE);
   }
+}
+
+/// The text stands in the middle of the whole bar, and each part draws its piece of it.
+void FormWindow::DrawBar(const ControlWindow& part, const DRAWITEMSTRUCT& item) const {
+  std::u16string text;
+  const ControlWindow* whole = nullptr;
+  for (const auto& control : controls_) {
+    if (!control->IsBarPart()) continue;
+    if (whole == nullptr) whole = control.get();
+    if (!control->Of().Caption().empty()) text = control->Of().Caption();
+  }
+  const bool isWhole = whole == &part;
+  FillRect(item.hDC, &item.rcItem, GetSysColorBrush(isWhole ? COLOR_WINDOW : COLOR_HIGHLIGHT));
+  RECT place{};
+  GetClientRect(whole->Handle(), &place);
+  if (isWhole) FrameRect(item.hDC, &place, GetSysColorBrush(COLOR_BTNSHADOW));
+  SelectObject(item.hDC, font_.Handle());
+  SetBkMode(item.hDC, TRANSPARENT);
+  SetTextColor(item.hDC, GetSysColor(isWhole ? COLOR_WINDOWTEXT : COLOR_HIGHLIGHTTEXT));
+  const std::wstring wide = ToWide(text);
+  DrawTextW(item.hDC, wide.c_str(), static_cast<int>(wide.size()), &place, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
 }
 
 void FormWindow::RefreshFocus() {
@@ -272,11 +307,16 @@ LRESULT FormWindow::Handle(UINT message, WPARAM word, LPARAM value) {
       return Notify(*reinterpret_cast<const NMHDR*>(value));
     case WM_DRAWITEM: {
       const auto& entry = *reinterpret_cast<const DRAWITEMSTRUCT*>(value);
-      if (const ControlWindow* control = WindowOf(entry.hwndItem)) control->DrawEntry(entry);
+      if (const ControlWindow* control = WindowOf(entry.hwndItem)) {
+        control->IsBarPart() ? DrawBar(*control, entry) : control->DrawEntry(entry);
+      }
       return TRUE;
     }
     case WM_CTLCOLORSTATIC:
       if (const LRESULT brush = ColorOf(reinterpret_cast<HDC>(word), reinterpret_cast<HWND>(value))) return brush;
+      break;
+    case WM_SETCURSOR:
+      if (PointAt(reinterpret_cast<HWND>(word), HIWORD(value))) return TRUE;
       break;
     case WM_ACTIVATE:
       if (LOWORD(word) != WA_INACTIVE) PostMessageW(window_, kRefresh, 0, 0);
@@ -359,11 +399,18 @@ LRESULT FormWindow::ColorOf(HDC context, HWND child) const {
     SetBkMode(context, TRANSPARENT);
     return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
   }
-  if (!window->IsBarPart()) return 0;
-  const bool whole = window->Of().Caption().empty();
-  SetTextColor(context, GetSysColor(whole ? COLOR_BTNTEXT : COLOR_HIGHLIGHTTEXT));
-  SetBkColor(context, GetSysColor(whole ? COLOR_BTNSHADOW : COLOR_HIGHLIGHT));
-  return reinterpret_cast<LRESULT>(GetSysColorBrush(whole ? COLOR_BTNSHADOW : COLOR_HIGHLIGHT));
+  return 0;
+}
+
+bool FormWindow::PointAt(HWND child, UINT message) {
+  ControlWindow* const window = WindowOf(child);
+  if (window == nullptr) return false;
+  forms::Control& control = window->Of();
+  const Kind kind = control.ControlKind();
+  if (message == WM_MOUSEMOVE && control.onMouseMove) Act([&] { control.onMouseMove(); });
+  const bool pointsOn = kind == Kind::kLink || kind == Kind::kImage;
+  if (pointsOn) SetCursor(LoadCursorW(nullptr, IDC_HAND));
+  return pointsOn;
 }
 
 bool FormWindow::TakeKey(const MSG& message) {

@@ -10,6 +10,7 @@
 
 #include "hosts/win32/forms/ControlWindow.h"
 #include "hosts/win32/forms/FormLayout.h"
+#include "hosts/win32/forms/ToolTips.h"
 #include "platform/forms/Form.h"
 
 namespace win32 {
@@ -50,12 +51,16 @@ class FormWindow : private forms::Form::Listener {
   void MakeMenus();
   void SizeToContent();
   void GrowWithTexts();
+  void Redraw();
   void Act(const std::function<void()>& action);
   void Command(WORD notification, WORD id, HWND from);
   LRESULT Notify(const NMHDR& header);
   LRESULT ColorOf(HDC context, HWND child) const;
+  /// @return whether the cursor is another than the form's
+  bool PointAt(HWND child, UINT message);
   void RefreshFocus();
   void PlaceBar();
+  void DrawBar(const ControlWindow& part, const DRAWITEMSTRUCT& item) const;
   bool KeyDown(ControlWindow& focused, WPARAM key);
   bool Character(ControlWindow& focused, char16_t character);
   bool Accelerator(char16_t letter);
@@ -69,6 +74,7 @@ class FormWindow : private forms::Form::Listener {
   std::vector<std::unique_ptr<ControlWindow>> controls_;
   std::vector<forms::Control*> menuItems_;
   std::unique_ptr<FormLayout> layout_;
+  std::unique_ptr<ToolTips> tips_;
   /// The least that its content needed when it was laid out.
   SIZE laidOut_{};
   std::exception_ptr failure_;

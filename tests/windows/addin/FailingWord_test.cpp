@@ -176,10 +176,10 @@ TEST_P(FailingCommand, EndsWithAMessageAndLeavesWordAsItWas) {
 }
 
 INSTANTIATE_TEST_SUITE_P(OfEachKind, FailingCommand,
-                         testing::Values(Command{"FindQuoted", u"&Find and index", u"SearchFlagged", false, 60},
-                                         Command{"FindQuotedAgain", u"&Find and index", u"SearchFlagged", true, 120},
-                                         Command{"FindCapitals", u"&Find and index", u"SearchInitCaps", false, 240},
-                                         Command{"RemoveIndexing", u"&Remove indexing", u"SearchFlagged", true, 30},
+                         testing::Values(Command{"FindQuoted", u"&Find and index", u"SearchFlagged", false, 120},
+                                         Command{"FindQuotedAgain", u"&Find and index", u"SearchFlagged", true, 400},
+                                         Command{"FindCapitals", u"&Find and index", u"SearchInitCaps", false, 400},
+                                         Command{"RemoveIndexing", u"&Remove indexing", u"SearchFlagged", true, 60},
                                          Command{"RemoveHighlighting", u"Remove &highlighting only", u"SearchFlagged",
                                                  true, 10},
                                          Command{"UpdateIndex", u"&Update index", u"SearchFlagged", true, 1}),

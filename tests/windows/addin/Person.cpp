@@ -4,8 +4,9 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <fstream>
 #include <iostream>
+
+#include "tests/windows/Picture.h"
 
 namespace {
 
@@ -52,38 +53,6 @@ std::vector<HWND> ChildrenOf(HWND window) {
       },
       reinterpret_cast<LPARAM>(&children));
   return children;
-}
-
-/// A window's picture as a bitmap file.
-void SavePicture(HWND window, const std::string& file) {
-  RECT place{};
-  GetWindowRect(window, &place);
-  const int width = place.right - place.left;
-  const int height = place.bottom - place.top;
-  const HDC from = GetWindowDC(window);
-  const HDC to = CreateCompatibleDC(from);
-  BITMAPINFO format{};
-  format.bmiHeader.biSize = sizeof format.bmiHeader;
-  format.bmiHeader.biWidth = width;
-  format.bmiHeader.biHeight = height;
-  format.bmiHeader.biPlanes = 1;
-  format.bmiHeader.biBitCount = 32;
-  void* bits = nullptr;
-  const HBITMAP bitmap = CreateDIBSection(to, &format, DIB_RGB_COLORS, &bits, nullptr, 0);
-  SelectObject(to, bitmap);
-  BitBlt(to, 0, 0, width, height, from, 0, 0, SRCCOPY);
-  const auto size = static_cast<DWORD>(width * height * 4);
-  BITMAPFILEHEADER header{};
-  header.bfType = 0x4D42;
-  header.bfOffBits = sizeof header + sizeof format.bmiHeader;
-  header.bfSize = header.bfOffBits + size;
-  std::ofstream out(file, std::ios::binary);
-  out.write(reinterpret_cast<const char*>(&header), sizeof header);
-  out.write(reinterpret_cast<const char*>(&format.bmiHeader), sizeof format.bmiHeader);
-  out.write(static_cast<const char*>(bits), size);
-  DeleteDC(to);
-  DeleteObject(bitmap);
-  ReleaseDC(window, from);
 }
 
 std::wstring ClassOf(HWND window) {
@@ -159,7 +128,7 @@ void Person::KeepPicture(HWND window) const {
   const char* const folder = std::getenv("KVX_PICTURES");
   if (folder == nullptr) return;
   RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-  SavePicture(window, std::string("Z:") + folder + "/" + std::to_string(seen_.size()) + ".bmp");
+  SavePicture(window, std::string("Z:") + folder + "/" + std::to_string(seen_.size()) + ".png");
 }
 
 void Person::GiveUp(HWND window) {
