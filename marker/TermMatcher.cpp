@@ -61,6 +61,7 @@ TermMatcher::TermMatcher(const Letters& letters, std::vector<Form> forms)
     const std::u16string& text = forms_[form].text;
     if (!text.empty() && std::none_of(text.begin(), text.end(), PartsTerms)) Insert(form);
   }
+  for (std::size_t unit = 0; unit < roots_.size(); ++unit) roots_[unit] = Child(kRoot, static_cast<char16_t>(unit));
 }
 
 void TermMatcher::Insert(std::size_t form) {
@@ -98,7 +99,7 @@ void TermMatcher::Collect(std::u16string_view text, std::u16string_view folded, 
                           std::vector<Match>& candidates) const {
   Node node = kRoot;
   for (std::size_t index = begin; index < folded.size(); ++index) {
-    node = Child(node, folded[index]);
+    node = index == begin ? Begin(folded[index]) : Child(node, folded[index]);
     if (node == kNone) return;
     const std::size_t end = index + 1;
     if (formsAt_[node].empty() || Letters::SplitsPair(text, end) || letters_.IsWordAt(text, end)) continue;

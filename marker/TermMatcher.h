@@ -2,6 +2,7 @@
 
 #include "marker/Letters.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -54,6 +55,7 @@ class TermMatcher {
 
   void Insert(std::size_t form);
   Node Child(Node parent, char16_t unit) const;
+  Node Begin(char16_t unit) const { return unit < roots_.size() ? roots_[unit] : Child(kRoot, unit); }
   void Collect(std::u16string_view text, std::u16string_view folded, std::size_t begin,
                std::vector<Match>& candidates) const;
   std::size_t Choose(const std::vector<std::size_t>& forms, std::u16string_view found) const;
@@ -63,6 +65,7 @@ class TermMatcher {
   std::vector<Form> forms_;
   std::vector<std::vector<Branch>> children_{1};      ///< of each node, by their units
   std::vector<std::vector<std::size_t>> formsAt_{1};  ///< the forms that end at each node, in the order given
+  std::array<Node, 128> roots_;  ///< where a form begins: at every word of a text, so it is told at once for ASCII
 };
 
 /// Where the possessive ending behind a word ends; `end` itself when there is none.
