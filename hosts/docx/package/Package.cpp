@@ -23,8 +23,8 @@ namespace docx {
 namespace {
 
 constexpr char kTooLarge[] = "is too large for a Word document: more than 512 MiB";
-static_assert(kMaxFileSize == 512ULL << 20 && kMaxEntries == 20'000 && kMaxPartSize == 128ULL << 20 &&
-                  kMaxTotalSize == 256ULL << 20 && kMaxRatio == 300,
+static_assert(kMaxFileSize == 512ULL << 20 && kMaxEntries == 20'000 && kMaxPartSize == 256ULL << 20 &&
+                  kMaxTotalSize == 384ULL << 20 && kMaxRatio == 300,
               "the messages name the limits");
 
 constexpr std::string_view kContentTypesPart = "[Content_Types].xml";
@@ -279,8 +279,8 @@ std::string Package::Inflate(Entry& entry) const {
   // The directory's size is a claim. It is held against the limits first; then exactly so many bytes must come.
   const auto tooLarge = [&] {
     throw PackageError("is not accepted: " + Printable(entry.name) +
-                       " is too large when unpacked: more than 128 MiB, or 300 times" +
-                       " its packed size, or 256 MiB with the other parts");
+                       " is too large when unpacked: more than 256 MiB, or 300 times" +
+                       " its packed size, or 384 MiB with the other parts");
   };
   if (entry.size > kMaxPartSize) tooLarge();
   if (entry.size > kRatioFreeSize && entry.size / kMaxRatio > entry.packedSize) tooLarge();
@@ -321,6 +321,9 @@ std::string Package::Inflate(Entry& entry) const {
 void Package::Replace(std::string_view name, std::string content) { Put(At(name), std::move(content)); }
 
 void Package::Put(Entry& entry, std::string content) {
+  if (content.size() > kMaxPartSize) {
+    throw PackageError("would become too large: " + Printable(entry.name) + " more than 256 MiB");
+  }
   // A content that is what the archive holds undoes earlier changes, so the part is copied again, not packed.
   const bool same = entry.archived && entry.size == content.size() && entry.checksum == Checksum(content) &&
                     Inflate(entry) == content;

@@ -25,8 +25,8 @@ class PackageError : public std::runtime_error {
 inline constexpr std::uint64_t kMaxFileSize = 512ULL << 20;
 inline constexpr std::size_t kMaxEntries = 20'000;
 /// Inflated size of one part, and of everything read of one package together.
-inline constexpr std::uint64_t kMaxPartSize = 128ULL << 20;
-inline constexpr std::uint64_t kMaxTotalSize = 256ULL << 20;
+inline constexpr std::uint64_t kMaxPartSize = 256ULL << 20;
+inline constexpr std::uint64_t kMaxTotalSize = 384ULL << 20;
 /// A part that grows beyond the size by more than the factor is a bomb, whatever its header says.
 inline constexpr std::uint64_t kRatioFreeSize = 8ULL << 20;
 inline constexpr std::uint64_t kMaxRatio = 300;
@@ -67,6 +67,7 @@ class Package {
   /// Empty when the package states none.
   std::string ContentType(std::string_view name) const;
 
+  /// What is too large to be read again is refused, here and by Add.
   void Replace(std::string_view name, std::string content);
   /// @param name must not exist yet
   void Add(std::string_view name, std::string content, std::string_view contentType);

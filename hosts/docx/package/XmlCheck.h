@@ -8,8 +8,10 @@ namespace docx {
 
 /// What one XML part may cost at most; beyond it the document is refused.
 inline constexpr std::size_t kMaxDepth = 4'000;
-/// Elements and attributes together.
-inline constexpr std::size_t kMaxNodes = 6'000'000;
+/// Elements, comments, instructions and CDATA sections together: what a tree has nodes for.
+inline constexpr std::size_t kMaxNodes = 8'000'000;
+/// Attributes of one element.
+inline constexpr std::size_t kMaxAttributes = 100'000;
 
 /// Refuses XML that the parser would choke on or take without complaint although it is broken: document types and the
 /// entities they declare, undeclared entities, nesting beyond kMaxDepth, control characters, invalid UTF-8, "<" in

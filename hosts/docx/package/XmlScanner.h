@@ -195,9 +195,9 @@ class XmlScanner {
   }
 
   void Markup() {
-    if (p_[1] == '/') {
-      EndTag();
-    } else if (p_[1] == '!') {
+    if (p_[1] == '/') return EndTag();
+    if (++nodes_ > kMaxNodes) Fail("has too many elements");
+    if (p_[1] == '!') {
       Declaration();
     } else if (p_[1] == '?') {
       Instruction();
@@ -249,10 +249,6 @@ class XmlScanner {
     ++p_;
   }
 
-  void Count() {
-    if (++nodes_ > kMaxNodes) Fail("has too many elements");
-  }
-
   void CheckAttributeNames() {
     bool twice = false;
     if (attributes_.size() <= 8) {
@@ -270,7 +266,6 @@ class XmlScanner {
     ++p_;
     const std::string_view name = Name();
     const char* const attributes = p_;
-    Count();
     attributes_.clear();
     while (true) {
       const bool blank = p_ < end_ && xml_scanner::Is(*p_, xml_scanner::kBlank);
@@ -278,9 +273,9 @@ class XmlScanner {
       if (p_ == end_) Fail("ends in the middle of a tag");
       if (*p_ == '>' || *p_ == '/') break;
       if (!blank) Fail("has a malformed tag");
+      if (attributes_.size() == kMaxAttributes) Fail("has too many attributes in one element");
       attributes_.push_back(Name());
       handler_.Attribute(attributes_.back());
-      Count();
       SkipBlanks();
       if (p_ == end_ || *p_ != '=') Fail("has an attribute without a value");
       ++p_;

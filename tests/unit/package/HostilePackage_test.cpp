@@ -138,7 +138,7 @@ TEST(HostilePackage, ABombOfOnePart) {
   const std::string bomb = "<a>" + std::string(64 << 20, ' ') + "</a>";
   EXPECT_EQ(Refusal(MinimalDocument(kContentTypes, kPackageRelationships, bomb).Bytes()),
             "is not accepted: \"word/document.xml\" is too large when unpacked"
-            ": more than 128 MiB, or 300 times its packed size, or 256 MiB with the other parts");
+            ": more than 256 MiB, or 300 times its packed size, or 384 MiB with the other parts");
 }
 
 TEST(HostilePackage, APartLargerThanAnyMayBe) {
@@ -146,14 +146,14 @@ TEST(HostilePackage, APartLargerThanAnyMayBe) {
   zip.Add({.name = "word/styles.xml", .content = "<a/>", .sizeLie = static_cast<std::int64_t>(docx::kMaxPartSize)});
   EXPECT_EQ(Refusal(zip.Bytes()),
             "is not accepted: \"word/styles.xml\" is too large when unpacked"
-            ": more than 128 MiB, or 300 times its packed size, or 256 MiB with the other parts");
+            ": more than 256 MiB, or 300 times its packed size, or 384 MiB with the other parts");
 }
 
 TEST(HostilePackage, ManyPartsThatAreTooLargeTogether) {
   // Each unpacks to less than a ratio would tell.
   const std::string part = "<a>" + std::string(7 << 20, ' ') + "</a>";
   RawZip zip = MinimalDocument();
-  zip.AddCopies({.name = "p", .content = part}, 40);
+  zip.AddCopies({.name = "p", .content = part}, 56);
   const std::string why = Refusal(zip.Bytes(), Reading::kBytes);
   EXPECT_TRUE(Has(why, "is too large when unpacked")) << why;
 }

@@ -145,6 +145,18 @@ TEST(Package, HoldsLargePartsWhole) {
   EXPECT_EQ(docx::Package::Open(Written(*package))->Read("word/styles.xml"), large);
 }
 
+TEST(Package, RefusesToWriteAPartThatItWouldNotRead) {
+  const auto package = docx::Package::Open(Sample().Bytes());
+  const std::string large(docx::kMaxPartSize + 1, 'x');
+  try {
+    package->Replace("word/styles.xml", large);
+    FAIL();
+  } catch (const docx::PackageError& error) {
+    EXPECT_STREQ(error.what(), "would become too large: \"word/styles.xml\" more than 256 MiB");
+  }
+  EXPECT_FALSE(package->Changed());
+}
+
 TEST(Package, WritesAnEmptyPart) {
   const auto package = docx::Package::Open(Sample().Bytes());
   package->Replace("word/styles.xml", "");

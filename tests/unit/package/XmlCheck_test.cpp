@@ -163,10 +163,18 @@ TEST(CheckXml, LimitsNesting) {
   EXPECT_NE(WhyNot(nested(100'000)).find("nested too deeply"), std::string::npos);
 }
 
-TEST(CheckXml, LimitsElementsAndAttributes) {
+TEST(CheckXml, LimitsWhatATreeHasNodesFor) {
   EXPECT_EQ(WhyNot("<a>" + Repeated("<b c=''/>", 100'000) + "</a>"), "");
-  EXPECT_NE(WhyNot("<a>" + Repeated(Repeated("<b/>", 1000), docx::kMaxNodes / 1000) + "</a>").find("too many elements"),
-            std::string::npos);
+  for (const char* node : {"<b/>", "<!---->", "<?p?>", "<![CDATA[]]>"}) {
+    const std::string many = Repeated(Repeated(node, 1000), docx::kMaxNodes / 1000);
+    EXPECT_NE(WhyNot("<a>" + many + "</a>").find("too many elements"), std::string::npos) << node;
+  }
+}
+
+TEST(CheckXml, LimitsTheAttributesOfAnElement) {
+  std::string xml = "<a";
+  for (std::size_t i = 0; i <= docx::kMaxAttributes; ++i) xml += " b" + std::to_string(i) + "=''";
+  EXPECT_NE(WhyNot(xml + "/>").find("too many attributes in one element"), std::string::npos);
 }
 
 TEST(CheckXml, TakesNoLongerForManyAttributesInOneTag) {
