@@ -7,7 +7,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 #include "hosts/docx/layout/BlockReader.h"
@@ -17,6 +16,7 @@
 #include "hosts/docx/layout/TextStyle.h"
 #include "hosts/docx/layout/ThemeFonts.h"
 #include "hosts/docx/model/DocumentParts.h"
+#include "hosts/docx/pages/PageTable.h"
 #include "platform/page/Display.h"
 
 namespace docx::layout {
@@ -47,7 +47,9 @@ class DocumentLayout {
   /// In points.
   double PaperWidth(int page) const;
   double PaperHeight(int page) const;
-  /// The page that shows a position of main text, footnotes or endnotes; 1 for other stories.
+  /// Where main text, footnotes or endnotes stand, in the order of positions; empty for other stories.
+  const std::vector<PageStart>& Starts(int story) const;
+  /// The page that shows a position of them; 1 for other stories.
   int PageShowing(int story, Position position) const;
   /// The paragraph of the main text that a position is in; nullptr when none shows.
   const Paragraph* ParagraphAt(Position position) const;
@@ -93,8 +95,8 @@ class DocumentLayout {
   const std::vector<Block>* continuation_{nullptr};
   PageFiller::Content body_;
   PageFiller::Content notes_;
-  /// By story, from the main text on: the places of lines and their pages.
-  mutable std::array<std::vector<std::pair<Position, int>>, 3> shownOn_;
+  /// By story, from the main text on.
+  mutable std::array<std::vector<PageStart>, 3> starts_;
 };
 
 }  // namespace docx::layout

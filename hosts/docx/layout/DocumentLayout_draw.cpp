@@ -133,26 +133,37 @@ void DocumentLayout::DrawHeaders(int page, FlowBuilder& flows, PageDrawer& drawe
   }
 }
 
-int DocumentLayout::PageShowing(int story, Position position) const {
+const std::vector<PageStart>& DocumentLayout::Starts(int story) const {
+  static const std::vector<PageStart> none;
   const bool endnote = story == word::wdEndnotesStory;
-  if (story != word::wdMainTextStory && story != word::wdFootnotesStory && !endnote) return 1;
-  std::vector<std::pair<Position, int>>& starts = shownOn_[static_cast<std::size_t>(story - 1)];
-  if (starts.empty()) {
-    for (const PageFiller::Placed& line : story == word::wdFootnotesStory ? notes_.lines : body_.lines) {
-      const bool shows = !line.repeated && line.position >= 0 && line.shown.paragraph != nullptr && line.shown.letters;
-      if (shows && line.endnote == endnote) starts.emplace_back(line.position, line.page);
-    }
-    // Text that runs up or down is placed with its cell.
-    for (const PageFiller::PlacedCell& cell : story == word::wdFootnotesStory ? notes_.cells : body_.cells) {
-      const bool sideways = !endnote && cell.cell->sideways && !cell.cell->blocks.empty();
-      const Paragraph* first = sideways ? cell.cell->blocks.front().AsParagraph() : nullptr;
-      if (first != nullptr) starts.emplace_back(first->start, cell.page);
-    }
-    std::ranges::stable_sort(starts, {}, &std::pair<Position, int>::first);
+  if (story != word::wdMainTextStory && story != word::wdFootnotesStory && !endnote) return none;
+  std::vector<PageStart>& starts = starts_[static_cast<std::size_t>(story - 1)];
+  if (!starts.empty()) return starts;
+  for (const PageFiller::Placed& line : story == word::wdFootnotesStory ? notes_.lines : body_.lines) {
+    const bool shows = !line.repeated && line.position >= 0 && line.shown.paragraph != nullptr;
+    if (shows && line.endnote == endnote) starts.push_back({line.position, line.page});
   }
-  const auto next = std::ranges::upper_bound(starts, position, {}, &std::pair<Position, int>::first);
-  if (next == starts.begin()) return starts.empty() ? 1 : starts.front().second;
-  return std::prev(next)->second;
+  // Text that runs up or down is placed with its cell.
+  for (const PageFiller::PlacedCell& cell : story == word::wdFootnotesStory ? notes_.cells : body_.cells) {
+    const bool sideways = !endnote && cell.cell->sideways && !cell.cell->blocks.empty();
+    const Paragraph* first = sideways ? cell.cell->blocks.front().AsParagraph() : nullptr;
+    if (first != nullptr) starts.push_back({first->start, cell.page});
+  }
+  std::ranges::stable_sort(starts, {}, &PageStart::position);
+  // A position that two lines begin at is where the second one is.
+  std::size_t kept = 0;
+  for (std::size_t i = 0; i < starts.size(); ++i) {
+    if (i + 1 < starts.size() && starts[i + 1].position == starts[i].position) continue;
+    if (kept == 0 || starts[kept - 1].page != starts[i].page) starts[kept++] = starts[i];
+  }
+  starts.resize(kept);
+  return starts;
+}
+
+int DocumentLayout::PageShowing(int story, Position position) const {
+  const std::vector<PageStart>& starts = Starts(story);
+  if (starts.empty() || position < starts.front().position) return starts.empty() ? 1 : starts.front().page;
+  return PageAt(starts, position);
 }
 
 const Paragraph* DocumentLayout::ParagraphAt(Position position) const {

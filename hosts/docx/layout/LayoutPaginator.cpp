@@ -1,8 +1,6 @@
 #include "hosts/docx/layout/LayoutPaginator.h"
 
-#include <algorithm>
 #include <string>
-#include <string_view>
 #include <utility>
 
 #include "hosts/docx/layout/DocumentLayout.h"
@@ -22,21 +20,10 @@ class LayoutPaginator : public PageTable {
     keptLastBreaks_ = layout.KeptLastBreaks();
     count_ = layout.PageCount();
     numberings_ = layout.Numberings();
-    for (const PageFiller::Placed& placed : layout.Placed()) {
-      if (placed.repeated || placed.position < 0) continue;
-      (placed.endnote ? endnotes_ : main_).push_back({placed.position, placed.page});
-    }
-    Compress(main_);
-    Compress(endnotes_);
-    const std::vector<std::unique_ptr<Story>>& footnotes = parts.Stories(word::wdFootnotesStory);
-    if (footnotes.empty()) return;
-    NotePages pages;
-    const XmlPart& part = parts.MainPart();
-    for (const auto& [reference, page] : layout.NotePages()) {
-      const XmlNode node(const_cast<XmlNodeData*>(reference));
-      if (part.Is(node, Tag::kFootnoteReference)) pages.emplace(NoteId(part, node), page);
-    }
-    footnotes_ = PlaceNotes(*footnotes.front(), pages);
+    // What is counted is what is drawn.
+    main_ = layout.Starts(word::wdMainTextStory);
+    footnotes_ = layout.Starts(word::wdFootnotesStory);
+    endnotes_ = layout.Starts(word::wdEndnotesStory);
   }
 
   std::string Basis() const override { return keptLastBreaks_ ? "layout and breaks that Word left" : "layout"; }
@@ -44,17 +31,6 @@ class LayoutPaginator : public PageTable {
   std::shared_ptr<const DocumentLayout> Layout() const override { return layout_; }
 
  private:
-  static void Compress(std::vector<PageStart>& starts) {
-    std::stable_sort(starts.begin(), starts.end(),
-                     [](const PageStart& a, const PageStart& b) { return a.position < b.position; });
-    std::vector<PageStart> kept;
-    for (const PageStart& start : starts) {
-      if (!kept.empty() && kept.back().page == start.page) continue;
-      kept.push_back(start);
-    }
-    starts = std::move(kept);
-  }
-
   bool keptLastBreaks_{false};
   std::shared_ptr<const DocumentLayout> layout_;
 };

@@ -348,7 +348,7 @@ void PageFiller::PlaceCell(const CellFlow& cell, std::size_t end, Spot spot, dou
     if (deepest <= 0) continue;
     for (std::size_t line = first; line < placed.lines.size(); ++line) {
       PageFiller::Placed& one = placed.lines[line];
-      if (one.top + one.height > deepest + kSlack) one.shown.paragraph = nullptr;
+      if (one.top + one.height > deepest + kSlack) one.shown.letters = one.shown.floats = false;
     }
   }
 }

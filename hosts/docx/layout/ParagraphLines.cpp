@@ -17,10 +17,7 @@ constexpr double kSlack = 0.5;  // twips that a line may be too long for reasons
 constexpr double kShrunk = 0.24;
 constexpr double kSmallCapsSize = 0.8;
 constexpr double kExactBaseline = 0.8;  // of a line of stated height
-/// From this version of Word on, as it numbers itself, a paragraph's mark does not count for the height of a line of
-/// text.
-constexpr int kMarkApart = 15;
-constexpr double kNarrowest = 20;  // twips: a column that is less still takes its text
+constexpr double kNarrowest = 20;       // twips: a column that is less still takes its text
 
 bool IsComplexScript(char16_t c) {
   return (c >= 0x0590 && c < 0x0900) || (c >= 0x0900 && c < 0x1100) || (c >= 0x1780 && c < 0x1800) ||
@@ -242,7 +239,7 @@ void LineMaker::Include(Extent& extent, const TextStyle& style, Script script) {
   extent.descent = std::max(extent.descent, (line.descent + line.gap) * size - style.raise);
 }
 
-void LineMaker::SetHeight(const Paragraph& paragraph, bool first, bool last, Line& line) const {
+void LineMaker::SetHeight(const Paragraph& paragraph, bool first, Line& line) const {
   const ParagraphFormat& format = paragraph.look.format;
   if (*format.lineRule == LineRule::kExact && *format.line > 0) {
     line.height = *format.line;
@@ -261,8 +258,8 @@ void LineMaker::SetHeight(const Paragraph& paragraph, bool first, bool last, Lin
     if (piece.kind == PieceKind::kObject) picture = std::max(picture, static_cast<double>(piece.height));
     Include(extent, *piece.style, script);
   }
-  const bool markCounts = last && settings_.compatibility < kMarkApart;
-  if (markCounts || line.from == line.to) Include(extent, *paragraph.mark, Script::kAscii);
+  // Behind text the mark of the paragraph does not count.
+  if (line.from == line.to) Include(extent, *paragraph.mark, Script::kAscii);
   if (first && paragraph.labelStyle != nullptr) {
     Include(extent, *paragraph.labelStyle,
             paragraph.label.empty() ? Script::kAscii : ScriptOf(paragraph.label.front(), *paragraph.labelStyle));
@@ -301,6 +298,10 @@ void LineMaker::MakeFrom(const Paragraph& paragraph, std::size_t from, double wi
   lines.clear();
   const std::size_t begin = from;
   const std::size_t size = paragraph.text.size();
+  const auto positionOf = [&](std::size_t unit) {
+    const Piece& piece = paragraph.pieces[units_[unit].piece];
+    return piece.position + static_cast<Position>(unit - piece.start);
+  };
   do {
     const bool first = from == 0 && lines.empty();
     const double start = first ? LabelEnd(paragraph, right) : left;
@@ -308,9 +309,7 @@ void LineMaker::MakeFrom(const Paragraph& paragraph, std::size_t from, double wi
     Line line;
     line.from = static_cast<std::uint32_t>(from);
     line.to = static_cast<std::uint32_t>(to);
-    line.start = first ? paragraph.start
-                       : paragraph.pieces[units_[from].piece].position +
-                             static_cast<Position>(from - paragraph.pieces[units_[from].piece].start);
+    line.start = first ? paragraph.start : positionOf(from);
     const bool more = to < size;
     if (to > from) {
       const PieceKind last = paragraph.pieces[units_[to - 1].piece].kind;
@@ -318,17 +317,17 @@ void LineMaker::MakeFrom(const Paragraph& paragraph, std::size_t from, double wi
       if (last == PieceKind::kColumnBreak) line.behind = BreakBehind::kColumn;
       // The mark goes on the next line behind a line break, and stays with the others.
       if (last == PieceKind::kLineBreak && to == size) {
-        SetHeight(paragraph, first, false, line);
+        SetHeight(paragraph, first, line);
         lines.push_back(line);
         Line empty;
         empty.from = empty.to = line.to;
         empty.start = paragraph.end;
-        SetHeight(paragraph, false, true, empty);
+        SetHeight(paragraph, false, empty);
         lines.push_back(empty);
         break;
       }
     }
-    SetHeight(paragraph, first, !more, line);
+    SetHeight(paragraph, first, line);
     lines.push_back(std::move(line));
     from = to;
     if (!more) break;
@@ -338,6 +337,8 @@ void LineMaker::MakeFrom(const Paragraph& paragraph, std::size_t from, double wi
   for (const Position lastBreak : paragraph.lastBreaks) {
     if (begin > 0 && lastBreak <= lines.front().start) continue;
     while (broken + 1 < lines.size() && lines[broken + 1].start <= lastBreak) ++broken;
+    // The page that begins behind a break is not this line's.
+    if (lines[broken].behind == BreakBehind::kPage && lastBreak > positionOf(lines[broken].to - 1)) continue;
     const Position end = broken + 1 < lines.size() ? lines[broken + 1].start : paragraph.end;
     const bool second = broken + 1 < lines.size() && lastBreak - lines[broken].start > end - lastBreak;
     lines[second ? broken + 1 : broken].lastBreak = lastBreak;

@@ -69,7 +69,7 @@ class LineMaker {
   void MeasureText(const Paragraph& paragraph, const Piece& piece);
   void MeasureShaped(std::u16string_view text, const Piece& piece, Script script, std::size_t from);
   std::size_t FindEnd(const Paragraph& paragraph, std::size_t from, double start, double right, bool first);
-  void SetHeight(const Paragraph& paragraph, bool first, bool last, Line& line) const;
+  void SetHeight(const Paragraph& paragraph, bool first, Line& line) const;
   static void Include(Extent& extent, const TextStyle& style, Script script);
 
   LineSettings settings_;

@@ -38,7 +38,10 @@ TEST(LayoutNotes, GoOnOnTheNextPage) {
   Document document(Lines("a", kPerPage - 2) + Referring("r", 2) + Lines("b", kPerPage));
   document.With("footnotes", Note(2, Lines("n", 3)));
   EXPECT_EQ(document.PageOf(u"r"), 1);
-  // Two lines of the note go over to the second page.
+  // Two lines of the note go over to the second page, and are counted there.
+  EXPECT_EQ(document.PageOf(u"n1", word::wdFootnotesStory), 1);
+  EXPECT_EQ(document.PageOf(u"n2", word::wdFootnotesStory), 2);
+  EXPECT_EQ(document.PageOf(u"n3", word::wdFootnotesStory), 2);
   EXPECT_EQ(document.PageOf(u"b16"), 2);
   EXPECT_EQ(document.PageOf(u"b17"), 3);
 }

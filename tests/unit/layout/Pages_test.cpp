@@ -142,6 +142,16 @@ TEST(LayoutLastBreaks, DoNotCountFarFromWhereAPageEnds) {
   EXPECT_EQ(document.Pages().Basis(), "layout");
 }
 
+// Word notes its break behind the one that the text has; the line with the break stays before it.
+TEST(LayoutLastBreaks, DoNotMoveTheBreakThatTheyFollow) {
+  Document document(Lines("a", 2) + P(kBreak + paged::kMark, kTall) + Lines("b", 1));
+  document.source = docx::PageSource::kAuto;
+  const docx::layout::DocumentLayout layout(document.Parts(), true);
+  EXPECT_EQ(layout.PageCount(), 2);
+  EXPECT_EQ(layout.PageShowing(word::wdMainTextStory, 6), 1);
+  EXPECT_EQ(document.PageOf(u"b1"), 2);
+}
+
 TEST(LayoutLastBreaks, DoNotCountForTheLayoutAlone) {
   Document document(WithLastBreak(kPerPage));
   EXPECT_EQ(document.PageOf(u"a18."), 1);
