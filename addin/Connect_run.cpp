@@ -279,7 +279,7 @@ std::u16string_view Connect::PrepareTermsDialog(frmKVX_COM& dialog) {
 
 void Connect::Restore() {
   const word::DocumentPtr& document = run_.ActiveIndexDocument;
-  engine_->RestoreWordState(wordApp_, document, run_.saved);
+  const bool restored = engine_->RestoreWordState(wordApp_, document, run_.saved);
   run_.wordStateChanged = false;
   ResetDocView(document);
   wordApp_->Options()->SetPagination(true);
@@ -294,6 +294,8 @@ void Connect::Restore() {
     const word::SelectionPtr selection = wordApp_->Selection();
     selection->GoTo({.What = word::wdGoToBookmark, .Name = std::u16string(kIndexBookmark)});
     selection->Collapse(word::wdCollapseStart);
+    // The companion takes it away, unless an error kept it from that.
+    if (!restored) DeleteBookmark(document, kReturnBookmark);
   } else {
     ReturnToMark(document);
   }

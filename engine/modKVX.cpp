@@ -20,9 +20,9 @@ std::vector<std::u16string> ChosenTerms(const forms::ListBox& lstTermsInDoc, con
   return chosen;
 }
 
-void modKVX::RestoreWordState(const word::ApplicationPtr& application, const word::DocumentPtr& document,
+bool modKVX::RestoreWordState(const word::ApplicationPtr& application, const word::DocumentPtr& document,
                               const SavedWordState& saved) {
-  TrapErrors(messages_, u"Error restoring options", [&] {
+  return TrapErrors(messages_, u"Error restoring options", [&] {
     const word::OptionsPtr options = application->Options();
     options->SetAutoFormatAsYouTypeReplaceQuotes(saved.SavedReplaceQuotes);
     marker_.FinishDocument(document);

@@ -101,7 +101,8 @@ class modKVX {
 
   /// Puts back what a run changed in Word. Fast save stays as the run left it, on purpose. An error is shown
   /// and ends it; later values then stay as the run set them.
-  void RestoreWordState(const word::ApplicationPtr& application, const word::DocumentPtr& document,
+  /// @return whether it came to its end
+  bool RestoreWordState(const word::ApplicationPtr& application, const word::DocumentPtr& document,
                         const SavedWordState& saved);
 
  private:

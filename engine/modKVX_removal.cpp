@@ -53,10 +53,12 @@ bool modKVX::WithScreenHeld(const word::ApplicationPtr& application, std::u16str
     work();
   });
   progress_.CloseProgress();
-  TrapErrors(messages_, title, [&] {
+  const bool shown = TrapErrors(messages_, title, [&] {
     application->SetScreenUpdating(wasUpdating);
     if (wasUpdating) application->ScreenRefresh();
   });
+  // Nobody can work with a screen that stands still.
+  if (!shown) IgnoreErrors([&] { application->SetScreenUpdating(wasUpdating); });
   return done;
 }
 

@@ -16,7 +16,9 @@ class CallLog {
   /// @throws word::HostError 4605 when a test asked for this very call to fail
   void Add(std::string call) {
     calls.push_back(std::move(call));
-    if (!failAt.empty() && calls.back() == failAt) {
+    const bool failsOnce = !failOnceAt.empty() && calls.back() == failOnceAt;
+    if (failsOnce) failOnceAt.clear();
+    if (failsOnce || (!failAt.empty() && calls.back() == failAt)) {
       throw word::HostError(word::kMethodNotAvailable, u"This method or property is not available", "Fake");
     }
   }
@@ -30,6 +32,8 @@ class CallLog {
   std::vector<std::string> calls;
   /// The call that fails, in full; empty: none does.
   std::string failAt;
+  /// The same for one that fails the first time only.
+  std::string failOnceAt;
 };
 
 inline std::string Plain(std::u16string_view text) {

@@ -309,6 +309,17 @@ TEST_F(IndexerRun, ACancelledRunRestoresTheStateAndTheCursor) {
   EXPECT_EQ(host.log.CountBeginning("MarkTermInStory"), 0);
 }
 
+TEST_F(IndexerRun, ARunWhoseRestoringFailsLeavesNoBookmarkOfItsOwn) {
+  host.log.failAt = "FinishDocument";
+  host.messages.Expect(u"Error restoring options");
+  AcceptOptions();
+  AcceptTerms();
+  Run();
+  EXPECT_TRUE(Has(u"DefinedTermsIndex"));
+  EXPECT_FALSE(Has(u"ReturnHereBK"));
+  EXPECT_FALSE(Has(u"IndexBKStart"));
+}
+
 TEST_F(IndexerRun, FastSaveStaysOff) {
   AcceptOptions();
   CancelTerms();

@@ -72,6 +72,13 @@ TEST_F(Removal, TheIndexStartGoesOnlyWhenARunMadeIt) {
   EXPECT_EQ(word.bookmarks.count(u"IndexBKStart"), 0u);
 }
 
+TEST_F(Removal, ScreenUpdatingThatCouldNotBePutBackIsTriedOnceMore) {
+  log.failOnceAt = "Application.ScreenUpdating = True";
+  messages.Expect(u"Error removing indexing");
+  EXPECT_TRUE(Remove());
+  EXPECT_TRUE(word.screenUpdating);
+}
+
 TEST_F(Removal, ScreenUpdatingThatWasOffStaysOffWithoutARefresh) {
   word.screenUpdating = false;
   EXPECT_TRUE(Remove());

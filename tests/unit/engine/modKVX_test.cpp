@@ -212,7 +212,7 @@ TEST_F(Engine, RestoringPutsBackEverythingButFastSave) {
 TEST_F(Engine, RestoringEndsAtTheFirstStepThatFails) {
   log.failAt = "FinishDocument";
   messages.Expect(u"Error restoring options");
-  engine.RestoreWordState(word.MakeApplication(), word.MakeDocument(), {});
+  EXPECT_FALSE(engine.RestoreWordState(word.MakeApplication(), word.MakeDocument(), {}));
   EXPECT_FALSE(word.replaceQuotes);
   EXPECT_TRUE(word.showHiddenText);
   EXPECT_TRUE(word.checkSpelling);
