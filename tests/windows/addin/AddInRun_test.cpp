@@ -5,11 +5,11 @@
 
 #include "AddInSession.h"
 #include "DirectSession.h"
-#include "Person.h"
 #include "hosts/win32/Wide.h"
 #include "platform/word/Application.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Document.h"
+#include "tests/windows/Person.h"
 
 namespace {
 

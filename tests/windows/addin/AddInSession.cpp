@@ -80,6 +80,8 @@ AddInSession::AddInSession(std::unique_ptr<docx::Package> document, int connectM
 
 AddInSession::~AddInSession() { Shutdown(); }
 
+void AddInSession::Connect() { EXPECT_EQ(addIn_->OnConnection(application_.Get(), 0, nullptr, nullptr), S_OK); }
+
 void AddInSession::Start() { EXPECT_EQ(addIn_->OnStartupComplete(nullptr), S_OK); }
 
 void AddInSession::Shutdown() {

@@ -45,6 +45,8 @@ class AddInSession {
   AddInSession(const AddInSession&) = delete;
   AddInSession& operator=(const AddInSession&) = delete;
 
+  /// Connects once more, as when somebody loads the add-in from Word's list.
+  void Connect();
   void Start();
   /// Twice does nothing more.
   void Shutdown();

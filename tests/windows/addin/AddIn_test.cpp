@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "AddInSession.h"
-#include "Person.h"
 #include "platform/word/Application.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Document.h"
 #include "platform/word/Fields.h"
+#include "tests/windows/Person.h"
 
 namespace {
 
@@ -44,6 +44,22 @@ TEST_F(AddIn, AddsNoMenuWhenWordIsDrivenFromOutside) {
   AddInSession word("", 2);
   word.Start();
   EXPECT_TRUE(word.bars.Tools().empty());
+}
+
+TEST_F(AddIn, TakesTheAcceleratorOfWordsListOfAddIns) {
+  AddInSession word("", 2);
+  word.bars.AddBuiltIn({.id = 3754, .caption = u"&COM Add-Ins..."});
+  EXPECT_EQ(Captions(word.bars.Tools()), std::vector<std::u16string>{u"&COM Add-Ins..."});
+  word.Connect();
+  EXPECT_EQ(Captions(word.bars.Tools()), (std::vector<std::u16string>{u"COM Add-Ins...", u"&Kelvarin"}));
+}
+
+TEST_F(AddIn, PutsWordsListOfAddInsUnderToolsWhereItIsMissing) {
+  AddInSession word("", 2);
+  word.bars.AddElsewhere({.id = 3754, .caption = u"COM Add-Ins..."});
+  word.Connect();
+  ASSERT_EQ(word.bars.Tools().size(), 2u);
+  EXPECT_EQ(word.bars.Tools().back()->id, 3754);
 }
 
 TEST_F(AddIn, SaysThatThereIsNoDocumentToIndex) {

@@ -7,12 +7,12 @@
 #include <map>
 
 #include "AddInSession.h"
-#include "Person.h"
 #include "hosts/win32/Wide.h"
 #include "hosts/win32/WindowsFiles.h"
 #include "platform/word/Application.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Document.h"
+#include "tests/windows/Person.h"
 
 namespace {
 
@@ -48,6 +48,23 @@ std::map<std::string, int> StateOf(const AddInSession& word) {
       {"IndexBKStart", document->Bookmarks()->Exists(u"IndexBKStart")},
       {"ReturnHereBK", document->Bookmarks()->Exists(u"ReturnHereBK")},
   };
+}
+
+/// What is not as it was. @param interrupted putting options back ended with an error, which leaves them as they are
+std::string Changed(const std::map<std::string, int>& now, const std::map<std::string, int>& before, bool interrupted) {
+  static const std::vector<std::string> options = {"AutoFormatAsYouTypeReplaceQuotes",
+                                                   "View.ShowHiddenText",
+                                                   "CheckSpellingAsYouType",
+                                                   "CheckGrammarAsYouType",
+                                                   "ShowGrammaticalErrors",
+                                                   "ShowSpellingErrors"};
+  std::string names;
+  for (const auto& [name, value] : before) {
+    if (now.at(name) == value) continue;
+    if (interrupted && std::find(options.begin(), options.end(), name) != options.end()) continue;
+    names += name + " is " + std::to_string(now.at(name)) + "\n";
+  }
+  return names;
 }
 
 /// The names of parts that are not the same, and how the first of them begins to differ.
@@ -144,7 +161,10 @@ TEST_P(FailingCommand, EndsWithAMessageAndLeavesWordAsItWas) {
   const char* const step = std::getenv("KVX_EVERY");
   const std::uint64_t every = step != nullptr ? std::strtoull(step, nullptr, 10) : GetParam().every;
   std::uint64_t tried = 0;
-  for (std::uint64_t failing = 1; failing <= calls; failing += every) {
+  // At the end Word's state is put back: there each call fails.
+  const std::uint64_t last = calls - 5;
+  for (std::uint64_t failing = 1; failing <= calls;
+       failing = failing < last ? std::min(failing + every, last) : failing + 1) {
     AddInSession word(Document());
     word.Start();
     word.context->failing = before + failing;
@@ -164,7 +184,7 @@ TEST_P(FailingCommand, EndsWithAMessageAndLeavesWordAsItWas) {
     }
     EXPECT_EQ(errors.size(), view ? 2u : 1u) << Narrow(errors.back());
     ++endings[errors.front().substr(0, errors.front().find(L':'))];
-    EXPECT_EQ(StateOf(word), state);
+    EXPECT_EQ(Changed(StateOf(word), state, errors.front().starts_with(L"Error restoring options: ")), "");
     // Whatever the document had become, it can be taken back.
     const std::size_t later = person.Seen().size();
     EXPECT_TRUE(word.Click(u"&Remove indexing"));

@@ -4,8 +4,8 @@
 #include <cstdlib>
 
 #include "AddInSession.h"
-#include "Person.h"
 #include "hosts/win32/WindowsServices.h"
+#include "tests/windows/Person.h"
 
 namespace {
 
@@ -71,6 +71,24 @@ TEST_F(TwoWords, OneWordHasTheMenuAndKeepsWhetherItsDialogWasOpened) {
   EXPECT_EQ(word.bars.Tools().size(), 1u);
   word.Shutdown();
   EXPECT_TRUE(word.bars.Tools().empty());
+  EXPECT_EQ(DisplayOnConnect(), u"0");
+}
+
+TEST_F(TwoWords, ClosingWordAfterTheTermsDialogWasOpenedKeepsThatAndTheNextTimeForgetsIt) {
+  Forget();
+  const WordProcess only;
+  person.Otherwise(&Person::GoOn);
+  {
+    AddInSession word("mutual_nda.docx");
+    word.Start();
+    EXPECT_TRUE(word.Click(u"&Find and index"));
+    word.Shutdown();
+  }
+  EXPECT_EQ(DisplayOnConnect(), u"1");
+  AddInSession next;
+  next.Start();
+  EXPECT_EQ(next.bars.Tools().size(), 1u);
+  next.Shutdown();
   EXPECT_EQ(DisplayOnConnect(), u"0");
 }
 

@@ -1,4 +1,4 @@
-#include "Person.h"
+#include "tests/windows/Person.h"
 
 #include <gtest/gtest.h>
 
