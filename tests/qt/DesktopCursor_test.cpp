@@ -200,6 +200,16 @@ TEST_F(DesktopCursor, AClickInAHeaderMovesNothingAndSaysWhy) {
             "Headers, footers, text boxes and repeated headings are only shown here");
 }
 
+TEST_F(DesktopCursor, WhoTypesIsToldThatTheTextIsOnlyShown) {
+  Open();
+  const std::string before = WholeText();
+  Key(Qt::Key_X);
+  EXPECT_EQ(window_->statusBar()->currentMessage().toStdString(), "The text is only shown here and cannot be changed");
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(WholeText(), before);
+  EXPECT_FALSE(desktop_->Modified());
+}
+
 TEST_F(DesktopCursor, FindGoesThroughTheNotesToo) {
   OpenSample("awkward_licence.docx");
   std::string text;

@@ -60,6 +60,8 @@ class DocumentView : public QAbstractScrollArea {
   std::function<void()> onMoved;
   /// Called when somebody clicks on text that no cursor comes to.
   std::function<void()> onOnlyShown;
+  /// Called when somebody types.
+  std::function<void()> onTyped;
 
   // For tests: where a place stands in the viewport, after it was brought into sight.
   QPoint PointOf(const Place& place);

@@ -195,8 +195,13 @@ void DocumentView::keyPressEvent(QKeyEvent* event) {
       if (places != nullptr) MoveTo(places->LineEdge(cursor_, onwards), extend);
       return;
     }
-    default:
+    default: {
+      const bool printable = !event->text().isEmpty() && event->text().at(0).isPrint();
+      const bool command = event->modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+      const bool erases = event->key() == Qt::Key_Backspace || event->key() == Qt::Key_Delete;
+      if (onTyped && !command && (printable || erases)) onTyped();
       QAbstractScrollArea::keyPressEvent(event);
+    }
   }
 }
 

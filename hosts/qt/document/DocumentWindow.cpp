@@ -59,6 +59,9 @@ DocumentWindow::DocumentWindow()
     statusBar()->showMessage(QStringLiteral("Headers, footers, text boxes and repeated headings are only shown here"),
                              kHintTime);
   };
+  view_->onTyped = [this] {
+    statusBar()->showMessage(QStringLiteral("The text is only shown here and cannot be changed"), kHintTime);
+  };
   view_->SetHint(QStringLiteral("Open a document with File, Open, or drop one here"));
   setAcceptDrops(true);
   view_->setObjectName(QStringLiteral("pages"));

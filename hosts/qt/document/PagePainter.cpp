@@ -61,7 +61,7 @@ void PagePainter::Draw(QPainter& painter, double scale, const page::Display& pag
   painter_ = &painter;
   page_ = &page;
   scale_ = scale;
-  for (const page::Fill& fill : page.fills) painter.fillRect(Scaled(fill.area), ColorOf(fill.color));
+  for (const page::Fill& fill : page.fills) FillWhole(fill.area, ColorOf(fill.color));
   for (const page::Picture& picture : page.pictures) DrawPicture(picture);
   for (const page::Rule& rule : page.rules) DrawRule(rule);
   for (const page::Line& line : page.lines) {
@@ -74,6 +74,13 @@ void PagePainter::Draw(QPainter& painter, double scale, const page::Display& pag
     for (const page::Run& run : line.runs) DrawRun(run, palette, line.story, selection);
     painter.restore();
   }
+}
+
+void PagePainter::FillWhole(const page::Rect& area, const QColor& color) {
+  const bool smooth = painter_->testRenderHint(QPainter::Antialiasing);
+  painter_->setRenderHint(QPainter::Antialiasing, false);
+  painter_->fillRect(Scaled(area), color);
+  painter_->setRenderHint(QPainter::Antialiasing, smooth);
 }
 
 void PagePainter::DrawRule(const page::Rule& rule) {
@@ -142,7 +149,7 @@ void PagePainter::DrawGrounds(const page::Line& line, const QPalette& palette,
   const QColor marked = palette.color(QPalette::Active, QPalette::Highlight);
   const auto fill = [&](double from, double to, const QColor& color) {
     const double left = std::min(from, to);
-    painter_->fillRect(Scaled({left, line.area.y, std::abs(to - from), line.area.height}), color);
+    FillWhole({left, line.area.y, std::abs(to - from), line.area.height}, color);
   };
   double end = line.area.x;
   for (const page::Run& run : line.runs) {

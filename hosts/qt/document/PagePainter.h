@@ -32,6 +32,8 @@ class PagePainter {
     QColor color;
   };
 
+  /// Up to whole pixels, or a seam would show where two areas meet.
+  void FillWhole(const page::Rect& area, const QColor& color);
   void DrawRule(const page::Rule& rule);
   void DrawPicture(const page::Picture& picture);
   void DrawGrounds(const page::Line& line, const QPalette& palette, const DocumentSource::Selection& selection);
