@@ -1,11 +1,12 @@
 #!/usr/bin/env python3
 """Runs the set-up under Wine, in a prefix of its own: installs, looks at registry and folder, removes, looks again.
 
-test_installer.py SETUP: the set-up's file. It needs a display.
+test_installer.py SETUP PROGRAM: the set-up's file, and a program that loads the add-in as Word does. It needs a display.
 """
 
 import os
 import pathlib
+import re
 import subprocess
 import sys
 import tempfile
@@ -13,10 +14,13 @@ import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent.parent
 SETUP = None
+PROGRAM = None
 ADDIN = r"Software\Microsoft\Office\Word\Addins\KVXDLLCOM.Connect"
 CLASS = r"Software\Classes\KVXDLLCOM.Connect\CLSID"
 COMPANION = r"Software\Classes\TermMarker.TermMarker\CLSID"
 UNINSTALL = r"Software\Microsoft\Windows\CurrentVersion\Uninstall\Kelvarin"
+# What the add-in itself keeps for its user.
+USERS_OWN = {r"Software\\Kelvarin", r"Software\\Kelvarin\\Settings"}
 FILES = ["KVX Instructions A4.pdf", "KVX Instructions LTR.pdf", "KVXDLLCOM.dll", "Kelvarin3Help.chm", "TermMarker.dll",
          "kvxfaq.htm"]
 
@@ -70,8 +74,22 @@ class Installer(unittest.TestCase):
     def windows_path(self, path):
         return "C:\\" + str(path.relative_to(self.drive)).replace("/", "\\")
 
+    def load(self, folder):
+        """Leaves the settings that a first run writes, which are the user's."""
+        environment = dict(self.environment, KVX_INSTALLED=self.windows_path(folder))
+        done = subprocess.run([ROOT / "scripts/wine", PROGRAM], env=environment, capture_output=True, timeout=300)
+        self.assertEqual(done.returncode, 0, done.stdout.decode("utf-8", "replace"))
+
+    def registry(self):
+        """Every key of ours, wherever it stands."""
+        subprocess.run(["wineserver", "-w"], env=self.environment, check=False)
+        names = re.compile(r"^\[(.*(?:KVXDLLCOM|TermMarker|Kelvarin).*)\]", re.MULTILINE | re.IGNORECASE)
+        files = (pathlib.Path(self.prefix.name) / name for name in ("system.reg", "user.reg"))
+        return {key for file in files for key in names.findall(file.read_text("latin-1"))}
+
     def check(self, root, arguments, folder):
         before = self.kept_files()
+        self.assertEqual(self.registry() - USERS_OWN, set())
         status, _ = self.wine(SETUP, "/S", *arguments)
         self.assertEqual(status, 0)
         self.assertEqual(self.files(folder / "x64"), sorted(FILES))
@@ -84,12 +102,16 @@ class Installer(unittest.TestCase):
             server = self.value(root, "Software\\Classes\\CLSID\\" + identity + "\\InprocServer32", None)
             self.assertTrue(server.lower().startswith(self.windows_path(folder / "x64").lower()), server)
         self.assertIsNotNone(self.value(root, UNINSTALL, "UninstallString"))
+        # Wine looks for classes among those for all users only.
+        if root == "HKLM":
+            self.load(folder / "x64")
         settings = self.drive / "users" / os.environ.get("USER", "root") / "AppData/Roaming/Brantholt/Kelvarin/kvx.ini"
         settings.parent.mkdir(parents=True, exist_ok=True)
         settings.write_text("[Defaults]\r\n")
         self.remove(folder)
         for key in (ADDIN, CLASS, COMPANION, UNINSTALL):
             self.assertFalse(self.is_there(root, key), key)
+        self.assertEqual(self.registry() - USERS_OWN, set())
         self.assertTrue(settings.exists())
         self.assertEqual(self.kept_files() - before - {settings}, set())
         settings.unlink()
@@ -104,4 +126,5 @@ class Installer(unittest.TestCase):
 
 if __name__ == "__main__":
     SETUP = str(pathlib.Path(sys.argv.pop(1)).resolve())
+    PROGRAM = str(pathlib.Path(sys.argv.pop(1)).resolve())
     unittest.main()
