@@ -6,7 +6,12 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <exception>
 #include <limits>
+#include <new>
+#include <string_view>
+
+#include "apps/kelvarin/Status.h"
 
 namespace {
 
@@ -15,6 +20,18 @@ constexpr std::uintptr_t kLargePage = 2U << 20;
 constexpr int kAhead = 256 << 20;
 /// The largest that the C library takes for it.
 constexpr int kLargestBlock = 32 << 20;
+
+[[noreturn]] void EndWithoutMemory() {
+  constexpr std::string_view kMessage = "kelvarin: needs more memory than there is\n";
+  try {
+    if (const std::exception_ptr thrown = std::current_exception()) std::rethrow_exception(thrown);
+  } catch (const std::bad_alloc&) {
+    static_cast<void>(!write(STDERR_FILENO, kMessage.data(), kMessage.size()));
+    std::_Exit(kUnreadable);
+  } catch (...) {
+  }
+  std::abort();
+}
 
 }  // namespace
 
@@ -32,3 +49,5 @@ void TakeMemoryInLargePages() {
   if (begin < end) static_cast<void>(madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE));
   std::free(grown);
 }
+
+void EndWhereMemoryRunsOut() { std::set_terminate(&EndWithoutMemory); }

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <exception>
+#include <new>
 #include <string>
 
 #include "apps/kelvarin/Bulk.h"
@@ -65,6 +66,7 @@ int Work(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  EndWhereMemoryRunsOut();
   try {
     int status = kDone;
     const std::optional<Options> options = ReadCommandLine(argc, argv, status);
@@ -74,6 +76,9 @@ int main(int argc, char** argv) {
   } catch (const Failure& failure) {
     Say(failure.what());
     return failure.Code();
+  } catch (const std::bad_alloc&) {
+    Say("needs more memory than there is");
+    return kUnreadable;
   } catch (const std::exception& error) {
     Say(error.what());
     return kUnreadable;

@@ -95,9 +95,9 @@ class Case(unittest.TestCase):
         own = {"HOME": str(self.home), "TMPDIR": str(self.temporary), "LC_ALL": "C.UTF-8"}
         return own | {name: os.environ[name] for name in ("PATH", "LSAN_OPTIONS") if name in os.environ}
 
-    def kelvarin(self, *arguments, prepare=None, cwd=None):
+    def kelvarin(self, *arguments, prepare=None, cwd=None, environment=None):
         process = subprocess.Popen([KELVARIN, *map(str, arguments)], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                                   stderr=subprocess.PIPE, env=self.environment(), cwd=cwd or self.folder,
+                                   stderr=subprocess.PIPE, env=environment or self.environment(), cwd=cwd or self.folder,
                                    preexec_fn=prepare)
         with process, concurrent.futures.ThreadPoolExecutor() as readers:
             texts = [readers.submit(pipe.read) for pipe in (process.stdout, process.stderr)]
