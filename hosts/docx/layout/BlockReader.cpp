@@ -226,7 +226,8 @@ void BlockReader::ReadParagraph(XmlNode element, bool deleted, const TableValues
 
 void BlockReader::ReadFrame(XmlNode framePr) {
   const std::string_view wrap = part_.Attribute(framePr, "wrap").Value();
-  if (wrap == "notBeside" || wrap == "none" || part_.Attribute(framePr, "dropCap")) return;
+  const std::string_view dropCap = part_.Attribute(framePr, "dropCap").Value();
+  if (wrap == "notBeside" || wrap == "none") return;
   const auto length = [&](const char* name) { return static_cast<double>(TwipsOf(part_, framePr, name).value_or(0)); };
   Frame frame;
   frame.width = std::max(0.0, length("w"));
@@ -237,6 +238,11 @@ void BlockReader::ReadFrame(XmlNode framePr) {
   const std::string_view side = part_.Attribute(framePr, "xAlign").Value();
   if (side == "right" || side == "outside") frame.side = Alignment::kRight;
   if (side == "center") frame.side = Alignment::kCenter;
+  frame.spaceAcross = std::max(0.0, length("hSpace"));
+  frame.spaceUpright = std::max(0.0, length("vSpace"));
+  // One that is placed by the page is somewhere else than the text that it stands with.
+  frame.beside = (down.empty() || down == "text") && across != "page" && dropCap != "margin";
+  if (dropCap == "drop" && frame.width <= 0) frame.beside = true;
   // A frame without a width is as wide as its text, which so stands at the side where the frame does.
   if (frame.width <= 0 && frame.side != Alignment::kLeft) open_->look.format.alignment = frame.side;
   open_->frame = frame;
@@ -457,6 +463,9 @@ std::unique_ptr<Table> BlockReader::ReadTable(XmlNode element, bool deleted) {
   ReadWidth(part_, part_.Child(properties, "tblW"), table->width, table->widthShare);
   if (const XmlNode place = part_.Child(properties, "tblpPr")) {
     table->floating = true;
+    const int besides =
+        std::max(TwipsOf(part_, place, "leftFromText").value_or(0), TwipsOf(part_, place, "rightFromText").value_or(0));
+    table->floatingMargin = std::max(0, besides);
     const bool byPage = std::string_view(part_.Attribute(place, "horzAnchor").Value()) == "page";
     if (const auto x = TwipsOf(part_, place, "tblpX"); x && !byPage) table->floatingLeft = *x;
     if (std::string_view(part_.Attribute(place, "tblpXSpec").Value()) == "right") table->alignment = Alignment::kRight;

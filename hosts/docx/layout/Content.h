@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "hosts/docx/layout/Borders.h"
+#include "hosts/docx/layout/Obstacles.h"
 #include "hosts/docx/layout/TextStyle.h"
 #include "platform/word/Types.h"
 
@@ -40,10 +41,14 @@ struct Floating {
   /// What a place is counted from.
   enum class From : std::uint8_t { kText, kMargin, kPaper };
   Wrap wrap{Wrap::kNone};
-  double width{0};  ///< with what it keeps free around it
+  TextSides sides{TextSides::kBoth};
+  double width{0};  ///< with its effects
   double height{0};
-  double offset{0};  ///< down from the paragraph's top, when it goes with the paragraph
-  bool withParagraph{true};
+  // What it keeps free around it.
+  double marginTop{0};
+  double marginLeft{0};
+  double marginBottom{0};
+  double marginRight{0};
 
   // Where it is drawn.
   std::string picture;            ///< the name of a part of the package; empty for what cannot be drawn
@@ -80,6 +85,9 @@ struct Frame {
   double x{0};      ///< from the column's edge, for text on the left
   double y{0};      ///< down from where the text goes on
   Alignment side{Alignment::kLeft};
+  double spaceAcross{0};  ///< between it and the text beside it
+  double spaceUpright{0};
+  bool beside{false};  ///< text stands beside it
 };
 
 struct Paragraph {
@@ -151,6 +159,7 @@ struct Table {
   Alignment alignment{Alignment::kLeft};
   bool floating{false};
   std::optional<double> floatingLeft;  ///< from the column's edge, when it states that
+  double floatingMargin{0};            ///< on both sides, of the text beside it
   BoxBorders borders;                  ///< those that the table states
 };
 

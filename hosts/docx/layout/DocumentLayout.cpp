@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <iterator>
 #include <utility>
 
@@ -16,6 +17,10 @@ constexpr const char* kTheme = "/theme";
 constexpr const char* kNumbering = "/numbering";
 constexpr const char* kStyles = "/styles";
 constexpr const char* kFontTable = "/fontTable";
+
+/// How often pages are filled until pictures that are placed by them hold.
+constexpr int kMostPasses = 3;
+constexpr double kSame = 1;  // twips
 
 /// What a document without settings of its own is: one of Word 2007.
 constexpr int kOldestCompatibility = 12;
@@ -227,29 +232,60 @@ void DocumentLayout::AppendEndnotes(Flow& flow, double width) {
 
 void DocumentLayout::LayOut(std::vector<Block> blocks) {
   MeasureFootnotes(sections_.front()->columns.front());
-  FlowBuilder builder(lines_, flowSettings_);
-  filler_ = std::make_unique<PageFiller>(noteRooms_, options_, &builder);
-  std::size_t section = 0;
+  flowSettings_.drops = &drops_;
+  std::vector<const std::vector<Block>*> sections;
   std::vector<Block> ofSection;
-  const auto finish = [&](bool last) {
-    const SectionGeometry& geometry = *sections_[section];
-    lines_.Settings().gridPitch = geometry.gridPitch;
-    Flow flow = builder.Build(kept_.emplace_back(std::move(ofSection)), geometry.columns.front());
-    if (last) AppendEndnotes(flow, geometry.columns.front());
-    filler_->BeginSection(geometry);
-    const bool balanced = !last && sections_[section + 1]->setup.start == SectionStart::kContinuous;
-    filler_->Fill(flow, balanced, body_);
-    ofSection.clear();
-    ++section;
-  };
   for (Block& block : blocks) {
     const Paragraph* paragraph = block.AsParagraph();
     const bool ends = paragraph != nullptr && paragraph->section;
     ofSection.push_back(std::move(block));
-    if (ends) finish(false);
+    if (ends) sections.push_back(&kept_.emplace_back(std::exchange(ofSection, {})));
   }
-  finish(true);
+  sections.push_back(&kept_.emplace_back(std::move(ofSection)));
+  // Text stands around what is placed by the page, and by where the text stands the page is found.
+  for (int pass = 0; pass < kMostPasses; ++pass) {
+    FillPages(sections);
+    if (!DropFloats()) break;
+  }
   PlaceFootnotes();
+}
+
+void DocumentLayout::FillPages(const std::vector<const std::vector<Block>*>& sections) {
+  FlowBuilder builder(lines_, flowSettings_);
+  filler_ = std::make_unique<PageFiller>(noteRooms_, options_, &builder);
+  body_ = {};
+  for (std::size_t i = 0; i < sections.size(); ++i) {
+    const bool last = i + 1 == sections.size();
+    const SectionGeometry& geometry = *sections_[i];
+    lines_.Settings().gridPitch = geometry.gridPitch;
+    builder.SetSurroundings({geometry.TextLeft(false), geometry.TextWidth(), geometry.width});
+    Flow flow = builder.Build(*sections[i], geometry.columns.front());
+    if (last) AppendEndnotes(flow, geometry.columns.front());
+    filler_->BeginSection(geometry);
+    const bool balanced = !last && sections_[i + 1]->setup.start == SectionStart::kContinuous;
+    filler_->Fill(flow, balanced, body_);
+  }
+}
+
+bool DocumentLayout::DropFloats() {
+  bool changed = false;
+  for (const PageFiller::Placed& line : body_.lines) {
+    if (!line.shown.floats) continue;
+    const PageFiller::PageRoom& room = filler_->Pages()[static_cast<std::size_t>(line.page - 1)];
+    for (const Floating& floating : line.shown.paragraph->floats) {
+      using From = Floating::From;
+      if (floating.wrap == Floating::Wrap::kNone || floating.down == From::kText) continue;
+      const bool paper = floating.down == From::kPaper;
+      const double begin = paper ? 0 : room.section->BodyTop(room.side);
+      const double length = paper ? room.section->height : room.bottom - begin;
+      const double y = floating.sideDown ? (length - floating.height) * *floating.sideDown : floating.y;
+      const auto [drop, isNew] = drops_.try_emplace(&floating, 0);
+      const double now = begin + y - line.top;
+      changed = changed || isNew || std::abs(now - drop->second) > kSame;
+      drop->second = now;
+    }
+  }
+  return changed;
 }
 
 }  // namespace docx::layout

@@ -67,6 +67,10 @@ class DocumentLayout {
   std::vector<Block> ReadSeparator(XmlPart& part, Tag note, std::string_view type);
   void AppendEndnotes(Flow& flow, double width);
   void LayOut(std::vector<Block> blocks);
+  /// @param sections their blocks
+  void FillPages(const std::vector<const std::vector<Block>*>& sections);
+  /// Finds out how pictures that are placed by the page stand to their paragraphs. @return whether that has changed
+  bool DropFloats();
   /// Gives the lines of footnotes their places at the feet of the pages.
   void PlaceFootnotes();
   void DrawHeaders(int page, FlowBuilder& flows, PageDrawer& drawer) const;
@@ -93,6 +97,7 @@ class DocumentLayout {
   std::deque<Flow> noteFlows_;
   const std::vector<Block>* separator_{nullptr};
   const std::vector<Block>* continuation_{nullptr};
+  FloatDrops drops_;
   PageFiller::Content body_;
   PageFiller::Content notes_;
   /// By story, from the main text on.

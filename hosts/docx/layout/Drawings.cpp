@@ -13,7 +13,8 @@ namespace docx::layout {
 namespace {
 
 constexpr double kEmusPerTwip = 635;
-constexpr double kTallest = 31680;  // twips
+constexpr double kTallest = 31680;    // twips
+constexpr double kVmlDistance = 180;  // twips, where a shape does not state what it keeps free
 
 double Emus(XmlAttribute attribute) { return std::clamp(attribute.AsDouble() / kEmusPerTwip, -kTallest, kTallest); }
 
@@ -58,6 +59,13 @@ Floating::From FromOf(std::string_view name) {
   if (name == "page") return From::kPaper;
   if (name.ends_with("argin")) return From::kMargin;
   return From::kText;
+}
+
+TextSides SidesOf(std::string_view name) {
+  return name == "left"      ? TextSides::kLeft
+         : name == "right"   ? TextSides::kRight
+         : name == "largest" ? TextSides::kLarger
+                             : TextSides::kBoth;
 }
 
 /// One direction of a place.
@@ -110,14 +118,15 @@ Drawing ReadDrawingMl(XmlNode frame, bool inLine) {
   using Wrap = Floating::Wrap;
   if (LocalChild(frame, "wrapTopAndBottom")) floating.wrap = Wrap::kTopAndBottom;
   for (const char* name : {"wrapSquare", "wrapTight", "wrapThrough"}) {
-    if (LocalChild(frame, name)) floating.wrap = Wrap::kSquare;
+    const XmlNode wrap = LocalChild(frame, name);
+    if (!wrap) continue;
+    floating.wrap = Wrap::kSquare;
+    floating.sides = SidesOf(wrap.Attribute("wrapText").Value());
   }
-  const XmlNode vertical = LocalChild(frame, "positionV");
-  const std::string_view from = vertical.Attribute("relativeFrom").Value();
-  floating.withParagraph = from == "paragraph" || from == "line";
-  const XmlNode offset = LocalChild(vertical, "posOffset");
-  floating.offset = std::clamp(NumberIn(offset) / kEmusPerTwip, -kTallest, kTallest);
-  floating.height += Emus(frame.Attribute("distT")) + Emus(frame.Attribute("distB"));
+  floating.marginTop = Emus(frame.Attribute("distT"));
+  floating.marginLeft = Emus(frame.Attribute("distL"));
+  floating.marginBottom = Emus(frame.Attribute("distB"));
+  floating.marginRight = Emus(frame.Attribute("distR"));
   return drawing;
 }
 
@@ -164,6 +173,13 @@ void ReadVmlPlace(std::string_view style, Floating& floating) {
   floating.down = from(StyleWord(style, "mso-position-vertical-relative"));
   floating.sideAcross = side(StyleWord(style, "mso-position-horizontal"));
   floating.sideDown = side(StyleWord(style, "mso-position-vertical"));
+  const auto margin = [&](const char* name, double otherwise) {
+    return StyleWord(style, name).empty() ? otherwise : StyleLength(style, name);
+  };
+  floating.marginTop = margin("mso-wrap-distance-top", 0);
+  floating.marginLeft = margin("mso-wrap-distance-left", kVmlDistance);
+  floating.marginBottom = margin("mso-wrap-distance-bottom", 0);
+  floating.marginRight = margin("mso-wrap-distance-right", kVmlDistance);
 }
 
 void ReadVml(XmlNode element, std::vector<Drawing>& drawings) {
@@ -175,7 +191,6 @@ void ReadVml(XmlNode element, std::vector<Drawing>& drawings) {
     drawing.inLine = style.find("position:absolute") == std::string_view::npos;
     drawing.floating.width = StyleLength(style, "width");
     drawing.floating.height = StyleLength(style, "height");
-    drawing.floating.offset = StyleLength(style, "margin-top");
     const XmlNode image = LocalChild(shape, "imagedata");
     drawing.floating.picture = RelationshipIn(image, "id");
     const std::u16string_view kind = LocalName(element) == "object" ? u"Embedded object" : image ? u"Picture" : u"";
@@ -183,12 +198,14 @@ void ReadVml(XmlNode element, std::vector<Drawing>& drawings) {
     drawing.floating.drawnWidth = drawing.floating.width;
     drawing.floating.drawnHeight = drawing.floating.height;
     drawing.floating.x = StyleLength(style, "margin-left");
-    drawing.floating.y = drawing.floating.offset;
+    drawing.floating.y = StyleLength(style, "margin-top");
     ReadVmlPlace(style, drawing.floating);
     drawing.text = Descendant(shape, "txbxContent");
     const std::string_view stroked = shape.Attribute("stroked").Value();
     drawing.outlined = stroked != "f" && stroked != "false";
-    const std::string_view type = LocalChild(shape, "wrap").Attribute("type").Value();
+    const XmlNode wrap = LocalChild(shape, "wrap");
+    const std::string_view type = wrap.Attribute("type").Value();
+    drawing.floating.sides = SidesOf(wrap.Attribute("side").Value());
     using Wrap = Floating::Wrap;
     drawing.floating.wrap = type == "topAndBottom"                                     ? Wrap::kTopAndBottom
                             : type == "square" || type == "tight" || type == "through" ? Wrap::kSquare

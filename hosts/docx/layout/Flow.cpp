@@ -9,7 +9,6 @@ namespace docx::layout {
 namespace {
 
 constexpr double kAutomaticSpace = 280;  // twips, as HTML has it
-constexpr double kWideShare = 0.6;       // of the column: beside a wider picture there is no text
 
 bool SameStyle(const Paragraph& a, const Paragraph& b) { return a.look.style == b.look.style; }
 
@@ -37,18 +36,6 @@ double SpaceAfter(const Paragraph& paragraph, const Paragraph* next, bool last) 
   return *format.after;
 }
 
-/// What pictures that push the text down take.
-double FloatingRoom(const Paragraph& paragraph, double width) {
-  double room = 0;
-  for (const Floating& floating : paragraph.floats) {
-    if (!floating.withParagraph) continue;
-    const bool pushes = floating.wrap == Floating::Wrap::kTopAndBottom ||
-                        (floating.wrap == Floating::Wrap::kSquare && floating.width > width * kWideShare);
-    if (pushes) room = std::max(room, floating.height + std::max(0.0, floating.offset));
-  }
-  return room;
-}
-
 ShownLine Show(const Paragraph& paragraph, const Line& line, double width) {
   ShownLine shown;
   shown.paragraph = &paragraph;
@@ -68,11 +55,12 @@ BreakBefore BreakAfter(const Line& line) {
 
 FlowItem ItemOf(const Paragraph& paragraph, const Line& line, double width) {
   FlowItem item;
-  item.height = line.height;
+  item.height = line.beside ? 0 : line.height;
   item.position = line.start;
   item.lastBreak = line.lastBreak;
   item.notes = line.notes;
-  item.shown = Show(paragraph, line, width);
+  item.shown = Show(paragraph, line, line.width > 0 ? line.width : width);
+  item.shift = line.left;
   return item;
 }
 
@@ -113,9 +101,44 @@ double RowFlow::Height() const { return Reach(true); }
 
 double RowFlow::Spare() const { return cannotSplit ? 0 : Reach(true) - Reach(false); }
 
+void FlowBuilder::Push(FlowItem item, Flow& flow) {
+  column_.bottom += item.before + item.height;
+  flow.items.push_back(std::move(item));
+}
+
+bool FlowBuilder::AddObstacles(const Paragraph& paragraph, double top, double width) {
+  using From = Floating::From;
+  bool any = false;
+  for (const Floating& floating : paragraph.floats) {
+    if (floating.wrap == Floating::Wrap::kNone) continue;
+    any = true;
+    double y = floating.y;
+    if (floating.down != From::kText) {
+      const auto drop = settings_.drops == nullptr ? FloatDrops::const_iterator{} : settings_.drops->find(&floating);
+      if (settings_.drops == nullptr || drop == settings_.drops->end()) continue;
+      y = drop->second;
+    }
+    const bool page = around_.textWidth > 0;
+    const double begin = floating.across == From::kPaper && page ? -around_.textLeft : 0;
+    const double length = !page || floating.across == From::kText ? width
+                          : floating.across == From::kMargin      ? around_.textWidth
+                                                                  : around_.paperWidth;
+    const double x = floating.sideAcross ? (length - floating.width) * *floating.sideAcross : floating.x;
+    Obstacle obstacle;
+    obstacle.top = top + y - floating.marginTop;
+    obstacle.bottom = top + y + floating.height + floating.marginBottom;
+    obstacle.left = begin + x - floating.marginLeft;
+    obstacle.right = begin + x + floating.width + floating.marginRight;
+    obstacle.sides = floating.wrap == Floating::Wrap::kTopAndBottom ? TextSides::kNone : floating.sides;
+    column_.obstacles.Add(obstacle);
+  }
+  return any;
+}
+
 Flow FlowBuilder::Build(const std::vector<Block>& blocks, double width, bool inCell) {
   Flow flow;
   Before before;
+  Column outer = std::exchange(column_, {});
   for (std::size_t i = 0; i < blocks.size(); ++i) {
     if (const Table* table = blocks[i].AsTable()) {
       AddTable(*table, width, before, flow);
@@ -127,6 +150,7 @@ Flow FlowBuilder::Build(const std::vector<Block>& blocks, double width, bool inC
     before.after = SpaceAfter(paragraph, next, inCell && i + 1 == blocks.size());
   }
   flow.after = before.after;
+  column_ = std::move(outer);
   return flow;
 }
 
@@ -137,7 +161,17 @@ void FlowBuilder::AddFrame(const Paragraph& paragraph, double width, Before& bef
   double left = frame.x;
   if (frame.side == Alignment::kRight) left = width - room;
   if (frame.side == Alignment::kCenter) left = (width - room) / 2;
-  double top = frame.y;
+  // Paragraphs in a row that are framed share a frame.
+  double top = before.frameBottom > 0 ? before.frameBottom : frame.y;
+  if (frame.beside) {
+    double height = 0;
+    for (const Line& line : made_) height += line.height;
+    const double own = frame.width > 0 ? frame.width : lines_.Width(paragraph, 0, paragraph.text.size());
+    const double begin = frame.width > 0 || frame.side == Alignment::kLeft ? left : width - own;
+    const double from = column_.bottom + before.after + top;
+    column_.obstacles.Add({from - frame.spaceUpright, from + height + frame.spaceUpright, begin - frame.spaceAcross,
+                           begin + std::min(own, room) + frame.spaceAcross});
+  }
   for (const Line& line : made_) {
     FlowItem item;
     item.position = line.start;
@@ -146,8 +180,9 @@ void FlowBuilder::AddFrame(const Paragraph& paragraph, double width, Before& bef
     item.shift = left;
     item.drop = top;
     top += line.height;
-    flow.items.push_back(std::move(item));
+    Push(std::move(item), flow);
   }
+  before.frameBottom = top;
 }
 
 void FlowBuilder::Divide(std::vector<FlowItem>& items, std::size_t line, std::uint32_t unit) {
@@ -163,6 +198,7 @@ void FlowBuilder::Divide(std::vector<FlowItem>& items, std::size_t line, std::ui
                   [&](const XmlNodeData* note) { return std::ranges::count(made_[i].notes, note) > 0; });
     FlowItem item = ItemOf(paragraph, made_[i], shown.width);
     item.endnote = items[line].endnote;
+    item.shift = items[line].shift;
     if (i > 0) {
       item.hold = HoldOf(paragraph, i, made_.size());
       item.breakBefore = BreakAfter(made_[i - 1]);
@@ -178,9 +214,15 @@ void FlowBuilder::AddParagraph(const Paragraph& paragraph, const Paragraph* next
                                Before& before, Flow& flow) {
   const ParagraphFormat& format = paragraph.look.format;
   if (paragraph.frame) return AddFrame(paragraph, width, before, flow);
-  lines_.Make(paragraph, width, made_);
+  before.frameBottom = 0;
   const double own = SpaceBefore(paragraph, before.paragraph, inCell);
   const double space = settings_.addSpaces ? before.after + own : std::max(before.after, own);
+  const double top = column_.bottom + space;
+  column_.obstacles.PassOver(column_.bottom);
+  const bool wrapped = AddObstacles(paragraph, top, width);
+  const bool obstructed = !column_.obstacles.Empty();
+  const bool floats = !paragraph.floats.empty() && (wrapped || obstructed);
+  lines_.Make(paragraph, width, made_, obstructed ? &column_.obstacles : nullptr, top);
   const bool joinedAbove = before.paragraph != nullptr && SameBorders(*before.paragraph, paragraph);
   const bool joinedBelow = next != nullptr && SameBorders(paragraph, *next);
   const double above = joinedAbove ? *format.borderBetween : *format.borderTop;
@@ -190,36 +232,39 @@ void FlowBuilder::AddParagraph(const Paragraph& paragraph, const Paragraph* next
 
   BreakBefore forced = std::exchange(before.breakBehind, BreakBefore::kNone);
   if (*format.pageBreakBefore && !inCell) forced = BreakBefore::kPage;
-  const double floating = FloatingRoom(paragraph, width);
   Hold hold = before.keepNext ? Hold::kNext : Hold::kNone;
-  if (floating > 0) {
+  if (floats) {
+    // Where they are counted from, and the room that they leave no text in at the beginning.
     FlowItem item;
-    item.height = floating;
+    item.height = std::exchange(made_.front().above, 0);
     item.position = paragraph.start;
+    item.before = space;
+    item.beforeTop = own;
     item.shown.paragraph = &paragraph;
     item.shown.width = static_cast<float>(width);
     item.shown.floats = true;
     item.shown.letters = false;
     item.hold = std::exchange(hold, Hold::kWidow);
     item.breakBefore = std::exchange(forced, BreakBefore::kNone);
-    flow.items.push_back(std::move(item));
+    Push(std::move(item), flow);
   }
   for (std::size_t i = 0; i < made_.size(); ++i) {
     Line& line = made_[i];
     FlowItem item = ItemOf(paragraph, line, width);
     if (i == 0) {
-      item.shown.floats = floating <= 0 && !paragraph.floats.empty();
-      item.before = space;
-      item.beforeTop = own;
+      item.shown.floats = !floats && !paragraph.floats.empty();
+      item.before = floats ? 0 : space + line.above;
+      item.beforeTop = floats ? 0 : own;
       item.hold = hold;
       item.breakBefore = forced;
       item.sectionMark = paragraph.section && paragraph.text.empty() && paragraph.label.empty();
     } else {
-      item.hold = HoldOf(paragraph, i, made_.size());
+      item.hold = made_[i - 1].beside ? Hold::kWidow : HoldOf(paragraph, i, made_.size());
+      item.before = made_[i - 1].beside ? 0 : line.above;
       item.breakBefore = forced;
     }
     forced = BreakAfter(line);
-    flow.items.push_back(std::move(item));
+    Push(std::move(item), flow);
   }
   before.breakBehind = forced;
   before.keepNext = *format.keepNext;

@@ -3,9 +3,11 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "hosts/docx/layout/Content.h"
+#include "hosts/docx/layout/Obstacles.h"
 #include "hosts/docx/layout/ParagraphLines.h"
 
 namespace docx::layout {
@@ -101,9 +103,20 @@ struct RowFlow {
   double Reach(bool margins) const;
 };
 
+/// How far below the top of their paragraph pictures stand whose place is counted from the page.
+using FloatDrops = std::unordered_map<const Floating*, double>;
+
 /// Settings of the document that decide about spaces.
 struct FlowSettings {
   bool addSpaces{false};  ///< of the spaces between two paragraphs the sum counts, and not the larger one
+  const FloatDrops* drops{nullptr};
+};
+
+/// What is around a column, for what is placed by it. Lengths in twips.
+struct Surroundings {
+  double textLeft{0};   ///< from the paper's left edge
+  double textWidth{0};  ///< 0 for a column that stands alone
+  double paperWidth{0};
 };
 
 /// Lays blocks one below the other, without regard to pages.
@@ -111,6 +124,8 @@ class FlowBuilder {
  public:
   FlowBuilder(LineMaker& lines, FlowSettings settings) : lines_(lines), settings_(settings) {}
 
+  /// For the columns to be built next.
+  void SetSurroundings(const Surroundings& around) { around_ = around; }
   /// @param width of the column or cell
   Flow Build(const std::vector<Block>& blocks, double width, bool inCell = false);
   /// Ends a line before a unit of its paragraph's text, and makes the lines from there on anew.
@@ -122,9 +137,19 @@ class FlowBuilder {
     const Paragraph* paragraph{nullptr};
     double after{0};
     bool keepNext{false};
+    double frameBottom{0};  ///< of the frame before, down from where the text goes on; 0 for none
     BreakBefore breakBehind{BreakBefore::kNone};
   };
 
+  /// A column while it is built, from its upper left corner.
+  struct Column {
+    double bottom{0};  ///< of what it has
+    Obstacles obstacles;
+  };
+
+  void Push(FlowItem item, Flow& flow);
+  /// What the pictures of a paragraph leave no room for. @return whether there are any
+  bool AddObstacles(const Paragraph& paragraph, double top, double width);
   void AddParagraph(const Paragraph& paragraph, const Paragraph* next, double width, bool inCell, Before& before,
                     Flow& flow);
   void AddFrame(const Paragraph& paragraph, double width, Before& before, Flow& flow);
@@ -135,6 +160,8 @@ class FlowBuilder {
 
   LineMaker& lines_;
   FlowSettings settings_;
+  Surroundings around_;
+  Column column_;
   std::vector<Line> made_;
 };
 

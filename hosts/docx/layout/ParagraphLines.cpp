@@ -29,6 +29,17 @@ bool IsEastAsian(char16_t c) {
          (c >= 0xF900 && c < 0xFB00) || (c >= 0xFE30 && c < 0xFE50) || (c >= 0xFF00 && c < 0xFFF0);
 }
 
+/// Gives two lines that stand side by side one height and base line. @param first all before it are level already
+void LevelWithNext(std::vector<Line>& lines, std::size_t first) {
+  Line& one = lines[first];
+  Line& next = lines[first + 1];
+  next.above = one.above;
+  const double baseline = std::max(one.baseline, next.baseline);
+  const double below = std::max(one.height - one.baseline, next.height - next.baseline);
+  one.baseline = next.baseline = baseline;
+  one.height = next.height = baseline + below;
+}
+
 }  // namespace
 
 Script ScriptOf(char16_t c, const TextStyle& style) {
@@ -286,15 +297,31 @@ void LineMaker::SetHeight(const Paragraph& paragraph, bool first, Line& line) co
   }
 }
 
-void LineMaker::Make(const Paragraph& paragraph, double width, std::vector<Line>& lines) {
-  MakeFrom(paragraph, 0, width, lines);
+double LineMaker::Width(const Paragraph& paragraph, std::size_t from, std::size_t to) const {
+  double width = *paragraph.look.format.left + *paragraph.look.format.right;
+  for (std::size_t i = from; i < to; ++i) width += units_[i].width;
+  return width;
 }
 
-void LineMaker::MakeFrom(const Paragraph& paragraph, std::size_t from, double width, std::vector<Line>& lines) {
+double LineMaker::LikelyHeight(const Paragraph& paragraph) const {
+  Line line;
+  line.to = paragraph.text.empty() ? 0 : 1;
+  SetHeight(paragraph, true, line);
+  return line.height;
+}
+
+void LineMaker::Make(const Paragraph& paragraph, double width, std::vector<Line>& lines, const Obstacles* around,
+                     double top) {
+  MakeFrom(paragraph, 0, width, lines, around, top);
+}
+
+void LineMaker::MakeFrom(const Paragraph& paragraph, std::size_t from, double width, std::vector<Line>& lines,
+                         const Obstacles* around, double top) {
   Measure(paragraph);
   const ParagraphFormat& format = paragraph.look.format;
   const double left = *format.left;
-  const double right = std::max(width - *format.right, left + kNarrowest);
+  std::size_t part = 0;
+  double likely = 0;
   lines.clear();
   const std::size_t begin = from;
   const std::size_t size = paragraph.text.size();
@@ -304,11 +331,20 @@ void LineMaker::MakeFrom(const Paragraph& paragraph, std::size_t from, double wi
   };
   do {
     const bool first = from == 0 && lines.empty();
+    LineRoom room{0, width};
+    if (around != nullptr) {
+      if (part == 0) likely = lines.empty() ? LikelyHeight(paragraph) : lines.back().height;
+      room = around->Find(top, likely, width, part);
+    }
+    const double right = std::max(room.width - *format.right, left + kNarrowest);
     const double start = first ? LabelEnd(paragraph, right) : left;
     const std::size_t to = FindEnd(paragraph, from, start, std::max(right, start + kNarrowest), first);
     Line line;
     line.from = static_cast<std::uint32_t>(from);
     line.to = static_cast<std::uint32_t>(to);
+    line.left = room.left;
+    line.width = room.width;
+    line.above = room.skip;
     line.start = first ? paragraph.start : positionOf(from);
     const bool more = to < size;
     if (to > from) {
@@ -320,6 +356,8 @@ void LineMaker::MakeFrom(const Paragraph& paragraph, std::size_t from, double wi
         SetHeight(paragraph, first, line);
         lines.push_back(line);
         Line empty;
+        empty.left = room.left;
+        empty.width = room.width;
         empty.from = empty.to = line.to;
         empty.start = paragraph.end;
         SetHeight(paragraph, false, empty);
@@ -328,7 +366,11 @@ void LineMaker::MakeFrom(const Paragraph& paragraph, std::size_t from, double wi
       }
     }
     SetHeight(paragraph, first, line);
+    line.beside = room.more && more && line.behind == BreakBehind::kNone;
     lines.push_back(std::move(line));
+    if (part > 0) LevelWithNext(lines, lines.size() - 2);
+    part = lines.back().beside ? part + 1 : 0;
+    if (part == 0) top += room.skip + lines.back().height;
     from = to;
     if (!more) break;
   } while (true);

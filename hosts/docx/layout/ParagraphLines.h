@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "hosts/docx/layout/Content.h"
+#include "hosts/docx/layout/Obstacles.h"
 
 namespace docx::layout {
 
@@ -28,6 +29,11 @@ struct Line {
   BreakBehind behind{BreakBehind::kNone};
   Position lastBreak{-1};           ///< where Word began a page, at the line's start or near it; -1 for nowhere
   std::vector<XmlNodeData*> notes;  ///< references to notes, in order
+  // What it has of the column, where something stands in the way.
+  double left{0};
+  double width{0};
+  double above{0};     ///< room that is left free above it
+  bool beside{false};  ///< the next line is at the same height
 };
 
 /// Divides a paragraph into lines.
@@ -37,9 +43,15 @@ class LineMaker {
 
   LineSettings& Settings() { return settings_; }
   /// @param width of the column or cell @param lines gets at least one
-  void Make(const Paragraph& paragraph, double width, std::vector<Line>& lines);
+  /// @param around what stands in the way; nullptr for nothing @param top of the paragraph, among them
+  void Make(const Paragraph& paragraph, double width, std::vector<Line>& lines, const Obstacles* around = nullptr,
+            double top = 0);
   /// The same from a unit of its text on, which begins a line.
-  void MakeFrom(const Paragraph& paragraph, std::size_t from, double width, std::vector<Line>& lines);
+  void MakeFrom(const Paragraph& paragraph, std::size_t from, double width, std::vector<Line>& lines,
+                const Obstacles* around = nullptr, double top = 0);
+
+  /// What units of the paragraph that was made last take side by side.
+  double Width(const Paragraph& paragraph, std::size_t from, std::size_t to) const;
 
   // For those who draw lines.
 
@@ -69,6 +81,8 @@ class LineMaker {
   void MeasureText(const Paragraph& paragraph, const Piece& piece);
   void MeasureShaped(std::u16string_view text, const Piece& piece, Script script, std::size_t from);
   std::size_t FindEnd(const Paragraph& paragraph, std::size_t from, double start, double right, bool first);
+  /// Of its first line, by its first character.
+  double LikelyHeight(const Paragraph& paragraph) const;
   void SetHeight(const Paragraph& paragraph, bool first, Line& line) const;
   static void Include(Extent& extent, const TextStyle& style, Script script);
 

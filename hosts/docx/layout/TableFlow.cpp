@@ -232,20 +232,23 @@ void FlowBuilder::AddTable(const Table& table, double width, Before& before, Flo
       item.headers = headerRows;
       item.headersBack = static_cast<std::uint32_t>(r);
     }
-    flow.items.push_back(std::move(item));
+    Push(std::move(item), flow);
   }
   if (table.floating) {
     // A table that floats stands beside the text when that has room; most do not leave any.
     const double all = edges.back();
     if (all < width / 2) {
       double drop = 0;
+      const double at = table.alignment == Alignment::kRight ? width - all : table.floatingLeft.value_or(left);
       for (std::size_t i = begin; i < flow.items.size(); ++i) {
         FlowItem& item = flow.items[i];
         item.drop = drop;
         drop += std::exchange(item.height, 0);
-        if (table.floatingLeft) item.row->left = *table.floatingLeft;
-        if (table.alignment == Alignment::kRight) item.row->left = width - all;
+        item.row->left = at;
       }
+      column_.bottom -= drop;
+      column_.obstacles.Add(
+          {column_.bottom, column_.bottom + drop, at - table.floatingMargin, at + all + table.floatingMargin});
     }
   }
   before.after = 0;
