@@ -164,38 +164,43 @@ std::vector<Block> DocumentLayout::ReadSeparator(XmlPart& part, Tag note, std::s
   return {};
 }
 
-void DocumentLayout::MeasureFootnotes(double width) {
+void DocumentLayout::MeasureFootnotes(const std::vector<Position>& sectionEnds) {
   const std::vector<std::unique_ptr<Story>>& stories = parts_.Stories(word::wdFootnotesStory);
   if (stories.empty()) return;
   const Story& story = *stories.front();
   XmlPart& part = story.Part();
   separator_ = &kept_.emplace_back(ReadSeparator(part, Tag::kFootnote, "separator"));
   continuation_ = &kept_.emplace_back(ReadSeparator(part, Tag::kFootnote, "continuationSeparator"));
+  const double width = sections_.front()->columns.front();
   options_.noteSeparator = HeightOf(*separator_, width);
   options_.noteContinuation = HeightOf(*continuation_, width);
 
-  std::unordered_map<std::string, NoteRoom> byId;
+  std::unordered_map<std::string, const std::vector<Block>*> byId;
   NoteNumbers none;
   NoteNumbers numbers = noteNumbers_.Fresh();
   BlockReader reader(formats_, part, &story, counters_, none);
   reader.SetPictureNames(PictureNames());
-  FlowBuilder builder(lines_, flowSettings_);
   for (const Note& note : NotesOf(story)) {
     reader.SetNoteMark(numbers.Next(true));
-    const Flow& flow = noteFlows_.emplace_back(builder.Build(kept_.emplace_back(reader.Read(note.element)), width));
-    NoteRoom room;
-    room.height = flow.Height();
-    if (!flow.items.empty()) room.firstLine = flow.items.front().before + flow.items.front().height;
-    room.flow = noteFlows_.size() - 1;
-    byId[NoteId(part, note.element)] = room;
+    byId[NoteId(part, note.element)] = &kept_.emplace_back(reader.Read(note.element));
   }
   const XmlPart& main = parts_.MainPart();
   const AtomSequence& atoms = parts_.Main().Atoms();
+  FlowBuilder builder(lines_, flowSettings_);
   for (AtomSequence::Place place = atoms.Begin(); !atoms.IsEnd(place); place = atoms.Next(place)) {
     const Atom& atom = atoms.Get(place);
     if (atom.kind != AtomKind::kCharacter || !main.Is(atom.Node(), Tag::kFootnoteReference)) continue;
-    const auto room = byId.find(NoteId(main, atom.Node()));
-    if (room != byId.end()) noteRooms_[atom.element] = room->second;
+    const auto note = byId.find(NoteId(main, atom.Node()));
+    if (note == byId.end()) continue;
+    // A note is as wide as the columns of its reference's section.
+    const auto section = std::ranges::upper_bound(sectionEnds, place.start) - sectionEnds.begin();
+    const double room = sections_[static_cast<std::size_t>(section)]->columns.front();
+    const Flow& flow = noteFlows_.emplace_back(builder.Build(*note->second, room));
+    NoteRoom needed;
+    needed.height = flow.Height();
+    if (!flow.items.empty()) needed.firstLine = flow.items.front().before + flow.items.front().height;
+    needed.flow = noteFlows_.size() - 1;
+    noteRooms_[atom.element] = needed;
   }
 }
 
@@ -231,17 +236,19 @@ void DocumentLayout::AppendEndnotes(Flow& flow, double width) {
 }
 
 void DocumentLayout::LayOut(std::vector<Block> blocks) {
-  MeasureFootnotes(sections_.front()->columns.front());
   flowSettings_.drops = &drops_;
   std::vector<const std::vector<Block>*> sections;
+  std::vector<Position> sectionEnds;
   std::vector<Block> ofSection;
   for (Block& block : blocks) {
     const Paragraph* paragraph = block.AsParagraph();
     const bool ends = paragraph != nullptr && paragraph->section;
+    if (ends) sectionEnds.push_back(paragraph->end + 1);
     ofSection.push_back(std::move(block));
     if (ends) sections.push_back(&kept_.emplace_back(std::exchange(ofSection, {})));
   }
   sections.push_back(&kept_.emplace_back(std::move(ofSection)));
+  MeasureFootnotes(sectionEnds);
   // Text stands around what is placed by the page, and by where the text stands the page is found.
   for (int pass = 0; pass < kMostPasses; ++pass) {
     FillPages(sections);

@@ -62,7 +62,8 @@ class DocumentLayout {
   void MeasureHeaders(SectionGeometry& section, XmlNode sectPr, std::vector<XmlNode>& inherited);
   std::vector<Block> ReadApart(XmlPart& part, XmlNode container);
   double HeightOf(const std::vector<Block>& blocks, double width);
-  void MeasureFootnotes(double width);
+  /// @param sectionEnds positions behind the sections, but for the last one
+  void MeasureFootnotes(const std::vector<Position>& sectionEnds);
   /// A note that only holds a line between text and notes. @param type its w:type
   std::vector<Block> ReadSeparator(XmlPart& part, Tag note, std::string_view type);
   void AppendEndnotes(Flow& flow, double width);

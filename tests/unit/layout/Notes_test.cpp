@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "tests/unit/layout/Drawn.h"
 #include "tests/unit/layout/LaidOut.h"
 
 using laid::Document;
@@ -44,6 +45,24 @@ TEST(LayoutNotes, GoOnOnTheNextPage) {
   EXPECT_EQ(document.PageOf(u"n3", word::wdFootnotesStory), 2);
   EXPECT_EQ(document.PageOf(u"b16"), 2);
   EXPECT_EQ(document.PageOf(u"b17"), 3);
+}
+
+TEST(LayoutNotes, AreAsWideAsTheColumnsOfTheirOwnSection) {
+  std::string words;
+  for (int i = 0; i < 60; ++i) words += "word ";
+  const std::string columns = "<w:cols w:num=\"2\" w:space=\"720\"/>";
+  Document document(Lines("a", 1) + "<w:p><w:pPr>" + paged::Section("nextPage") + "</w:pPr></w:p>" + Referring("r", 2) +
+                    paged::Section("nextPage", columns));
+  document.With("footnotes", Note(2, P(Text(words))));
+  const laid::Drawn page(document, 2);
+  int lines = 0;
+  for (const page::Line& line : page.Display().lines) {
+    if (line.story != word::wdFootnotesStory) continue;
+    ++lines;
+    EXPECT_NEAR(line.area.Right(), laid::kLeft + (468 - 36) / 2.0, laid::kNear);
+    EXPECT_LT(line.runs.back().edges.back(), line.area.Right() + 5);  // a blank may hang over
+  }
+  EXPECT_GT(lines, 4);
 }
 
 TEST(LayoutNotes, StandBehindTheTextWhenTheyAreEndnotes) {
