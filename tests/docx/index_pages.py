@@ -1,13 +1,13 @@
 #!/usr/bin/env python3
-"""Shows that an index made with --pages libreoffice has the pages of LibreOffice's own PDF of the result.
+"""Shows that an index has the pages that its entries stand on, once it is in.
 
-libreoffice_pages.py KELVARIN FILE.docx...
+index_pages.py KELVARIN libreoffice|layout|auto FILE.docx...
 
-Each file is indexed in one column. A copy of the result gets a bookmark at every entry, in its XML and without the program;
-LibreOffice's PDF of the copy tells their pages, and the sections of the file what is printed on them. Every term in the index
-has to have exactly these. LibreOffice names no places in floating tables: what stands there is counted and may add pages to
-its term. Where a file holds no terms, or its quotes do not pair up, its three commonest words are indexed. Exit status 1 when anything differs, 77 when
-LibreOffice is not installed.
+Each file is indexed in one column, with pages by LibreOffice or by the program's own layout. A copy of the result gets a bookmark at every
+entry, in its XML and without the program; LibreOffice's PDF of the copy, or `inspect`, tells their pages, and the sections of the file what
+is printed on them. Every term in the index has to have exactly these. LibreOffice names no places in floating tables: what stands there is
+counted and may add pages to its term. Where a file holds no terms, or its quotes do not pair up, its three commonest words are indexed.
+Exit status 1 when anything differs, 77 when LibreOffice is asked for and not installed.
 """
 
 import html
@@ -41,7 +41,7 @@ def mark(source, target):
 
     def mark_entry(match):
         text = re.sub(r"\\(.)", r"\1", html.unescape(match[1]))
-        terms.append(text)
+        terms.append(text.strip())
         return bookmark(f"occurrence{len(terms) - 1}", len(terms)) + match[0]
 
     def mark_sections(xml):
@@ -83,6 +83,18 @@ def pages_of(pdf):
             for name, page in re.findall(rb"/((?:occurrence|section)\d+)\[(\d+) 0 R/", pdf)}
 
 
+def by_libreoffice(copy, folder):
+    subprocess.run(["soffice", "--headless", f"-env:UserInstallation=file://{folder}/profile", "--convert-to",
+                    'pdf:writer_pdf_Export:{"ExportBookmarksToPDFDestination":{"type":"boolean","value":"true"}}',
+                    "--outdir", folder, copy], capture_output=True, timeout=300, check=True)
+    return pages_of((folder / "copy.pdf").read_bytes())
+
+
+def by_layout(kelvarin, way, copy):
+    shown = json.loads(subprocess.run([kelvarin, "inspect", "--pages", way, copy], capture_output=True, check=True).stdout)
+    return {mark["name"]: mark["page"] for mark in shown["bookmarks"] if re.match(r"(occurrence|section)\d", mark["name"])}
+
+
 def label(number, kind):
     if kind not in ("lowerRoman", "upperRoman"):
         return {"lowerLetter": chr(96 + number), "upperLetter": chr(64 + number)}.get(kind, str(number))
@@ -119,10 +131,10 @@ def commonest_words(kelvarin, file):
     return [word for word, _ in words.most_common(3)]
 
 
-def compare(kelvarin, file, folder):
+def compare(kelvarin, way, file, folder):
     """@return the numbers of terms and of entries without a place, and what differs; nothing when the file is refused"""
     result, copy, report = folder / "result.docx", folder / "copy.docx", folder / "report.json"
-    command = [kelvarin, "index", file, "-o", result, "--force", "--pages", "libreoffice", "--columns", "1", "--no-tab",
+    command = [kelvarin, "index", file, "-o", result, "--force", "--pages", way, "--columns", "1", "--no-tab",
                "--separator", SEPARATOR, "--report", report, "--quiet"]
     if subprocess.run(command, capture_output=True).returncode != 0:
         # With no kind of search nothing is asked of the quotes.
@@ -133,10 +145,7 @@ def compare(kelvarin, file, folder):
         if not words or subprocess.run([*command, *adding], capture_output=True).returncode != 0:
             return None
     terms, sections = mark(result, copy)
-    subprocess.run(["soffice", "--headless", f"-env:UserInstallation=file://{folder}/profile", "--convert-to",
-                    'pdf:writer_pdf_Export:{"ExportBookmarksToPDFDestination":{"type":"boolean","value":"true"}}',
-                    "--outdir", folder, copy], capture_output=True, timeout=300, check=True)
-    pages = pages_of((folder / "copy.pdf").read_bytes())
+    pages = by_libreoffice(copy, folder) if way == "libreoffice" else by_layout(kelvarin, way, copy)
     shown = json.loads(subprocess.run([kelvarin, "inspect", result], capture_output=True, check=True).stdout)
     labels = labels_of(sections, pages, max(pages.values()))
     found, lost = defaultdict(set), Counter()
@@ -150,27 +159,28 @@ def compare(kelvarin, file, folder):
     printed = {}
     for paragraph in shown["index"]["paragraphs"]:
         term, _, numbers = paragraph.rpartition(SEPARATOR)
-        printed[term] = numbers.split(", ")
+        printed[term.strip()] = numbers.split(", ")
     differing = []
     for term, labels_found in wanted.items():
         if printed.get(term) == labels_found or (lost[term] and set(labels_found) <= set(printed.get(term, []))):
             continue
-        differing.append(f"{term}: printed {printed.get(term)}, LibreOffice {labels_found}")
+        differing.append(f"{term}: printed {printed.get(term)}, stands on {labels_found}")
     differing += [f"{term}: printed without an entry" for term in printed if term not in wanted]
     return len(wanted), sum(lost.values()), differing
 
 
 def main():
-    if len(sys.argv) < 3:
+    if len(sys.argv) < 4 or sys.argv[2] not in ("libreoffice", "layout", "auto"):
         sys.exit(__doc__)
-    if shutil.which("soffice") is None:
+    way = sys.argv[2]
+    if way == "libreoffice" and shutil.which("soffice") is None:
         print("LibreOffice is not installed: nothing was compared")
         sys.exit(NO_LIBREOFFICE)
     kelvarin = str(pathlib.Path(sys.argv[1]).resolve())
     compared = terms = lost = refused = faults = 0
-    for file in sys.argv[2:]:
+    for file in sys.argv[3:]:
         with tempfile.TemporaryDirectory() as folder:
-            found = compare(kelvarin, file, pathlib.Path(folder))
+            found = compare(kelvarin, way, file, pathlib.Path(folder))
         if found is None:
             refused += 1
             print(f"{file}: refused")
