@@ -200,4 +200,51 @@ TEST(LayoutSections, PrintTheirOwnNumbers) {
   EXPECT_EQ(document.Pages().LabelOf(2), u"1");
 }
 
+/// Enough lines for two pages, under a header of three lines: 72 points deeper than the margin, or two lines.
+Document UnderHeader(const std::string& type, const std::string& more = {}) {
+  Document document(Lines("a", 3 * kPerPage) + "<w:sectPr><w:headerReference w:type=\"" + type + "\" w:id=\"rId1\"/>" +
+                    more + "</w:sectPr>");
+  document.WithHeader(Lines("h", 3));
+  return document;
+}
+
+TEST(LayoutHeaders, PushTheTextDown) {
+  Document document = UnderHeader("default");
+  EXPECT_EQ(document.PageOf(u"a16"), 1);
+  EXPECT_EQ(document.PageOf(u"a17"), 2);
+  EXPECT_EQ(document.PageOf(u"a33"), 3);
+}
+
+TEST(LayoutHeaders, OfAFirstPagePushItsTextOnly) {
+  Document document = UnderHeader("first", "<w:titlePg/>");
+  EXPECT_EQ(document.PageOf(u"a17"), 2);
+  EXPECT_EQ(document.PageOf(u"a34"), 2);
+  EXPECT_EQ(document.PageOf(u"a35"), 3);
+  Document without = UnderHeader("first");
+  EXPECT_EQ(without.PageOf(u"a18"), 1);
+}
+
+TEST(LayoutHeaders, OfEvenPagesPushTheirTextOnly) {
+  Document document = UnderHeader("even");
+  document.WithSettings("<w:evenAndOddHeaders/>");
+  EXPECT_EQ(document.PageOf(u"a18"), 1);
+  EXPECT_EQ(document.PageOf(u"a34"), 2);
+  EXPECT_EQ(document.PageOf(u"a35"), 3);
+}
+
+// A margin below zero is one that nothing pushes.
+TEST(LayoutHeaders, LeaveAFixedMarginAlone) {
+  Document document = UnderHeader("default", "<w:pgMar w:top=\"-1440\" w:bottom=\"1440\" w:header=\"720\"/>");
+  EXPECT_EQ(document.PageOf(u"a18"), 1);
+  EXPECT_EQ(document.PageOf(u"a19"), 2);
+}
+
+// As browsers have it: 14 points, and none between the items of a list.
+TEST(LayoutSpaces, AreThoseOfAWebPageWhereTheyAreAutomatic) {
+  const std::string automatic =
+      "<w:spacing w:before=\"0\" w:beforeAutospacing=\"1\" w:after=\"0\" w:line=\"720\" w:lineRule=\"exact\"/>";
+  EXPECT_DOUBLE_EQ(DistanceOf(Spaced(0, 0), automatic), 280);
+  EXPECT_DOUBLE_EQ(DistanceOf(Spaced(0, 400), automatic), 400);
+}
+
 }  // namespace
