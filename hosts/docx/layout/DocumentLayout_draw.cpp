@@ -145,7 +145,7 @@ const std::vector<PageStart>& DocumentLayout::Starts(int story) const {
   }
   // Text that runs up or down is placed with its cell.
   for (const PageFiller::PlacedCell& cell : story == word::wdFootnotesStory ? notes_.cells : body_.cells) {
-    const bool sideways = !endnote && cell.cell->sideways && !cell.cell->blocks.empty();
+    const bool sideways = !endnote && !cell.repeated && cell.cell->sideways && !cell.cell->blocks.empty();
     const Paragraph* first = sideways ? cell.cell->blocks.front().AsParagraph() : nullptr;
     if (first != nullptr) starts.push_back({first->start, cell.page});
   }

@@ -204,7 +204,7 @@ void PageDrawer::Add(std::span<const PageFiller::Placed> lines, std::span<const 
     lines_.Draw(line.shown, spot);
   }
   for (const PageFiller::PlacedCell& cell : cells) {
-    if (cell.cell->sideways && !cell.cell->mergedAbove) AddSideways(cell, lines, cells, story, down, begin);
+    if (cell.cell->sideways && !cell.cell->mergedAbove) AddSideways(cell, cells, story, down, begin);
   }
 }
 

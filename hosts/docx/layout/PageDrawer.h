@@ -24,8 +24,8 @@ class PageDrawer {
   void AddCell(const PageFiller::PlacedCell& cell, double down);
   /// The text of a cell that runs up or down. @param lines, cells, story, down as they were given @param begin where
   /// the lines drawn of them begin
-  void AddSideways(const PageFiller::PlacedCell& cell, std::span<const PageFiller::Placed> lines,
-                   std::span<const PageFiller::PlacedCell> cells, int story, double down, std::size_t begin);
+  void AddSideways(const PageFiller::PlacedCell& cell, std::span<const PageFiller::PlacedCell> cells, int story,
+                   double down, std::size_t begin);
   /// The box around paragraphs that have one border or shading, from the first of some lines on.
   /// @return behind the last line in it
   std::size_t AddBox(std::span<const PageFiller::Placed> lines, std::size_t first, double down);

@@ -24,8 +24,8 @@ double MergedHeight(const PageFiller::PlacedCell& cell, std::span<const PageFill
 
 }  // namespace
 
-void PageDrawer::AddSideways(const PageFiller::PlacedCell& cell, std::span<const PageFiller::Placed> lines,
-                             std::span<const PageFiller::PlacedCell> cells, int story, double down, std::size_t begin) {
+void PageDrawer::AddSideways(const PageFiller::PlacedCell& cell, std::span<const PageFiller::PlacedCell> cells,
+                             int story, double down, std::size_t begin) {
   const Cell& content = *cell.cell;
   const bool up = content.upwards;
   const double height = MergedHeight(cell, cells);
@@ -36,12 +36,9 @@ void PageDrawer::AddSideways(const PageFiller::PlacedCell& cell, std::span<const
   const PageFiller::Content placed =
       PlaceApart(flow, up ? content.bottom : content.top, (up ? content.left : content.right) + lowered, along);
 
-  const bool repeated = std::ranges::any_of(lines, [&](const PageFiller::Placed& line) {
-    return line.repeated && line.top >= cell.top && line.top < cell.top + height;
-  });
   page::Display sheet;
   std::swap(sheet.faces, into_.faces);
-  PageDrawer(settings_, room_, flows_, sheet).Add(placed.lines, {}, repeated ? 0 : story);
+  PageDrawer(settings_, room_, flows_, sheet).Add(placed.lines, {}, cell.repeated ? 0 : story);
   std::swap(sheet.faces, into_.faces);
 
   page::Line turned;

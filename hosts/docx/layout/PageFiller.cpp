@@ -333,7 +333,7 @@ void PageFiller::PlaceBoxes(const RowFlow& row, double height, Spot spot, Conten
   for (const CellFlow& cell : row.cells) {
     if (cell.cell == nullptr) continue;
     placed.cells.push_back({page_, row.table, row.number, cell.cell, spot.left + cell.left, spot.top + row.gapAbove,
-                            cell.width, std::max(0.0, height - row.gapAbove - row.gapBelow)});
+                            cell.width, std::max(0.0, height - row.gapAbove - row.gapBelow), spot.repeated});
   }
 }
 

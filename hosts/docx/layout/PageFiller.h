@@ -49,6 +49,7 @@ class PageFiller {
     double top{0};
     double width{0};
     double height{0};
+    bool repeated{false};  ///< of a table's heading, shown again
   };
   /// A line between two columns.
   struct ColumnRule {

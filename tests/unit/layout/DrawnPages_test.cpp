@@ -149,6 +149,19 @@ TEST(DrawnPages, HaveLinesThatRunUpInTheOrderOfTheText) {
   EXPECT_EQ(order, u"x1 a1 up c1 d1 ");
 }
 
+TEST(DrawnPages, CountTextThatRunsUpInARepeatedHeadingWhereItStandsFirst) {
+  std::string rows = Row(Cell(InParagraph(Typed("upright")), Sideways("btLr")) + Cell(Lines("h", 1)),
+                         "<w:tblHeader/><w:trHeight w:val=\"2000\" w:hRule=\"exact\"/>");
+  for (int i = 1; i <= 20; ++i) {
+    const std::string number = std::to_string(i);
+    rows += Row(Cell(Lines("r" + number + "x", 1)) + Cell(Lines("s" + number + "x", 1)));
+  }
+  Document document(Table(rows, kTwoColumns));
+  EXPECT_EQ(document.PageOf(u"upright"), 1);
+  EXPECT_EQ(Drawn(document, 1).Line(u"upright").story, word::wdMainTextStory);
+  EXPECT_EQ(Drawn(document, 2).Line(u"upright").story, 0);
+}
+
 TEST(DrawnPages, RepeatTheHeadingsOfTablesWithoutTheirPlaces) {
   std::string rows = Row(Cell(Lines("h", 1)), "<w:tblHeader/>");
   for (int i = 1; i <= 20; ++i) rows += Row(Cell(Lines("r" + std::to_string(i) + "x", 1)));
