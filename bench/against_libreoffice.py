@@ -29,13 +29,13 @@ def libreoffice_run(python, source, terms, folder, limit):
 
 
 def print_table(program, sources, folder, timed, runs, limit):
-    """@param sources [(pages, file)] @param timed runs a command and gives its wall seconds first"""
+    """@param sources [(name, file)] @param timed runs a command and gives its wall seconds first"""
     python = interpreter()
     if python is None:
         print("\nLibreOffice or its Python interface (python3-uno) is not installed: nothing to compare with.")
         return
-    print(f"\n| pages | index --pages layout: s | LibreOffice, limit {limit} s: s | marked | ratio |\n|---:|---:|---:|---:|---:|", flush=True)
-    for pages, source in sources:
+    print(f"\n| contract | index --pages layout: s | LibreOffice, limit {limit} s: s | marked | ratio |\n|---|---:|---:|---:|---:|", flush=True)
+    for name, source in sources:
         report = folder / "report.json"
         ours = statistics.median(
             timed(program, "index", str(source), "-o", str(folder / "out.docx"), "--force", "--quiet", "--pages", "layout",
@@ -43,5 +43,5 @@ def print_table(program, sources, folder, timed, runs, limit):
         chosen = json.loads(report.read_text(encoding="utf-8"))["chosen"]
         theirs = libreoffice_run(python, source, chosen, folder, limit)
         least = "" if theirs["finished"] else "at least "
-        print(f"| {pages} | {ours:.2f} | {'' if theirs['finished'] else 'more than '}{theirs['seconds']:.0f} | {theirs['marked']:,} "
+        print(f"| {name} | {ours:.2f} | {'' if theirs['finished'] else 'more than '}{theirs['seconds']:.0f} | {theirs['marked']:,} "
               f"| {least}{theirs['seconds'] / ours:.0f} |", flush=True)

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Measures whole runs of the program against merely unzipping and zipping the same file: measure.py PROGRAM [RUNS [SECONDS]]
+"""Measures whole runs of the program against merely unzipping and zipping the same file: measure.py PROGRAM [RUNS [SECONDS [FILE...]]]
 
-Each figure is the median of so many runs (5 without a number). Times are wall-clock seconds, with processor seconds behind;
+The files are contracts that are generated, of 100 to 1,000 pages, and those named behind the numbers. Each figure is the median of so many runs (5 without a number). Times are wall-clock seconds, with processor seconds behind;
 memory is the largest resident set of a run. The limit of memory is 64 MiB and 25 times the unpacked main part. The second table
 has the layout alone: what `inspect` takes longer with it than with an estimate, for each page that comes out too. The
 third table has whole runs that only search, for both kinds of search. The last table has the same index made by LibreOffice from a
@@ -19,9 +19,9 @@ import tempfile
 import time
 import zipfile
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
+HERE = pathlib.Path(__file__).resolve().parent
+sys.path.insert(0, str(HERE))
 import against_libreoffice  # noqa: E402
-import make_contract  # noqa: E402
 
 SIZES = [(100, 100), (300, 200), (1000, 400)]
 MIB = 1 << 20
@@ -68,18 +68,31 @@ def zip_run(source, folder):
     return one[0] + other[0], one[1] + other[1]
 
 
+def is_indexed(program, source, folder):
+    """Whether the program indexes the file; it says why not."""
+    return subprocess.run([program, "index", str(source), "-o", str(folder / "out.docx"), "--force", "--quiet", "--pages", "file",
+                           "--settings", str(folder / "kvx.ini")], stdin=subprocess.DEVNULL, check=False).returncode == 0
+
+
 def main():
-    if len(sys.argv) not in (2, 3, 4):
+    if len(sys.argv) < 2:
         sys.exit(__doc__)
     program, runs = str(pathlib.Path(sys.argv[1]).resolve()), int(sys.argv[2]) if len(sys.argv) > 2 else 5
-    print("| pages | terms | marked | index: s (cpu) | unzip + zip: s (cpu) | ratio | memory MiB | limit MiB |")
-    print("|---:|---:|---:|---:|---:|---:|---:|---:|", flush=True)
+    limit = int(sys.argv[3]) if len(sys.argv) > 3 else 120
     searches = []
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
+        sources = []
         for pages, terms in SIZES:
-            source = folder / f"contract{pages}.docx"
-            make_contract.make(pages, terms, source)
+            sources.append((f"{pages} pages", folder / f"contract{pages}.docx"))
+            # In a process of its own: the peak memory of what is measured is at least this one's.
+            subprocess.run([sys.executable, HERE / "make_contract.py", str(pages), str(terms), sources[-1][1]], check=True)
+        for path in map(pathlib.Path, sys.argv[4:]):
+            if is_indexed(program, path.resolve(), folder):
+                sources.append((path.stem[:40], path.resolve()))
+        print("| contract | terms | marked | index: s (cpu) | unzip + zip: s (cpu) | ratio | memory MiB | limit MiB |")
+        print("|---|---:|---:|---:|---:|---:|---:|---:|", flush=True)
+        for name, source in sources:
             with zipfile.ZipFile(source) as package:
                 main_part = package.getinfo("word/document.xml").file_size
             # Taken in turn, so that what else the machine does falls on both.
@@ -88,24 +101,22 @@ def main():
             bare_wall, bare_cpu = (statistics.median(bare[i] for _, bare in measured) for i in range(2))
             report = json.loads((folder / "report.json").read_text(encoding="utf-8"))
             marked = sum(term["count"] for term in report["terms"])
-            searches.append((pages, bare_wall, [
+            searches.append((name, bare_wall, [
                 [statistics.median(run[i] for run in runs_of) for i in range(2)]
                 for runs_of in ([terms_run(program, source, folder, search) for _ in range(runs)]
                                 for search in ("quoted", "capitals"))]))
-            print(f"| {pages} | {terms} | {marked:,} | {wall:.2f} ({cpu:.2f}) | {bare_wall:.2f} ({bare_cpu:.2f}) "
+            print(f"| {name} | {len(report['chosen'])} | {marked:,} | {wall:.2f} ({cpu:.2f}) | {bare_wall:.2f} ({bare_cpu:.2f}) "
                   f"| {wall / bare_wall:.2f} | {memory / MIB:.0f} | {64 + 25 * main_part / MIB:.0f} |", flush=True)
-        print("\n| pages | layout: s (cpu) | a page: ms (cpu) |\n|---:|---:|---:|", flush=True)
-        for pages, _ in SIZES:
-            measured = [layout_run(program, folder / f"contract{pages}.docx", folder) for _ in range(runs)]
+        print("\n| contract | pages | layout: s (cpu) | a page: ms (cpu) |\n|---|---:|---:|---:|", flush=True)
+        for name, source in sources:
+            measured = [layout_run(program, source, folder) for _ in range(runs)]
             wall, cpu, laid = (statistics.median(run[i] for run in measured) for i in range(3))
-            print(f"| {laid} | {wall:.2f} ({cpu:.2f}) | {1000 * wall / laid:.2f} ({1000 * cpu / laid:.2f}) |", flush=True)
-        limit = int(sys.argv[3]) if len(sys.argv) > 3 else 120
-        against_libreoffice.print_table(program, [(pages, folder / f"contract{pages}.docx") for pages, _ in SIZES], folder, timed,
-                                        runs, limit)
-    print("\n| pages | terms --search quoted: s (cpu) | ratio | terms --search capitals: s (cpu) | ratio |")
-    print("|---:|---:|---:|---:|---:|")
-    for pages, bare_wall, ((quoted, quoted_cpu), (capitals, capitals_cpu)) in searches:
-        print(f"| {pages} | {quoted:.2f} ({quoted_cpu:.2f}) | {quoted / bare_wall:.2f} "
+            print(f"| {name} | {laid} | {wall:.2f} ({cpu:.2f}) | {1000 * wall / laid:.2f} ({1000 * cpu / laid:.2f}) |", flush=True)
+        against_libreoffice.print_table(program, sources, folder, timed, runs, limit)
+    print("\n| contract | terms --search quoted: s (cpu) | ratio | terms --search capitals: s (cpu) | ratio |")
+    print("|---|---:|---:|---:|---:|")
+    for name, bare_wall, ((quoted, quoted_cpu), (capitals, capitals_cpu)) in searches:
+        print(f"| {name} | {quoted:.2f} ({quoted_cpu:.2f}) | {quoted / bare_wall:.2f} "
               f"| {capitals:.2f} ({capitals_cpu:.2f}) | {capitals / bare_wall:.2f} |")
 
 

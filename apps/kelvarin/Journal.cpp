@@ -98,6 +98,8 @@ void Journal::Read(const std::string& options) {
     Say("the journal " + file_.string() + " is of a run with other options or settings: nothing of it counts as done");
     return Anew(options);
   }
+  // Its own end was still to be written.
+  if (in.eof()) return Anew(options);
   std::streamoff offset = static_cast<std::streamoff>(line.size()) + 1;
   bool whole = true;
   while (std::getline(in, line)) {

@@ -279,6 +279,17 @@ class Resuming(Bulk):
         self.assertIn("another run", self.check(*command, status=3).err)
         process.kill()
 
+    def test_a_journal_whose_first_line_was_being_written_is_begun_anew(self):
+        self.store(2)
+        command = ("index", "store", "--out-dir", "out", "--journal", "done", "--force")
+        self.check(*command)
+        journal = self.folder / "done"
+        journal.write_bytes(journal.read_bytes().partition(b"\n")[0])
+        self.check(*command)
+        before = self.times()
+        self.check(*command)
+        self.assertEqual(self.times(), before)
+
     def test_a_journal_that_is_none_is_left_alone(self):
         self.store(2)
         for content in ("precious\n", '{"a": 1}\n'):
