@@ -310,17 +310,18 @@ class XmlScanner {
     const std::string_view target(p_ + 2, 3);
     p_ += 5;
     const char* const rest = p_;
-    SkipBlanks();
     for (const std::string_view name : {"version", "encoding", "standalone"}) {
+      SkipBlanks();
       if (!StartsWith(name)) continue;
+      if (!xml_scanner::Is(p_[-1], xml_scanner::kBlank)) Fail("has a malformed XML declaration");
       p_ += name.size();
       SkipBlanks();
       if (p_ == end_ || *p_ != '=') Fail("has a malformed XML declaration");
       ++p_;
       SkipBlanks();
       Value();
-      SkipBlanks();
     }
+    SkipBlanks();
     const std::string_view data(rest, static_cast<std::size_t>(p_ - rest));
     // Readers differ in where one ends that has its end in a value.
     if (!StartsWith("?>") || data.find("?>") != std::string_view::npos) Fail("has a malformed XML declaration");

@@ -131,6 +131,7 @@ TEST(CheckXml, RefusesWhatTheParserMustNotSee) {
       {"<?xml encoding='UTF-8' version='1.0'?><a/>", "malformed XML declaration"},
       {"<?xml version='1.0' other='x'?><a/>", "malformed XML declaration"},
       {"<?xml version='1.0'><a/>", "malformed XML declaration"},
+      {"<?xml version='1.0'encoding='UTF-8'?><a/>", "malformed XML declaration"},
       {"<?xml version='1.0' encoding='?>UTF-8'?><a/>", "malformed XML declaration"},
       {" <?xml version=\"1.0\"?><a/>", "XML declaration"},
       {"<?XML version=\"1.0\"?><a/>", "XML declaration"},
