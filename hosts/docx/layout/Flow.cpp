@@ -141,11 +141,15 @@ Flow FlowBuilder::Build(const std::vector<Block>& blocks, double width, bool inC
   Column outer = std::exchange(column_, {});
   for (std::size_t i = 0; i < blocks.size(); ++i) {
     if (const Table* table = blocks[i].AsTable()) {
-      AddTable(*table, width, before, flow);
+      AddTable(*table, width, inCell, before, flow);
       continue;
     }
     const Paragraph* next = i + 1 < blocks.size() ? blocks[i + 1].AsParagraph() : nullptr;
     const Paragraph& paragraph = *blocks[i].AsParagraph();
+    if (paragraph.frame) {
+      AddFrame(paragraph, width, before, flow);
+      continue;
+    }
     AddParagraph(paragraph, next, width, inCell, before, flow);
     before.after = SpaceAfter(paragraph, next, inCell && i + 1 == blocks.size());
   }
@@ -175,10 +179,10 @@ void FlowBuilder::AddFrame(const Paragraph& paragraph, double width, Before& bef
   for (const Line& line : made_) {
     FlowItem item;
     item.position = line.start;
-    item.before = std::exchange(before.after, 0);
+    item.breakBefore = std::exchange(before.breakBehind, BreakBefore::kNone);
     item.shown = Show(paragraph, line, room);
     item.shift = left;
-    item.drop = top;
+    item.drop = before.after + top;
     top += line.height;
     Push(std::move(item), flow);
   }
@@ -213,7 +217,6 @@ void FlowBuilder::Divide(std::vector<FlowItem>& items, std::size_t line, std::ui
 void FlowBuilder::AddParagraph(const Paragraph& paragraph, const Paragraph* next, double width, bool inCell,
                                Before& before, Flow& flow) {
   const ParagraphFormat& format = paragraph.look.format;
-  if (paragraph.frame) return AddFrame(paragraph, width, before, flow);
   before.frameBottom = 0;
   const double own = SpaceBefore(paragraph, before.paragraph, inCell);
   const double space = settings_.addSpaces ? before.after + own : std::max(before.after, own);

@@ -153,7 +153,7 @@ class FlowBuilder {
   void AddParagraph(const Paragraph& paragraph, const Paragraph* next, double width, bool inCell, Before& before,
                     Flow& flow);
   void AddFrame(const Paragraph& paragraph, double width, Before& before, Flow& flow);
-  void AddTable(const Table& table, double width, Before& before, Flow& flow);
+  void AddTable(const Table& table, double width, bool inCell, Before& before, Flow& flow);
   /// @param all of the table's columns
   double TableLeft(const Table& table, double all, double width) const;
   std::unique_ptr<RowFlow> BuildRow(const Row& row, const std::vector<double>& edges);

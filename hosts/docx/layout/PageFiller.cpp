@@ -43,6 +43,11 @@ void PageFiller::BeginSection(const SectionGeometry& section) {
     deepest_ = 0;
     left_ = section.TextLeft(pages_.back().mirrored);
   } else {
+    // Word has the mark of the section stay with the break before it.
+    if (onlyMark_) {
+      pageEmpty_ = true;
+      deepest_ = 0;
+    }
     if (!pageEmpty_) NextPage();
     if (NumberAfter(numberings_.back().NumberOf(page_ - 1), setup).blank) NextPage();
     after_ = 0;
@@ -494,6 +499,7 @@ void PageFiller::Fill(Flow& flow, bool balanced, Content& placed) {
       item.position = -1;
     }
     pageEmpty_ = false;
+    onlyMark_ = fit.end == begin + 1 && items[begin].sectionMark && items[begin].breakBefore == BreakBefore::kPage;
     begin = fit.end;
     carried_ = fit.carried;
     if (fit.notes > 0) {

@@ -153,14 +153,15 @@ class PageFiller {
   const SectionGeometry* section_{nullptr};
   int page_{1};
   bool pageEmpty_{true};
-  int sectionPage_{1};   // that the section began on
-  double top_{0};        // of the section on this page, from the paper's upper edge
-  double bottom_{0};     // of the text on this page
-  double deepest_{0};    // how far the section's columns reach on this page, from top_
-  double after_{0};      // space that the section before wants behind it
-  double above_{0};      // as much of it as stands above all columns
-  double carried_{0};    // of footnotes, to the next column
-  double pageNotes_{0};  // at the page's foot, of the sections before
+  bool onlyMark_{false};  // the page has nothing but the mark that ends a section, behind a page break
+  int sectionPage_{1};    // that the section began on
+  double top_{0};         // of the section on this page, from the paper's upper edge
+  double bottom_{0};      // of the text on this page
+  double deepest_{0};     // how far the section's columns reach on this page, from top_
+  double after_{0};       // space that the section before wants behind it
+  double above_{0};       // as much of it as stands above all columns
+  double carried_{0};     // of footnotes, to the next column
+  double pageNotes_{0};   // at the page's foot, of the sections before
   bool keptLastBreaks_{false};
   std::vector<PageNumbering> numberings_;
   std::unordered_map<const XmlNodeData*, int> notePages_;

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <numeric>
+#include <optional>
 #include <utility>
 
 #include "hosts/docx/layout/Flow.h"
@@ -23,11 +24,11 @@ double EdgeAt(const std::vector<double>& edges, int column) {
   return edges[std::min(static_cast<std::size_t>(column), edges.size() - 1)];
 }
 
-/// What the first paragraphs of a row's cells say about staying with the next one.
-bool KeepsWithNext(const Row& row) {
-  return std::ranges::any_of(row.cells, [](const Cell& cell) {
+/// What the first paragraphs of a row's cells say for all of the row.
+bool AnyBegins(const Row& row, const std::optional<bool> ParagraphFormat::*with) {
+  return std::ranges::any_of(row.cells, [with](const Cell& cell) {
     const Paragraph* paragraph = cell.blocks.empty() ? nullptr : cell.blocks.front().AsParagraph();
-    return paragraph != nullptr && *paragraph->look.format.keepNext;
+    return paragraph != nullptr && *(paragraph->look.format.*with);
   });
 }
 
@@ -142,7 +143,7 @@ std::unique_ptr<RowFlow> FlowBuilder::BuildRow(const Row& row, const std::vector
   return built;
 }
 
-void FlowBuilder::AddTable(const Table& table, double width, Before& before, Flow& flow) {
+void FlowBuilder::AddTable(const Table& table, double width, bool inCell, Before& before, Flow& flow) {
   const std::vector<double> columns = ColumnWidths(table, width);
   const std::vector<double> edges = EdgesOf(columns);
   const double left = TableLeft(table, edges.back(), width);
@@ -222,8 +223,9 @@ void FlowBuilder::AddTable(const Table& table, double width, Before& before, Flo
     item.before = std::exchange(space, 0);
     item.hold = keep ? Hold::kNext : Hold::kNone;
     item.breakBefore = std::exchange(before.breakBehind, BreakBefore::kNone);
+    if (!inCell && AnyBegins(row, &ParagraphFormat::pageBreakBefore)) item.breakBefore = BreakBefore::kPage;
     headers = headers && row.header;
-    keep = KeepsWithNext(row) || headers;
+    keep = AnyBegins(row, &ParagraphFormat::keepNext) || headers;
     if (headers) {
       headerHeight += item.height;
       ++headerRows;

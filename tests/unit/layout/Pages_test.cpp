@@ -72,6 +72,25 @@ TEST(LayoutPages, BeginBehindABreakWithoutTheParagraphsMark) {
   EXPECT_EQ(document.PageOf(u"c1"), 3);
 }
 
+// Seen in files of Word 2010 and 2013: it leaves no page blank for a paragraph that has nothing but a section's mark.
+TEST(LayoutPages, LieBlankForNoMarkOfASectionBehindABreak) {
+  const std::string pages = P(Text("a") + kBreak, kTall) + EndOf(Section("nextPage"));
+  Document document(pages + Lines("b", 1) + Section("nextPage"));
+  EXPECT_EQ(document.PageOf(u"b1"), 2);
+  Document continuous(pages + Lines("b", 1) + Section("continuous"));
+  EXPECT_EQ(continuous.PageOf(u"b1"), 2);
+  Document text(P(Text("a") + kBreak, kTall) + P(Text("t"), kTall + Section("nextPage")) + Lines("b", 1));
+  EXPECT_EQ(text.PageOf(u"b1"), 3);
+}
+
+TEST(LayoutPages, BeginWithAFrameBehindABreak) {
+  const std::string frame = "<w:framePr w:w=\"3000\" w:wrap=\"around\" w:vAnchor=\"page\" w:hAnchor=\"page\"/>";
+  Document document(P(Text("a") + kBreak, kTall) + Lines("f", 1, frame) + Lines("b", kPerPage) + Lines("c", 1));
+  EXPECT_EQ(document.PageOf(u"f1"), 2);
+  EXPECT_EQ(document.PageOf(u"b18"), 2);
+  EXPECT_EQ(document.PageOf(u"c1"), 3);
+}
+
 TEST(LayoutPages, BeginInTheMiddleOfAParagraphAtABreak) {
   Document document(P(Text("a") + kBreak + Text("b"), kTall));
   EXPECT_EQ(document.PageOf(u"a"), 1);

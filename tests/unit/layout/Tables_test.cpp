@@ -25,6 +25,16 @@ TEST(LayoutTables, KeepARowWholeThatWantsIt) {
   EXPECT_EQ(document.PageOf(u"b1"), 2);
 }
 
+// Seen in a file of Word 2007.
+TEST(LayoutTables, BeginAPageWithARowWhoseTextWantsThat) {
+  const std::string row = Row(Cell(Lines("b", 1, "<w:pageBreakBefore/>")));
+  Document first(Lines("a", 1) + Table(row));
+  EXPECT_EQ(first.PageOf(u"b1"), 2);
+  Document second(Lines("a", 1) + Table(Row(Cell(Lines("c", 1))) + row));
+  EXPECT_EQ(second.PageOf(u"c1"), 1);
+  EXPECT_EQ(second.PageOf(u"b1"), 2);
+}
+
 TEST(LayoutTables, DivideEachCellForItself) {
   Document document(Lines("a", kPerPage - 2) +
                     Table(Row(Cell(Lines("b", 4)) + Cell(Lines("c", 3))) + Row(Cell(Lines("d", 1))), kTwoColumns));

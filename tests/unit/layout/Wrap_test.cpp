@@ -161,6 +161,15 @@ TEST(LayoutWrap, GoesAroundFrames) {
   EXPECT_DOUBLE_EQ(lines[4].left, kTop);
 }
 
+TEST(LayoutWrap, LeavesTheSpacesBetweenParagraphsWhereAFrameIsBetweenThem) {
+  const std::string frame =
+      "<w:framePr w:w=\"3000\" w:wrap=\"around\" w:vAnchor=\"text\" w:hAnchor=\"page\" w:x=\"9000\"/>";
+  const std::string spaced = "<w:spacing w:before=\"200\" w:after=\"300\" w:line=\"720\" w:lineRule=\"exact\"/>";
+  const auto lines = Letters(P(Text("a"), spaced) + P(Text("f"), frame + spaced) + P(Text("b"), spaced));
+  ASSERT_EQ(lines.size(), 3U);
+  EXPECT_DOUBLE_EQ(lines[2].top - lines[0].top, kLine + 300);
+}
+
 TEST(LayoutWrap, GoesAroundInitialsThatHangIntoTheText) {
   const std::string drop =
       "<w:framePr w:dropCap=\"drop\" w:lines=\"2\" w:wrap=\"around\" w:vAnchor=\"text\" w:hAnchor=\"text\"/>";
