@@ -218,16 +218,16 @@ void BlockReader::ReadParagraph(XmlNode element, bool deleted, const TableValues
     open_->labelAlignment = level.alignment;
     if (level.format == "none" && open_->label.empty()) open_->labelStyle = nullptr;
   }
-  if (const XmlNode frame = part_.Child(properties, "framePr")) {
-    ReadFrame(frame);
-  }
+  if (const XmlNode frame = part_.Child(properties, "framePr")) ReadFrame(frame);
   into.push_back({std::move(open_)});
 }
 
 void BlockReader::ReadFrame(XmlNode framePr) {
   const std::string_view wrap = part_.Attribute(framePr, "wrap").Value();
   const std::string_view dropCap = part_.Attribute(framePr, "dropCap").Value();
-  if (wrap == "notBeside" || wrap == "none") return;
+  // In the cells of a table that floats, Word says of each paragraph where the table stands.
+  const bool isOfTable = depth_ > 0 && dropCap.empty();
+  if (isOfTable || wrap == "notBeside" || wrap == "none") return;
   const auto length = [&](const char* name) { return static_cast<double>(TwipsOf(part_, framePr, name).value_or(0)); };
   Frame frame;
   frame.width = std::max(0.0, length("w"));

@@ -35,6 +35,14 @@ TEST(LayoutTables, BeginAPageWithARowWhoseTextWantsThat) {
   EXPECT_EQ(second.PageOf(u"b1"), 2);
 }
 
+// Word 2010 writes these for each paragraph of a table that floats.
+TEST(LayoutTables, HaveTheirLinesBelowEachOtherWhereTheirParagraphsNameTheFrameOfTheTable) {
+  const std::string frame = "<w:framePr w:hSpace=\"141\" w:wrap=\"around\" w:vAnchor=\"page\" w:hAnchor=\"margin\"/>";
+  Document document(Table(Row(Cell(Lines("b", kPerPage + 1, frame)))));
+  EXPECT_EQ(document.PageOf(u"b18"), 1);
+  EXPECT_EQ(document.PageOf(u"b19"), 2);
+}
+
 TEST(LayoutTables, DivideEachCellForItself) {
   Document document(Lines("a", kPerPage - 2) +
                     Table(Row(Cell(Lines("b", 4)) + Cell(Lines("c", 3))) + Row(Cell(Lines("d", 1))), kTwoColumns));
