@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "hosts/docx/pages/PageTable.h"
+#include "hosts/docx/xml/Utf.h"
 #include "platform/word/Constants.h"
 
 namespace docx::layout {
@@ -81,7 +82,10 @@ void DocumentLayout::ReadSettings() {
     lineSettings_.defaultTab = TwipsOf(*settings, settings->Child(root, "defaultTabStop"), "val").value_or(720);
     options_.mirrored = OnOffOf(*settings, settings->Child(root, "mirrorMargins")).value_or(false);
     options_.evenAndOdd = OnOffOf(*settings, settings->Child(root, "evenAndOddHeaders")).value_or(false);
+    const std::u16string point = ToUtf16(ValueOf(*settings, settings->Child(root, "decimalSymbol")));
+    if (point.size() == 1) lineSettings_.decimalPoint = point.front();
     const XmlNode compat = settings->Child(root, "compat");
+    lineSettings_.hangingStop = !OnOffOf(*settings, settings->Child(compat, "noTabHangInd")).value_or(false);
     lineSettings_.breaksJustify =
         !OnOffOf(*settings, settings->Child(compat, "doNotExpandShiftReturn")).value_or(false);
     flowSettings_.addSpaces =

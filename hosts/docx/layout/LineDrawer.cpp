@@ -81,7 +81,7 @@ std::size_t LineDrawer::VisibleEnd(std::size_t from, std::size_t to) const {
   return to;
 }
 
-void LineDrawer::FindSegments(const ShownLine& shown, double start, double right) {
+void LineDrawer::FindSegments(const ShownLine& shown, double start, const LineReach& reach) {
   const Paragraph& paragraph = *paragraph_;
   segments_.clear();
   double x = start;
@@ -99,7 +99,7 @@ void LineDrawer::FindSegments(const ShownLine& shown, double start, double right
     bool point = false;
     for (std::size_t u = segment.from; u < segment.to; ++u) {
       if (u < end) segment.width += widths_[u];
-      point = point || paragraph.text[u] == u'.';
+      point = point || paragraph.text[u] == settings_.decimalPoint;
       if (!point && u < end) before += widths_[u];
     }
     const double moves = stop.kind == TabKind::kRight     ? segment.width
@@ -110,7 +110,7 @@ void LineDrawer::FindSegments(const ShownLine& shown, double start, double right
     if (!segments_.empty()) segments_.back().stop = segment.x;
     x = segment.x + segment.width;
     if (segment.tab) {
-      tabEnd = lines_.NextTab(paragraph, x, right, shown.from == 0, stop);
+      tabEnd = lines_.NextTab(paragraph, x, reach, shown.from == 0, stop);
       segment.leader = stop.leader;
       ++i;
     }
@@ -197,8 +197,12 @@ void LineDrawer::Draw(const ShownLine& shown, const Spot& spot) {
   const double left = *format.left;
   const double right = std::max<double>(shown.width - *format.right, left + kNarrowest);
   const bool first = shown.from == 0;
-  const double start = first ? lines_.LabelEnd(paragraph, right) : left;
-  FindSegments(shown, start, right);
+  const LineReach reach{right, shown.width};
+  const double start = first ? lines_.LabelEnd(paragraph, reach) : left;
+  const bool hyphenated = shown.to > shown.from && shown.to < paragraph.text.size() &&
+                          paragraph.pieces[lines_.PieceAt(shown.to - 1)].kind == PieceKind::kSoftHyphen;
+  if (hyphenated) widths_[shown.to - 1] = lines_.WidthOf(u"-", *paragraph.pieces[lines_.PieceAt(shown.to - 1)].style);
+  FindSegments(shown, start, reach);
   const Segment& last = segments_.back();
   const double room = right - last.x - last.width;
   double shift = 0;
@@ -239,12 +243,17 @@ void LineDrawer::Draw(const ShownLine& shown, const Spot& spot) {
     AddLabel(paragraph, line.baseline, labelSpot, line);
   }
   AddRuns(shown, spot, line);
+  for (const TabStop& stop : format.tabs) {
+    if (stop.kind != TabKind::kBar) continue;
+    const double x = (spot.left + stop.position) / kPerPoint;
+    into_.rules.push_back({x, line.area.y, x, line.area.Bottom(), kRuleWidth});
+  }
   if (line.runs.empty()) {
     // Where a cursor stands in a line without characters.
     line.area.x = (spot.left + segments_.front().x) / kPerPoint;
   }
   into_.lines.push_back(std::move(line));
-  if (spread != 0) paragraph_ = nullptr;  // its widths are this line's now
+  if (spread != 0 || hyphenated) paragraph_ = nullptr;  // its widths are this line's now
 }
 
 std::uint32_t LineDrawer::FaceOf(const TextStyle& style, Script script, double size) {

@@ -37,7 +37,7 @@ class LineDrawer {
   };
 
   void Measure(const Paragraph& paragraph);
-  void FindSegments(const ShownLine& shown, double start, double right);
+  void FindSegments(const ShownLine& shown, double start, const LineReach& reach);
   double SpreadOf(const ShownLine& shown, double room) const;
   void Place(const Paragraph& paragraph, double spread);
   void PlaceInOrder(std::size_t from, std::size_t to, double x, bool backwards);

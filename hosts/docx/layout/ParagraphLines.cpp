@@ -18,6 +18,8 @@ constexpr double kShrunk = 0.24;
 constexpr double kSmallCapsSize = 0.8;
 constexpr double kExactBaseline = 0.8;  // of a line of stated height
 constexpr double kNarrowest = 20;       // twips: a column that is less still takes its text
+/// The version of Word, as it numbers itself.
+constexpr int kStopsAtMargin = 15;
 
 bool IsComplexScript(char16_t c) {
   return (c >= 0x0590 && c < 0x0900) || (c >= 0x0900 && c < 0x1100) || (c >= 0x1780 && c < 0x1800) ||
@@ -136,16 +138,19 @@ double LineMaker::WidthOf(std::u16string_view text, const TextStyle& style) cons
   return width;
 }
 
-double LineMaker::NextTab(const Paragraph& paragraph, double x, double right, bool first, TabStop& stop) const {
+double LineMaker::NextTab(const Paragraph& paragraph, double x, const LineReach& reach, bool first,
+                          TabStop& stop) const {
   const ParagraphFormat& format = paragraph.look.format;
   constexpr double kPast = 0.5;
-  const auto tab = std::find_if(format.tabs.begin(), format.tabs.end(),
-                                [&](const TabStop& one) { return one.position > x + kPast; });
+  const auto tab = std::find_if(format.tabs.begin(), format.tabs.end(), [&](const TabStop& one) {
+    return one.kind != TabKind::kBar && one.position > x + kPast;
+  });
   const bool stated = tab != format.tabs.end();
   stop = stated ? *tab : TabStop{};
   // A hanging indent is a stop of its own.
   const double hanging = *format.left;
-  if (first && *format.firstLine < 0 && hanging > x + kPast && (!stated || hanging < stop.position)) {
+  if (first && settings_.hangingStop && *format.firstLine < 0 && hanging > x + kPast &&
+      (!stated || hanging < stop.position)) {
     stop = {};
     return hanging;
   }
@@ -153,11 +158,13 @@ double LineMaker::NextTab(const Paragraph& paragraph, double x, double right, bo
     const double step = std::max(1.0, settings_.defaultTab);
     return (std::floor((x + kPast) / step) + 1) * step;
   }
-  if (stop.kind != TabKind::kLeft && stop.position > right) return std::max(right, x);
-  return stop.position;
+  // Beyond the right indent, as the page numbers of tables of contents stand, and from Word 2013 on not beyond the
+  // column.
+  const double most = settings_.compatibility < kStopsAtMargin ? stop.position : std::max(reach.right, reach.margin);
+  return stop.kind == TabKind::kLeft ? stop.position : std::max(std::min<double>(stop.position, most), x);
 }
 
-double LineMaker::LabelEnd(const Paragraph& paragraph, double right) const {
+double LineMaker::LabelEnd(const Paragraph& paragraph, const LineReach& reach) const {
   const ParagraphFormat& format = paragraph.look.format;
   double x = *format.left + *format.firstLine;
   if (paragraph.labelStyle == nullptr) return x;
@@ -175,7 +182,7 @@ double LineMaker::LabelEnd(const Paragraph& paragraph, double right) const {
   switch (paragraph.suffix) {
     case NumberSuffix::kTab: {
       TabStop stop;
-      return NextTab(paragraph, x, right, true, stop);
+      return NextTab(paragraph, x, reach, true, stop);
     }
     case NumberSuffix::kSpace:
       return x + WidthOf(u" ", *paragraph.labelStyle);
@@ -185,7 +192,8 @@ double LineMaker::LabelEnd(const Paragraph& paragraph, double right) const {
   return x;
 }
 
-std::size_t LineMaker::FindEnd(const Paragraph& paragraph, std::size_t from, double start, double right, bool first) {
+std::size_t LineMaker::FindEnd(const Paragraph& paragraph, std::size_t from, double start, LineReach reach,
+                               bool first) {
   const std::u16string_view text(paragraph.text);
   double x = start;
   // What stands at a centred, right or decimal tab moves to the left as it grows, as long as there is room.
@@ -205,15 +213,16 @@ std::size_t LineMaker::FindEnd(const Paragraph& paragraph, std::size_t from, dou
         return i + 1;
       case PieceKind::kTab: {
         TabStop tab;
-        const double stop = NextTab(paragraph, x, right, first, tab);
+        const double stop = NextTab(paragraph, x, reach, first, tab);
         const TabKind kind = tab.kind;
-        if (stop > right + kSlack && i > from && kind == TabKind::kLeft && lastBreak > from) return lastBreak;
+        if (stop > reach.right + kSlack && i > from && kind == TabKind::kLeft && lastBreak > from) return lastBreak;
         if (kind == TabKind::kLeft) {
           x = stop;
           slack = 0;
         } else {
           slack = stop - x;
           x = stop;
+          reach.right = std::max(reach.right, stop);
         }
         pending = kind;
         blanks = 0;
@@ -223,16 +232,20 @@ std::size_t LineMaker::FindEnd(const Paragraph& paragraph, std::size_t from, dou
       default:
         break;
     }
+    // Its hyphen shows where its line ends with it.
+    if (piece.kind == PieceKind::kSoftHyphen && x + WidthOf(u"-", *piece.style) <= reach.right + kSlack) {
+      lastBreak = i + 1;
+    }
     double width = units_[i].width;
     if (slack > 0 && pending != TabKind::kLeft) {
-      if (pending == TabKind::kDecimal && text[i] == u'.') pending = TabKind::kLeft;
+      if (pending == TabKind::kDecimal && text[i] == settings_.decimalPoint) pending = TabKind::kLeft;
       const double taken = std::min(slack, pending == TabKind::kCenter ? width / 2 : width);
       if (pending != TabKind::kLeft) {
         slack -= taken;
         width -= taken;
       }
     }
-    if (!IsHangingBlank(text[i]) && x + width > right + kSlack + (shrinks ? blanks * kShrunk : 0)) {
+    if (!IsHangingBlank(text[i]) && x + width > reach.right + kSlack + (shrinks ? blanks * kShrunk : 0)) {
       if (lastBreak > from) return lastBreak;
       return std::max(i, from + 1);
     }
@@ -337,8 +350,9 @@ void LineMaker::MakeFrom(const Paragraph& paragraph, std::size_t from, double wi
       room = around->Find(top, likely, width, part);
     }
     const double right = std::max(room.width - *format.right, left + kNarrowest);
-    const double start = first ? LabelEnd(paragraph, right) : left;
-    const std::size_t to = FindEnd(paragraph, from, start, std::max(right, start + kNarrowest), first);
+    const double start = first ? LabelEnd(paragraph, {right, room.width}) : left;
+    const LineReach reach{std::max(right, start + kNarrowest), room.width};
+    const std::size_t to = FindEnd(paragraph, from, start, reach, first);
     Line line;
     line.from = static_cast<std::uint32_t>(from);
     line.to = static_cast<std::uint32_t>(to);

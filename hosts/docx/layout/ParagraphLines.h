@@ -11,9 +11,17 @@ namespace docx::layout {
 /// What a document's settings say about lines. Lengths in twips.
 struct LineSettings {
   double defaultTab{720};
-  double gridPitch{0};       ///< of a grid that lines snap to; 0 for none
-  bool breaksJustify{true};  ///< a line that ends with a line break is justified as others are
-  int compatibility{15};     ///< the version of Word, as it numbers itself: 12 for 2007, 15 from 2013 on
+  double gridPitch{0};          ///< of a grid that lines snap to; 0 for none
+  bool breaksJustify{true};     ///< a line that ends with a line break is justified as others are
+  bool hangingStop{true};       ///< a hanging indent is a tab stop of its own
+  char16_t decimalPoint{u'.'};  ///< what decimal tabs align
+  int compatibility{15};        ///< the version of Word, as it numbers itself: 12 for 2007, 15 from 2013 on
+};
+
+/// How far a line reaches, from its column's left edge.
+struct LineReach {
+  double right{0};   ///< of the text: before the indent
+  double margin{0};  ///< of the column
 };
 
 /// What comes behind a line.
@@ -63,9 +71,9 @@ class LineMaker {
   Script ScriptAt(std::size_t unit) const { return scripts_[unit]; }
   double WidthOf(std::u16string_view text, const TextStyle& style) const;
   /// Where the text of a first line begins: behind the paragraph's number.
-  double LabelEnd(const Paragraph& paragraph, double right) const;
+  double LabelEnd(const Paragraph& paragraph, const LineReach& reach) const;
   /// The stop behind a place. @param stop gets what it is
-  double NextTab(const Paragraph& paragraph, double x, double right, bool first, TabStop& stop) const;
+  double NextTab(const Paragraph& paragraph, double x, const LineReach& reach, bool first, TabStop& stop) const;
 
  private:
   /// A unit of the text with what the layout needs of it.
@@ -80,7 +88,7 @@ class LineMaker {
 
   void MeasureText(const Paragraph& paragraph, const Piece& piece);
   void MeasureShaped(std::u16string_view text, const Piece& piece, Script script, std::size_t from);
-  std::size_t FindEnd(const Paragraph& paragraph, std::size_t from, double start, double right, bool first);
+  std::size_t FindEnd(const Paragraph& paragraph, std::size_t from, double start, LineReach reach, bool first);
   /// Of its first line, by its first character.
   double LikelyHeight(const Paragraph& paragraph) const;
   void SetHeight(const Paragraph& paragraph, bool first, Line& line) const;

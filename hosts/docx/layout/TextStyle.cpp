@@ -101,8 +101,7 @@ ParagraphLook Formats::Paragraph(const XmlPart& part, XmlNode pPr, const TableVa
   Default(format.borderBottom, 0);
   Default(format.borderBetween, 0);
   Default(format.borders, std::string());
-  std::erase_if(format.tabs,
-                [](const TabStop& stop) { return stop.kind == TabKind::kClear || stop.kind == TabKind::kBar; });
+  std::erase_if(format.tabs, [](const TabStop& stop) { return stop.kind == TabKind::kClear; });
   return look;
 }
 
