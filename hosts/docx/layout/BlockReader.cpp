@@ -86,14 +86,50 @@ int CountRows(const XmlPart& part, XmlNode parent) {
   return rows;
 }
 
+/// The next word of a field's code. @param code loses it
+std::string_view TakeWord(std::string_view& code) {
+  const std::size_t begin = std::min(code.find_first_not_of(' '), code.size());
+  code.remove_prefix(begin);
+  std::size_t end = std::min(code.find(' '), code.size());
+  const std::size_t slash = code.find('\\', 1);
+  end = std::min(end, slash);
+  const std::string_view word = code.substr(0, end);
+  code.remove_prefix(end);
+  return word;
+}
+
+std::string InCapitals(std::string_view text) {
+  std::string capitals(text);
+  std::transform(capitals.begin(), capitals.end(), capitals.begin(),
+                 [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
+  return capitals;
+}
+
+/// The w:fmt of a format switch's word; nullptr for one that is not about numbers.
+const char* NumberFormatOf(std::string_view word) {
+  const std::string name = InCapitals(word);
+  const bool lower = !word.empty() && word.front() >= 'a';
+  if (name == "ARABIC") return "decimal";
+  if (name == "ARABICDASH") return "numberInDash";
+  if (name == "ROMAN") return lower ? "lowerRoman" : "upperRoman";
+  if (name == "ALPHABETIC") return lower ? "lowerLetter" : "upperLetter";
+  return nullptr;
+}
+
 /// Whether a field prints the page that it stands on.
-PageField KindOfCode(std::string_view code) {
-  const std::size_t begin = code.find_first_not_of(' ');
-  if (begin == std::string_view::npos) return PageField::kNone;
-  std::string name(code.substr(begin, code.find_first_of(" \\", begin) - begin));
-  std::transform(name.begin(), name.end(), name.begin(), [](char c) { return c >= 'a' && c <= 'z' ? c - 32 : c; });
-  if (name == "PAGE") return PageField::kPage;
-  return name == "NUMPAGES" || name == "SECTIONPAGES" ? PageField::kPageCount : PageField::kNone;
+PageFieldCode FieldOfCode(std::string_view code) {
+  PageFieldCode field;
+  const std::string name = InCapitals(TakeWord(code));
+  if (name == "PAGE") field.field = PageField::kPage;
+  if (name == "NUMPAGES") field.field = PageField::kPageCount;
+  if (name == "SECTIONPAGES") field.field = PageField::kSectionPages;
+  if (field.field == PageField::kNone) return field;
+  while (!code.empty()) {
+    const std::string_view word = TakeWord(code);
+    if (!word.starts_with("\\*")) continue;
+    if (const char* format = NumberFormatOf(word.size() > 2 ? word.substr(2) : TakeWord(code))) field.format = format;
+  }
+  return field;
 }
 
 /// The character of a w:sym.
@@ -256,7 +292,7 @@ void BlockReader::ReadInlines(XmlNode parent, bool deleted) {
         break;
       case Tag::kFldSimple:
         Meet(child);
-        fields_.push_back({false, {}, KindOfCode(part_.Attribute(child, "instr").Value())});
+        fields_.push_back({false, {}, FieldOfCode(part_.Attribute(child, "instr").Value())});
         ReadInlines(child, deleted);
         fields_.pop_back();
         Meet(child);
@@ -297,18 +333,18 @@ void BlockReader::FollowField(XmlNode element, bool deleted) {
   } else if (type == "separate") {
     if (fields_.back().inCode) --codes_;
     fields_.back().inCode = false;
-    fields_.back().kind = KindOfCode(fields_.back().code);
+    fields_.back().kind = FieldOfCode(fields_.back().code);
   } else if (type == "end") {
     if (fields_.back().inCode) --codes_;
     fields_.pop_back();
   }
 }
 
-PageField BlockReader::FieldKind() const {
+PageFieldCode BlockReader::FieldKind() const {
   for (const OpenField& field : fields_) {
-    if (field.kind != PageField::kNone) return field.kind;
+    if (field.kind.field != PageField::kNone) return field.kind;
   }
-  return PageField::kNone;
+  return {};
 }
 
 void BlockReader::ReadContent(XmlNode element, XmlNode rPr, bool deleted) {
@@ -470,6 +506,7 @@ std::unique_ptr<Table> BlockReader::ReadTable(XmlNode element, bool deleted) {
     if (const auto x = TwipsOf(part_, place, "tblpX"); x && !byPage) table->floatingLeft = *x;
     if (std::string_view(part_.Attribute(place, "tblpXSpec").Value()) == "right") table->alignment = Alignment::kRight;
   }
+  table->fixed = std::string_view(part_.Attribute(part_.Child(properties, "tblLayout"), "type").Value()) == "fixed";
   table->indent = TwipsOf(part_, part_.Child(properties, "tblInd"), "w").value_or(0);
   const std::string_view side = ValueOf(part_, part_.Child(properties, "jc"));
   if (side == "center") table->alignment = Alignment::kCenter;
@@ -588,6 +625,7 @@ void BlockReader::ReadCells(XmlNode parent, bool deleted, const SheetStyle* styl
         const std::string_view upright = ValueOf(part_, part_.Child(properties, "vAlign"));
         cell.lowered = upright == "center" ? 0.5 : upright == "bottom" ? 1 : 0;
         const std::string_view direction = ValueOf(part_, part_.Child(properties, "textDirection"));
+        cell.hidesMark = OnOffOf(part_, part_.Child(properties, "hideMark")).value_or(false);
         cell.sideways = direction == "btLr" || direction == "tbRl";
         cell.upwards = direction == "btLr";
         ReadWidth(part_, part_.Child(properties, "tcW"), cell.preferred, cell.preferredShare);

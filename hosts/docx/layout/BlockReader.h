@@ -69,7 +69,7 @@ class BlockReader {
   /// Moves on when the next atom is that element's. @return where it stands
   Position Meet(XmlNode element);
   void FollowField(XmlNode element, bool deleted);
-  PageField FieldKind() const;
+  PageFieldCode FieldKind() const;
   bool Shows() const { return codes_ == 0; }
 
   Formats& formats_;
@@ -88,7 +88,7 @@ class BlockReader {
   struct OpenField {
     bool inCode{true};
     std::string code;
-    PageField kind{PageField::kNone};
+    PageFieldCode kind;
   };
   std::vector<OpenField> fields_;  // outermost first
   int codes_{0};

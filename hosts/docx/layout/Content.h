@@ -31,7 +31,13 @@ enum class PieceKind : std::uint8_t {
 };
 
 /// A number that a header prints anew on every page.
-enum class PageField : std::uint8_t { kNone, kPage, kPageCount };
+enum class PageField : std::uint8_t { kNone, kPage, kPageCount, kSectionPages };
+
+/// What a field prints of the page that it stands on.
+struct PageFieldCode {
+  PageField field{PageField::kNone};
+  const char* format{nullptr};  ///< the w:fmt that it asks for; nullptr for the one of the section
+};
 
 struct TextBox;
 
@@ -76,7 +82,7 @@ struct Piece {
   XmlNodeData* element{nullptr};  ///< of a note's reference
   int picture{-1};                ///< of an object, in Paragraph::pictures
   bool solid{false};              ///< all units stand at the position, such as a note's number
-  PageField field{PageField::kNone};
+  PageFieldCode field;
 };
 
 /// Where a frame stands beside the text. Lengths in twips.
@@ -128,6 +134,7 @@ struct Cell {
   double right{0};
   std::optional<double> topBorder;  ///< widths; empty for those of the table
   std::optional<double> bottomBorder;
+  bool hidesMark{false};     ///< an empty last paragraph does not make its row higher
   double lowered{0};         ///< where its text stands in a higher row: 0 above, 0.5 in the middle, 1 below
   bool sideways{false};      ///< text that runs up or down
   bool upwards{false};       ///< the first of these
@@ -157,6 +164,7 @@ struct Table {
   double widthShare{0};  ///< preferred, of the text around
   double indent{0};
   Alignment alignment{Alignment::kLeft};
+  bool fixed{false};  ///< columns do not look at what is in them
   bool floating{false};
   std::optional<double> floatingLeft;  ///< from the column's edge, when it states that
   double floatingMargin{0};            ///< on both sides, of the text beside it

@@ -85,11 +85,14 @@ void DocumentLayout::ReadSettings() {
     const std::u16string point = ToUtf16(ValueOf(*settings, settings->Child(root, "decimalSymbol")));
     if (point.size() == 1) lineSettings_.decimalPoint = point.front();
     const XmlNode compat = settings->Child(root, "compat");
-    lineSettings_.hangingStop = !OnOffOf(*settings, settings->Child(compat, "noTabHangInd")).value_or(false);
-    lineSettings_.breaksJustify =
-        !OnOffOf(*settings, settings->Child(compat, "doNotExpandShiftReturn")).value_or(false);
-    flowSettings_.addSpaces =
-        OnOffOf(*settings, settings->Child(compat, "doNotUseHTMLParagraphAutoSpacing")).value_or(false);
+    const auto compatible = [&](const char* name) {
+      return OnOffOf(*settings, settings->Child(compat, name)).value_or(false);
+    };
+    lineSettings_.hangingStop = !compatible("noTabHangInd");
+    lineSettings_.gridInCells = compatible("adjustLineHeightInTable");
+    lineSettings_.markBehindBreak = compatible("splitPgBreakAndParaMark");
+    lineSettings_.breaksJustify = !compatible("doNotExpandShiftReturn");
+    flowSettings_.addSpaces = compatible("doNotUseHTMLParagraphAutoSpacing");
     const auto format = [&](const char* notes) {
       return std::string(ValueOf(*settings, settings->Child(settings->Child(root, notes), "numFmt")));
     };
@@ -208,27 +211,61 @@ void DocumentLayout::MeasureFootnotes(const std::vector<Position>& sectionEnds) 
   }
 }
 
-void DocumentLayout::AppendEndnotes(Flow& flow, double width) {
+void DocumentLayout::ReadEndnotes(const std::vector<Position>& sectionEnds) {
   const std::vector<std::unique_ptr<Story>>& stories = parts_.Stories(word::wdEndnotesStory);
   if (stories.empty()) return;
   const Story& story = *stories.front();
   XmlPart& part = story.Part();
-  FlowBuilder builder(lines_, flowSettings_);
-  FlowItem separator;
-  separator.before = flow.after;
-  separator.position = -1;
-  Flow rule = builder.Build(kept_.emplace_back(ReadSeparator(part, Tag::kEndnote, "separator")), width);
-  separator.height = rule.Height();
-  if (!rule.items.empty()) separator.shown = rule.items.front().shown;
-  flow.items.push_back(std::move(separator));
+  endnoteSeparator_ = &kept_.emplace_back(ReadSeparator(part, Tag::kEndnote, "separator"));
+  std::unordered_map<std::string, std::size_t> sectionOf;
+  if (const XmlPart* settings = parts_.Settings()) {
+    // Sections cannot choose it for themselves, but only hand their notes on to the next one.
+    const XmlNode place = settings->Child(settings->Child(settings->Root(), "endnotePr"), "pos");
+    if (ValueOf(*settings, place) == "sectEnd") sectionOf = EndnoteSections(sectionEnds);
+  }
   NoteNumbers none;
   NoteNumbers numbers = noteNumbers_.Fresh();
   BlockReader reader(formats_, part, &story, counters_, none);
   reader.SetPictureNames(PictureNames());
-  double after = 0;
   for (const Note& note : NotesOf(story)) {
     reader.SetNoteMark(numbers.Next(false));
-    Flow notes = builder.Build(kept_.emplace_back(reader.Read(note.element)), width);
+    const auto section = sectionOf.find(NoteId(part, note.element));
+    endnotes_.push_back({section == sectionOf.end() ? sections_.size() - 1 : section->second,
+                         &kept_.emplace_back(reader.Read(note.element))});
+  }
+}
+
+std::unordered_map<std::string, std::size_t> DocumentLayout::EndnoteSections(
+    const std::vector<Position>& sectionEnds) const {
+  std::unordered_map<std::string, std::size_t> sectionOf;
+  const XmlPart& main = parts_.MainPart();
+  const AtomSequence& atoms = parts_.Main().Atoms();
+  for (AtomSequence::Place place = atoms.Begin(); !atoms.IsEnd(place); place = atoms.Next(place)) {
+    const Atom& atom = atoms.Get(place);
+    if (atom.kind != AtomKind::kCharacter || !main.Is(atom.Node(), Tag::kEndnoteReference)) continue;
+    auto section = static_cast<std::size_t>(std::ranges::upper_bound(sectionEnds, place.start) - sectionEnds.begin());
+    while (section + 1 < sections_.size() && sections_[section]->handsEndnotesOn) ++section;
+    sectionOf.emplace(NoteId(main, atom.Node()), section);
+  }
+  return sectionOf;
+}
+
+void DocumentLayout::AppendEndnotes(std::size_t section, Flow& flow, double width) {
+  FlowBuilder builder(lines_, flowSettings_);
+  bool first = true;
+  double after = 0;
+  for (const Endnote& note : endnotes_) {
+    if (note.section != section) continue;
+    if (std::exchange(first, false)) {
+      FlowItem separator;
+      separator.before = flow.after;
+      separator.position = -1;
+      Flow rule = builder.Build(*endnoteSeparator_, width);
+      separator.height = rule.Height();
+      if (!rule.items.empty()) separator.shown = rule.items.front().shown;
+      flow.items.push_back(std::move(separator));
+    }
+    Flow notes = builder.Build(*note.blocks, width);
     for (FlowItem& item : notes.items) {
       item.endnote = true;
       item.before = std::max(item.before, std::exchange(after, 0));
@@ -236,7 +273,7 @@ void DocumentLayout::AppendEndnotes(Flow& flow, double width) {
     }
     after = notes.after;
   }
-  flow.after = after;
+  if (!first) flow.after = after;
 }
 
 void DocumentLayout::LayOut(std::vector<Block> blocks) {
@@ -253,6 +290,7 @@ void DocumentLayout::LayOut(std::vector<Block> blocks) {
   }
   sections.push_back(&kept_.emplace_back(std::move(ofSection)));
   MeasureFootnotes(sectionEnds);
+  ReadEndnotes(sectionEnds);
   // Text stands around what is placed by the page, and by where the text stands the page is found.
   for (int pass = 0; pass < kMostPasses; ++pass) {
     FillPages(sections);
@@ -271,7 +309,7 @@ void DocumentLayout::FillPages(const std::vector<const std::vector<Block>*>& sec
     lines_.Settings().gridPitch = geometry.gridPitch;
     builder.SetSurroundings({geometry.TextLeft(false), geometry.TextWidth(), geometry.width});
     Flow flow = builder.Build(*sections[i], geometry.columns.front());
-    if (last) AppendEndnotes(flow, geometry.columns.front());
+    AppendEndnotes(i, flow, geometry.columns.front());
     filler_->BeginSection(geometry);
     const bool balanced = !last && sections_[i + 1]->setup.start == SectionStart::kContinuous;
     filler_->Fill(flow, balanced, body_);

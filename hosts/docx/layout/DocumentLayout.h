@@ -36,6 +36,8 @@ class DocumentLayout {
   int PageCount() const { return filler_->Page(); }
   /// The lines and rows of main text and endnotes in the order of placing.
   const std::vector<PageFiller::Placed>& Placed() const { return body_.lines; }
+  /// The cells of tables in them.
+  const std::vector<PageFiller::PlacedCell>& Cells() const { return body_.cells; }
   const std::vector<PageNumbering>& Numberings() const { return filler_->Numberings(); }
   /// By the elements that refer to them.
   const std::unordered_map<const XmlNodeData*, int>& NotePages() const { return filler_->NotePages(); }
@@ -66,7 +68,12 @@ class DocumentLayout {
   void MeasureFootnotes(const std::vector<Position>& sectionEnds);
   /// A note that only holds a line between text and notes. @param type its w:type
   std::vector<Block> ReadSeparator(XmlPart& part, Tag note, std::string_view type);
-  void AppendEndnotes(Flow& flow, double width);
+  /// @param sectionEnds as for footnotes
+  void ReadEndnotes(const std::vector<Position>& sectionEnds);
+  /// The sections that endnotes stand behind, by their ids.
+  std::unordered_map<std::string, std::size_t> EndnoteSections(const std::vector<Position>& sectionEnds) const;
+  /// Puts the notes that stand at the end of a section behind its text.
+  void AppendEndnotes(std::size_t section, Flow& flow, double width);
   void LayOut(std::vector<Block> blocks);
   /// @param sections their blocks
   void FillPages(const std::vector<const std::vector<Block>*>& sections);
@@ -96,6 +103,13 @@ class DocumentLayout {
   std::deque<std::vector<Block>> kept_;
   std::unordered_map<const XmlPart*, std::vector<Block>*> headers_;
   std::deque<Flow> noteFlows_;
+  /// In the order of the endnotes.
+  struct Endnote {
+    std::size_t section{0};  ///< that it stands behind
+    const std::vector<Block>* blocks{nullptr};
+  };
+  std::vector<Endnote> endnotes_;
+  const std::vector<Block>* endnoteSeparator_{nullptr};
   const std::vector<Block>* separator_{nullptr};
   const std::vector<Block>* continuation_{nullptr};
   FloatDrops drops_;

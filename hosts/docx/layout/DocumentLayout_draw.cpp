@@ -122,10 +122,13 @@ void DocumentLayout::DrawHeaders(int page, FlowBuilder& flows, PageDrawer& drawe
   const SectionGeometry& section = *room.section;
   const auto side = static_cast<std::size_t>(room.side);
   const std::u16string label = PageLabel(filler_->Numberings(), page);
+  PageFieldNumbers numbers{label, PageNumber(filler_->Numberings(), page), PageCount(), 0};
+  numbers.sectionPages =
+      static_cast<int>(std::ranges::count(filler_->Pages(), &section, &PageFiller::PageRoom::section));
   for (const bool header : {true, false}) {
     std::vector<Block>* blocks = (header ? section.headers : section.footers)[side];
     if (blocks == nullptr) continue;
-    SetPageFields(*blocks, label, PageCount());
+    SetPageFields(*blocks, numbers);
     Flow flow = flows.Build(*blocks, section.TextWidth());
     const double top = header ? section.header : section.height - section.footer - flow.Height();
     const PageFiller::Content placed = PlaceApart(flow, section.TextLeft(room.mirrored), top, section.TextWidth());

@@ -9,10 +9,12 @@ namespace docx::layout {
 namespace {
 
 constexpr double kAutomaticSpace = 280;  // twips, as HTML has it
+constexpr double kLineUnit = 240;        // twips: a line, where no grid has another height for it
 
 bool SameStyle(const Paragraph& a, const Paragraph& b) { return a.look.style == b.look.style; }
 
-double SpaceBefore(const Paragraph& paragraph, const Paragraph* previous, bool inCell) {
+/// @param line what counts as one in spaces that are stated in lines
+double SpaceBefore(const Paragraph& paragraph, const Paragraph* previous, bool inCell, double line) {
   const ParagraphFormat& format = paragraph.look.format;
   if (*format.beforeAuto) {
     if (previous == nullptr) return inCell ? 0 : kAutomaticSpace;
@@ -20,11 +22,11 @@ double SpaceBefore(const Paragraph& paragraph, const Paragraph* previous, bool i
     return bothListed ? 0 : kAutomaticSpace;
   }
   if (previous != nullptr && *format.contextual && SameStyle(paragraph, *previous)) return 0;
-  if (format.beforeLines.value_or(0) > 0) return *format.beforeLines * 240 / 100.0;
+  if (format.beforeLines.value_or(0) > 0) return *format.beforeLines * line / 100;
   return *format.before;
 }
 
-double SpaceAfter(const Paragraph& paragraph, const Paragraph* next, bool last) {
+double SpaceAfter(const Paragraph& paragraph, const Paragraph* next, bool last, double line) {
   const ParagraphFormat& format = paragraph.look.format;
   if (*format.afterAuto) {
     if (last) return 0;
@@ -32,7 +34,7 @@ double SpaceAfter(const Paragraph& paragraph, const Paragraph* next, bool last) 
     return bothListed ? 0 : kAutomaticSpace;
   }
   if (next != nullptr && *format.contextual && SameStyle(paragraph, *next)) return 0;
-  if (format.afterLines.value_or(0) > 0) return *format.afterLines * 240 / 100.0;
+  if (format.afterLines.value_or(0) > 0) return *format.afterLines * line / 100;
   return *format.after;
 }
 
@@ -135,10 +137,16 @@ bool FlowBuilder::AddObstacles(const Paragraph& paragraph, double top, double wi
   return any;
 }
 
+double FlowBuilder::LineUnit() const {
+  const double pitch = lines_.Settings().gridPitch;
+  return pitch > 0 ? pitch : kLineUnit;
+}
+
 Flow FlowBuilder::Build(const std::vector<Block>& blocks, double width, bool inCell) {
   Flow flow;
   Before before;
   Column outer = std::exchange(column_, {});
+  const bool outside = std::exchange(lines_.Settings().inCell, inCell);
   for (std::size_t i = 0; i < blocks.size(); ++i) {
     if (const Table* table = blocks[i].AsTable()) {
       AddTable(*table, width, inCell, before, flow);
@@ -151,10 +159,11 @@ Flow FlowBuilder::Build(const std::vector<Block>& blocks, double width, bool inC
       continue;
     }
     AddParagraph(paragraph, next, width, inCell, before, flow);
-    before.after = SpaceAfter(paragraph, next, inCell && i + 1 == blocks.size());
+    before.after = SpaceAfter(paragraph, next, inCell && i + 1 == blocks.size(), LineUnit());
   }
   flow.after = before.after;
   column_ = std::move(outer);
+  lines_.Settings().inCell = outside;
   return flow;
 }
 
@@ -218,7 +227,7 @@ void FlowBuilder::AddParagraph(const Paragraph& paragraph, const Paragraph* next
                                Before& before, Flow& flow) {
   const ParagraphFormat& format = paragraph.look.format;
   before.frameBottom = 0;
-  const double own = SpaceBefore(paragraph, before.paragraph, inCell);
+  const double own = SpaceBefore(paragraph, before.paragraph, inCell, LineUnit());
   const double space = settings_.addSpaces ? before.after + own : std::max(before.after, own);
   const double top = column_.bottom + space;
   column_.obstacles.PassOver(column_.bottom);

@@ -156,6 +156,12 @@ class FlowBuilder {
   void AddTable(const Table& table, double width, bool inCell, Before& before, Flow& flow);
   /// @param all of the table's columns
   double TableLeft(const Table& table, double all, double width) const;
+  /// The widths of a table's columns. @param width of the text around it
+  std::vector<double> ColumnWidths(const Table& table, double width);
+  /// What a cell's text needs, margins and all.
+  LineMaker::Widths WidthsOf(const Cell& cell);
+  /// A line, for spaces that are stated in lines.
+  double LineUnit() const;
   std::unique_ptr<RowFlow> BuildRow(const Row& row, const std::vector<double>& edges);
 
   LineMaker& lines_;
@@ -167,8 +173,5 @@ class FlowBuilder {
 
 /// Whether two paragraphs stand in one box when they are neighbours.
 bool SameBorders(const Paragraph& a, const Paragraph& b);
-
-/// The widths of a table's columns. @param width of the text around it
-std::vector<double> ColumnWidths(const Table& table, double width);
 
 }  // namespace docx::layout

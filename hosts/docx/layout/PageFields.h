@@ -7,7 +7,15 @@
 
 namespace docx::layout {
 
+/// What fields print of a page.
+struct PageFieldNumbers {
+  std::u16string_view label;  ///< its number, in the format of its section
+  int number{1};
+  int pages{1};         ///< of the document
+  int sectionPages{1};  ///< of its section
+};
+
 /// Puts the numbers of a page into the fields of a header or footer.
-void SetPageFields(std::vector<Block>& blocks, std::u16string_view label, int pageCount);
+void SetPageFields(std::vector<Block>& blocks, const PageFieldNumbers& numbers);
 
 }  // namespace docx::layout

@@ -93,6 +93,7 @@ NoteRoom PageFiller::RoomOfNotes(const FlowItem& item) const {
   };
   add(item);
   if (item.row && !notes_.empty()) {
+    for (const FlowItem& beside : item.row->beside) add(beside);
     for (const CellFlow& cell : item.row->cells) {
       for (std::size_t i = cell.next; i < cell.flow.items.size(); ++i) {
         const NoteRoom inner = RoomOfNotes(cell.flow.items[i]);
@@ -134,15 +135,30 @@ PageFiller::Fit PageFiller::FitColumn(const std::vector<FlowItem>& items, std::s
     const FlowItem& item = items[i];
     if (i > begin && item.breakBefore != BreakBefore::kNone) break;
     double space = i == begin ? SpaceAtTop(item, top) : item.before;
-    if (i == begin && top == TopSpace::kNone) space += item.headerHeight;
+    if (i == begin) space += item.headerHeight;
     const NoteRoom own = RoomOfNotes(item);
     const double separator = own.height > 0 && notes <= 0 && pageNotes_ <= 0 ? options_.noteSeparator : 0;
     const double rest = height - used - space - item.height - notes;
     const double spare = item.row && rest + kSlack < 0 ? item.row->Spare() : 0;
     if (rest + spare + kSlack < 0 && !(item.sectionMark && i > begin)) {
       if (item.row && i >= begin) {
-        fit.room = height - used - space - notes - separator;
-        fit.divides = DivideRow(*item.row, fit.room, i == begin, {}, nullptr);
+        const double free = height - used - space - notes;
+        double taken = 0;
+        fit.room = free;
+        fit.divides = DivideRow(*item.row, free, i == begin, {}, nullptr, &taken);
+        if (fit.divides && taken > 0) {
+          // Of the notes of what stands here, half of the room at most; the others go on on the next page.
+          const double wanted = taken + separator;
+          double placed = std::min(wanted, free / 2);
+          fit.divides = DivideRow(*item.row, free - placed, i == begin, {}, nullptr, nullptr);
+          if (!fit.divides && i == begin) {
+            fit.divides = true;
+            placed = 0;
+          }
+          fit.room = free - placed;
+          notes += placed;
+          fit.carried = fit.divides ? wanted - placed : 0;
+        }
       }
       if (!fit.divides) return Shorten(items, begin, i);
       fit.end = i;
@@ -368,7 +384,7 @@ void PageFiller::PlaceHeaders(const std::vector<FlowItem>& items, std::size_t be
   }
 }
 
-bool PageFiller::DivideRow(RowFlow& row, double room, bool whatever, Spot spot, Content* placed) {
+bool PageFiller::DivideRow(RowFlow& row, double room, bool whatever, Spot spot, Content* placed, double* notes) {
   // A row begins where the height that it asks for has room.
   const bool stays = row.cannotSplit || row.stated > room + kSlack;
   if (row.exact || (stays && !whatever)) return false;
@@ -390,7 +406,7 @@ bool PageFiller::DivideRow(RowFlow& row, double room, bool whatever, Spot spot, 
       while (back > cell.next && items[back].hold >= Hold::kLines) --back;
       // A row is only divided where each of its cells leaves something on the page.
       bool inner = false;
-      if (back == end && items[end].row) inner = DivideRow(*items[end].row, left, false, {}, nullptr);
+      if (back == end && items[end].row) inner = DivideRow(*items[end].row, left, false, {}, nullptr, notes);
       if (back == cell.next && !inner) {
         if (!whatever) return false;
         back = std::max(end, cell.next);
@@ -400,6 +416,7 @@ bool PageFiller::DivideRow(RowFlow& row, double room, bool whatever, Spot spot, 
     }
     some = some || end > cell.next;
     ends.push_back(end);
+    for (std::size_t i = cell.next; notes != nullptr && i < end; ++i) *notes += RoomOfNotes(items[i]).height;
   }
   if (!rest || !some) return false;
   if (placed == nullptr) return true;
@@ -419,8 +436,8 @@ bool PageFiller::DivideRow(RowFlow& row, double room, bool whatever, Spot spot, 
     cell.next = ends[c];
     if (cell.next < cell.flow.items.size()) {
       FlowItem& item = cell.flow.items[cell.next];
-      if (item.row &&
-          DivideRow(*item.row, left, false, {inside.left, spot.top + room - left, false, spot.endnote}, placed)) {
+      if (item.row && DivideRow(*item.row, left, false, {inside.left, spot.top + room - left, false, spot.endnote},
+                                placed, nullptr)) {
         item.height = item.row->Height();
       }
     }
@@ -475,7 +492,7 @@ void PageFiller::Fill(Flow& flow, bool balanced, Content& placed) {
     }
     const Fit fit = KeepLastBreak(items, begin, height, FitColumn(items, begin, height, top, carried_));
     const double left = left_ + section_->columnLefts[column];
-    if (top == TopSpace::kNone) PlaceHeaders(items, begin, left, placed);
+    PlaceHeaders(items, begin, left, placed);
     const std::vector<double> ends = EndsOf(items, begin, fit.end);
     // Lines that Word had room for and the layout has not stand a little closer.
     const double most = height - fit.notes;
@@ -491,7 +508,7 @@ void PageFiller::Fill(Flow& flow, bool balanced, Content& placed) {
       if (item.position >= 0) {
         placed.lines.push_back({item.position, page_, item.endnote, false, top_ + above, fit.room, left, {}});
       }
-      DivideRow(*item.row, fit.room, fit.end == begin, {left, top_ + above, false, item.endnote}, &placed);
+      DivideRow(*item.row, fit.room, fit.end == begin, {left, top_ + above, false, item.endnote}, &placed, nullptr);
       item.height = item.row->Height();
       item.before = item.beforeTop = 0;
       item.hold = Hold::kNone;

@@ -141,7 +141,9 @@ class PageFiller {
   /// @param deepest what lies below it does not show
   void PlaceCell(const CellFlow& cell, std::size_t end, Spot spot, double deepest, Content& placed);
   void PlaceHeaders(const std::vector<FlowItem>& items, std::size_t begin, double left, Content& placed);
-  bool DivideRow(RowFlow& row, double room, bool whatever, Spot spot, Content* placed);
+  /// @param placed nullptr for only finding out whether it can be divided @param notes gets what the notes of its first
+  /// part take; nullptr for not asking
+  bool DivideRow(RowFlow& row, double room, bool whatever, Spot spot, Content* placed, double* notes);
   NoteRoom RoomOfNotes(const FlowItem& item) const;
   double SpaceAtTop(const FlowItem& item, TopSpace top) const;
   void NextPage();

@@ -293,7 +293,8 @@ void LineMaker::SetHeight(const Paragraph& paragraph, bool first, Line& line) co
   const double own = std::round(std::max(extent.ascent, picture) + extent.descent);
   line.height = own;
   line.baseline = std::max(extent.ascent, picture);
-  if (settings_.gridPitch > 0 && *format.snapToGrid && *format.lineRule == LineRule::kAuto) {
+  const bool grid = settings_.gridPitch > 0 && (!settings_.inCell || settings_.gridInCells);
+  if (grid && *format.snapToGrid) {
     line.height = std::ceil(own / settings_.gridPitch - 0.01) * settings_.gridPitch;
     line.baseline += (line.height - own) / 2;
   }
@@ -314,6 +315,29 @@ double LineMaker::Width(const Paragraph& paragraph, std::size_t from, std::size_
   double width = *paragraph.look.format.left + *paragraph.look.format.right;
   for (std::size_t i = from; i < to; ++i) width += units_[i].width;
   return width;
+}
+
+LineMaker::Widths LineMaker::WidthsOf(const Paragraph& paragraph) {
+  Measure(paragraph);
+  const ParagraphFormat& format = paragraph.look.format;
+  const double sides = *format.left + *format.right;
+  Widths widths;
+  double line = LabelEnd(paragraph, {0, 0}) - *format.left;
+  double part = std::max(0.0, line);
+  double hanging = 0;
+  for (std::size_t i = 0; i < units_.size(); ++i) {
+    const PieceKind kind = paragraph.pieces[units_[i].piece].kind;
+    const bool ends = kind == PieceKind::kLineBreak || kind == PieceKind::kPageBreak || kind == PieceKind::kColumnBreak;
+    const bool blank = IsHangingBlank(paragraph.text[i]);
+    if (ends) line = part = 0;
+    line += kind == PieceKind::kTab ? settings_.defaultTab : units_[i].width;
+    part += blank ? 0 : units_[i].width;
+    hanging = blank ? hanging + units_[i].width : 0;
+    widths.least = std::max(widths.least, part + sides);
+    widths.most = std::max(widths.most, line - hanging + sides);
+    if (breaks_[i] != 0) part = 0;
+  }
+  return widths;
 }
 
 double LineMaker::LikelyHeight(const Paragraph& paragraph) const {
@@ -366,7 +390,9 @@ void LineMaker::MakeFrom(const Paragraph& paragraph, std::size_t from, double wi
       if (last == PieceKind::kPageBreak) line.behind = BreakBehind::kPage;
       if (last == PieceKind::kColumnBreak) line.behind = BreakBehind::kColumn;
       // The mark goes on the next line behind a line break, and stays with the others.
-      if (last == PieceKind::kLineBreak && to == size) {
+      const bool takesMark =
+          last == PieceKind::kLineBreak || (last == PieceKind::kPageBreak && settings_.markBehindBreak);
+      if (takesMark && to == size) {
         SetHeight(paragraph, first, line);
         lines.push_back(line);
         Line empty;

@@ -11,7 +11,10 @@ namespace docx::layout {
 /// What a document's settings say about lines. Lengths in twips.
 struct LineSettings {
   double defaultTab{720};
-  double gridPitch{0};          ///< of a grid that lines snap to; 0 for none
+  double gridPitch{0};      ///< of a grid that lines snap to; 0 for none
+  bool gridInCells{false};  ///< lines in tables snap to it, too
+  bool inCell{false};
+  bool markBehindBreak{false};  ///< the mark of a paragraph goes along behind a page break at its end
   bool breaksJustify{true};     ///< a line that ends with a line break is justified as others are
   bool hangingStop{true};       ///< a hanging indent is a tab stop of its own
   char16_t decimalPoint{u'.'};  ///< what decimal tabs align
@@ -58,6 +61,12 @@ class LineMaker {
   void MakeFrom(const Paragraph& paragraph, std::size_t from, double width, std::vector<Line>& lines,
                 const Obstacles* around = nullptr, double top = 0);
 
+  /// How wide paragraphs can be.
+  struct Widths {
+    double least{0};  ///< with a line behind each possible end
+    double most{0};   ///< with lines behind breaks only
+  };
+  Widths WidthsOf(const Paragraph& paragraph);
   /// What units of the paragraph that was made last take side by side.
   double Width(const Paragraph& paragraph, std::size_t from, std::size_t to) const;
 

@@ -77,6 +77,7 @@ SectionGeometry ReadSectionGeometry(const XmlPart& part, XmlNode sectPr) {
   const std::string_view upright = ValueOf(part, part.Child(sectPr, "vAlign"));
   section.lowered = upright == "center" ? 0.5 : upright == "bottom" ? 1 : 0;
   section.titlePage = OnOffOf(part, part.Child(sectPr, "titlePg")).value_or(false);
+  section.handsEndnotesOn = OnOffOf(part, part.Child(sectPr, "noEndnote")).value_or(false);
   const XmlNode grid = part.Child(sectPr, "docGrid");
   const std::string_view type = part.Attribute(grid, "type").Value();
   if (type == "lines" || type == "linesAndChars" || type == "snapToChars") {

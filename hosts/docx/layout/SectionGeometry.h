@@ -31,6 +31,7 @@ struct SectionGeometry {
   std::vector<double> columnLefts;  ///< from the text's left edge
   bool columnRules{false};          ///< lines stand between columns
   bool titlePage{false};
+  bool handsEndnotesOn{false};  ///< to the next section
   double gridPitch{0};
   double lowered{0};  ///< where text that does not fill its page stands: 0 above, 0.5 in the middle, 1 below
   /// By PageSide: what header and footer take, from their distance on.

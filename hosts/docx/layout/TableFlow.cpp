@@ -61,7 +61,26 @@ void Spread(Merge& merge, std::vector<FlowItem>& rows, std::size_t begin, std::s
 
 }  // namespace
 
-std::vector<double> ColumnWidths(const Table& table, double width) {
+LineMaker::Widths FlowBuilder::WidthsOf(const Cell& cell) {
+  LineMaker::Widths widths;
+  const auto include = [&](const LineMaker::Widths& more) {
+    widths.least = std::max(widths.least, more.least);
+    widths.most = std::max(widths.most, more.most);
+  };
+  for (const Block& block : cell.blocks) {
+    if (const Paragraph* paragraph = block.AsParagraph()) {
+      include(lines_.WidthsOf(*paragraph));
+      continue;
+    }
+    const std::vector<double> columns = ColumnWidths(*block.AsTable(), 0);
+    const double all = std::accumulate(columns.begin(), columns.end(), 0.0);
+    include({all, all});
+  }
+  const double margins = cell.left + cell.right;
+  return {widths.least + margins, widths.most + margins};
+}
+
+std::vector<double> FlowBuilder::ColumnWidths(const Table& table, double width) {
   std::size_t count = table.grid.size();
   for (const Row& row : table.rows) {
     for (const Cell& cell : row.cells) count = std::max(count, static_cast<std::size_t>(cell.column + cell.span));
@@ -88,12 +107,39 @@ std::vector<double> ColumnWidths(const Table& table, double width) {
     }
   }
   const auto open = static_cast<double>(std::count(columns.begin(), columns.end(), 0.0));
-  if (open > 0) {
-    const double total = wanted > 0 ? wanted : width;
-    const double rest = total - std::accumulate(columns.begin(), columns.end(), 0.0);
+  if (open <= 0) return columns;
+  const double total = wanted > 0 ? wanted : width;
+  const double rest = total - std::accumulate(columns.begin(), columns.end(), 0.0);
+  if (table.fixed) {
     for (double& column : columns) {
       if (column <= 0) column = std::max(rest / open, kLeastCellWidth);
     }
+    return columns;
+  }
+  std::vector<LineMaker::Widths> needs(count);
+  for (const Row& row : table.rows) {
+    for (const Cell& cell : row.cells) {
+      const auto at = static_cast<std::size_t>(cell.column);
+      if (cell.span != 1 || columns[at] > 0) continue;
+      const LineMaker::Widths own = WidthsOf(cell);
+      needs[at].least = std::max(needs[at].least, own.least);
+      needs[at].most = std::max(needs[at].most, own.most);
+    }
+  }
+  double least = 0;
+  double most = 0;
+  for (const LineMaker::Widths& need : needs) {
+    least += need.least;
+    most += need.most;
+  }
+  // What all columns have between their longest word and their longest line, each gets by its share.
+  const double share = most > least ? std::clamp((rest - least) / (most - least), 0.0, 1.0) : 1;
+  const double scale = least > rest && rest > 0                ? rest / least
+                       : most > 0 && most < rest && wanted > 0 ? rest / most
+                                                               : 1;
+  for (std::size_t i = 0; i < count; ++i) {
+    const double need = needs[i].least + (needs[i].most - needs[i].least) * share;
+    if (columns[i] <= 0) columns[i] = std::max(need * scale, kLeastCellWidth);
   }
   return columns;
 }
@@ -133,6 +179,10 @@ std::unique_ptr<RowFlow> FlowBuilder::BuildRow(const Row& row, const std::vector
       flow.flow.after = 0;
     } else {
       flow.flow = Build(cell.blocks, width, true);
+    }
+    if (cell.hidesMark && !flow.flow.items.empty()) {
+      FlowItem& last = flow.flow.items.back();
+      if (last.shown.paragraph != nullptr && last.shown.paragraph->text.empty()) last.height = 0;
     }
     built->cells.push_back(std::move(flow));
   }

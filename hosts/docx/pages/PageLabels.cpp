@@ -84,12 +84,25 @@ PageNumbering NumberNextSection(const PageNumbering& before, const PageSetup& se
   return {page, beginsPage ? page : page + 1, number, setup.numberFormat};
 }
 
-std::u16string PageLabel(const std::vector<PageNumbering>& numberings, int page) {
+namespace {
+
+/// Of the section that decides about a page; nullptr for none.
+const PageNumbering* NumberingOf(const std::vector<PageNumbering>& numberings, int page) {
   const auto after = std::upper_bound(numberings.begin(), numberings.end(), page,
                                       [](int wanted, const PageNumbering& one) { return wanted < one.labelsFrom; });
-  if (after == numberings.begin()) return Decimal(page);
-  const PageNumbering& numbering = *std::prev(after);
-  return FormatPageNumber(numbering.format, numbering.NumberOf(page));
+  return after == numberings.begin() ? nullptr : &*std::prev(after);
+}
+
+}  // namespace
+
+int PageNumber(const std::vector<PageNumbering>& numberings, int page) {
+  const PageNumbering* numbering = NumberingOf(numberings, page);
+  return numbering == nullptr ? page : numbering->NumberOf(page);
+}
+
+std::u16string PageLabel(const std::vector<PageNumbering>& numberings, int page) {
+  const PageNumbering* numbering = NumberingOf(numberings, page);
+  return FormatPageNumber(numbering == nullptr ? std::string_view() : numbering->format, PageNumber(numberings, page));
 }
 
 }  // namespace docx

@@ -38,6 +38,8 @@ PageNumbering NumberFirstSection(const PageSetup& setup);
 PageNumbering NumberNextSection(const PageNumbering& before, const PageSetup& setup, int page, bool beginsPage);
 
 /// @param numberings in the order of the sections; pages before the first one are numbered from 1
+int PageNumber(const std::vector<PageNumbering>& numberings, int page);
+/// The same as it is printed.
 std::u16string PageLabel(const std::vector<PageNumbering>& numberings, int page);
 
 }  // namespace docx

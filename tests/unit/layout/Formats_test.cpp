@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "hosts/docx/layout/Numbering.h"
+#include "tests/unit/layout/Drawn.h"
 #include "tests/unit/layout/LaidOut.h"
 
 using docx::layout::FormatListNumber;
@@ -65,6 +66,45 @@ TEST(LayoutFormats, ComeFromTheTablesStyleInCells) {
   EXPECT_DOUBLE_EQ(second(table("0", P(Text("x")))), 400);
   EXPECT_DOUBLE_EQ(second(table("1", P(Text("x")))), 450);
   EXPECT_DOUBLE_EQ(second(table("1", Styled("Own"))), 500);
+}
+
+/// The height of a line in a run's format; its paragraph is of the style "Large" with the default font at 20 points.
+double HeightInRun(const std::string& runProperties, const std::string& more = {}) {
+  const std::string size = "<w:rPr><w:rFonts w:ascii=\"Arial\" w:hAnsi=\"Arial\"/><w:sz w:val=\"40\"/></w:rPr>";
+  Document document("<w:p><w:pPr><w:pStyle w:val=\"Large\"/></w:pPr><w:r><w:rPr>" + runProperties + "</w:rPr>" +
+                    Text("x") + "</w:r></w:p>");
+  document.WithStyles(Style("paragraph", "Large", size) + more);
+  return document.Lines().front().height;
+}
+
+// Ten points of Arial are 230 twips high.
+TEST(LayoutFormats, ComeFromTheCharacterStyleAndAtLastFromTheRunItself) {
+  const std::string small = Style("character", "Small", "<w:rPr><w:sz w:val=\"20\"/></w:rPr>");
+  EXPECT_DOUBLE_EQ(HeightInRun("", small), 460);
+  EXPECT_DOUBLE_EQ(HeightInRun("<w:rStyle w:val=\"Small\"/>", small), 230);
+  EXPECT_DOUBLE_EQ(HeightInRun("<w:rStyle w:val=\"Small\"/><w:sz w:val=\"80\"/>", small), 920);
+}
+
+TEST(LayoutFormats, TakeTheFontsOfTheTheme) {
+  const std::string theme =
+      "<a:themeElements xmlns:a=\"http://schemas.openxmlformats.org/drawingml/2006/main\"><a:fontScheme name=\"x\">"
+      "<a:majorFont><a:latin typeface=\"Courier New\"/></a:majorFont><a:minorFont><a:latin typeface=\"Arial\"/>"
+      "</a:minorFont></a:fontScheme></a:themeElements>";
+  const auto family = [&](const std::string& reference) {
+    Document document("<w:p><w:r><w:rPr><w:rFonts w:asciiTheme=\"" + reference +
+                      "\" w:ascii=\"Times New Roman\"/></w:rPr>" + Text("x") + "</w:r></w:p>");
+    document.With("theme", theme);
+    const docx::layout::DocumentLayout layout(document.Parts());
+    return layout.Placed()
+        .front()
+        .shown.paragraph->pieces.front()
+        .style->FontFor(docx::layout::Script::kAscii)
+        .Name()
+        .wanted;
+  };
+  EXPECT_EQ(family("majorHAnsi"), "courier new");
+  EXPECT_EQ(family("minorAscii"), "arial");
+  EXPECT_EQ(family("nobody"), "times new roman");
 }
 
 // Word notes a font's classification when it has the font, and what it took instead when it has not.
@@ -146,6 +186,25 @@ TEST(LayoutNumbers, CountByLevelAndStartAnewBelow) {
   EXPECT_EQ(numbering.Find("0"), nullptr);
 }
 
+// The level's indents stand between those of the paragraph itself and those of its style.
+TEST(LayoutNumbers, IndentTheirParagraphs) {
+  const std::string numbering =
+      "<w:abstractNum w:abstractNumId=\"0\"><w:lvl w:ilvl=\"0\"><w:numFmt w:val=\"decimal\"/><w:lvlText "
+      "w:val=\"%1.\"/><w:pPr><w:ind w:left=\"1000\" w:hanging=\"500\"/></w:pPr></w:lvl></w:abstractNum>"
+      "<w:num w:numId=\"1\"><w:abstractNumId w:val=\"0\"/></w:num>";
+  const std::string number = "<w:numPr><w:ilvl w:val=\"0\"/><w:numId w:val=\"1\"/></w:numPr>";
+  const auto left = [&](const std::string& properties) {
+    Document document(P(Text("x"), "<w:pStyle w:val=\"S\"/>" + properties));
+    document.With("numbering", numbering);
+    document.WithStyles(Style("paragraph", "S", InPPr("<w:ind w:left=\"300\"/>")));
+    const docx::layout::DocumentLayout layout(document.Parts());
+    return *layout.Placed().front().shown.paragraph->look.format.left;
+  };
+  EXPECT_EQ(left(""), 300);
+  EXPECT_EQ(left(number), 1000);
+  EXPECT_EQ(left(number + "<w:ind w:left=\"2000\"/>"), 2000);
+}
+
 TEST(LayoutNumbers, TakeRoomOnTheirLine) {
   const std::string number = "<w:numPr><w:ilvl w:val=\"0\"/><w:numId w:val=\"1\"/></w:numPr>";
   std::string words;
@@ -156,6 +215,38 @@ TEST(LayoutNumbers, TakeRoomOnTheirLine) {
     return document.Lines().size();
   };
   EXPECT_EQ(lines("") + 1, lines(number));
+}
+
+// What stands between a number and the text is a tab, a blank or nothing.
+TEST(LayoutNumbers, AreFollowedByWhatTheirLevelSays) {
+  const auto textAt = [](const std::string& suffix) {
+    Document document(laid::InParagraph(laid::Typed("x"), "<w:numPr><w:numId w:val=\"1\"/></w:numPr>"));
+    document.With("numbering",
+                  "<w:abstractNum w:abstractNumId=\"0\"><w:lvl w:ilvl=\"0\"><w:numFmt w:val=\"decimal\"/>" + suffix +
+                      "<w:lvlText w:val=\"%1.\"/><w:rPr><w:rFonts w:ascii=\"Courier New\" "
+                      "w:hAnsi=\"Courier New\"/><w:sz w:val=\"20\"/></w:rPr></w:lvl></w:abstractNum>"
+                      "<w:num w:numId=\"1\"><w:abstractNumId w:val=\"0\"/></w:num>");
+    return laid::Drawn(document).LeftOf(u"x") - laid::kLeft;
+  };
+  EXPECT_NEAR(textAt(""), 36, laid::kNear);
+  EXPECT_NEAR(textAt("<w:suff w:val=\"space\"/>"), 3 * laid::kCharacter, laid::kNear);
+  EXPECT_NEAR(textAt("<w:suff w:val=\"nothing\"/>"), 2 * laid::kCharacter, laid::kNear);
+}
+
+// Up to Word 2010 a style without its base's number has no hanging indent either; from 2013 on it keeps it.
+TEST(LayoutNumbers, TakeTheHangingIndentAlongUpToWord2010) {
+  const std::string base = InPPr("<w:ind w:left=\"720\" w:hanging=\"720\"/><w:numPr><w:numId w:val=\"1\"/></w:numPr>");
+  const std::string without = InPPr("<w:numPr><w:numId w:val=\"0\"/></w:numPr>");
+  const auto firstLine = [&](int version) {
+    Document document(Styled("Without"));
+    document.WithStyles(Style("paragraph", "Base", base) + Style("paragraph", "Without", Based("Base") + without));
+    document.With("numbering", kNumbering);
+    document.WithSettings(laid::Compatibility(version));
+    const docx::layout::DocumentLayout layout(document.Parts());
+    return *layout.Placed().front().shown.paragraph->look.format.firstLine;
+  };
+  EXPECT_EQ(firstLine(14), 0);
+  EXPECT_EQ(firstLine(15), -720);
 }
 
 }  // namespace

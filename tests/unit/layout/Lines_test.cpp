@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/unit/layout/LaidOut.h"
 
 using laid::Document;
@@ -141,6 +143,85 @@ TEST(Lines, SnapToTheGridOfTheirSection) {
   const std::string grid = "<w:sectPr><w:docGrid w:type=\"lines\" w:linePitch=\"312\"/></w:sectPr>";
   EXPECT_DOUBLE_EQ(HeightOf(InFont("x", "Arial", 20) + grid), 312);
   EXPECT_DOUBLE_EQ(HeightOf(InFont("x", "Arial", 40) + grid), 624);
+}
+
+// As measured on pages that Word printed: lines in cells do not snap, unless the document says so; a height that is
+// more than the grid's counts itself.
+TEST(Lines, SnapToTheGridInCellsOnlyWhereTheDocumentSaysSo) {
+  const std::string grid = "<w:sectPr><w:docGrid w:type=\"lines\" w:linePitch=\"312\"/></w:sectPr>";
+  const std::string table = laid::Table(laid::Row(laid::Cell(InFont("x", "Arial", 20)))) + "<w:p/>" + grid;
+  Document plain(table);
+  EXPECT_DOUBLE_EQ(plain.Lines()[1].height, 230);
+  Document adjusted(table);
+  adjusted.WithSettings("<w:compat><w:adjustLineHeightInTable/></w:compat>");
+  EXPECT_DOUBLE_EQ(adjusted.Lines()[1].height, 312);
+}
+
+TEST(Lines, AreAtLeastAsHighAsTheGridWhateverTheyState) {
+  const auto height = [](const std::string& spacing) {
+    return HeightOf(InFont("x", "Arial", 20, "<w:spacing " + spacing + "/>") +
+                    "<w:sectPr><w:docGrid w:type=\"lines\" w:linePitch=\"360\"/></w:sectPr>");
+  };
+  EXPECT_DOUBLE_EQ(height("w:line=\"240\" w:lineRule=\"atLeast\""), 360);
+  EXPECT_DOUBLE_EQ(height("w:line=\"480\" w:lineRule=\"atLeast\""), 480);
+  EXPECT_DOUBLE_EQ(height("w:line=\"240\" w:lineRule=\"exact\""), 240);
+}
+
+TEST(Lines, EndBehindOptionalHyphensWhichShowThereOnly) {
+  const auto text = [](int before) {
+    const std::string run = Fonts("Courier New", 20);
+    return "<w:p><w:r>" + run + Text("x " + Repeated("a", before)) + "<w:softHyphen/>" + Text(Repeated("b", 40)) +
+           "</w:r></w:p>";
+  };
+  Document document(text(60));
+  ASSERT_EQ(document.Lines().size(), 2U);
+  EXPECT_EQ(document.Lines()[1].position, 63);
+  // The hyphen itself needs room, too.
+  EXPECT_EQ(Document(text(74)).Lines()[1].position, 77);
+  EXPECT_EQ(Document(text(75)).Lines()[1].position, 2);
+}
+
+// Pairs as in "AV" move together from the size on that the document states.
+TEST(Lines, KernPairsFromTheSizeThatTheyState) {
+  const auto width = [](const std::string& kerning) {
+    const std::string run = Fonts("Times New Roman", 24, kerning);
+    Document document("<w:p><w:r>" + run + Text(Repeated("AV", 20)) + "</w:r></w:p>");
+    docx::layout::DocumentLayout layout(document.Parts());
+    const page::Line line = layout.Draw(1).lines.front();
+    return line.runs.back().edges.back() - line.runs.front().edges.front();
+  };
+  const double plain = width("");
+  EXPECT_LT(width("<w:kern w:val=\"24\"/>"), plain - 20);
+  EXPECT_DOUBLE_EQ(width("<w:kern w:val=\"28\"/>"), plain);
+}
+
+// Arabic letters that join are narrower than by themselves.
+TEST(Lines, ShapeScriptsWhoseLettersJoin) {
+  const auto width = [](const std::string& letters) {
+    Document document("<w:p><w:r><w:rPr><w:rtl/><w:szCs w:val=\"24\"/></w:rPr>" + Text(letters) + "</w:r></w:p>");
+    docx::layout::DocumentLayout layout(document.Parts());
+    const page::Line line = layout.Draw(1).lines.front();
+    double least = 1e9;
+    double most = 0;
+    for (const page::Run& run : line.runs) {
+      for (const float edge : run.edges) {
+        least = std::min<double>(least, edge);
+        most = std::max<double>(most, edge);
+      }
+    }
+    return most - least;
+  };
+  const std::string beh = "\xD8\xA8";
+  EXPECT_LT(width(beh + beh + beh + beh), 0.9 * 4 * width(beh));
+}
+
+TEST(Lines, AreWiderByTheSpacingAndTheScaleOfTheirCharacters) {
+  const auto lines = [](const std::string& properties) {
+    return CountOf("<w:p><w:r>" + Fonts("Courier New", 20, properties) + Text(Repeated("aaa ", 19)) + "</w:r></w:p>");
+  };
+  EXPECT_EQ(lines(""), 1U);
+  EXPECT_EQ(lines("<w:spacing w:val=\"10\"/>"), 2U);
+  EXPECT_EQ(lines("<w:w w:val=\"110\"/>"), 2U);
 }
 
 /// 200 points high.

@@ -65,6 +65,50 @@ TEST(LayoutNotes, AreAsWideAsTheColumnsOfTheirOwnSection) {
   EXPECT_GT(lines, 4);
 }
 
+const std::string kSeparators = "<w:footnote w:type=\"separator\" w:id=\"0\">" + P("<w:separator/>", kTall) +
+                                "</w:footnote><w:footnote w:type=\"continuationSeparator\" w:id=\"1\">" +
+                                P("<w:continuationSeparator/>", kTall) + P("<w:continuationSeparator/>", kTall) +
+                                "</w:footnote>";
+
+TEST(LayoutNotes, TakeTheRoomOfTheirSeparatorOnceAPage) {
+  Document document(Referring("r", 2) + Referring("s", 3) + Lines("a", kPerPage));
+  document.With("footnotes", kSeparators + Note(2, Lines("n", 1)) + Note(3, Lines("m", 1)));
+  // Two lines of text, two notes and the separator leave thirteen.
+  EXPECT_EQ(document.PageOf(u"a13"), 1);
+  EXPECT_EQ(document.PageOf(u"a14"), 2);
+}
+
+TEST(LayoutNotes, HaveAnotherSeparatorWhereTheyGoOn) {
+  Document document(Lines("a", kPerPage - 3) + Referring("r", 2) + Lines("b", kPerPage));
+  document.With("footnotes", kSeparators + Note(2, Lines("n", 3)));
+  EXPECT_EQ(document.PageOf(u"n1", word::wdFootnotesStory), 1);
+  EXPECT_EQ(document.PageOf(u"n2", word::wdFootnotesStory), 2);
+  // Two lines of the note under a separator of two lines.
+  EXPECT_EQ(document.PageOf(u"b14"), 2);
+  EXPECT_EQ(document.PageOf(u"b15"), 3);
+}
+
+TEST(LayoutNotes, StandUnderTheColumnOfTheirReference) {
+  const std::string columns = "<w:cols w:num=\"2\" w:space=\"720\"/>";
+  Document document(Referring("r", 2) + Lines("a", 2 * kPerPage) + paged::Section("nextPage", columns));
+  document.With("footnotes", Note(2, Lines("n", 3)));
+  // The first column has three lines fewer, the second one all of its own.
+  EXPECT_EQ(document.PageOf(u"a32"), 1);
+  EXPECT_EQ(document.PageOf(u"a33"), 2);
+}
+
+// The part of a row that stands on a page leaves room for its notes there.
+TEST(LayoutNotes, GoWithTheirPartOfADividedRow) {
+  const std::string cell = Lines("b", 2) + Referring("r", 2) + Lines("c", 6) + Referring("s", 3);
+  Document document(Lines("a", kPerPage - 8) + laid::Table(laid::Row(laid::Cell(cell))));
+  document.With("footnotes", Note(2, Lines("n", 2)) + Note(3, Lines("m", 1)));
+  EXPECT_EQ(document.PageOf(u"r"), 1);
+  EXPECT_EQ(document.PageOf(u"c3"), 1);
+  EXPECT_EQ(document.PageOf(u"c4"), 2);
+  EXPECT_EQ(document.PageOf(u"n2", word::wdFootnotesStory), 1);
+  EXPECT_EQ(document.PageOf(u"m1", word::wdFootnotesStory), 2);
+}
+
 TEST(LayoutNotes, StandBehindTheTextWhenTheyAreEndnotes) {
   Document document(Referring("r", 2, "endnote") + Lines("a", kPerPage - 2));
   document.With("endnotes", Note(2, Lines("n", 3), "endnote"));

@@ -132,6 +132,26 @@ TEST(LayoutSpaces, GoAtTheTopOfAPageButNotBehindABreak) {
   EXPECT_DOUBLE_EQ(broken.Lines().back().top, 1740);
 }
 
+// The mark goes along where the document has the setting of old versions, and is an empty line there.
+TEST(LayoutPages, BeginBehindABreakWithTheParagraphsMarkWhereTheDocumentSaysSo) {
+  Document document(P(Text("a") + kBreak, kTall) + Lines("b", kPerPage));
+  document.WithSettings("<w:compat><w:splitPgBreakAndParaMark/></w:compat>");
+  EXPECT_EQ(document.PageOf(u"b17"), 2);
+  EXPECT_EQ(document.PageOf(u"b18"), 3);
+}
+
+// In files of Word half a line is 120 twips without a grid, and 180 on one of 360.
+TEST(LayoutSpaces, AreStatedInLinesOfTheGrid) {
+  const auto space = [](const std::string& grid) {
+    const std::string lines = "<w:spacing w:beforeLines=\"50\" w:before=\"1\" w:line=\"720\" w:lineRule=\"exact\"/>";
+    Document document(P(Text("a"), kTall) + P(Text("b"), lines) + "<w:sectPr><w:docGrid " + grid + "/></w:sectPr>");
+    const auto placed = document.Lines();
+    return placed[1].top - placed[0].top - 720;
+  };
+  EXPECT_DOUBLE_EQ(space("w:linePitch=\"360\""), 120);
+  EXPECT_DOUBLE_EQ(space("w:type=\"lines\" w:linePitch=\"360\""), 180);
+}
+
 /// A page that Word began two lines before the layout would have.
 std::string WithLastBreak(int line) {
   std::string blocks;

@@ -144,6 +144,58 @@ TEST(LayoutTables, LetLowerMarginsHangOverThePagesEnd) {
   EXPECT_EQ(whole.PageOf(u"b1"), 2);
 }
 
+// The way to have a table go on on a new page.
+TEST(LayoutTables, BeginAPageWithARowThatWantsIt) {
+  const std::string rows = Row(Cell(Lines("h", 1)), "<w:tblHeader/>") + Row(Cell(Lines("b", 1))) +
+                           Row(Cell(Lines("c", 1, "<w:pageBreakBefore/>"))) + Row(Cell(Lines("d", kPerPage - 2))) +
+                           Row(Cell(Lines("e", 1)));
+  Document document(Table(rows));
+  EXPECT_EQ(document.PageOf(u"b1"), 1);
+  EXPECT_EQ(document.PageOf(u"c1"), 2);
+  EXPECT_EQ(document.PageOf(u"d16"), 2) << "below the heading, which is repeated";
+  EXPECT_EQ(document.PageOf(u"e1"), 3);
+  // In a table in a cell it has no effect, nor has a break in the text of any cell.
+  const std::string inner = Table(Row(Cell(Lines("i", 1, "<w:pageBreakBefore/>"))));
+  Document nested(Lines("a", 1) + Table(Row(Cell(inner + laid::P("x" + paged::kBreak + "y")))));
+  EXPECT_EQ(nested.Count(), 1);
+}
+
+TEST(LayoutTables, GiveTheMarksOfCellsNoRoomThatDoNotWantIt) {
+  const auto second = [](const std::string& properties) {
+    const std::string cell = Cell(laid::P("", laid::kTall), properties);
+    return Document(Table(Row(cell)) + Lines("a", 1)).Lines().back().top;
+  };
+  EXPECT_DOUBLE_EQ(second(""), 1440 + 720);
+  EXPECT_DOUBLE_EQ(second("<w:hideMark/>"), 1440);
+}
+
+// Up to Word 2010 the text of the first cell stands where the table's indent says, from then on the cell itself.
+TEST(LayoutTables, AreIndentedByTheirTextUpToWord2010) {
+  const auto left = [](int version) {
+    Document document(Table(Row(Cell(Lines("a", 1)))));
+    document.WithSettings(laid::Compatibility(version));
+    const docx::layout::DocumentLayout layout(document.Parts());
+    return layout.Cells().front().left;
+  };
+  EXPECT_DOUBLE_EQ(left(14), 1440 - 115);
+  EXPECT_DOUBLE_EQ(left(15), 1440);
+}
+
+TEST(LayoutTables, HaveTheMarginsOfTheirCellsAroundTheText) {
+  const std::string margins =
+      "<w:tblCellMar><w:top w:w=\"100\" w:type=\"dxa\"/><w:left w:w=\"200\" w:type=\"dxa\"/><w:bottom w:w=\"300\" "
+      "w:type=\"dxa\"/><w:right w:w=\"400\" w:type=\"dxa\"/></w:tblCellMar>";
+  Document document("<w:tbl><w:tblPr>" + margins + "</w:tblPr><w:tblGrid><w:gridCol w:w=\"4000\"/></w:tblGrid>" +
+                    Row(Cell(Lines("a", 1))) + "</w:tbl>" + Lines("b", 1));
+  document.WithSettings(laid::Compatibility(15));
+  const auto lines = document.Lines();
+  ASSERT_EQ(lines.size(), 3U);
+  EXPECT_DOUBLE_EQ(lines[1].top, 1440 + 100);
+  EXPECT_DOUBLE_EQ(lines[1].left, 1440 + 200);
+  EXPECT_DOUBLE_EQ(lines[1].shown.width, 4000 - 600);
+  EXPECT_DOUBLE_EQ(lines[2].top, 1440 + 100 + 720 + 300);
+}
+
 // What the file states is kept on both sides of each cell.
 TEST(LayoutTables, KeepTheirCellsApartWhereTheySaySo) {
   const std::string apart = "<w:tblCellSpacing w:w=\"100\" w:type=\"dxa\"/>";
