@@ -12,8 +12,9 @@ namespace {
 
 /// Scripts in which lines also break where no blank is.
 bool NeedsDictionary(char16_t c) {
-  return (c >= 0x0E00 && c < 0x1000) || (c >= 0x1780 && c < 0x1800) || (c >= 0x2E80 && c < 0xA000) ||
-         (c >= 0xAC00 && c < 0xE000) || (c >= 0xF900 && c < 0xFB00) || (c >= 0xFE30 && c < 0xFE50) || c >= 0xFF00;
+  if (c < 0x0E00) return false;
+  return c < 0x1000 || (c >= 0x1780 && c < 0x1800) || (c >= 0x2E80 && c < 0xA000) || (c >= 0xAC00 && c < 0xE000) ||
+         (c >= 0xF900 && c < 0xFB00) || (c >= 0xFE30 && c < 0xFE50) || c >= 0xFF00;
 }
 
 icu::BreakIterator* LineIterator() {

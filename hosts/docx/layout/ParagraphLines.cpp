@@ -45,10 +45,9 @@ void LevelWithNext(std::vector<Line>& lines, std::size_t first) {
 }  // namespace
 
 Script ScriptOf(char16_t c, const TextStyle& style) {
+  if (c < 0x80) return style.complex ? Script::kComplex : Script::kAscii;
   if (IsComplexScript(c)) return Script::kComplex;
   if (IsEastAsian(c)) return Script::kEastAsia;
-  if (style.complex && c < 0x80) return Script::kComplex;
-  if (c < 0x80) return Script::kAscii;
   // Signs that Latin and eastern fonts share follow the run's hint.
   if (style.eastAsiaHint && (c >= 0x2010 || c == 0xA7 || c == 0xB0 || c == 0xB1 || c == 0xD7 || c == 0xF7)) {
     return Script::kEastAsia;

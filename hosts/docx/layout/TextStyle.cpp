@@ -11,6 +11,10 @@ constexpr double kRaisedSize = 2.0 / 3;
 constexpr double kSuperscriptLift = 0.33;  // of the size that the characters would have on the line
 constexpr double kSubscriptLift = -0.14;
 
+// What is written may differ from run to run where what it says does not.
+constexpr std::size_t kMostKeys = 4096;
+constexpr std::size_t kLongestKey = 1024;
+
 const CharacterValues kNoCharacterValues;
 const ParagraphFormat kNoFormat;
 
@@ -106,6 +110,21 @@ ParagraphLook Formats::Paragraph(const XmlPart& part, XmlNode pPr, const TableVa
 }
 
 const TextStyle& Formats::Text(const XmlPart& part, XmlNode rPr, const ParagraphLook& look) {
+  const std::optional<std::string_view> content = rPr ? rPr.ContentText() : std::string_view();
+  if (!content || content->size() > kLongestKey) return Find(part, rPr, look);
+  key_.clear();
+  AppendKey(key_, look.style);
+  AppendKey(key_, look.table);
+  AppendKey(key_, &part);
+  key_ += *content;
+  const auto known = written_.find(key_);
+  if (known != written_.end()) return *known->second;
+  const TextStyle& found = Find(part, rPr, look);
+  if (written_.size() < kMostKeys) written_.emplace(key_, &found);
+  return found;
+}
+
+const TextStyle& Formats::Find(const XmlPart& part, XmlNode rPr, const ParagraphLook& look) {
   std::string key;
   AppendKey(key, look.style);
   AppendKey(key, look.table);

@@ -69,6 +69,7 @@ class Formats {
   const TextStyle& Label(const XmlPart& part, XmlNode markProperties, const ParagraphLook& look);
 
  private:
+  const TextStyle& Find(const XmlPart& part, XmlNode rPr, const ParagraphLook& look);
   TextStyle Settle(const CharacterValues& direct, const CharacterValues& character, const ParagraphLook& look);
   const TextStyle& Keep(const TextStyle& style);
 
@@ -78,6 +79,9 @@ class Formats {
   const ThemeFonts& theme_;
   std::deque<TextStyle> kept_;
   std::unordered_map<std::string, const TextStyle*> known_;
+  /// The same by what is written, which tells without looking into it that it has been seen.
+  std::unordered_map<std::string, const TextStyle*> written_;
+  std::string key_;
   std::unordered_map<std::string, TableValues> cellValues_;
 };
 
