@@ -48,6 +48,8 @@ struct Floating {
   enum class From : std::uint8_t { kText, kMargin, kPaper };
   Wrap wrap{Wrap::kNone};
   TextSides sides{TextSides::kBoth};
+  /// What text keeps free of, in shares of what is drawn; empty for all of it.
+  std::vector<OutlinePoint> outline;
   double width{0};  ///< with its effects
   double height{0};
   // What it keeps free around it.

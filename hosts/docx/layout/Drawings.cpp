@@ -93,6 +93,22 @@ std::u16string_view KindOf(XmlNode frame) {
   return kind.ends_with("/picture") ? u"Picture" : u"";
 }
 
+/// @return empty when there is none, and when it has more points than anybody draws
+std::vector<OutlinePoint> OutlineOf(XmlNode polygon) {
+  constexpr double kWhole = 21600;
+  constexpr double kFarthest = 10;
+  constexpr std::size_t kMost = 1000;
+  const auto share = [&](XmlAttribute number) { return std::clamp(number.AsDouble() / kWhole, -kFarthest, kFarthest); };
+  std::vector<OutlinePoint> outline;
+  if (!polygon) return outline;
+  for (const XmlNode point : polygon.Children()) {
+    if (!point.IsElement()) continue;
+    outline.push_back({share(point.Attribute("x")), share(point.Attribute("y"))});
+    if (outline.size() > kMost) return {};
+  }
+  return outline;
+}
+
 Drawing ReadDrawingMl(XmlNode frame, bool inLine) {
   Drawing drawing;
   drawing.inLine = inLine;
@@ -122,6 +138,7 @@ Drawing ReadDrawingMl(XmlNode frame, bool inLine) {
     if (!wrap) continue;
     floating.wrap = Wrap::kSquare;
     floating.sides = SidesOf(wrap.Attribute("wrapText").Value());
+    floating.outline = OutlineOf(LocalChild(wrap, "wrapPolygon"));
   }
   floating.marginTop = Emus(frame.Attribute("distT"));
   floating.marginLeft = Emus(frame.Attribute("distL"));

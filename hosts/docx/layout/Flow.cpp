@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 #include <utility>
 
 namespace docx::layout {
@@ -72,6 +73,21 @@ Hold HoldOf(const Paragraph& paragraph, std::size_t line, std::size_t lines) {
   return Hold::kNone;
 }
 
+/// Of the distances that a picture states, Word keeps those on the left and right of an outline.
+void SetOutline(const Floating& floating, double left, double top, Obstacle& obstacle) {
+  obstacle.outline.reserve(floating.outline.size());
+  obstacle.top = std::numeric_limits<double>::max();
+  obstacle.bottom = std::numeric_limits<double>::lowest();
+  for (const OutlinePoint& point : floating.outline) {
+    const OutlinePoint placed{left + point.x * floating.drawnWidth, top + point.y * floating.drawnHeight};
+    obstacle.outline.push_back(placed);
+    obstacle.top = std::min(obstacle.top, placed.y);
+    obstacle.bottom = std::max(obstacle.bottom, placed.y);
+  }
+  obstacle.spaceLeft = floating.marginLeft;
+  obstacle.spaceRight = floating.marginRight;
+}
+
 }  // namespace
 
 bool SameBorders(const Paragraph& a, const Paragraph& b) {
@@ -132,6 +148,7 @@ bool FlowBuilder::AddObstacles(const Paragraph& paragraph, double top, double wi
     obstacle.left = begin + x - floating.marginLeft;
     obstacle.right = begin + x + floating.width + floating.marginRight;
     obstacle.sides = floating.wrap == Floating::Wrap::kTopAndBottom ? TextSides::kNone : floating.sides;
+    if (!floating.outline.empty()) SetOutline(floating, begin + x, top + y, obstacle);
     column_.obstacles.Add(obstacle);
   }
   return any;

@@ -9,6 +9,11 @@ namespace docx::layout {
 /// On which sides of something there is text.
 enum class TextSides : std::uint8_t { kBoth, kLeft, kRight, kLarger, kNone };
 
+struct OutlinePoint {
+  double x{0};
+  double y{0};
+};
+
 /// What text has to leave free, in a column that has no end. Lengths in twips, from the column's upper left corner.
 struct Obstacle {
   double top{0};
@@ -16,6 +21,10 @@ struct Obstacle {
   double left{0};
   double right{0};
   TextSides sides{TextSides::kBoth};
+  /// What text leaves free of the box, and how much on its left and right; empty for all of the box.
+  std::vector<OutlinePoint> outline{};
+  double spaceLeft{0};
+  double spaceRight{0};
 };
 
 /// What a line has of its column.

@@ -105,6 +105,37 @@ TEST(LayoutWrap, HasTextOnTheSideThatThePictureWants) {
   EXPECT_DOUBLE_EQ(first("largest").left, kTop);
 }
 
+// A triangle on its tip: the higher a line stands beside it, the shorter it is.
+TEST(LayoutWrap, FollowsTheOutlineThatAPictureHas) {
+  const std::string triangle =
+      "<wp:wrapTight wrapText=\"right\"><wp:wrapPolygon edited=\"1\"><wp:start x=\"0\" y=\"0\"/><wp:lineTo x=\"21600\" "
+      "y=\"0\"/>"
+      "<wp:lineTo x=\"0\" y=\"10800\"/><wp:lineTo x=\"0\" y=\"0\"/></wp:wrapPolygon></wp:wrapTight>";
+  const auto lines =
+      Letters(Anchor({.width = 4000, .height = 4 * 1440, .wrap = triangle, .distance = 100}) + Lines("a", 5));
+  ASSERT_EQ(lines.size(), 6U);
+  EXPECT_DOUBLE_EQ(lines[0].left, kTop + 4000 + 100);
+  EXPECT_DOUBLE_EQ(lines[1].left, kTop + 3000 + 100);
+  EXPECT_DOUBLE_EQ(lines[3].left, kTop + 1000 + 100);
+  EXPECT_DOUBLE_EQ(lines[4].left, kTop);  // below the tip, though not below the picture
+  EXPECT_DOUBLE_EQ(lines[5].left, kTop);
+}
+
+TEST(LayoutWrap, GoesOnWhereAnOutlineLeavesItRoomAgain) {
+  const std::string step =
+      "<wp:wrapThrough wrapText=\"bothSides\"><wp:wrapPolygon edited=\"1\"><wp:start x=\"0\" y=\"0\"/><wp:lineTo "
+      "x=\"21600\" "
+      "y=\"0\"/><wp:lineTo x=\"21600\" y=\"10800\"/><wp:lineTo x=\"10800\" y=\"10800\"/><wp:lineTo x=\"10800\" "
+      "y=\"21600\"/>"
+      "<wp:lineTo x=\"0\" y=\"21600\"/></wp:wrapPolygon></wp:wrapThrough>";
+  const auto lines = Letters(Anchor({.width = 9360, .height = 4 * 720, .wrap = step}) + Lines("a", 2));
+  ASSERT_EQ(lines.size(), 3U);
+  EXPECT_DOUBLE_EQ(lines[0].top, kTop + 2 * kLine);
+  EXPECT_DOUBLE_EQ(lines[0].left, kTop + kColumn / 2);
+  EXPECT_DOUBLE_EQ(lines[2].left, kTop);
+  EXPECT_DOUBLE_EQ(lines[2].top, kTop + 4 * kLine);
+}
+
 // Word leaves what is narrower than an inch free.
 TEST(LayoutWrap, PutsNoTextIntoLessThanAnInch) {
   const auto narrow = Letters(Anchor({.width = 8000}) + Lines("a", 1));
