@@ -16,7 +16,7 @@ class RecordedBookmark : public Recorded<word::Bookmark> {
 };
 
 Value NameAndRange(std::u16string_view name, const word::RangePtr& range) {
-  Value value;
+  Value value = Value::object();
   value["name"] = ToValue(name);
   value["range"] = ToValue(Unwrap(range));
   return value;

@@ -17,7 +17,7 @@ class RecordedField : public Recorded<word::Field> {
 };
 
 Value ToFieldValue(const word::RangePtr& range, const word::FieldArguments& arguments) {
-  Value value;
+  Value value = Value::object();
   value["Range"] = ToValue(Unwrap(range));
   value["Type"] = arguments.Type;
   value["Text"] = ToValue(arguments.Text);

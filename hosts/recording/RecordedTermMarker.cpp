@@ -30,7 +30,7 @@ Value Arguments(const T&... values) {
 
 void TellError(CallObserver& observer, std::string_view operation, const Value& arguments,
                const word::HostError& error) {
-  Value thrown;
+  Value thrown = Value::object();
   thrown["error"] = error.Number();
   thrown["description"] = ToValue(error.Description());
   observer.Marker(operation, arguments, thrown);

@@ -32,7 +32,7 @@ class RecordedTables : public Recorded<word::Tables> {
 };
 
 Value ToGoToValue(const word::GoToArguments& arguments) {
-  Value value;
+  Value value = Value::object();
   value["What"] = static_cast<int>(arguments.What);
   if (arguments.Which != 0) value["Which"] = arguments.Which;
   if (!arguments.Name.empty()) value["Name"] = ToValue(arguments.Name);

@@ -69,7 +69,7 @@ Value ToValue(const word::DocumentPtr& document) try {
 
 Value ToValue(const word::RangePtr& range) try {
   if (!range) return {};
-  Value value;
+  Value value = Value::object();
   value["story"] = static_cast<int>(range->StoryType());
   value["start"] = range->Start();
   value["end"] = range->End();

@@ -11,6 +11,8 @@
 /// How arguments and results look to an observer; CallObserver.h has the rules.
 namespace recording {
 
+/// One that is to have members or items is made as an object or an array: where there is no memory, one that becomes it
+/// by its first member is left without what its destructor needs.
 using Value = nlohmann::ordered_json;
 
 std::string Utf8(std::u16string_view text);

@@ -63,7 +63,7 @@ void PutTabs(const forms::TabStrip& tabs, Json& state) {
 
 Json ControlState(const forms::Control& control) {
   const Kind kind = control.ControlKind();
-  Json state;
+  Json state = Json::object();
   state["kind"] = std::string(KindName(kind));
   if (HasCaption(kind)) state["caption"] = ToUtf8(control.Caption());
   if (kind == Kind::kCheckBox) state["value"] = static_cast<const forms::CheckBox&>(control).Value();
@@ -89,7 +89,9 @@ Json ControlStates(const forms::Form& form, const std::vector<const forms::Contr
     if (control->Index() < 0) {
       states[control->Name()] = ControlState(*control);
     } else {
-      states[control->Name()].push_back(ControlState(*control));
+      Json& members = states[control->Name()];
+      if (members.is_null()) members = Json::array();
+      members.push_back(ControlState(*control));
     }
   }
   return states;
