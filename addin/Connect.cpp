@@ -6,6 +6,8 @@
 #include "platform/word/HostError.h"
 #include "platform/word/Options.h"
 
+#include <utility>
+
 namespace {
 
 /// WdDefaultFilePath: Word's start-up folder.
@@ -27,7 +29,7 @@ Connect::~Connect() { ReleaseButtons(); }
 void Connect::OnConnection(const word::ApplicationPtr& application, ConnectMode mode) {
   TrapErrors(host_.messages, u"Connecting to Word", [&] {
     wordApp_ = application;
-    progress_ = std::make_unique<clsProgForm>(host_.forms);
+    CreateProgress();
     if (mode != ConnectMode::kExternal && IsOnlyWordProcess()) AddMenu();
   });
 }
@@ -69,9 +71,13 @@ int Connect::CountWinwordProcesses() const {
 
 bool Connect::IsOnlyWordProcess() const { return CountWinwordProcesses() < 2; }
 
+void Connect::CreateProgress() { progress_ = std::make_unique<clsProgForm>(host_.forms); }
+
 void Connect::CreateTermMarker() {
-  termMarker_ = host_.createTermMarker();
-  engine_ = std::make_unique<modKVX>(*termMarker_, *progress_, host_.characters, host_.messages);
+  if (!progress_) CreateProgress();
+  std::unique_ptr<TermMarker> marker = host_.createTermMarker();
+  engine_ = std::make_unique<modKVX>(*marker, *progress_, host_.characters, host_.messages);
+  termMarker_ = std::move(marker);
 }
 
 void Connect::RequireTermMarker() {

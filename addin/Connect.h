@@ -84,6 +84,8 @@ class Connect : public KVXAddIn {
 
  private:
   bool IsOnlyWordProcess() const;
+  void CreateProgress();
+  /// Both the companion and the engine over it, or neither.
   void CreateTermMarker();
   /// @throws word::HostError when there is no companion and none may be made
   void RequireTermMarker();
