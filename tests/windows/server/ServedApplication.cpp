@@ -132,21 +132,9 @@ com::Variant Enumeration(Object<word::StoryRanges>& self) {
   return value;
 }
 
-/// As Word's: by the story's type, and an error for one that there is not.
-word::RangePtr StoryOfType(word::StoryRanges& stories, int type) {
-  for (int i = 1; i <= stories.Count(); ++i) {
-    if (stories.Item(i)->StoryType() == type) return stories.Item(i);
-  }
-  throw word::HostError(word::kMemberDoesNotExist, u"The requested member of the collection does not exist.",
-                        "StoryRanges.Item");
-}
-
 const com::Members& StoryRangesMembers() {
   using S = word::StoryRanges;
   static const com::Members members{
-      Get(u"Count", &S::Count),
-      Special<S>(u"Item", kMethod | kGet, {{Kind::kInt}},
-                 [](auto& self, const Received& given) { return StoryOfType(self.Inner(), given.Int(0)); }),
       Special<S>(u"_NewEnum", kGet, {}, [](auto& self, const Received&) { return Enumeration(self); })};
   return members;
 }
