@@ -35,10 +35,11 @@ FoundTerms ScanStory(const TermSearch& search, const word::RangePtr& story, std:
     find->Execute();
     if (!find->Found()) break;
     story->SetStart(story->Start() + 1);
-    story->SetEnd(story->End() - 1);
+    const word::Position end = story->End();
+    story->SetEnd(end - 1);
     const bool accepted = !bold || (IsBold(story->Characters()->First()) && IsBold(story->Characters()->Last()));
     if (accepted) search.termMarker.AddTerm(story, terms);
-    story->SetEnd(story->End() + 1);
+    story->SetEnd(end);
     story->Collapse(word::wdCollapseEnd);
   } while (find->Found());
   if (terms.size() > 1) terms.pop_back();

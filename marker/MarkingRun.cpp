@@ -7,6 +7,7 @@
 #include "platform/word/Range.h"
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <utility>
 
@@ -60,15 +61,15 @@ std::size_t MarkingRun::FormOf(const Request& request) {
 
 StoryMarks& MarkingRun::MarksOf(const word::RangePtr& story, int storyType) {
   if (!matcher_) matcher_.emplace(letters_, forms_);
-  auto found = stories_.find(storyType);
-  if (found != stories_.end() && found->second.StoryEnd() != story->End()) {
-    stories_.erase(found);
-    found = stories_.end();
-  }
-  if (found == stories_.end()) {
-    found = stories_.try_emplace(storyType, document_, story, *matcher_, forms_.size()).first;
-  }
-  return found->second;
+  const auto found = stories_.find(storyType);
+  if (found != stories_.end()) return found->second;
+  return stories_.try_emplace(storyType, document_, story, *matcher_, forms_.size()).first->second;
+}
+
+StoryMarks& MarkingRun::PresentMarksOf(const word::RangePtr& story, int storyType) {
+  const auto found = stories_.find(storyType);
+  if (found != stories_.end() && !found->second.Settle(story->End())) stories_.erase(found);
+  return MarksOf(story, storyType);
 }
 
 void MarkingRun::LayHighlight(const word::RangePtr& range, const StoryMarks::Occurrence& occurrence, bool overAuthors) {
@@ -89,7 +90,8 @@ void MarkingRun::LayHighlight(const word::RangePtr& range, const StoryMarks::Occ
 std::int32_t MarkingRun::Mark(const word::RangePtr& story, int storyType, const Request& request) {
   if (storyType != storyType_) WriteEntries();
   const std::size_t form = FormOf(request);
-  const StoryMarks& marks = MarksOf(story, storyType);
+  if (MarksOf(story, storyType).Of(form).empty()) return 0;
+  StoryMarks& marks = PresentMarksOf(story, storyType);
   const std::vector<std::size_t>& numbers = marks.Of(form);
   const auto marked = request.definitionsOnly
                           ? std::count_if(numbers.begin(), numbers.end(),
@@ -103,35 +105,38 @@ std::int32_t MarkingRun::Mark(const word::RangePtr& story, int storyType, const 
                      .code = code,
                      .definitionCode = request.definitionsOnly ? code : EntryCode(entryText, true),
                      .definitionsOnly = request.definitionsOnly});
-  story_ = story;
-  storyType_ = storyType;
-  if (writing_ == EntryWriting::kByTerm) WriteEntries();
+  if (storyType != storyType_) {
+    story_ = story;
+    place_ = story->Duplicate();
+    fields_ = story->Fields();
+    storyType_ = storyType;
+  }
+  if (writing_ == EntryWriting::kByTerm) Write(marks);
   return static_cast<std::int32_t>(marked);
 }
 
 void MarkingRun::WriteEntries() {
-  if (wanted_.empty()) return;
+  if (!wanted_.empty()) Write(PresentMarksOf(story_, storyType_));
+}
+
+void MarkingRun::Write(StoryMarks& marks) {
   // What fails is not tried again.
   const std::vector<Wanted> wanted = std::exchange(wanted_, {});
-  StoryMarks& marks = MarksOf(story_, storyType_);
-  std::vector<std::pair<std::size_t, const Wanted*>> inOrder;
+  std::vector<std::pair<std::size_t, const Wanted*>> fromTheLast;
   for (const Wanted& one : wanted) {
     for (const std::size_t number : marks.Of(one.form)) {
-      if (!one.definitionsOnly || marks.IsDefinition(number)) inOrder.emplace_back(number, &one);
+      if (!one.definitionsOnly || marks.IsDefinition(number)) fromTheLast.emplace_back(number, &one);
     }
   }
-  std::sort(inOrder.begin(), inOrder.end());
-  const word::RangePtr range = story_->Duplicate();
-  const word::FieldsPtr fields = story_->Fields();
-  for (const auto& [number, one] : inOrder) {
+  std::sort(fromTheLast.begin(), fromTheLast.end(), std::greater<>());
+  for (const auto& [number, one] : fromTheLast) {
     const StoryMarks::Occurrence occurrence = marks.At(number);
+    const std::u16string& code = occurrence.definition ? one->definitionCode : one->code;
     // The entry takes the formatting of the text before it: written first, it stays without our highlight.
-    range->SetRange(occurrence.entry, occurrence.entry);
-    fields->Add(range, {.Type = word::wdFieldEmpty,
-                        .Text = occurrence.definition ? one->definitionCode : one->code,
-                        .PreserveFormatting = false});
-    marks.EntryWritten(number, story_->End() - marks.StoryEnd());
-    LayHighlight(range, occurrence, marks.HasAuthorsHighlight());
+    place_->SetRange(occurrence.entry, occurrence.entry);
+    fields_->Add(place_, {.Type = word::wdFieldEmpty, .Text = code, .PreserveFormatting = false});
+    marks.EntryWritten(number, code.size());
+    LayHighlight(place_, occurrence, marks.HasAuthorsHighlight());
   }
 }
 

@@ -21,8 +21,8 @@ namespace marker {
 /// One run of marking over a document. All chosen terms are looked for together, since each occurrence belongs to
 /// one of them; a story is therefore searched once, at its first call, and every later call costs its own
 /// occurrences only.
-/// Entries are written with their term, or those of a story together in the order of their positions: neighbours are
-/// then changed while they are at hand, and what is new lies in memory as it does in the document.
+/// Entries are written with their term, or those of a story together, always from the last to the first: so none moves
+/// the places of those that follow, and nobody has to be asked how long it became.
 class MarkingRun {
  public:
   struct Request {
@@ -63,7 +63,11 @@ class MarkingRun {
   std::size_t FormOf(const Request& request);
   void SettleForms(const Request& request);
   void AddForm(std::u16string_view text, std::u16string_view entryText, bool matchCase);
+  /// As they were found.
   StoryMarks& MarksOf(const word::RangePtr& story, int storyType);
+  /// Those of the story as it is now.
+  StoryMarks& PresentMarksOf(const word::RangePtr& story, int storyType);
+  void Write(StoryMarks& marks);
   void LayHighlight(const word::RangePtr& range, const StoryMarks::Occurrence& occurrence, bool overAuthors);
 
   const Letters& letters_;
@@ -79,8 +83,10 @@ class MarkingRun {
   std::map<int, StoryMarks> stories_;
   HighlightRecord record_;
 
-  // All of one story, which is not written yet.
+  // The story that entries are written in.
   word::RangePtr story_;
+  word::RangePtr place_;
+  word::FieldsPtr fields_;
   int storyType_{0};
   std::vector<Wanted> wanted_;
 };

@@ -2,7 +2,16 @@
 
 #include "platform/word/Range.h"
 
+#include <numeric>
+
 namespace marker {
+namespace {
+
+/// The marks of a field, and the blanks that a host puts around a code.
+constexpr word::Position kLeastAround = 2;
+constexpr word::Position kMostAround = 4;
+
+}  // namespace
 
 StoryMarks::StoryMarks(const word::DocumentPtr& document, const word::RangePtr& story, const TermMatcher& matcher,
                        std::size_t forms)
@@ -36,9 +45,29 @@ StoryMarks::Occurrence StoryMarks::At(std::size_t number) const {
   return occurrence;
 }
 
-void StoryMarks::EntryWritten(std::size_t number, word::Position length) {
-  for (std::size_t node = number + 1; node < inserted_.size(); node += node & (~node + 1)) inserted_[node] += length;
-  storyEnd_ += length;
+void StoryMarks::EntryWritten(std::size_t number, std::size_t codeLength) {
+  written_.push_back({number, static_cast<word::Position>(codeLength)});
+}
+
+bool StoryMarks::Settle(word::Position storyEnd) {
+  const word::Position codes =
+      std::accumulate(written_.begin(), written_.end(), word::Position{0},
+                      [](word::Position sum, const Written& one) { return sum + one.codeLength; });
+  const word::Position rest = storyEnd - storyEnd_ - codes;
+  const auto count = static_cast<word::Position>(written_.size());
+  if (count == 0) return rest == 0;
+  const word::Position around = rest / count;
+  const bool isKnown = aroundCode_ < 0 ? around >= kLeastAround && around <= kMostAround : around == aroundCode_;
+  if (!isKnown || rest != around * count) return false;
+  for (const auto& [number, codeLength] : written_) {
+    for (std::size_t node = number + 1; node < inserted_.size(); node += node & (~node + 1)) {
+      inserted_[node] += codeLength + around;
+    }
+  }
+  written_.clear();
+  aroundCode_ = around;
+  storyEnd_ = storyEnd;
+  return true;
 }
 
 }  // namespace marker

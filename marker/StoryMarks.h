@@ -9,9 +9,9 @@
 
 namespace marker {
 
-/// The occurrences of all forms in one story, found once. Entries are written behind them one by one, in any
-/// order; each occurrence's present position is told from what was inserted before it so far, so that no range
-/// has to be kept for it.
+/// The occurrences of all forms in one story, found once. Entries are written behind them in any order; each
+/// occurrence's present position is told from what was inserted before it so far, so that no range has to be kept for
+/// it. How long entries became is told from the story's end, once for many.
 class StoryMarks {
  public:
   struct Occurrence {
@@ -27,13 +27,15 @@ class StoryMarks {
   const std::vector<std::size_t>& Of(std::size_t form) const { return byForm_[form]; }
 
   bool IsDefinition(std::size_t number) const { return found_[number].definition; }
-  /// An occurrence where it now stands.
+  /// An occurrence where it stood when Settle() was called last.
   Occurrence At(std::size_t number) const;
-  /// To be told after an entry was written behind an occurrence.
-  void EntryWritten(std::size_t number, word::Position length);
+  /// To be told after an entry with this code was written behind an occurrence.
+  void EntryWritten(std::size_t number, std::size_t codeLength);
+  /// Places what was written.
+  /// @param storyEnd where the story ends now
+  /// @return false when somebody else has changed the story: what was found holds no more
+  bool Settle(word::Position storyEnd);
 
-  /// The story's end as it is when nobody else has changed the story.
-  word::Position StoryEnd() const { return storyEnd_; }
   /// Whether any text of the story had a highlight before marking.
   bool HasAuthorsHighlight() const { return hasAuthorsHighlight_; }
 
@@ -44,12 +46,19 @@ class StoryMarks {
     bool definition;
   };
 
+  struct Written {
+    std::size_t number;
+    word::Position codeLength;
+  };
+
   word::Position InsertedBefore(std::size_t number) const;
 
   std::vector<Found> found_;
   std::vector<Stretch> stretches_;
   std::vector<std::vector<std::size_t>> byForm_;
   std::vector<word::Position> inserted_;  ///< a binary indexed tree of inserted lengths, by occurrence
+  std::vector<Written> written_;          ///< and not placed yet
+  word::Position aroundCode_{-1};         ///< what an entry has beside its code; below 0 until one was placed
   word::Position storyEnd_{0};
   bool hasAuthorsHighlight_{false};
 };

@@ -35,7 +35,7 @@ class Find : public word::Find {
  public:
   explicit Find(std::shared_ptr<SearchOfRange> search) : search_(std::move(search)) {}
 
-  void ClearFormatting() override { Word().Call("Find.ClearFormatting"); }
+  void ClearFormatting() override { search_->ClearFormatting(); }
   std::u16string Text() const override { return search_->text ? *search_->text : Word().Text("Find.Text"); }
   void SetText(std::u16string_view value) override {
     if (value.size() > kMaxText) {
@@ -44,29 +44,33 @@ class Find : public word::Find {
     search_->text = value;
   }
   bool Forward() const override { return Word().Bool("Find.Forward"); }
-  void SetForward(bool value) override { Word().Put("Find.Forward", value); }
+  void SetForward(bool value) override { search_->Tell("Find.Forward", value); }
   int Wrap() const override { return Word().Int("Find.Wrap"); }
-  void SetWrap(int value) override { Word().Put("Find.Wrap", value); }
+  void SetWrap(int value) override { search_->Tell("Find.Wrap", value); }
   bool Format() const override { return Word().Bool("Find.Format"); }
-  void SetFormat(bool value) override { Word().Put("Find.Format", value); }
+  void SetFormat(bool value) override { search_->Tell("Find.Format", value); }
   bool MatchCase() const override { return Word().Bool("Find.MatchCase"); }
-  void SetMatchCase(bool value) override { Word().Put("Find.MatchCase", value); }
+  void SetMatchCase(bool value) override { search_->Tell("Find.MatchCase", value); }
   bool MatchWholeWord() const override { return Word().Bool("Find.MatchWholeWord"); }
-  void SetMatchWholeWord(bool value) override { Word().Put("Find.MatchWholeWord", value); }
+  void SetMatchWholeWord(bool value) override { search_->Tell("Find.MatchWholeWord", value); }
   bool MatchWildcards() const override { return Word().Bool("Find.MatchWildcards"); }
   void SetMatchWildcards(bool value) override {
-    Word().Put("Find.MatchWildcards", value);
+    search_->Tell("Find.MatchWildcards", value);
     search_->wildcards = value;
   }
   bool MatchSoundsLike() const override { return Word().Bool("Find.MatchSoundsLike"); }
-  void SetMatchSoundsLike(bool value) override { Word().Put("Find.MatchSoundsLike", value); }
+  void SetMatchSoundsLike(bool value) override { search_->Tell("Find.MatchSoundsLike", value); }
   bool MatchAllWordForms() const override { return Word().Bool("Find.MatchAllWordForms"); }
-  void SetMatchAllWordForms(bool value) override { Word().Put("Find.MatchAllWordForms", value); }
+  void SetMatchAllWordForms(bool value) override { search_->Tell("Find.MatchAllWordForms", value); }
   word::ReplacementPtr Replacement() const override { return std::make_shared<com::Replacement>(search_); }
 
   bool Execute(const word::FindArguments& arguments) override {
+    search_->found.reset();
     search_->TellText();
-    if (arguments.Replace == word::wdReplaceNone) return Word().Call("Find.Execute").ToBool();
+    if (arguments.Replace == word::wdReplaceNone) {
+      search_->found = Word().Call("Find.Execute").ToBool();
+      return *search_->found;
+    }
     if (arguments.Replace == word::wdReplaceAll && MovesItsFirstCharacter()) return MoveFirstCharacters(*search_);
     const Variant absent = Variant::Missing();
     return Word()
@@ -74,7 +78,7 @@ class Find : public word::Find {
               {absent, absent, absent, absent, absent, absent, absent, absent, absent, absent, arguments.Replace})
         .ToBool();
   }
-  bool Found() const override { return Word().Bool("Find.Found"); }
+  bool Found() const override { return search_->found ? *search_->found : Word().Bool("Find.Found"); }
 
  private:
   const Dispatch& Word() const { return search_->Find(); }
@@ -96,6 +100,12 @@ const Dispatch& SearchOfRange::Find() {
 const Dispatch& SearchOfRange::Replacement() {
   if (!replacement_) replacement_ = Find().Object("Find.Replacement");
   return *replacement_;
+}
+
+void SearchOfRange::ClearFormatting() {
+  if (cleared_) return;
+  Find().Call("Find.ClearFormatting");
+  cleared_ = true;
 }
 
 void SearchOfRange::TellText() {

@@ -1,5 +1,7 @@
 #include "platform/word/Range.h"
 
+#include <optional>
+
 #include "hosts/com/Find.h"
 #include "hosts/com/Objects.h"
 
@@ -52,14 +54,22 @@ class Range : public Proxied<word::Range> {
   word::TextRetrievalModePtr TextRetrievalMode() const override {
     return std::make_shared<com::TextRetrievalMode>(word_.Object("Range.TextRetrievalMode"));
   }
-  word::WdStoryType StoryType() const override { return static_cast<word::WdStoryType>(word_.Int("Range.StoryType")); }
+  /// A range stays in its story.
+  word::WdStoryType StoryType() const override {
+    if (!storyType_) storyType_ = static_cast<word::WdStoryType>(word_.Int("Range.StoryType"));
+    return *storyType_;
+  }
   int Information(word::WdInformation type) const override { return word_.Get("Range.Information", {type}).ToInt(); }
   word::Position StoryLength() const override { return word_.Int("Range.StoryLength"); }
   word::RangePtr NextStoryRange() const override {
     const Variant next = word_.Get("Range.NextStoryRange");
     return next.IsNothing() ? nullptr : MakeRange(word_.Wrap(next, "Range.NextStoryRange"));
   }
-  word::RangePtr Duplicate() const override { return MakeRange(word_.Object("Range.Duplicate")); }
+  word::RangePtr Duplicate() const override {
+    auto duplicate = std::make_shared<Range>(word_.Object("Range.Duplicate"));
+    duplicate->storyType_ = storyType_;
+    return duplicate;
+  }
   void Collapse(word::WdCollapseDirection direction) override { word_.Call("Range.Collapse", {direction}); }
   int MoveStart(word::WdUnits unit, int count) override { return word_.Call("Range.MoveStart", {unit, count}).ToInt(); }
   void Select() override { word_.Call("Range.Select"); }
@@ -85,6 +95,7 @@ class Range : public Proxied<word::Range> {
 
  private:
   mutable std::shared_ptr<SearchOfRange> find_;
+  mutable std::optional<word::WdStoryType> storyType_;
 };
 
 }  // namespace

@@ -64,7 +64,7 @@ TEST_F(TrackedMarking, EachEntryHasANumberOfItsOwnThatNothingElseHas) {
   MarkWithoutHighlight({u"Lender"});
   ExpectContent(Tracked("ins", TextRun("A ")) +
                 "<w:bookmarkStart w:id=\"1\" w:name=\"b\"/><w:bookmarkEnd w:id=\"1\"/>" + TextRun("Lender") +
-                OurEntry("Lender", 2) + TextRun(", Lender") + OurEntry("Lender", 4));
+                OurEntry("Lender", 4) + TextRun(", Lender") + OurEntry("Lender", 2));
 }
 
 TEST_F(TrackedMarking, AnEntryDividesAnotherAuthorsInsertion) {

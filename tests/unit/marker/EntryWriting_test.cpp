@@ -18,9 +18,11 @@ constexpr std::u16string_view kClauses =
     u"\u201CLender\u201D and \u201CBuyer\u201D: the BUYER pays the Lender, the Lender "
     u"the Buyer.\r";
 
-/// A run by position, call by call.
-class EntriesByPosition : public testing::Test {
+/// A run, call by call.
+class Entries : public testing::Test {
  protected:
+  explicit Entries(EntryWriting writing) : marker_(MakeTermMarker(characters_, writing)) {}
+
   void Begin(const Terms& chosen, std::u16string_view text = kClauses) {
     document_ = std::make_shared<fake::Document>(std::u16string(text));
     marker_->BeginIndexing(document_);
@@ -32,10 +34,33 @@ class EntriesByPosition : public testing::Test {
     return marker_->MarkTermInStory(document_, document_->Story(), term, 0, 1, true, true, what, entryText);
   }
 
+  void FollowAChange() {
+    Begin({u"Lender", u"Buyer"}, u"Lender Buyer");
+    EXPECT_EQ(Mark(u"Lender"), 1);
+    document_->InsertAt(0, u"Buyer, ");
+    EXPECT_EQ(Mark(u"Buyer"), 2);
+    marker_->EndIndexing(document_);
+    const auto entry = [](std::u16string_view text) {
+      return u"\u0013 XE \"" + std::u16string(text) + u"\" \\f \"DefinedTermsIndex\" \u0015";
+    };
+    EXPECT_EQ(document_->Text(),
+              u"Buyer" + entry(u"Buyer") + u", Lender" + entry(u"Lender") + u" Buyer" + entry(u"Buyer") + u"\r");
+  }
+
   os::IcuCharacters characters_;
-  std::unique_ptr<TermMarker> marker_ = MakeTermMarker(characters_, EntryWriting::kByPosition);
+  std::unique_ptr<TermMarker> marker_;
   std::shared_ptr<fake::Document> document_;
   TermTable table_;
+};
+
+class EntriesByPosition : public Entries {
+ protected:
+  EntriesByPosition() : Entries(EntryWriting::kByPosition) {}
+};
+
+class EntriesByTerm : public Entries {
+ protected:
+  EntriesByTerm() : Entries(EntryWriting::kByTerm) {}
 };
 
 std::u16string MarkedText(EntryWriting writing, std::u16string_view what) {
@@ -80,17 +105,22 @@ TEST_F(EntriesByPosition, AreThereWhenTheIndexIsUpdated) {
   EXPECT_EQ(document_->Story()->Fields()->Count(), 3);
 }
 
-TEST_F(EntriesByPosition, FollowAChangeOfTheStoryDuringTheRun) {
-  Begin({u"Lender", u"Buyer"}, u"Lender Buyer");
-  EXPECT_EQ(Mark(u"Lender"), 1);
-  document_->InsertAt(0, u"Buyer, ");
-  EXPECT_EQ(Mark(u"Buyer"), 2);
-  marker_->EndIndexing(document_);
-  const auto entry = [](std::u16string_view text) {
-    return u"\u0013 XE \"" + std::u16string(text) + u"\" \\f \"DefinedTermsIndex\" \u0015";
+TEST_F(EntriesByPosition, FollowAChangeOfTheStoryDuringTheRun) { FollowAChange(); }
+
+TEST_F(EntriesByTerm, FollowAChangeOfTheStoryDuringTheRun) { FollowAChange(); }
+
+TEST_F(EntriesByTerm, CostFourCallsForEachOccurrenceWithItsHighlight) {
+  const auto calls = [this](int repeats) {
+    std::u16string text;
+    for (int i = 0; i < repeats; ++i) text.append(u"the Lender pays the Buyer, ");
+    Begin({u"Lender", u"Buyer"}, text);
+    const int before = document_->AllCalls();
+    EXPECT_EQ(Mark(u"Lender"), repeats);
+    EXPECT_EQ(Mark(u"Buyer"), repeats);
+    return document_->AllCalls() - before;
   };
-  EXPECT_EQ(document_->Text(),
-            u"Buyer" + entry(u"Buyer") + u", Lender" + entry(u"Lender") + u" Buyer" + entry(u"Buyer") + u"\r");
+  const int few = calls(10);
+  EXPECT_EQ(calls(30) - few, 2 * 20 * 4);
 }
 
 TEST_F(EntriesByPosition, AreWrittenOnceThoughATermComesThatWasNotChosen) {

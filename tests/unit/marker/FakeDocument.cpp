@@ -257,11 +257,12 @@ class StoryFields : public word::Fields {
   }
   word::FieldPtr Add(const word::RangePtr& range, const word::FieldArguments& arguments) override {
     ++state_->calls["Fields.Add"];
-    const word::Position at = range->Start();
+    const Span given = dynamic_cast<const StoryRange&>(*range).span;
+    const word::Position at = given.begin;
     const int highlight = at > 0 ? story_.characters[static_cast<std::size_t>(at - 1)].highlight : 0;
     const bool isIndex = arguments.Text.starts_with(u"INDEX");
     const std::u16string text = u"\u0013 " + arguments.Text + u" " + (isIndex ? u"\u0014No entries" : u"") + u"\u0015";
-    state_->Delete(story_, at, range->End());
+    state_->Delete(story_, at, given.end);
     state_->Insert(story_, at, text);
     for (std::size_t index = 0; index < text.size(); ++index) {
       story_.characters[static_cast<std::size_t>(at) + index].highlight = highlight;
@@ -314,9 +315,9 @@ class AllBookmarks : public word::Bookmarks {
   word::BookmarkPtr Item(int index) const override { return Item(Shown().at(static_cast<std::size_t>(index - 1))); }
   word::BookmarkPtr Add(std::u16string_view name, const word::RangePtr& range) override {
     ++state_->calls["Bookmarks.Add"];
-    Story& story = std::dynamic_pointer_cast<StoryRange>(range)->In();
-    state_->bookmarks[std::u16string(name)] = {&story, {range->Start(), range->End()}};
-    return Item(name);
+    const auto& place = dynamic_cast<const StoryRange&>(*range);
+    state_->bookmarks[std::u16string(name)] = {&place.In(), place.span};
+    return std::make_shared<PlacedBookmark>(state_, std::u16string(name));
   }
   bool ShowHidden() const override { return state_->showHidden; }
   void SetShowHidden(bool value) override { state_->showHidden = value; }

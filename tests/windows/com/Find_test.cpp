@@ -18,33 +18,42 @@ class Searching : public testing::Test {
   std::vector<std::u16string> texts;
   std::vector<int> replaces;
   bool wildcards{false};
-  int replacements{0};
+  bool finds{true};
 
-  const com::Members find{{u"Text",
-                           DISPATCH_PROPERTYPUT,
-                           {{Kind::kText}},
-                           [this](auto&, const com::Received& given) {
-                             texts.push_back(given.Text(0));
-                             return Variant();
-                           }},
-                          {u"Text", DISPATCH_PROPERTYGET, {}, [](auto&, auto&) { return Variant(u"of Word"); }},
-                          {u"MatchWildcards",
-                           DISPATCH_PROPERTYPUT,
-                           {{Kind::kBool}},
-                           [this](auto&, const com::Received& given) {
-                             wildcards = given.Bool(0);
-                             return Variant();
-                           }},
-                          {u"Execute",
-                           DISPATCH_METHOD,
-                           {Optional(Kind::kText), Optional(Kind::kBool), Optional(Kind::kBool), Optional(Kind::kBool),
-                            Optional(Kind::kBool), Optional(Kind::kBool), Optional(Kind::kBool), Optional(Kind::kInt),
-                            Optional(Kind::kBool), Optional(Kind::kText), Optional(Kind::kInt)},
-                           [this](auto&, const com::Received& given) {
-                             for (std::size_t i = 0; i < 10; ++i) EXPECT_FALSE(given.Has(i));
-                             replaces.push_back(given.Has(10) ? given.Int(10) : -1);
-                             return Variant(true);
-                           }}};
+  std::uint64_t Calls(std::string_view member) const {
+    const auto& calls = word.TheSession()->Calls();
+    return calls.contains(member) ? calls.at(member) : 0;
+  }
+
+  const com::Members find{
+      {u"Text",
+       DISPATCH_PROPERTYPUT,
+       {{Kind::kText}},
+       [this](auto&, const com::Received& given) {
+         texts.push_back(given.Text(0));
+         return Variant();
+       }},
+      {u"Text", DISPATCH_PROPERTYGET, {}, [](auto&, auto&) { return Variant(u"of Word"); }},
+      {u"MatchWildcards",
+       DISPATCH_PROPERTYPUT,
+       {{Kind::kBool}},
+       [this](auto&, const com::Received& given) {
+         wildcards = given.Bool(0);
+         return Variant();
+       }},
+      {u"MatchAllWordForms", DISPATCH_PROPERTYPUT, {{Kind::kBool}}, [](auto&, auto&) { return Variant(); }},
+      {u"ClearFormatting", DISPATCH_METHOD, {}, [](auto&, auto&) { return Variant(); }},
+      {u"Found", DISPATCH_PROPERTYGET, {}, [](auto&, auto&) { return Variant(true); }},
+      {u"Execute",
+       DISPATCH_METHOD,
+       {Optional(Kind::kText), Optional(Kind::kBool), Optional(Kind::kBool), Optional(Kind::kBool),
+        Optional(Kind::kBool), Optional(Kind::kBool), Optional(Kind::kBool), Optional(Kind::kInt),
+        Optional(Kind::kBool), Optional(Kind::kText), Optional(Kind::kInt)},
+       [this](auto&, const com::Received& given) {
+         for (std::size_t i = 0; i < 10; ++i) EXPECT_FALSE(given.Has(i));
+         replaces.push_back(given.Has(10) ? given.Int(10) : -1);
+         return Variant(finds);
+       }}};
   const com::Members range{
       {u"Find", DISPATCH_PROPERTYGET, {}, [this](auto&, auto&) { return MadeObject(new Sample(find)); }}};
   com::Dispatch word = Wrapped(new Sample(range));
@@ -77,6 +86,44 @@ TEST_F(Searching, ARangeHasOneSearchHoweverOftenItIsAsked) {
   searched->Find()->Execute();
   EXPECT_EQ(texts, (std::vector<std::u16string>{u"a"}));
   EXPECT_EQ(word.TheSession()->Calls().at("Range.Find"), 1u);
+}
+
+TEST_F(Searching, SettingsAreToldAgainOnlyWhenTheyAreOthers) {
+  const word::FindPtr search = searched->Find();
+  for (int i = 0; i < 3; ++i) {
+    search->ClearFormatting();
+    search->SetMatchWildcards(true);
+    search->SetMatchAllWordForms(false);
+    search->Execute();
+  }
+  EXPECT_EQ(Calls("Find.ClearFormatting"), 1u);
+  EXPECT_EQ(Calls("Find.MatchWildcards"), 1u);
+  EXPECT_EQ(Calls("Find.MatchAllWordForms"), 1u);
+  search->SetMatchWildcards(false);
+  EXPECT_FALSE(wildcards);
+}
+
+TEST_F(Searching, WhatWordSwitchesOffWithAnotherKindOfSearchIsToldAgain) {
+  const word::FindPtr search = searched->Find();
+  search->SetMatchWildcards(true);
+  search->SetMatchAllWordForms(true);
+  search->SetMatchWildcards(true);
+  EXPECT_EQ(Calls("Find.MatchWildcards"), 2u);
+}
+
+TEST_F(Searching, WhetherItFoundSomethingIsKnownFromTheSearch) {
+  const word::FindPtr search = searched->Find();
+  EXPECT_TRUE(search->Found());
+  EXPECT_EQ(Calls("Find.Found"), 1u);
+  search->Execute();
+  EXPECT_TRUE(search->Found());
+  finds = false;
+  search->Execute();
+  EXPECT_FALSE(search->Found());
+  EXPECT_EQ(Calls("Find.Found"), 1u);
+  search->Execute({.Replace = word::wdReplaceAll});
+  EXPECT_TRUE(search->Found());
+  EXPECT_EQ(Calls("Find.Found"), 2u);
 }
 
 TEST_F(Searching, ASearchThatIsToldNothingHasWordsText) { EXPECT_EQ(searched->Find()->Text(), u"of Word"); }

@@ -38,6 +38,19 @@ TEST(ComRange, HasNoNextStoryWhereWordHasNothing) {
   EXPECT_EQ(com::MakeRange(Wrapped(new Sample(members)))->NextStoryRange(), nullptr);
 }
 
+TEST(ComRange, IsAskedForItsStoryOnceItsDuplicatesIncluded) {
+  int asked = 0;
+  const com::Members duplicate{};
+  const com::Members members{
+      {u"StoryType", DISPATCH_PROPERTYGET, {}, [&](auto&, auto&) { return Variant(++asked + 1); }},
+      {u"Duplicate", DISPATCH_PROPERTYGET, {}, [&](auto&, auto&) { return MadeObject(new Sample(duplicate)); }}};
+  const word::RangePtr range = com::MakeRange(Wrapped(new Sample(members)));
+  EXPECT_EQ(range->StoryType(), word::wdFootnotesStory);
+  EXPECT_EQ(range->StoryType(), word::wdFootnotesStory);
+  EXPECT_EQ(range->Duplicate()->StoryType(), word::wdFootnotesStory);
+  EXPECT_EQ(asked, 1);
+}
+
 TEST(ComField, OfAnEntryHasNoResultAndIsNotAskedForOne) {
   const com::Members field{{u"Type", DISPATCH_PROPERTYGET, {}, [](auto&, auto&) { return Variant(4); }}};
   const com::Members fields{

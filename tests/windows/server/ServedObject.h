@@ -17,6 +17,7 @@ namespace server {
 
 /// What all objects of one word processor share.
 struct Context {
+  /// Of each member; a property that is put ends in "=".
   std::map<std::u16string, std::uint64_t> calls;
   std::uint64_t count{0};
   /// The call with this number, from 1, fails; 0: none does.
@@ -45,7 +46,7 @@ class Object : public com::AutomationObject {
 
  protected:
   void BeforeCall(const com::Member& member) override {
-    ++context_->calls[std::u16string(member.name)];
+    ++context_->calls[std::u16string(member.name) + (member.kind == DISPATCH_PROPERTYPUT ? u"=" : u"")];
     if (++context_->count == context_->failing) {
       context_->failed = member.name;
       throw word::HostError(word::kCommandFailed, u"This call was to fail.", "server");
