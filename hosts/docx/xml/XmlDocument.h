@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <memory_resource>
 #include <string>
@@ -37,6 +38,9 @@ class XmlDocument {
   /// All names that nodes have, had or were to have.
   const std::deque<XmlName>& Names() const { return names_; }
 
+  /// Begins a period: what is changed from now on is changed since the number that this returns.
+  std::uint32_t BeginPeriod() { return ++period_; }
+
   /// The text as it is now.
   std::string Serialize() const;
 
@@ -70,6 +74,7 @@ class XmlDocument {
   XmlNodeData top_;
   XmlNode root_;
   bool declaresBelowRoot_{false};
+  std::uint32_t period_{1};
 };
 
 }  // namespace docx

@@ -177,14 +177,14 @@ void XmlNode::RemoveAttribute(std::string_view name) {
 void XmlNode::CopyAttributes(XmlNode other) {
   data_->attributes = other.data_->attributes;
   data_->attributesSize = other.data_->attributesSize;
-  Parent().ContentChanged();
+  Changed();
 }
 
 void XmlNode::AttributesChanged(std::string_view text) const {
   const std::string_view kept = Document().Keep(text);
   data_->attributes = kept.data();
   data_->attributesSize = static_cast<std::uint32_t>(kept.size());
-  Parent().ContentChanged();
+  Changed();
 }
 
 void XmlNode::SetValue(std::string_view value) {
@@ -195,29 +195,29 @@ void XmlNode::SetValue(std::string_view value) {
   data_->type = XmlType::kText;
   data_->flags &= static_cast<std::uint8_t>(~XmlNodeData::kDecoded);
   SetContent(*data_, Document().Keep(EscapedText(value)));
-  Parent().ContentChanged();
+  Changed();
 }
 
 void XmlNode::SetTarget(std::string_view target) {
   data_->name = &Document().Name(target);
-  Parent().ContentChanged();
+  Changed();
 }
 
 void XmlNode::SetName(const XmlName& name) {
   name.used = true;
   data_->name = &name;
-  Parent().ContentChanged();
+  Changed();
 }
 
 void XmlNode::SetOnlyText(std::string_view text) {
   SetWhole(*data_, Document().Keep(IsWrittenAsIs(text) ? text : std::string_view(EscapedText(text))), true);
-  Parent().ContentChanged();
+  Changed();
 }
 
 void XmlNode::ShareOnlyText(std::string_view text) {
   if (!IsWrittenAsIs(text)) return SetOnlyText(text);
   SetWhole(*data_, text, true);
-  Parent().ContentChanged();
+  Changed();
 }
 
 std::string_view XmlNode::SettleContent() {
@@ -227,7 +227,7 @@ std::string_view XmlNode::SettleContent() {
 
 void XmlNode::SetContentText(std::string_view content) {
   SetWhole(*data_, content, content.find('<') == std::string_view::npos);
-  Parent().ContentChanged();
+  Changed();
 }
 
 bool XmlNode::RemoveChild(XmlNode child) {
@@ -308,9 +308,21 @@ XmlNodeData* XmlNode::Copied() const {
 }
 
 void XmlNode::ContentChanged() const {
-  for (XmlNodeData* node = data_; node != nullptr && (node->flags & XmlNodeData::kWhole) != 0; node = node->parent) {
+  if (data_ == nullptr) return;
+  // Around a node that has been told of in this period all have.
+  const std::uint32_t period = Document().period_;
+  const auto isTold = [&](const XmlNodeData& node) {
+    return (node.flags & XmlNodeData::kWhole) == 0 && node.changedIn == period;
+  };
+  for (XmlNodeData* node = data_; node != nullptr && !isTold(*node); node = node->parent) {
     node->flags &= static_cast<std::uint8_t>(~XmlNodeData::kWhole);
+    node->changedIn = period;
   }
+}
+
+void XmlNode::Changed() const {
+  data_->changedIn = Document().period_;
+  Parent().ContentChanged();
 }
 
 }  // namespace docx

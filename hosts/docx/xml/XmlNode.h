@@ -47,6 +47,7 @@ struct XmlNodeData {
   std::uint32_t attributesSize{0};
   XmlType type{XmlType::kNull};
   std::uint8_t flags{0};
+  std::uint32_t changedIn{0};  ///< the last period of the document's in which it, or something in it, was changed
 
   /// Puts a node that is in no tree among the children, at the end without `before`.
   void Insert(XmlNodeData& child, XmlNodeData* before);
@@ -160,6 +161,8 @@ class XmlNode {
   }
   /// The content as it is written; nothing once something in it was changed.
   std::optional<std::string_view> ContentText() const;
+  /// Whether it, or anything in it, was changed since a period of the document's began. Moving it does not count.
+  bool ChangedSince(std::uint32_t period) const { return data_ != nullptr && data_->changedIn >= period; }
   /// Whether an element of that name, of any prefix, may be within, told without making nodes of what is there.
   bool MayHold(std::string_view name) const {
     const std::optional<std::string_view> content = ContentText();
@@ -225,6 +228,8 @@ class XmlNode {
   XmlNodeData* Copied() const;
   /// What it and those around it hold is not what they were read from any more.
   void ContentChanged() const;
+  /// The same for the node as a whole.
+  void Changed() const;
   void AttributesChanged(std::string_view text) const;
 
   XmlNodeData* data_{nullptr};

@@ -72,6 +72,8 @@ class XmlPart {
   /// The part was changed and has to be written.
   bool Changed() const { return changed_; }
   void Touch() { changed_ = true; }
+  /// Begins a period of XmlNode::ChangedSince.
+  std::uint32_t BeginPeriod() const { return document_.BeginPeriod(); }
   /// The part in UTF-8.
   std::string Serialize() const { return document_.Serialize(); }
 

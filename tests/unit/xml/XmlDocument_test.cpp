@@ -148,6 +148,35 @@ TEST(XmlNode, TellsWhatAnElementMayHoldUntilItChanges) {
   EXPECT_TRUE(b.MayHold("d"));
 }
 
+TEST(XmlNode, TellsWhetherItWasChangedInAPeriod) {
+  XmlDocument document("<a><b x=\"1\"><c>text</c></b><d/></a>", "part.xml");
+  const XmlNode a = document.Root();
+  XmlNode b = a.FirstChild();
+  XmlNode c = b.FirstChild();
+  const XmlNode d = b.NextSibling();
+  const std::uint32_t first = document.BeginPeriod();
+  for (const XmlNode node : {a, b, c, d}) EXPECT_FALSE(node.ChangedSince(first));
+  c.SetOnlyText("other");
+  for (const XmlNode node : {a, b, c}) EXPECT_TRUE(node.ChangedSince(first));
+  EXPECT_FALSE(d.ChangedSince(first));
+  const std::uint32_t second = document.BeginPeriod();
+  EXPECT_TRUE(b.ChangedSince(first));
+  EXPECT_FALSE(b.ChangedSince(second));
+  b.SetAttribute("x", "2");
+  EXPECT_TRUE(a.ChangedSince(second));
+  EXPECT_TRUE(b.ChangedSince(second));
+  EXPECT_FALSE(c.ChangedSince(second));
+  const std::uint32_t third = document.BeginPeriod();
+  c.AppendChild(document.Name("e"));
+  for (const XmlNode node : {a, b, c}) EXPECT_TRUE(node.ChangedSince(third));
+  const std::uint32_t fourth = document.BeginPeriod();
+  b.RemoveChild(c);
+  for (const XmlNode node : {a, b}) EXPECT_TRUE(node.ChangedSince(fourth));
+  // What is moved is told of where it came from and where it went.
+  XmlNode(d).AppendMove(b);
+  EXPECT_TRUE(d.ChangedSince(fourth));
+}
+
 TEST(XmlNode, ChildrenGoInAtTheirPlaces) {
   XmlDocument document("<a><b/></a>", "part.xml");
   XmlNode root = document.Root();
