@@ -319,7 +319,7 @@ void DocumentLayout::FillPages(const std::vector<const std::vector<Block>*>& sec
 bool DocumentLayout::DropFloats() {
   bool changed = false;
   for (const PageFiller::Placed& line : body_.lines) {
-    if (!line.shown.floats) continue;
+    if (!line.shown.floats || line.shown.paragraph == nullptr) continue;
     const PageFiller::PageRoom& room = filler_->Pages()[static_cast<std::size_t>(line.page - 1)];
     for (const Floating& floating : line.shown.paragraph->floats) {
       using From = Floating::From;

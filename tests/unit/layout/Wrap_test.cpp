@@ -246,4 +246,10 @@ TEST(LayoutWrap, EndsWhateverStandsInTheWay) {
   EXPECT_GE(Document(blocks).Count(), 1);
 }
 
+TEST(LayoutWrap, APictureOfThePageInACellThatRunsUpTakesNoRoomAndEnds) {
+  const std::string cell = Cell(Anchor({.down = "page"}), "<w:textDirection w:val=\"btLr\"/>");
+  Document document(laid::Table(Row(cell)) + Lines("a", 1));
+  EXPECT_EQ(document.PageOf(u"a1"), 1);
+}
+
 }  // namespace
