@@ -156,21 +156,6 @@ void AppendMathText(XmlNode math, std::u16string& text) {
 
 }  // namespace
 
-std::u16string NoteNumbers::Next(bool footnote) {
-  return footnote ? FormatListNumber(footnoteFormat_, ++footnotes_) : FormatListNumber(endnoteFormat_, ++endnotes_);
-}
-
-NoteNumbers NoteNumbers::Fresh() const {
-  NoteNumbers fresh;
-  fresh.SetFormats(footnoteFormat_, endnoteFormat_);
-  return fresh;
-}
-
-void NoteNumbers::SetFormats(std::string footnotes, std::string endnotes) {
-  if (!footnotes.empty()) footnoteFormat_ = std::move(footnotes);
-  if (!endnotes.empty()) endnoteFormat_ = std::move(endnotes);
-}
-
 BlockReader::BlockReader(Formats& formats, const XmlPart& part, const Story* story, NumberCounters& counters,
                          NoteNumbers& notes)
     : formats_(formats), part_(part), counters_(counters), notes_(notes) {
@@ -195,7 +180,11 @@ void BlockReader::CloseParagraph(std::vector<Block>& into) {
 Position BlockReader::Meet(XmlNode element) {
   if (atoms_ == nullptr || atoms_->IsEnd(place_)) return 0;
   const Position at = place_.start;
-  if (atoms_->Get(place_).element == element.Data()) place_ = atoms_->Next(place_);
+  if (atoms_->Get(place_).element == element.Data()) {
+    place_ = atoms_->Next(place_);
+    ++met_;
+    lastMet_ = element.Data();
+  }
   return at;
 }
 
@@ -203,15 +192,9 @@ void BlockReader::ReadBlocks(XmlNode container, bool deleted, const TableValues*
   for (const XmlNode child : container.Children()) {
     switch (part_.TagOf(child)) {
       case Tag::kP:
-        ReadParagraph(child, deleted, cell, into);
+      case Tag::kTbl:
+        ReadBlock(child, deleted, cell, into);
         break;
-      case Tag::kTbl: {
-        std::unique_ptr<Paragraph> open = std::move(open_);
-        auto table = ReadTable(child, deleted);
-        open_ = std::move(open);
-        if (!table->rows.empty()) into.push_back({std::move(table)});
-        break;
-      }
       case Tag::kBookmarkStart:
       case Tag::kBookmarkEnd:
         Meet(child);
@@ -230,7 +213,7 @@ void BlockReader::ReadParagraph(XmlNode element, bool deleted, const TableValues
   const XmlNode markProperties = part_.Child(properties, Tag::kRPr);
   const bool goesOn = open_ != nullptr;
   if (!goesOn) {
-    open_ = std::make_unique<Paragraph>();
+    open_ = std::make_shared<Paragraph>();
     open_->start = atoms_ == nullptr ? 0 : place_.start;
   }
   open_->look = formats_.Paragraph(part_, properties, cell);
@@ -245,17 +228,23 @@ void BlockReader::ReadParagraph(XmlNode element, bool deleted, const TableValues
 
   const ParagraphLook& look = open_->look;
   if (look.list != nullptr) {
-    const NumberLevel& level = look.list->levels[static_cast<std::size_t>(look.level)];
     const std::string id =
         look.format.numberId.value_or(look.style == nullptr ? "" : look.style->paragraph.numberId.value_or(""));
-    open_->label = counters_.Next(id, *look.list, look.level);
-    open_->labelStyle = &formats_.Label(part_, markProperties, look);
-    open_->suffix = level.suffix;
-    open_->labelAlignment = level.alignment;
-    if (level.format == "none" && open_->label.empty()) open_->labelStyle = nullptr;
+    SetLabel(*open_, element, counters_.Next(id, *look.list, look.level));
+    if (memory_ != nullptr) numbers_.push_back({id, look.list, look.level, open_->label});
   }
   if (const XmlNode frame = part_.Child(properties, "framePr")) ReadFrame(frame);
   into.push_back({std::move(open_)});
+}
+
+void BlockReader::SetLabel(Paragraph& paragraph, XmlNode element, std::u16string label) {
+  const ParagraphLook& look = paragraph.look;
+  const NumberLevel& level = look.list->levels[static_cast<std::size_t>(look.level)];
+  paragraph.label = std::move(label);
+  paragraph.labelStyle = &formats_.Label(part_, part_.Child(part_.Child(element, Tag::kPPr), Tag::kRPr), look);
+  paragraph.suffix = level.suffix;
+  paragraph.labelAlignment = level.alignment;
+  if (level.format == "none" && paragraph.label.empty()) paragraph.labelStyle = nullptr;
 }
 
 void BlockReader::ReadFrame(XmlNode framePr) {
@@ -337,6 +326,7 @@ void BlockReader::FollowField(XmlNode element, bool deleted) {
   } else if (type == "end") {
     if (fields_.back().inCode) --codes_;
     fields_.pop_back();
+    fewestFields_ = std::min(fewestFields_, fields_.size());
   }
 }
 
@@ -405,6 +395,7 @@ void BlockReader::ReadContent(XmlNode element, XmlNode rPr, bool deleted) {
     case Tag::kFootnoteRef:
     case Tag::kEndnoteRef:
       AddSolid(noteMark_, position);
+      ++noteMarks_;
       break;
     case Tag::kDrawing:
     case Tag::kPict:
@@ -491,8 +482,15 @@ std::shared_ptr<TextBox> BlockReader::ReadTextBox(const Drawing& drawing) {
   return box;
 }
 
-std::unique_ptr<Table> BlockReader::ReadTable(XmlNode element, bool deleted) {
-  auto table = std::make_unique<Table>();
+void BlockReader::ReadTable(XmlNode element, bool deleted, std::vector<Block>& into) {
+  std::shared_ptr<Paragraph> open = std::move(open_);
+  std::shared_ptr<Table> table = ReadTable(element, deleted);
+  open_ = std::move(open);
+  if (!table->rows.empty()) into.push_back({std::move(table)});
+}
+
+std::shared_ptr<Table> BlockReader::ReadTable(XmlNode element, bool deleted) {
+  auto table = std::make_shared<Table>();
   if (depth_ >= kDeepest) return table;
   const XmlNode properties = part_.Child(element, "tblPr");
   const SheetStyle* style = formats_.Styles().Table(ValueOf(part_, part_.Child(properties, "tblStyle")));

@@ -2,33 +2,21 @@
 
 #include "hosts/docx/xml/XmlNode.h"
 
+#include <cstddef>
 #include <functional>
-#include <map>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "hosts/docx/layout/BlockMemory.h"
 #include "hosts/docx/layout/Content.h"
+#include "hosts/docx/layout/NoteNumbers.h"
 #include "hosts/docx/story/Story.h"
 
 namespace docx::layout {
 
 struct Drawing;
-
-/// Numbers of the notes, by the element that refers to them.
-class NoteNumbers {
- public:
-  /// @param format the w:numFmt of the notes
-  std::u16string Next(bool footnote);
-  void SetFormats(std::string footnotes, std::string endnotes);
-  /// From the first number on, in the same formats.
-  NoteNumbers Fresh() const;
-
- private:
-  int footnotes_{0};
-  int endnotes_{0};
-  std::string footnoteFormat_{"decimal"};
-  std::string endnoteFormat_{"lowerRoman"};
-};
 
 /// Reads the blocks of a part as they show in print: without field codes, hidden text and what tracked changes take
 /// away. Goes through the elements in the order in which the story does, so that everything gets its position.
@@ -44,9 +32,12 @@ class BlockReader {
   /// Who knows the part's name for the id of a picture's relationship.
   using PictureNames = std::function<std::string(const XmlPart& part, std::string_view id)>;
   void SetPictureNames(PictureNames names) { pictureNames_ = std::move(names); }
+  /// What knows the part's blocks from the last reading and gets those of this one. @param memory outlives the reader
+  void SetMemory(BlockMemory& memory);
 
  private:
   void ReadBlocks(XmlNode container, bool deleted, const TableValues* cell, std::vector<Block>& into);
+  void ReadBlock(XmlNode element, bool deleted, const TableValues* cell, std::vector<Block>& into);
   void ReadParagraph(XmlNode paragraph, bool deleted, const TableValues* cell, std::vector<Block>& into);
   /// The last paragraph of its container has no next one to go on in.
   void CloseParagraph(std::vector<Block>& into);
@@ -62,7 +53,8 @@ class BlockReader {
   /// Text all of which stands at one position.
   void AddSolid(std::u16string_view text, Position position);
   void ReadFrame(XmlNode framePr);
-  std::unique_ptr<Table> ReadTable(XmlNode table, bool deleted);
+  void ReadTable(XmlNode table, bool deleted, std::vector<Block>& into);
+  std::shared_ptr<Table> ReadTable(XmlNode table, bool deleted);
   void ReadRows(XmlNode parent, bool deleted, const SheetStyle* style, Table& table, int rows);
   void ReadCells(XmlNode parent, bool deleted, const SheetStyle* style, const std::vector<const char*>& places,
                  Table& table, Row& row, int& column);
@@ -71,6 +63,28 @@ class BlockReader {
   void FollowField(XmlNode element, bool deleted);
   PageFieldCode FieldKind() const;
   bool Shows() const { return codes_ == 0; }
+  /// Gives a paragraph its number's label.
+  void SetLabel(Paragraph& paragraph, XmlNode element, std::u16string label);
+
+  /// How the reading stood when a block began that may be known the next time.
+  struct Begun {
+    Position start{0};
+    std::size_t atoms{0};
+    std::size_t fields{0};
+    std::size_t numbers{0};
+    std::size_t noteMarks{0};
+    NoteNumbers notes;
+  };
+  Begun Begin() const;
+  /// Takes a block as it was in the last reading. @return false, and nothing has happened, where it would be another
+  /// one
+  bool Recall(XmlNode element, KnownBlock& known, const TableValues* cell, std::vector<Block>& into);
+  bool CountAgain(XmlNode element, KnownBlock& known);
+  /// Where a known block ends in the story; empty when that has other atoms than the block.
+  std::optional<AtomSequence::Place> EndOf(const KnownBlock& known) const;
+  /// Remembers the block that was read last.
+  void Keep(XmlNode element, const Begun& begun, const TableValues* cell, const Block& block, const KnownBlock* before,
+            std::unique_ptr<KnownBlock::ByElement> within);
 
   Formats& formats_;
   const XmlPart& part_;
@@ -80,9 +94,19 @@ class BlockReader {
   NoteNumbers& notes_;
   std::u16string noteMark_;
   PictureNames pictureNames_;
+  BlockMemory* memory_{nullptr};
+  // Of the memory, or of the table that is being read.
+  KnownBlock::ByElement* before_{nullptr};
+  KnownBlock::ByElement* now_{nullptr};
+  // What came by so far.
+  std::size_t met_{0};
+  const XmlNodeData* lastMet_{nullptr};
+  std::size_t noteMarks_{0};
+  std::vector<NumberUse> numbers_;
+  std::size_t fewestFields_{0};  ///< that were open since the block began
 
   /// A paragraph whose mark does not show goes on in the next one.
-  std::unique_ptr<Paragraph> open_;
+  std::shared_ptr<Paragraph> open_;
   const TextStyle* style_{nullptr};
   /// A field that was begun and not ended.
   struct OpenField {

@@ -15,6 +15,8 @@ struct BorderLine {
   float width{0};  ///< of one of its lines
   float space{0};  ///< to the text
   page::Color color{page::kBlack};
+
+  bool operator==(const BorderLine&) const = default;
 };
 
 /// The borders of a paragraph, a table or a cell. What is left open is empty; one that says that there is none has no
@@ -29,6 +31,7 @@ struct BoxBorders {
 
   /// Fills what is open.
   void Inherit(const BoxBorders& base);
+  bool operator==(const BoxBorders&) const = default;
 };
 
 /// @param borders a w:pBdr, w:tblBorders or w:tcBorders; may be empty

@@ -98,6 +98,8 @@ struct Frame {
   bool beside{false};  ///< text stands beside it
 };
 
+struct MadeLines;
+
 struct Paragraph {
   ParagraphLook look;
   std::u16string text;
@@ -120,6 +122,8 @@ struct Paragraph {
   /// A w:sectPr that ends its section behind this paragraph.
   XmlNode section;
   std::optional<Frame> frame;  ///< stands beside the text
+  /// Where its lines are kept for the next time that somebody asks for them; nullptr for nowhere.
+  std::shared_ptr<MadeLines> made;
 };
 
 struct Block;
@@ -174,14 +178,14 @@ struct Table {
 };
 
 struct Block {
-  std::variant<std::unique_ptr<Paragraph>, std::unique_ptr<Table>> content;
+  std::variant<std::shared_ptr<Paragraph>, std::shared_ptr<Table>> content;
 
   Paragraph* AsParagraph() const {
-    const auto* paragraph = std::get_if<std::unique_ptr<Paragraph>>(&content);
+    const auto* paragraph = std::get_if<std::shared_ptr<Paragraph>>(&content);
     return paragraph == nullptr ? nullptr : paragraph->get();
   }
   Table* AsTable() const {
-    const auto* table = std::get_if<std::unique_ptr<Table>>(&content);
+    const auto* table = std::get_if<std::shared_ptr<Table>>(&content);
     return table == nullptr ? nullptr : table->get();
   }
 };

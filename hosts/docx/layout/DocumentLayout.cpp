@@ -6,6 +6,7 @@
 #include <iterator>
 #include <utility>
 
+#include "hosts/docx/layout/LayoutMemory.h"
 #include "hosts/docx/pages/PageTable.h"
 #include "hosts/docx/xml/Utf.h"
 #include "platform/word/Constants.h"
@@ -14,32 +15,9 @@ namespace docx::layout {
 
 namespace {
 
-constexpr const char* kTheme = "/theme";
-constexpr const char* kNumbering = "/numbering";
-constexpr const char* kStyles = "/styles";
-constexpr const char* kFontTable = "/fontTable";
-
 /// How often pages are filled until pictures that are placed by them hold.
 constexpr int kMostPasses = 3;
 constexpr double kSame = 1;  // twips
-
-/// What a document without settings of its own is: one of Word 2007.
-constexpr int kOldestCompatibility = 12;
-
-int Compatibility(const XmlPart* settings) {
-  if (settings == nullptr) return kOldestCompatibility;
-  const XmlNode compat = settings->Child(settings->Root(), "compat");
-  for (const XmlNode setting : compat.Children(settings->Name("compatSetting"))) {
-    const std::string_view name = settings->Attribute(setting, "name").Value();
-    if (name == "compatibilityMode") return NumberOf(*settings, setting).value_or(kOldestCompatibility);
-  }
-  return kOldestCompatibility;
-}
-
-FontClass ClassOf(std::string_view family, std::string_view pitch) {
-  if (family == "modern" || (pitch == "fixed" && family != "roman")) return FontClass::kModern;
-  return family == "roman" ? FontClass::kRoman : FontClass::kSwiss;
-}
 
 /// An r:id: the one attribute of a reference that is not WordprocessingML's.
 std::string_view RelationshipId(XmlNode reference) {
@@ -52,23 +30,28 @@ std::string_view RelationshipId(XmlNode reference) {
 
 }  // namespace
 
-DocumentLayout::DocumentLayout(DocumentParts& parts, bool lastBreaks)
+DocumentLayout::DocumentLayout(DocumentParts& parts, bool lastBreaks, LayoutMemory* memory)
     : parts_(parts),
-      theme_(parts.Related(kTheme), parts.Settings()),
-      numbering_(parts.Related(kNumbering), parts.Related(kStyles), fonts_, theme_),
-      styles_(parts.Related(kStyles), numbering_, fonts_, theme_, Compatibility(parts.Settings())),
-      formats_(styles_, numbering_, fonts_, theme_),
+      memory_(memory),
+      reading_(memory == nullptr ? nullptr : memory->Begin(parts)),
+      formats_(memory == nullptr ? std::make_shared<DocumentFormats>(parts) : memory->Formats()),
       lines_(lineSettings_) {
   options_.lastBreaks = lastBreaks;
   ReadSettings();
-  DescribeFonts();
   const Story& main = parts_.Main();
   const XmlPart& part = main.Part();
-  BlockReader reader(formats_, part, &main, counters_, noteNumbers_);
+  BlockReader reader(formats_->Of(), part, &main, counters_, noteNumbers_);
   reader.SetPictureNames(PictureNames());
+  SetMemory(reader, part);
   std::vector<Block> blocks = reader.Read(part.Child(part.Root(), Tag::kBody));
   ReadSections(blocks);
   LayOut(std::move(blocks));
+  if (memory != nullptr) memory->End();
+  memory_ = nullptr;
+}
+
+void DocumentLayout::SetMemory(BlockReader& reader, const XmlPart& part) {
+  if (memory_ != nullptr) reader.SetMemory(memory_->Blocks(part));
 }
 
 BlockReader::PictureNames DocumentLayout::PictureNames() {
@@ -76,7 +59,7 @@ BlockReader::PictureNames DocumentLayout::PictureNames() {
 }
 
 void DocumentLayout::ReadSettings() {
-  lineSettings_.compatibility = Compatibility(parts_.Settings());
+  lineSettings_.compatibility = CompatibilityOf(parts_.Settings());
   if (const XmlPart* settings = parts_.Settings()) {
     const XmlNode root = settings->Root();
     lineSettings_.defaultTab = TwipsOf(*settings, settings->Child(root, "defaultTabStop"), "val").value_or(720);
@@ -99,20 +82,6 @@ void DocumentLayout::ReadSettings() {
     noteNumbers_.SetFormats(format("footnotePr"), format("endnotePr"));
   }
   lines_.Settings() = lineSettings_;
-}
-
-void DocumentLayout::DescribeFonts() {
-  const XmlPart* table = parts_.Related(kFontTable);
-  if (table == nullptr) return;
-  for (const XmlNode font : table->Root().Children(table->Name("font"))) {
-    FontLibrary::Description description;
-    description.kind =
-        ClassOf(ValueOf(*table, table->Child(font, "family")), ValueOf(*table, table->Child(font, "pitch")));
-    description.otherName = ValueOf(*table, table->Child(font, "altName"));
-    // Word knows the classification of the fonts that it has; for one that it lacked it notes what it took instead.
-    description.replaced = !description.otherName.empty() && !table->Child(font, "panose1");
-    fonts_.Describe(table->Attribute(font, "name").Value(), std::move(description));
-  }
 }
 
 void DocumentLayout::ReadSections(const std::vector<Block>& blocks) {
@@ -154,7 +123,7 @@ void DocumentLayout::MeasureHeaders(SectionGeometry& section, XmlNode sectPr, st
 std::vector<Block> DocumentLayout::ReadApart(XmlPart& part, XmlNode container) {
   NumberCounters counters;
   NoteNumbers notes;
-  BlockReader reader(formats_, part, nullptr, counters, notes);
+  BlockReader reader(formats_->Of(), part, nullptr, counters, notes);
   reader.SetPictureNames(PictureNames());
   return reader.Read(container);
 }
@@ -185,8 +154,9 @@ void DocumentLayout::MeasureFootnotes(const std::vector<Position>& sectionEnds) 
   std::unordered_map<std::string, const std::vector<Block>*> byId;
   NoteNumbers none;
   NoteNumbers numbers = noteNumbers_.Fresh();
-  BlockReader reader(formats_, part, &story, counters_, none);
+  BlockReader reader(formats_->Of(), part, &story, counters_, none);
   reader.SetPictureNames(PictureNames());
+  SetMemory(reader, part);
   for (const Note& note : NotesOf(story)) {
     reader.SetNoteMark(numbers.Next(true));
     byId[NoteId(part, note.element)] = &kept_.emplace_back(reader.Read(note.element));
@@ -225,7 +195,7 @@ void DocumentLayout::ReadEndnotes(const std::vector<Position>& sectionEnds) {
   }
   NoteNumbers none;
   NoteNumbers numbers = noteNumbers_.Fresh();
-  BlockReader reader(formats_, part, &story, counters_, none);
+  BlockReader reader(formats_->Of(), part, &story, counters_, none);
   reader.SetPictureNames(PictureNames());
   for (const Note& note : NotesOf(story)) {
     reader.SetNoteMark(numbers.Next(false));

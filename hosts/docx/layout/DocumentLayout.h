@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <memory>
 #include <string>
@@ -10,17 +11,17 @@
 #include <vector>
 
 #include "hosts/docx/layout/BlockReader.h"
+#include "hosts/docx/layout/DocumentFormats.h"
 #include "hosts/docx/layout/Flow.h"
 #include "hosts/docx/layout/PageFiller.h"
 #include "hosts/docx/layout/SectionGeometry.h"
-#include "hosts/docx/layout/TextStyle.h"
-#include "hosts/docx/layout/ThemeFonts.h"
 #include "hosts/docx/model/DocumentParts.h"
 #include "hosts/docx/pages/PageTable.h"
 #include "platform/page/Display.h"
 
 namespace docx::layout {
 
+class LayoutMemory;
 class PageDrawer;
 
 /// A whole document laid out: what stands on which page.
@@ -28,7 +29,8 @@ class DocumentLayout {
  public:
   /// Lays out at once. @param parts outlives it
   /// @param lastBreaks pages that Word began when it last laid the document out begin there, where that is still true
-  explicit DocumentLayout(DocumentParts& parts, bool lastBreaks = false);
+  /// @param memory what earlier layouts of the document know; gets what this one does. nullptr for none
+  explicit DocumentLayout(DocumentParts& parts, bool lastBreaks = false, LayoutMemory* memory = nullptr);
   DocumentLayout(const DocumentLayout&) = delete;
   DocumentLayout& operator=(const DocumentLayout&) = delete;
 
@@ -58,8 +60,9 @@ class DocumentLayout {
 
  private:
   BlockReader::PictureNames PictureNames();
+  /// Has a reader of a story remember.
+  void SetMemory(BlockReader& reader, const XmlPart& part);
   void ReadSettings();
-  void DescribeFonts();
   void ReadSections(const std::vector<Block>& blocks);
   void MeasureHeaders(SectionGeometry& section, XmlNode sectPr, std::vector<XmlNode>& inherited);
   std::vector<Block> ReadApart(XmlPart& part, XmlNode container);
@@ -84,11 +87,9 @@ class DocumentLayout {
   void DrawHeaders(int page, FlowBuilder& flows, PageDrawer& drawer) const;
 
   DocumentParts& parts_;
-  FontLibrary fonts_;
-  ThemeFonts theme_;
-  Numbering numbering_;
-  StyleSheet styles_;
-  Formats formats_;
+  LayoutMemory* memory_;  // while laying out
+  std::shared_ptr<const std::uint64_t> reading_;
+  std::shared_ptr<DocumentFormats> formats_;
   NumberCounters counters_;
   NoteNumbers noteNumbers_;
   LineSettings lineSettings_;

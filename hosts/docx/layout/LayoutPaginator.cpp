@@ -13,8 +13,8 @@ namespace {
 
 class LayoutPaginator : public PageTable {
  public:
-  LayoutPaginator(DocumentParts& parts, bool lastBreaks, bool kept) {
-    auto made = std::make_shared<DocumentLayout>(parts, lastBreaks);
+  LayoutPaginator(DocumentParts& parts, bool lastBreaks, bool kept, LayoutMemory& memory) {
+    auto made = std::make_shared<DocumentLayout>(parts, lastBreaks, &memory);
     const DocumentLayout& layout = *made;
     if (kept) layout_ = std::move(made);
     keptLastBreaks_ = layout.KeptLastBreaks();
@@ -37,8 +37,8 @@ class LayoutPaginator : public PageTable {
 
 }  // namespace
 
-std::unique_ptr<Paginator> MakeLayoutPaginator(DocumentParts& parts, bool lastBreaks, bool kept) {
-  return std::make_unique<LayoutPaginator>(parts, lastBreaks, kept);
+std::unique_ptr<Paginator> MakeLayoutPaginator(DocumentParts& parts, bool lastBreaks, bool kept, LayoutMemory& memory) {
+  return std::make_unique<LayoutPaginator>(parts, lastBreaks, kept, memory);
 }
 
 }  // namespace docx::layout

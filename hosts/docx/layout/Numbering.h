@@ -27,6 +27,8 @@ struct NumberLevel {
   CharacterValues run;
   ParagraphFormat paragraph;
   std::optional<int> startOverride;
+
+  bool operator==(const NumberLevel&) const = default;
 };
 
 /// The lists that a document defines.
@@ -36,6 +38,8 @@ class Numbering {
   struct List {
     std::string abstractId;
     std::array<NumberLevel, kLevels> levels;
+
+    bool operator==(const List&) const = default;
   };
 
   /// @param part may be nullptr @param styles the styles part, may be nullptr: styles can stand for lists
@@ -45,6 +49,7 @@ class Numbering {
   const List* Find(std::string_view id) const;
   /// The level that belongs to a paragraph style.
   static std::optional<int> LevelOf(const List& list, std::string_view style);
+  bool operator==(const Numbering&) const = default;
 
  private:
   std::map<std::string, List, std::less<>> lists_;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include "hosts/docx/layout/LineBreaks.h"
 
@@ -348,23 +349,46 @@ double LineMaker::LikelyHeight(const Paragraph& paragraph) const {
 
 void LineMaker::Make(const Paragraph& paragraph, double width, std::vector<Line>& lines, const Obstacles* around,
                      double top) {
-  MakeFrom(paragraph, 0, width, lines, around, top);
+  // Whoever lays out a frame asks what its text measures.
+  if (paragraph.made == nullptr || around != nullptr || paragraph.frame) {
+    return MakeFrom(paragraph, 0, width, lines, around, top);
+  }
+  MadeLines& made = *paragraph.made;
+  if (made.width == width && made.settings == settings_) {
+    lines.clear();
+    for (const MadeLines::One& one : made.lines) {
+      Line& line = lines.emplace_back();
+      line.height = one.height;
+      line.baseline = one.baseline;
+      line.from = one.from;
+      line.to = one.to;
+      line.behind = one.behind;
+      line.width = width;
+    }
+  } else {
+    Divide(paragraph, 0, width, lines, nullptr, top);
+    made = {width, settings_, {}};
+    made.lines.reserve(lines.size());
+    for (const Line& line : lines) made.lines.push_back({line.height, line.baseline, line.from, line.to, line.behind});
+  }
+  Anchor(paragraph, 0, lines);
 }
 
 void LineMaker::MakeFrom(const Paragraph& paragraph, std::size_t from, double width, std::vector<Line>& lines,
                          const Obstacles* around, double top) {
+  Divide(paragraph, from, width, lines, around, top);
+  Anchor(paragraph, from, lines);
+}
+
+void LineMaker::Divide(const Paragraph& paragraph, std::size_t from, double width, std::vector<Line>& lines,
+                       const Obstacles* around, double top) {
   Measure(paragraph);
   const ParagraphFormat& format = paragraph.look.format;
   const double left = *format.left;
   std::size_t part = 0;
   double likely = 0;
   lines.clear();
-  const std::size_t begin = from;
   const std::size_t size = paragraph.text.size();
-  const auto positionOf = [&](std::size_t unit) {
-    const Piece& piece = paragraph.pieces[units_[unit].piece];
-    return piece.position + static_cast<Position>(unit - piece.start);
-  };
   do {
     const bool first = from == 0 && lines.empty();
     LineRoom room{0, width};
@@ -382,7 +406,6 @@ void LineMaker::MakeFrom(const Paragraph& paragraph, std::size_t from, double wi
     line.left = room.left;
     line.width = room.width;
     line.above = room.skip;
-    line.start = first ? paragraph.start : positionOf(from);
     const bool more = to < size;
     if (to > from) {
       const PieceKind last = paragraph.pieces[units_[to - 1].piece].kind;
@@ -398,7 +421,6 @@ void LineMaker::MakeFrom(const Paragraph& paragraph, std::size_t from, double wi
         empty.left = room.left;
         empty.width = room.width;
         empty.from = empty.to = line.to;
-        empty.start = paragraph.end;
         SetHeight(paragraph, false, empty);
         lines.push_back(empty);
         break;
@@ -413,6 +435,20 @@ void LineMaker::MakeFrom(const Paragraph& paragraph, std::size_t from, double wi
     from = to;
     if (!more) break;
   } while (true);
+}
+
+void LineMaker::Anchor(const Paragraph& paragraph, std::size_t begin, std::vector<Line>& lines) {
+  const auto positionOf = [&](std::size_t unit) {
+    // Pieces without text stand before the one that has the unit.
+    const auto behind = std::ranges::upper_bound(paragraph.pieces, unit, {}, &Piece::start);
+    const Piece& piece = *std::prev(behind);
+    return piece.position + static_cast<Position>(unit - piece.start);
+  };
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    const bool first = i == 0 && begin == 0;
+    const std::size_t from = lines[i].from;
+    lines[i].start = first ? paragraph.start : from < paragraph.text.size() ? positionOf(from) : paragraph.end;
+  }
   // Word's lines need not be ours: a page that it began in a line's second half began with the next line.
   std::size_t broken = 0;
   for (const Position lastBreak : paragraph.lastBreaks) {

@@ -19,6 +19,8 @@ struct LineSettings {
   bool hangingStop{true};       ///< a hanging indent is a tab stop of its own
   char16_t decimalPoint{u'.'};  ///< what decimal tabs align
   int compatibility{15};        ///< the version of Word, as it numbers itself: 12 for 2007, 15 from 2013 on
+
+  bool operator==(const LineSettings&) const = default;
 };
 
 /// How far a line reaches, from its column's left edge.
@@ -47,6 +49,20 @@ struct Line {
   bool beside{false};  ///< the next line is at the same height
 };
 
+/// The lines of a paragraph that nothing stands in the way of, without what its place in the story makes of them.
+struct MadeLines {
+  struct One {
+    double height{0};
+    double baseline{0};
+    std::uint32_t from{0};
+    std::uint32_t to{0};
+    BreakBehind behind{BreakBehind::kNone};
+  };
+  double width{-1};  ///< of the room that they were made for; negative for none
+  LineSettings settings;
+  std::vector<One> lines;
+};
+
 /// Divides a paragraph into lines.
 class LineMaker {
  public:
@@ -57,7 +73,7 @@ class LineMaker {
   /// @param around what stands in the way; nullptr for nothing @param top of the paragraph, among them
   void Make(const Paragraph& paragraph, double width, std::vector<Line>& lines, const Obstacles* around = nullptr,
             double top = 0);
-  /// The same from a unit of its text on, which begins a line.
+  /// The same from a unit of its text on, which begins a line. What is made is not kept.
   void MakeFrom(const Paragraph& paragraph, std::size_t from, double width, std::vector<Line>& lines,
                 const Obstacles* around = nullptr, double top = 0);
 
@@ -95,6 +111,11 @@ class LineMaker {
     double descent{0};
   };
 
+  /// All but what Anchor does.
+  void Divide(const Paragraph& paragraph, std::size_t from, double width, std::vector<Line>& lines,
+              const Obstacles* around, double top);
+  /// Finds out where lines from a unit of the paragraph on stand in the story, and what hangs on that.
+  static void Anchor(const Paragraph& paragraph, std::size_t from, std::vector<Line>& lines);
   void MeasureText(const Paragraph& paragraph, const Piece& piece);
   void MeasureShaped(std::u16string_view text, const Piece& piece, Script script, std::size_t from);
   std::size_t FindEnd(const Paragraph& paragraph, std::size_t from, double start, LineReach reach, bool first);

@@ -176,7 +176,34 @@ const SheetStyle* StyleSheet::Find(std::string_view id, SheetStyle::Kind kind,
                                    const std::optional<std::size_t>& fallback) const {
   const auto found = byId_.find(id);
   if (found != byId_.end() && styles_[found->second].kind == kind) return &styles_[found->second];
-  return fallback ? &styles_[*fallback] : nullptr;
+  if (found == byId_.end() && !id.empty()) missing_.emplace(id);
+  return Default(fallback);
+}
+
+const SheetStyle* StyleSheet::Default(const std::optional<std::size_t>& index) const {
+  return index ? &styles_[*index] : nullptr;
+}
+
+bool StyleSheet::Extend(const StyleSheet& later) {
+  const auto same = [](const SheetStyle* one, const SheetStyle* other) {
+    return one == other || (one != nullptr && other != nullptr && *one == *other);
+  };
+  if (runDefaults_ != later.runDefaults_ || paragraphDefaults_ != later.paragraphDefaults_) return false;
+  for (const auto member :
+       {&StyleSheet::defaultParagraph_, &StyleSheet::defaultCharacter_, &StyleSheet::defaultTable_}) {
+    if (!same(Default(this->*member), later.Default(later.*member))) return false;
+  }
+  for (const auto& [id, index] : byId_) {
+    const auto found = later.byId_.find(id);
+    if (found == later.byId_.end() || styles_[index] != later.styles_[found->second]) return false;
+  }
+  for (const auto& [id, index] : later.byId_) {
+    if (missing_.contains(id)) return false;
+  }
+  for (const auto& [id, index] : later.byId_) {
+    if (byId_.emplace(id, styles_.size()).second) styles_.push_back(later.styles_[index]);
+  }
+  return true;
 }
 
 const SheetStyle* StyleSheet::Paragraph(std::string_view id) const {

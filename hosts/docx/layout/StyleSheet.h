@@ -1,7 +1,11 @@
 #pragma once
 
+#include <cstddef>
+#include <deque>
+#include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +23,7 @@ struct CellMargins {
   std::optional<int> right;
 
   void Inherit(const CellMargins& base);
+  bool operator==(const CellMargins&) const = default;
 };
 
 /// What a table style says of its cells, of all or of those in one place.
@@ -33,6 +38,7 @@ struct TableValues {
   std::optional<page::Color> shading;
 
   void Inherit(const TableValues& base);
+  bool operator==(const TableValues&) const = default;
 };
 
 /// A style with what it has from the styles that it is based on.
@@ -47,6 +53,8 @@ struct SheetStyle {
   std::map<std::string, TableValues, std::less<>> places;  ///< "firstRow" and so on
   int rowBand{1};
   int columnBand{1};
+
+  bool operator==(const SheetStyle&) const = default;
 };
 
 /// All of a document's styles, as far as they decide about room.
@@ -62,15 +70,22 @@ class StyleSheet {
   const SheetStyle* Character(std::string_view id) const;
   const SheetStyle* Table(std::string_view id) const;
 
+  /// Takes over the styles that a later reading of the part has in addition. What was handed out stays valid.
+  /// @return false, and nothing is taken over, when that says something else of anything that was or could have been
+  /// handed out
+  bool Extend(const StyleSheet& later);
+
   const CharacterValues& RunDefaults() const { return runDefaults_; }
   const ParagraphFormat& ParagraphDefaults() const { return paragraphDefaults_; }
 
  private:
   const SheetStyle* Find(std::string_view id, SheetStyle::Kind kind, const std::optional<std::size_t>& fallback) const;
+  const SheetStyle* Default(const std::optional<std::size_t>& index) const;
   void Resolve(const std::vector<std::string>& basedOn, const Numbering& numbering, int compatibility);
 
-  std::vector<SheetStyle> styles_;
+  std::deque<SheetStyle> styles_;
   std::map<std::string, std::size_t, std::less<>> byId_;
+  mutable std::set<std::string, std::less<>> missing_;  // that somebody has asked for
   std::optional<std::size_t> defaultParagraph_;
   std::optional<std::size_t> defaultCharacter_;
   std::optional<std::size_t> defaultTable_;

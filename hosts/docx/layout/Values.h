@@ -3,6 +3,7 @@
 #include "hosts/docx/xml/XmlNode.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -45,6 +46,7 @@ struct CharacterValues {
 
   /// Fills what is open.
   void Inherit(const CharacterValues& base);
+  bool operator==(const CharacterValues&) const = default;
 };
 
 enum class Alignment : std::uint8_t { kLeft, kCenter, kRight, kBoth };
@@ -55,6 +57,18 @@ struct TabStop {
   int position{0};  ///< twips from the text's edge, indents left out
   TabKind kind{TabKind::kLeft};
   char16_t leader{0};  ///< what fills the room before it; 0 for nothing
+
+  bool operator==(const TabStop&) const = default;
+};
+
+/// Borders that many have; equal when they look so.
+struct SharedBorders : std::shared_ptr<const BoxBorders> {
+  using std::shared_ptr<const BoxBorders>::shared_ptr;
+
+  bool operator==(std::nullptr_t) const { return get() == nullptr; }
+  bool operator==(const SharedBorders& other) const {
+    return get() == other.get() || (get() != nullptr && other.get() != nullptr && *get() == *other.get());
+  }
 };
 
 /// The same for a w:pPr. Lengths in twips.
@@ -83,12 +97,13 @@ struct ParagraphFormat {
   std::optional<int> borderTop;  ///< what the border and its distance take; 0 for none
   std::optional<int> borderBottom;
   std::optional<int> borderBetween;
-  std::optional<std::string> borders;     ///< tells paragraphs with other borders
-  std::shared_ptr<const BoxBorders> box;  ///< the same to be drawn; nullptr for none
+  std::optional<std::string> borders;  ///< tells paragraphs with other borders
+  SharedBorders box;                   ///< the same to be drawn; nullptr for none
   std::optional<page::Color> shading;
   std::vector<TabStop> tabs;  ///< in order; kClear takes one of the base away
 
   void Inherit(const ParagraphFormat& base);
+  bool operator==(const ParagraphFormat&) const = default;
 };
 
 /// @param rPr may be empty

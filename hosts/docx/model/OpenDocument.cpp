@@ -60,7 +60,7 @@ void OpenDocument::BeforeBookmark(std::string_view member) const {
 }
 
 Paginator& OpenDocument::Pages() {
-  if (!pages_) pages_ = MakePaginator(parts_, settings_.pages, settings_.pdfMaker, settings_.drawn);
+  if (!pages_) pages_ = MakePaginator(parts_, settings_.pages, settings_.pdfMaker, settings_.drawn, layoutMemory_);
   return *pages_;
 }
 

@@ -50,6 +50,7 @@ class OpenDocument {
   BookmarkIndex bookmarks_;
   RevisionMarks revisions_;
   std::unique_ptr<Anchor> selection_;
+  std::shared_ptr<layout::LayoutMemory> layoutMemory_;
   std::unique_ptr<Paginator> pages_;
   bool protected_{false};
 };

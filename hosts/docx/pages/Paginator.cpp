@@ -5,18 +5,21 @@
 
 // The layout measures with font libraries that a Windows build has not.
 #ifndef _WIN32
+#include "hosts/docx/layout/LayoutMemory.h"
 #include "hosts/docx/layout/LayoutPaginator.h"
 #endif
 
 namespace docx {
 
 std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source, PdfMaker* pdfMaker,
-                                         [[maybe_unused]] bool drawn) {
+                                         [[maybe_unused]] bool drawn,
+                                         [[maybe_unused]] std::shared_ptr<layout::LayoutMemory>& memory) {
   switch (source) {
     case PageSource::kAuto:
     case PageSource::kLayout:
 #ifndef _WIN32
-      return layout::MakeLayoutPaginator(parts, source == PageSource::kAuto, drawn);
+      if (memory == nullptr) memory = std::make_shared<layout::LayoutMemory>();
+      return layout::MakeLayoutPaginator(parts, source == PageSource::kAuto, drawn, *memory);
 #else
       break;
 #endif
@@ -26,6 +29,11 @@ std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source
       break;
   }
   return std::make_unique<FilePaginator>(parts);
+}
+
+std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source, PdfMaker* pdfMaker) {
+  std::shared_ptr<layout::LayoutMemory> memory;
+  return MakePaginator(parts, source, pdfMaker, false, memory);
 }
 
 }  // namespace docx

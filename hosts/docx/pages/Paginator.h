@@ -12,7 +12,8 @@ class DocumentParts;
 
 namespace layout {
 class DocumentLayout;
-}
+class LayoutMemory;
+}  // namespace layout
 
 /// The pages of a document as it stood when the paginator was made; any change to its text or page set-up spoils it.
 /// Pages count from 1 through the whole document, whatever number is printed on them; blank pages that an odd or even
@@ -41,9 +42,12 @@ class Paginator {
 
 /// Never nullptr. @param parts outlives the paginator @param pdfMaker needed for kPdf only
 /// @param drawn the pages will be drawn: a layout is kept
+/// @param memory of the paginators of this document; nullptr before the first one, and where there is no layout
 /// @throws PackageError when a part that the pages depend on cannot be read
 /// @throws word::HostError when there is no PDF
-std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source, PdfMaker* pdfMaker,
-                                         bool drawn = false);
+std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source, PdfMaker* pdfMaker, bool drawn,
+                                         std::shared_ptr<layout::LayoutMemory>& memory);
+/// The same for a document that is not laid out again.
+std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source, PdfMaker* pdfMaker);
 
 }  // namespace docx
