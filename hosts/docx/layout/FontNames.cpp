@@ -60,7 +60,8 @@ const Table& Known() {
     known["lucida grande"] = sans(1.09, {0.966, 0.211, 0});
     known["arial black"] = sans(1.2, {1.1, 0.31, 0});
     known["comic sans ms"] = sans(1.03, {1.102, 0.291, 0});
-    for (const char* name : {"aptos", "aptos display"}) known[name] = sans(0.966, {0.939, 0.282, 0});
+    known["aptos"] = sans(0.966, {0.939, 0.282, 0});
+    known["aptos display"] = sans(0.93, {0.939, 0.282, 0});
     known["candara"] = calibriLike(1.01, {0.952, 0.269, 0});
     known["corbel"] = calibriLike(1.02, {0.952, 0.269, 0});
     known["open sans"] = sans(1.03, {1.069, 0.293, 0});

@@ -288,20 +288,24 @@ void LineMaker::SetHeight(const Paragraph& paragraph, bool first, Line& line) co
     Include(extent, *paragraph.labelStyle,
             paragraph.label.empty() ? Script::kAscii : ScriptOf(paragraph.label.front(), *paragraph.labelStyle));
   }
-  // Word counts heights in whole twips.
-  const double text = std::round(extent.ascent + extent.descent);
-  const double own = std::round(std::max(extent.ascent, picture) + extent.descent);
-  line.height = own;
+  // Word counts heights in whole twips, and multiplies before it does.
+  const double exact = extent.ascent + extent.descent;
+  const double text = std::round(exact);
+  const double height = std::round(std::max(extent.ascent, picture) + extent.descent);
+  line.height = height;
   line.baseline = std::max(extent.ascent, picture);
   const bool grid = settings_.gridPitch > 0 && (!settings_.inCell || settings_.gridInCells);
-  if (grid && *format.snapToGrid) {
-    line.height = std::ceil(own / settings_.gridPitch - 0.01) * settings_.gridPitch;
-    line.baseline += (line.height - own) / 2;
+  const bool snaps = grid && *format.snapToGrid;
+  if (snaps) {
+    line.height = std::ceil(height / settings_.gridPitch - 0.01) * settings_.gridPitch;
+    line.baseline += (line.height - height) / 2;
   }
   if (*format.lineRule == LineRule::kAuto) {
     // Of a line with a picture only the text's share is multiplied.
+    const bool own = picture <= 0 && !snaps;
     const double multiplied = picture > 0 ? text : line.height;
-    const double more = *format.line > 0 ? multiplied * (*format.line / 240.0 - 1) : 0;
+    const double share = *format.line > 0 ? *format.line / 240.0 : 1;
+    const double more = share == 1 ? 0 : own ? exact * share - line.height : multiplied * (share - 1);
     // Room that a line is given stands below it; what is taken from it, above.
     line.baseline += std::min(0.0, more);
     line.height = std::floor(line.height + more);

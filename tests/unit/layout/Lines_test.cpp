@@ -248,6 +248,14 @@ TEST(Lines, AreWholeTwipsHigh) {
   EXPECT_DOUBLE_EQ(HeightOf(InFont("x", "Arial", 16, "<w:spacing w:line=\"276\" w:lineRule=\"auto\"/>")), 211);
 }
 
+// Calibri at eleven points has 268.5 twips: 1.15 times as much is 308.8, and 1.15 times 269 would be 309. In files of
+// Word pages hold a line more so.
+TEST(Lines, AreMultipliedBeforeTheyAreCounted) {
+  const std::string spacing = "<w:spacing w:line=\"276\" w:lineRule=\"auto\"/>";
+  EXPECT_DOUBLE_EQ(HeightOf(InFont("x", "Calibri", 22, spacing)), 308);
+  EXPECT_DOUBLE_EQ(HeightOf(InFont("x", "Calibri", 22)), 269);
+}
+
 // In files of Word 2011 and 2016 with such marks pages hold more than they could otherwise.
 TEST(Lines, GrowWithTheParagraphsMarkOnlyWhereNoTextIs) {
   const std::string mark = "<w:p><w:pPr>" + Fonts("Arial", 40) + "</w:pPr>";
