@@ -1,5 +1,6 @@
 #include "DocxDocument.h"
 
+#include "platform/word/Bookmarks.h"
 #include "platform/word/Document.h"
 #include "platform/word/Fields.h"
 #include "platform/word/Find.h"
@@ -54,6 +55,20 @@ TEST_F(IndexFieldOnDocx, ABookmarkLimitsTheEntries) {
   EXPECT_EQ(Updated(), u"Inside, 1\r");
   Open(content, "\\b Missing");
   EXPECT_EQ(Updated(), u"No index entries found.\r");
+}
+
+TEST_F(IndexFieldOnDocx, OfBookmarksThatShareAnIdTheLastBeforeTheEndMarkCounts) {
+  const std::string lost = "<w:bookmarkStart w:id=\"1\" w:name=\"Lost\"/>";
+  Open(lost + Entry("Before") + Bookmark("Part", Entry("Inside")), "\\b Part");
+  EXPECT_EQ(Updated(), u"Inside, 1\r");
+  EXPECT_FALSE(docx_->Document()->Bookmarks()->Exists(u"Lost"));
+}
+
+TEST_F(IndexFieldOnDocx, AnEndMarkDoesNotEndABookmarkOfTheSameNameThatBeganLater) {
+  const std::string later = "<w:bookmarkStart w:id=\"2\" w:name=\"Part\"/>";
+  Open(Bookmark("Part", Entry("Inside") + later) + Entry("After"), "");
+  EXPECT_EQ(Updated(), u"After, 1\rInside, 1\r");
+  EXPECT_FALSE(docx_->Document()->Bookmarks()->Exists(u"Part"));
 }
 
 TEST_F(IndexFieldOnDocx, AnEntryForABookmarkHasItsPages) {

@@ -22,7 +22,8 @@ bool BookmarkIndex::IsName(std::u16string_view name) {
 }
 
 void BookmarkIndex::Read(Story& story) {
-  std::unordered_map<std::string, std::u16string> open;
+  std::vector<const XmlNodeData*> begun;
+  std::unordered_map<std::string, const XmlNodeData*> open;  // the last of them with an id that has not ended
   const AtomSequence& atoms = story.Atoms();
   const XmlPart& part = story.Part();
   // Most stories have none, and are not walked through.
@@ -38,19 +39,23 @@ void BookmarkIndex::Read(Story& story) {
       const auto earlier = marks_.find(key);
       if (earlier != marks_.end()) keys_.erase(earlier->second.first.Data());
       keys_[atom.element] = key;
-      open[id] = key;
+      begun.push_back(atom.element);
+      open[id] = atom.element;
       marks_[key] = std::move(mark);
     } else if (const auto start = open.find(id); start != open.end()) {
-      marks_[start->second].last = atom.Node();
+      const auto key = keys_.find(start->second);
+      if (key != keys_.end()) marks_[key->second].last = atom.Node();
       open.erase(start);
     }
   }
   // A bookmark without an end is none.
-  for (const auto& [id, key] : open) {
-    const auto mark = marks_.find(key);
-    if (mark == marks_.end() || mark->second.last) continue;
-    keys_.erase(mark->second.first.Data());
+  for (const XmlNodeData* start : begun) {
+    const auto key = keys_.find(start);
+    if (key == keys_.end()) continue;
+    const auto mark = marks_.find(key->second);
+    if (mark->second.last) continue;
     marks_.erase(mark);
+    keys_.erase(key);
   }
   story.bookmarkRemoved = [this, &part](XmlNode start) {
     const int id = part.Attribute(start, "id").AsInt();
