@@ -142,9 +142,11 @@ void HighlightRecord::KeepQuotes(const word::RangePtr& story, char16_t quote) {
   }
 }
 
-std::vector<Stretch> HighlightRecord::Authors(int storyType) const {
+std::vector<Stretch> HighlightRecord::Authors(int storyType) const { return Authors(Names(), storyType); }
+
+std::vector<Stretch> HighlightRecord::Authors(const std::vector<Name>& names, int storyType) const {
   std::vector<Stretch> authors;
-  for (const Name& name : Names()) {
+  for (const Name& name : names) {
     if (name.colour == word::wdNoHighlight) continue;
     const word::RangePtr range = bookmarks_->Item(BookmarkName(name.colour, name.number))->Range();
     if (range->StoryType() == storyType) authors.push_back({range->Start(), range->End()});
@@ -170,19 +172,20 @@ void TakeHighlightOff(const word::RangePtr& range, Stretch stretch, const std::v
 }
 
 void HighlightRecord::PutBack() {
+  const std::vector<Name> names = Names();
   std::map<int, std::vector<Stretch>> authors;
-  for (const Name& name : Names()) {
+  for (const Name& name : names) {
     const word::BookmarkPtr bookmark = bookmarks_->Item(BookmarkName(name.colour, name.number));
     const word::RangePtr range = bookmark->Range();
     if (name.colour == word::wdNoHighlight) {
       const auto [ofStory, isNew] = authors.try_emplace(range->StoryType());
-      if (isNew) ofStory->second = Authors(range->StoryType());
+      if (isNew) ofStory->second = Authors(names, range->StoryType());
       TakeHighlightOff(range, {range->Start(), range->End()}, ofStory->second);
     } else {
       range->SetHighlightColorIndex(name.colour);
     }
   }
-  for (const Name& name : Names()) bookmarks_->Item(BookmarkName(name.colour, name.number))->Delete();
+  for (const Name& name : names) bookmarks_->Item(BookmarkName(name.colour, name.number))->Delete();
   if (IsLaidOn()) bookmarks_->Item(kLaidOnName)->Delete();
   isLaidOn_ = false;
   lastNumber_ = -1;

@@ -45,6 +45,7 @@ class HighlightRecord {
     int number{0};
   };
   std::vector<Name> Names() const;
+  std::vector<Stretch> Authors(const std::vector<Name>& names, int storyType) const;
 
   word::DocumentPtr document_;
   word::BookmarksPtr bookmarks_;

@@ -8,6 +8,13 @@
 
 namespace docx {
 
+namespace {
+
+/// Every name begins with "_" or a letter, and "_" sorts before all folded letters.
+bool IsHidden(std::u16string_view key) { return key < u"`"; }
+
+}  // namespace
+
 std::u16string BookmarkIndex::Key(std::u16string_view name) {
   std::u16string key(name);
   for (char16_t& unit : key) unit = static_cast<char16_t>(FoldCase(unit));
@@ -41,7 +48,7 @@ void BookmarkIndex::Read(Story& story) {
       keys_[atom.element] = key;
       begun.push_back(atom.element);
       open[id] = atom.element;
-      marks_[key] = std::move(mark);
+      Put(key, std::move(mark));
     } else if (const auto start = open.find(id); start != open.end()) {
       const auto key = keys_.find(start->second);
       if (key != keys_.end()) marks_[key->second].last = atom.Node();
@@ -54,7 +61,7 @@ void BookmarkIndex::Read(Story& story) {
     if (key == keys_.end()) continue;
     const auto mark = marks_.find(key->second);
     if (mark->second.last) continue;
-    marks_.erase(mark);
+    Erase(mark);
     keys_.erase(key);
   }
   story.bookmarkRemoved = [this, &part](XmlNode start) {
@@ -69,25 +76,33 @@ void BookmarkIndex::Read(Story& story) {
   order_.clear();
 }
 
+void BookmarkIndex::Put(const std::u16string& key, Mark mark) {
+  const auto [place, isNew] = marks_.insert_or_assign(key, std::move(mark));
+  if (isNew && IsHidden(key)) ++hidden_;
+}
+
+void BookmarkIndex::Erase(const Marks::iterator& mark) {
+  if (IsHidden(mark->first)) --hidden_;
+  marks_.erase(mark);
+}
+
 void BookmarkIndex::Forget(const std::u16string& key) {
-  if (!order_.empty() && *order_.back() == key) {
+  if (!order_.empty() && order_.back()->first == key) {
     order_.pop_back();
   } else {
     order_.clear();
   }
-  marks_.erase(key);
-}
-
-int BookmarkIndex::HiddenCount() const {
-  // Every name begins with "_" or a letter, and "_" sorts before all folded letters.
-  return static_cast<int>(std::distance(marks_.begin(), marks_.lower_bound(u"`")));
+  if (const auto mark = marks_.find(key); mark != marks_.end()) Erase(mark);
 }
 
 const BookmarkIndex::Mark& BookmarkIndex::Item(int number) const {
   if (order_.empty()) {
-    for (const auto& [key, mark] : marks_) order_.push_back(&key);
+    order_.reserve(marks_.size());
+    for (const auto& mark : marks_) order_.push_back(&mark);
+    std::sort(order_.begin(), order_.end(),
+              [](const auto* left, const auto* right) { return left->first < right->first; });
   }
-  return marks_.find(*order_[static_cast<std::size_t>(number)])->second;
+  return order_[static_cast<std::size_t>(number)]->second;
 }
 
 const BookmarkIndex::Mark* BookmarkIndex::Find(std::u16string_view name) const {
@@ -96,10 +111,8 @@ const BookmarkIndex::Mark* BookmarkIndex::Find(std::u16string_view name) const {
 }
 
 void BookmarkIndex::Remove(std::u16string_view name) {
-  const Mark* found = Find(name);
-  if (found == nullptr) return;
-  const Mark mark = *found;
-  mark.story->RemoveBookmark(mark.first, mark.last);
+  // Which takes it from here.
+  if (const Mark* mark = Find(name)) mark->story->RemoveBookmark(mark->first, mark->last);
 }
 
 void BookmarkIndex::Add(Story& story, Position start, Position end, std::u16string_view name) {
@@ -110,7 +123,7 @@ void BookmarkIndex::Add(Story& story, Position start, Position end, std::u16stri
   const Story::BookmarkElements elements = story.InsertBookmark(start, end, ToUtf8(name), id);
   const std::u16string key = Key(name);
   keys_[elements.first.Data()] = key;
-  marks_[key] = {&story, std::u16string(name), elements.first, elements.last};
+  Put(key, {&story, std::u16string(name), elements.first, elements.last});
   order_.clear();
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -32,7 +31,7 @@ class BookmarkIndex {
   /// Numbered from 0 in the order of their names, the hidden ones first. Walking from the last to the first stays cheap
   /// while each is removed.
   int Count() const { return static_cast<int>(marks_.size()); }
-  int HiddenCount() const;
+  int HiddenCount() const { return hidden_; }
   const Mark& Item(int number) const;
   void Add(Story& story, Position start, Position end, std::u16string_view name);
   void Remove(std::u16string_view name);
@@ -42,12 +41,17 @@ class BookmarkIndex {
   static bool IsName(std::u16string_view name);
 
  private:
+  using Marks = std::unordered_map<std::u16string, Mark>;
+
   static std::u16string Key(std::u16string_view name);
+  void Put(const std::u16string& key, Mark mark);
+  void Erase(const Marks::iterator& mark);
   void Forget(const std::u16string& key);
 
-  std::map<std::u16string, Mark> marks_;
+  Marks marks_;
+  int hidden_{0};  // of them
   std::unordered_map<const XmlNodeData*, std::u16string> keys_;
-  mutable std::vector<const std::u16string*> order_;  // the keys of marks_; empty while it has to be made anew
+  mutable std::vector<const Marks::value_type*> order_;  // of marks_, by the keys; empty while it has to be made anew
   // A new bookmark gets the lowest free id, so that the same steps on a document that was marked before, or never, give
   // the same ids.
   std::set<int> ids_;
