@@ -1,7 +1,7 @@
 #include "marker/FieldScan.h"
 
-#include "marker/PlainText.h"
 #include "platform/word/Constants.h"
+#include "platform/word/FindUnit.h"
 
 #include <algorithm>
 
@@ -15,8 +15,10 @@ constexpr std::size_t kOpen = static_cast<std::size_t>(-1);
 std::vector<ScannedField> ScanFields(std::u16string_view text) {
   std::vector<ScannedField> fields;
   std::vector<ScannedField> open;
-  for (std::size_t index = 0; index < text.size(); ++index) {
-    if (IsPlain(text[index])) continue;
+  // The three marks are neighbours.
+  const auto isMark = [](char16_t unit) { return unit >= word::kFieldBegin && unit <= word::kFieldEnd; };
+  for (std::size_t index = word::FindUnit(text, 0, isMark); index < text.size();
+       index = word::FindUnit(text, index + 1, isMark)) {
     switch (text[index]) {
       case word::kFieldBegin:
         open.push_back({.begin = index, .separator = kOpen, .end = kOpen});

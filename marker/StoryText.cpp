@@ -5,6 +5,7 @@
 #include "marker/PlainText.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Document.h"
+#include "platform/word/FindUnit.h"
 #include "platform/word/Format.h"
 #include "platform/word/HostError.h"
 #include "platform/word/Range.h"
@@ -95,7 +96,8 @@ std::u16string TextByPosition(const word::RangePtr& range) {
   mode->SetIncludeFieldCodes(true);
   mode->SetIncludeHiddenText(true);
   std::u16string text = reader->Text();
-  std::size_t kept = std::min(text.find(word::kCellMark), text.size());
+  std::size_t kept =
+      word::FindUnit(std::u16string_view(text), 0, [](char16_t unit) { return unit == word::kCellMark; });
   for (std::size_t index = kept; index < text.size(); ++index) {
     if (text[index] == word::kCellMark && kept > 0 && text[kept - 1] == word::kParagraphMark) --kept;
     text[kept++] = text[index];
@@ -176,12 +178,11 @@ void StoryText::Append(char16_t character, word::Position position) {
 
 void StoryText::AppendReading(std::u16string_view text, word::Position position) {
   for (std::size_t index = 0; index < text.size();) {
-    const auto rest = text.begin() + static_cast<std::ptrdiff_t>(index);
-    const auto plain = static_cast<std::size_t>(std::find_if_not(rest, text.end(), IsPlain) - rest);
-    if (plain > 0) {
+    const std::size_t plainEnd = word::FindUnit(text, index, [](char16_t unit) { return !IsPlain(unit); });
+    if (plainEnd > index) {
       Continue(position + static_cast<word::Position>(index));
-      plain_.append(text.substr(index, plain));
-      index += plain;
+      plain_.append(text.substr(index, plainEnd - index));
+      index = plainEnd;
       continue;
     }
     char16_t reading = 0;

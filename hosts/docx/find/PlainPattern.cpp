@@ -1,7 +1,7 @@
-#include <array>
 #include <cstdint>
 
 #include "hosts/docx/find/FindCodes.h"
+#include "hosts/docx/find/FirstUnits.h"
 #include "hosts/docx/find/Pattern.h"
 
 namespace docx {
@@ -52,7 +52,7 @@ class PlainPattern : public Pattern {
       elements_.push_back(element);
     }
     wholeWord_ = settings.wholeWord && !phrase;
-    for (char16_t unit = 0; unit < beginsWith_.size(); ++unit) beginsWith_[unit] = MayBeginWith(unit);
+    first_ = FirstUnits([this](char16_t unit) { return MayBeginWith(unit); });
   }
 
   std::optional<Hit> FindFirst(VisibleText& text, std::size_t from) override {
@@ -63,11 +63,7 @@ class PlainPattern : public Pattern {
       const std::u16string_view rest = text.Rest(index);
       if (rest.empty()) return std::nullopt;
       // What MatchAt reads may move the text that `rest` shows, so it is left then.
-      std::size_t skipped = 0;
-      while (skipped < rest.size() &&
-             (rest[skipped] < 128 ? !beginsWith_[rest[skipped]] : !MayBeginWith(rest[skipped]))) {
-        ++skipped;
-      }
+      const std::size_t skipped = first_.FindIn(rest, 0, [this](char16_t unit) { return MayBeginWith(unit); });
       index += skipped;
       if (skipped == rest.size()) continue;
       if (std::optional<Hit> hit = MatchAt(text, index)) return hit;
@@ -212,7 +208,7 @@ class PlainPattern : public Pattern {
   }
 
   std::vector<Element> elements_;
-  std::array<bool, 128> beginsWith_{};
+  FirstUnits first_;
   bool wholeWord_{false};
   std::size_t from_{0};
 };

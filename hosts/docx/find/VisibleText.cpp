@@ -23,6 +23,7 @@ VisibleText::VisibleText(TextSource& source, Position start, Position limit)
 bool VisibleText::Read(std::size_t index) {
   const std::size_t wanted = std::max(index + 1, text_.size() + step_);
   step_ = std::min(step_ * 2, kLastStep);
+  if (step_ == kLastStep) text_.reserve(text_.size() + static_cast<std::size_t>(limit_ - next_));
   while (text_.size() < wanted && next_ < limit_) {
     const TextSource::Stretch stretch = source_.StretchAt(next_);
     const auto skipped = static_cast<std::size_t>(next_ - stretch.start);

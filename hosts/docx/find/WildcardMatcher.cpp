@@ -1,8 +1,8 @@
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "hosts/docx/find/FindCodes.h"
+#include "hosts/docx/find/FirstUnits.h"
 #include "hosts/docx/find/Pattern.h"
 #include "hosts/docx/find/WildcardPattern.h"
 
@@ -25,7 +25,7 @@ class WildcardPatternMatcher : public Pattern {
  public:
   explicit WildcardPatternMatcher(WildcardProgram program)
       : program_(std::move(program)), stride_(1 + 2 * program_.groups), visited_(program_.code.size(), 0) {
-    for (char16_t unit = 0; unit < beginsWith_.size(); ++unit) beginsWith_[unit] = MayBeginWith(0, unit, 0);
+    first_ = FirstUnits([this](char16_t unit) { return MayBeginWith(0, unit, 0); });
     findsWords_ = FindsWords();
   }
 
@@ -105,11 +105,9 @@ class WildcardPatternMatcher : public Pattern {
     while (true) {
       const std::u16string_view rest = text.Rest(index);
       if (rest.empty()) return index;
-      for (std::size_t i = 0; i < rest.size(); ++i) {
-        const char16_t unit = rest[i];
-        if (unit < beginsWith_.size() ? beginsWith_[unit] : MayBeginWith(0, unit, 0)) return index + i;
-      }
-      index += rest.size();
+      const std::size_t skipped = first_.FindIn(rest, 0, [this](char16_t unit) { return MayBeginWith(0, unit, 0); });
+      index += skipped;
+      if (skipped < rest.size()) return index;
     }
   }
 
@@ -268,7 +266,7 @@ class WildcardPatternMatcher : public Pattern {
   std::uint64_t generation_{1};
   std::uint64_t steps_{0};
   bool findsWords_{false};
-  std::array<bool, 128> beginsWith_{};
+  FirstUnits first_;
   std::vector<std::size_t> registers_;
   Threads current_;
   Threads next_;

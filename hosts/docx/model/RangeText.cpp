@@ -5,14 +5,16 @@
 #include <utility>
 
 #include "platform/word/Constants.h"
+#include "platform/word/FindUnit.h"
 
 namespace docx {
 
 namespace {
 
 std::u16string WithCellMarks(std::u16string text) {
-  const std::size_t first = text.find(word::kCellMark);
-  if (first == std::u16string::npos) return text;
+  const std::size_t first =
+      word::FindUnit(std::u16string_view(text), 0, [](char16_t unit) { return unit == word::kCellMark; });
+  if (first == text.size()) return text;
   std::u16string result(text, 0, first);
   result.reserve(text.size());
   for (const char16_t unit : std::u16string_view(text).substr(first)) {

@@ -11,7 +11,8 @@ struct Story::InsertionPoint {
   XmlNode after;
   AtomSequence::Place before;  ///< of the atom that will follow the new ones
 
-  XmlNode Add(const XmlPart& part, const char* local) {
+  template <typename Local>
+  XmlNode Add(const XmlPart& part, const Local& local) {
     XmlNode added;
     if (after) {
       added = parent.InsertChildAfter(part.Name(local), after);

@@ -179,6 +179,7 @@ Position Story::InsertField(Position at, std::u16string_view code, const Revisio
   InsertionPoint point = PrepareInsertion(at, containers);
   if (tracked != nullptr) point = TrackInsertion(point, *tracked);
   std::vector<Atom> atoms;
+  atoms.reserve(3);
   const auto mark = [&](const char* type, AtomKind kind) {
     XmlNode element = point.Add(*part_, "r").AppendChild(part_->Name("fldChar"));
     part_->SetAttribute(element, "fldCharType", type);
@@ -199,7 +200,9 @@ Position Story::InsertField(Position at, std::u16string_view code, const Revisio
     from = tab + 1;
   }
   mark("end", AtomKind::kFieldEnd);
-  std::u16string text(1, word::kFieldBegin);
+  std::u16string text;
+  text.reserve(code.size() + 2);
+  text += word::kFieldBegin;
   text += code;
   text += word::kFieldEnd;
   atoms_.Insert(point.before, atoms, text);

@@ -12,6 +12,9 @@ namespace docx {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
+
+bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
 constexpr std::string_view kSpace = "xml:space";
 
 bool Preserves(XmlNode element) {
@@ -21,10 +24,7 @@ bool Preserves(XmlNode element) {
   return false;
 }
 
-bool HasBlankEdge(std::string_view text) {
-  return !text.empty() &&
-         (kBlanks.find(text.front()) != std::string_view::npos || kBlanks.find(text.back()) != std::string_view::npos);
-}
+bool HasBlankEdge(std::string_view text) { return !text.empty() && (IsBlank(text.front()) || IsBlank(text.back())); }
 
 bool IsText(XmlNode node) { return node.Type() == XmlType::kText || node.Type() == XmlType::kCData; }
 

@@ -1,5 +1,9 @@
 #include "hosts/docx/xml/Utf.h"
 
+#include <cstddef>
+
+#include "platform/word/FindUnit.h"
+
 namespace docx {
 
 namespace {
@@ -30,11 +34,14 @@ std::u16string ToUtf16(std::string_view utf8) {
 }
 
 void AppendUtf16(std::string_view utf8, std::u16string& utf16) {
+  const std::size_t ascii = word::FindUnit(utf8, 0, [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
+  utf16.append(utf8.begin(), utf8.begin() + static_cast<std::ptrdiff_t>(ascii));
+  if (ascii == utf8.size()) return;
   // No character takes more units than bytes.
   const std::size_t before = utf16.size();
-  utf16.resize(before + utf8.size());
+  utf16.resize(before + utf8.size() - ascii);
   char16_t* next = utf16.data() + before;
-  for (std::size_t at = 0; at < utf8.size();) {
+  for (std::size_t at = ascii; at < utf8.size();) {
     if (const auto byte = static_cast<unsigned char>(utf8[at]); byte < 0x80) {
       *next++ = byte;
       ++at;
@@ -53,10 +60,13 @@ void AppendUtf16(std::string_view utf8, std::u16string& utf16) {
 
 std::string ToUtf8(std::u16string_view utf16) {
   // No unit takes more than three bytes.
-  std::string result(3 * utf16.size(), '\0');
-  char* next = result.data();
+  const std::size_t ascii = word::FindUnit(utf16, 0, [](char16_t unit) { return unit >= 0x80; });
+  std::string result(utf16.begin(), utf16.begin() + static_cast<std::ptrdiff_t>(ascii));
+  if (ascii == utf16.size()) return result;
+  result.resize(ascii + 3 * (utf16.size() - ascii));
+  char* next = result.data() + ascii;
   const auto put = [&next](char32_t byte) { *next++ = static_cast<char>(byte); };
-  for (std::size_t at = 0; at < utf16.size(); ++at) {
+  for (std::size_t at = ascii; at < utf16.size(); ++at) {
     char32_t character = utf16[at];
     if (character >= 0xD800 && character < 0xE000) {
       const bool pair = character < 0xDC00 && at + 1 < utf16.size() && (utf16[at + 1] & 0xFC00) == 0xDC00;

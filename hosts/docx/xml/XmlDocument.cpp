@@ -104,7 +104,7 @@ const XmlName& XmlDocument::Name(std::string_view text) {
   const XmlName* name = found == byText_.end() ? nullptr : found->second;
   if (name == nullptr) {
     // Names of nodes that were read could stay where they are, but callers have theirs anywhere.
-    name = &names_.emplace_back(XmlName{.document = this, .text = Keep(text)});
+    name = &names_.emplace_back(XmlName{.document = this, .text = Keep({text})});
     byText_.emplace(name->text, name);
   }
   if (slot != nullptr) *slot = name;
@@ -126,14 +126,19 @@ XmlNodeData* XmlDocument::New(XmlType type, const XmlName& name) {
   return node;
 }
 
-std::string_view XmlDocument::Keep(std::string_view text) {
-  if (text.empty()) return {"", 0};
-  auto* const kept = static_cast<char*>(memory_.allocate(text.size(), 1));
-  std::memcpy(kept, text.data(), text.size());
-  return {kept, text.size()};
+std::string_view XmlDocument::Keep(std::initializer_list<std::string_view> pieces) {
+  std::size_t size = 0;
+  for (const std::string_view piece : pieces) size += piece.size();
+  if (size == 0) return {"", 0};
+  auto* const kept = static_cast<char*>(memory_.allocate(size, 1));
+  char* end = kept;
+  for (const std::string_view piece : pieces) end = std::copy(piece.begin(), piece.end(), end);
+  return {kept, size};
 }
 
-std::string_view XmlDocument::Decoded(std::string_view raw, bool attribute) { return Keep(Unescaped(raw, attribute)); }
+std::string_view XmlDocument::Decoded(std::string_view raw, bool attribute) {
+  return Keep({Unescaped(raw, attribute)});
+}
 
 void XmlDocument::Expand(XmlNodeData& element) {
   element.flags |= XmlNodeData::kExpanded;
@@ -151,7 +156,12 @@ namespace {
 class Writer {
  public:
   explicit Writer(std::string& text) : text_(text) {}
+  void Write(const XmlNodeData& top) {
+    WriteContent(top);
+    Flush();
+  }
 
+ private:
   void WriteContent(const XmlNodeData& top) {
     const XmlNodeData* node = top.first;
     while (node != nullptr) {
@@ -168,57 +178,83 @@ class Writer {
     }
   }
 
- private:
   /// @return whether its children are to be written, and then its end
   bool Begin(const XmlNodeData& node) {
     const std::string_view attributes(node.attributes, node.attributesSize);
     switch (node.type) {
       case XmlType::kElement:
-        text_ += "<";
-        text_ += node.name->text;
-        text_ += attributes;
         if (node.content == nullptr && node.first == nullptr) {
-          text_ += "/>";
-          return false;
-        }
-        text_ += ">";
-        if ((node.flags & XmlNodeData::kWhole) != 0) {
-          text_ += ContentOf(node);
+          Put("<", node.name->text, attributes, "/>");
+        } else if ((node.flags & XmlNodeData::kWhole) != 0) {
+          Put("<", node.name->text, attributes, ">", ContentOf(node), "</", node.name->text, ">");
         } else if (node.first != nullptr) {
+          Put("<", node.name->text, attributes, ">");
           return true;
+        } else {
+          Put("<", node.name->text, attributes, "></", node.name->text, ">");
         }
-        End(node);
         return false;
       case XmlType::kText:
-        text_ += ContentOf(node);
+        Put(ContentOf(node));
         return false;
       case XmlType::kCData:
-        PutBetween("<![CDATA[", ContentOf(node), "]]>");
+        Put("<![CDATA[", ContentOf(node), "]]>");
         return false;
       case XmlType::kComment:
-        PutBetween("<!--", ContentOf(node), "-->");
+        Put("<!--", ContentOf(node), "-->");
         return false;
       case XmlType::kDeclaration:
       case XmlType::kInstruction:
-        text_ += "<?";
-        text_ += node.name->text;
-        text_ += attributes;
-        text_ += "?>";
+        Put("<?", node.name->text, attributes, "?>");
         return false;
       default:
         return false;
     }
   }
 
-  void End(const XmlNodeData& element) { PutBetween("</", element.name->text, ">"); }
+  void End(const XmlNodeData& element) { Put("</", element.name->text, ">"); }
 
-  void PutBetween(std::string_view before, std::string_view text, std::string_view after) {
-    text_ += before;
-    text_ += text;
-    text_ += after;
+  /// @param pieces texts and literals
+  template <class... Pieces>
+  void Put(const Pieces&... pieces) {
+    const std::size_t size = (SizeOf(pieces) + ...);
+    if (size > kHeld - size_) Flush();
+    if (size > kHeld) {
+      (text_.append(pieces), ...);
+      return;
+    }
+    char* to = held_ + size_;
+    ((to = Copy(pieces, to)), ...);
+    size_ += size;
   }
 
+  static std::size_t SizeOf(std::string_view piece) { return piece.size(); }
+  static char* Copy(std::string_view piece, char* to) {
+    std::memcpy(to, piece.data(), piece.size());
+    return to + piece.size();
+  }
+  // What is known to the compiler is copied without a call.
+  template <std::size_t size>
+  static constexpr std::size_t SizeOf(const char (&)[size]) {
+    return size - 1;
+  }
+  template <std::size_t size>
+  static char* Copy(const char (&literal)[size], char* to) {
+    std::memcpy(to, literal, size - 1);
+    return to + size - 1;
+  }
+
+  void Flush() {
+    text_.append(held_, size_);
+    size_ = 0;
+  }
+
+  static constexpr std::size_t kHeld = 4096;
+
   std::string& text_;
+  // Most pieces have few letters: together they go to the text at less cost.
+  char held_[kHeld];
+  std::size_t size_{0};
 };
 
 }  // namespace
@@ -228,14 +264,14 @@ std::string XmlDocument::Serialize() const {
   constexpr std::size_t kGrowth = 3;
   std::string text;
   text.reserve(kGrowth * source_.size());
-  Writer(text).WriteContent(top_);
+  Writer(text).Write(top_);
   return text;
 }
 
 std::string_view XmlDocument::WriteContent(const XmlNodeData& element) {
   std::string text;
-  Writer(text).WriteContent(element);
-  return Keep(text);
+  Writer(text).Write(element);
+  return Keep({text});
 }
 
 }  // namespace docx

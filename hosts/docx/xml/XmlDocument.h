@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <initializer_list>
 #include <memory_resource>
 #include <string>
 #include <string_view>
@@ -59,8 +60,8 @@ class XmlDocument {
   void Expand(XmlNodeData& element);
   /// What a node with children that are nodes holds, kept.
   std::string_view WriteContent(const XmlNodeData& element);
-  /// Keeps a copy.
-  std::string_view Keep(std::string_view text);
+  /// Keeps a copy of the pieces, one behind the other.
+  std::string_view Keep(std::initializer_list<std::string_view> pieces);
   /// Resolves entities and line ends. @param attribute whether every blank counts as a space
   std::string_view Decoded(std::string_view raw, bool attribute);
 

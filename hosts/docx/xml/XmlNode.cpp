@@ -152,11 +152,17 @@ void XmlNode::SetAttribute(std::string_view name, std::string_view value) {
   const bool isThere = attribute.name == name;
   const std::string_view before =
       isThere ? old.substr(0, static_cast<std::size_t>(attribute.text.data() - old.data())) : old;
-  std::string text;
-  text.reserve(old.size() + name.size() + value.size() + 4);
-  text.append(before).append(" ").append(name).append("=\"").append(EscapedValue(value)).append("\"");
-  if (isThere) text.append(at, old.data() + old.size());
-  if (text != old) AttributesChanged(text);
+  std::string escaped;
+  if (!IsWrittenAsIsInValue(value)) value = escaped = EscapedValue(value);
+  const auto isWritten = [&](std::string_view text) {
+    return text.size() == name.size() + value.size() + 4 && text.front() == ' ' && text.ends_with('"') &&
+           text.substr(1).starts_with(name) && text.substr(name.size() + 1, 2) == "=\"" &&
+           text.substr(name.size() + 3).starts_with(value);
+  };
+  if (isThere && isWritten(attribute.text)) return;
+  const std::string_view behind =
+      isThere ? std::string_view(at, static_cast<std::size_t>(old.data() + old.size() - at)) : std::string_view();
+  AttributesChanged({before, " ", name, "=\"", value, "\"", behind});
 }
 
 void XmlNode::SetAttribute(std::string_view name, long value) { SetAttribute(name, std::to_string(value)); }
@@ -167,9 +173,8 @@ void XmlNode::RemoveAttribute(std::string_view name) {
   RawAttribute attribute;
   while (NextAttribute(at, old.data() + old.size(), attribute)) {
     if (attribute.name != name) continue;
-    std::string text(old.substr(0, static_cast<std::size_t>(attribute.text.data() - old.data())));
-    text.append(at, old.data() + old.size());
-    AttributesChanged(text);
+    const auto before = static_cast<std::size_t>(attribute.text.data() - old.data());
+    AttributesChanged({old.substr(0, before), old.substr(static_cast<std::size_t>(at - old.data()))});
     return;
   }
 }
@@ -180,8 +185,8 @@ void XmlNode::CopyAttributes(XmlNode other) {
   Changed();
 }
 
-void XmlNode::AttributesChanged(std::string_view text) const {
-  const std::string_view kept = Document().Keep(text);
+void XmlNode::AttributesChanged(std::initializer_list<std::string_view> pieces) const {
+  const std::string_view kept = Document().Keep(pieces);
   data_->attributes = kept.data();
   data_->attributesSize = static_cast<std::uint32_t>(kept.size());
   Changed();
@@ -189,12 +194,12 @@ void XmlNode::AttributesChanged(std::string_view text) const {
 
 void XmlNode::SetValue(std::string_view value) {
   if (data_->type == XmlType::kInstruction) {
-    AttributesChanged(" " + std::string(value));
+    AttributesChanged({" ", value});
     return;
   }
   data_->type = XmlType::kText;
   data_->flags &= static_cast<std::uint8_t>(~XmlNodeData::kDecoded);
-  SetContent(*data_, Document().Keep(EscapedText(value)));
+  SetContent(*data_, Document().Keep({EscapedText(value)}));
   Changed();
 }
 
@@ -210,7 +215,7 @@ void XmlNode::SetName(const XmlName& name) {
 }
 
 void XmlNode::SetOnlyText(std::string_view text) {
-  SetWhole(*data_, Document().Keep(IsWrittenAsIs(text) ? text : std::string_view(EscapedText(text))), true);
+  SetWhole(*data_, Document().Keep({IsWrittenAsIs(text) ? text : std::string_view(EscapedText(text))}), true);
   Changed();
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <iterator>
 #include <optional>
 #include <string_view>
@@ -230,7 +231,8 @@ class XmlNode {
   void ContentChanged() const;
   /// The same for the node as a whole.
   void Changed() const;
-  void AttributesChanged(std::string_view text) const;
+  /// @param pieces the new text's, one behind the other
+  void AttributesChanged(std::initializer_list<std::string_view> pieces) const;
 
   XmlNodeData* data_{nullptr};
 };

@@ -9,6 +9,8 @@ namespace docx {
 bool IsWrittenAsIs(std::string_view text);
 /// Text as it is written between tags.
 std::string EscapedText(std::string_view text);
+/// The same between double quotes.
+bool IsWrittenAsIsInValue(std::string_view text);
 /// Text as it is written between double quotes.
 std::string EscapedValue(std::string_view text);
 
