@@ -14,7 +14,7 @@ namespace word {
 template <class Unit, class Wanted>
 std::size_t FindUnit(std::basic_string_view<Unit> text, std::size_t from, Wanted wanted) {
   using Flags = std::make_unsigned_t<std::conditional_t<sizeof(Unit) == 1, char, short>>;
-  constexpr std::size_t kBlock = 32;
+  constexpr std::size_t kBlock = 16;
   for (; text.size() - from >= kBlock; from += kBlock) {
     const Unit* const block = text.data() + from;
     Flags any = 0;

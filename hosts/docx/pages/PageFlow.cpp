@@ -65,7 +65,10 @@ class ShownText {
 /// Goes through the elements in the same order as StoryBuilder, so that every atom is met at its element.
 class FlowReader {
  public:
-  explicit FlowReader(const Story& story) : part_(story.Part()), atoms_(story.Atoms()) { place_ = atoms_.Begin(); }
+  explicit FlowReader(const Story& story)
+      : part_(story.Part()), atoms_(story.Atoms()), mayHaveLastBreaks_(part_.Has(Tag::kLastRenderedPageBreak)) {
+    place_ = atoms_.Begin();
+  }
 
   void ReadBlocks(XmlNode container);
   PageFlow Take() { return std::move(flow_); }
@@ -82,14 +85,20 @@ class FlowReader {
   void ReadTable(XmlNode table);
   void ReadInlines(XmlNode parent);
   void ReadRun(XmlNode run);
+  /// The same for a paragraph of which nothing counts but its atoms.
+  void ReadAtoms();
   /// Moves on when the next atom is that element's. @return the atom; nullptr when the element has none here
   const Atom* Meet(XmlNode element);
+  /// Moves on. @return the atom before
+  const Atom& Pass();
+  void AddCharacter(const AtomSequence::Place& place);
   void FollowField(const Atom& atom);
   bool IsIndex(Position code);
   void Add(FlowKind kind, XmlNode element);
 
   const XmlPart& part_;
   const AtomSequence& atoms_;
+  const bool mayHaveLastBreaks_;
   AtomSequence::Place place_;
   PageFlow flow_;
   ShownText shown_;
@@ -112,16 +121,19 @@ void FlowReader::Add(FlowKind kind, XmlNode element) {
 
 const Atom* FlowReader::Meet(XmlNode element) {
   if (atoms_.IsEnd(place_)) return nullptr;
+  return atoms_.Get(place_).element == element.Data() ? &Pass() : nullptr;
+}
+
+const Atom& FlowReader::Pass() {
   const Atom& atom = atoms_.Get(place_);
-  if (atom.element != element.Data()) return nullptr;
   const std::uint32_t shown = shown_.Feed(atoms_, place_);
   if (shown != 0 && flow_.events[paragraph_].run == nullptr) {
-    flow_.events[paragraph_].run = element.Parent().Data();
+    flow_.events[paragraph_].run = atom.Node().Parent().Data();
   }
   text_ += shown;
   FollowField(atom);
   place_ = atoms_.Next(place_);
-  return &atom;
+  return atom;
 }
 
 bool FlowReader::IsIndex(Position code) {
@@ -190,7 +202,11 @@ void FlowReader::ReadBlocks(XmlNode container) {
 void FlowReader::ReadParagraph(XmlNode paragraph) {
   paragraph_ = flow_.events.size();
   Add(FlowKind::kParagraphStart, paragraph);
-  ReadInlines(paragraph);
+  if (mayHaveLastBreaks_) {
+    ReadInlines(paragraph);
+  } else {
+    ReadAtoms();
+  }
   const Atom* mark = Meet(paragraph);
   Add(FlowKind::kParagraphEnd, paragraph);
   if (mark == nullptr || mark->deleted || tables_ > 0) return;
@@ -259,15 +275,29 @@ void FlowReader::ReadRun(XmlNode run) {
     }
     const AtomSequence::Place place = place_;
     const Atom* atom = Meet(child);
-    if (atom == nullptr || atom->deleted) continue;
-    if (tag == Tag::kFootnoteReference || tag == Tag::kEndnoteReference) Add(FlowKind::kNote, child);
-    if (tag != Tag::kBr && tag != Tag::kCr) continue;
-    const char16_t c = atoms_.Text(place).front();
-    Add(c == word::kPageBreak     ? FlowKind::kPageBreak
-        : c == word::kColumnBreak ? FlowKind::kColumnBreak
-                                  : FlowKind::kLineBreak,
-        child);
+    if (atom != nullptr && atom->kind == AtomKind::kCharacter) AddCharacter(place);
   }
+}
+
+void FlowReader::ReadAtoms() {
+  while (!atoms_.IsEnd(place_) && atoms_.Get(place_).kind != AtomKind::kParagraphMark) {
+    const AtomSequence::Place place = place_;
+    if (Pass().kind == AtomKind::kCharacter) AddCharacter(place);
+  }
+}
+
+void FlowReader::AddCharacter(const AtomSequence::Place& place) {
+  const Atom& atom = atoms_.Get(place);
+  if (atom.deleted) return;
+  const XmlNode element = atom.Node();
+  const Tag tag = part_.TagOf(element);
+  if (tag == Tag::kFootnoteReference || tag == Tag::kEndnoteReference) Add(FlowKind::kNote, element);
+  if (tag != Tag::kBr && tag != Tag::kCr) return;
+  const char16_t c = atoms_.Text(place).front();
+  Add(c == word::kPageBreak     ? FlowKind::kPageBreak
+      : c == word::kColumnBreak ? FlowKind::kColumnBreak
+                                : FlowKind::kLineBreak,
+      element);
 }
 
 }  // namespace
