@@ -116,6 +116,25 @@ void ShownDialogs::ShowAtWork(WorkProgressForm& form, std::u16string_view task) 
   services.forms.ShowModal(form);
 }
 
+void ShownDialogs::ChangeByCode(frmKVX_COM& form) {
+  form.lstTermsInDoc.SetSelected(1, false);
+  form.lstTermsInDoc.SetListIndex(2);
+  form.lstTermsInDoc.RemoveItem(0);
+  form.chkCaseSensitive.SetValue(0);
+  form.optSearchType[0].SetEnabled(false);
+  form.cmdCancel.SetEnabled(false);
+  form.lblLabel2.SetCaption(u"Refreshing list...");
+  form.lblLabel2.SetVisible(true);
+  form.cmbCloseQuote.SetListIndex(3);
+  form.txtCols.SetText(u"4");
+  form.StatusBar1.SetSimpleText(u"Looking for terms");
+  form.SetDefaultButton(&form.cmdRefresh);
+  form.SetCaption(u"Another caption");
+  form.chkHighlight.SetToolTip(u"A tip");
+  form.chkIndexCaps.SetToolTip(u"Another tip");
+  form.chkCaseSensitive.SetToolTip(u"");
+}
+
 const std::vector<ShownDialogs::Message>& ShownDialogs::Messages() {
   static const std::vector<Message> messages = {
       {"message_information", os::Icon::kInformation, os::Buttons::kOk, u"Refresh terms list",

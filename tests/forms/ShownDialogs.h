@@ -23,6 +23,8 @@ class ShownDialogs : public ::testing::Test {
 
   frmKVXOptions& MakeOptions();
   frmKVX_COM& MakeTerms(const std::vector<std::u16string>& found = {});
+  /// Something of every kind that code changes in a form. @param form with three terms found
+  static void ChangeByCode(frmKVX_COM& form);
 
   /// Shows a form modally, works while it is there, and hides it.
   virtual void ShowFor(forms::Form& form, const std::function<void()>& work) = 0;

@@ -55,22 +55,7 @@ TEST_F(FormContract, EachFormIsShownAsItIs) {
 TEST_F(FormContract, WhatCodeChangesIsShown) {
   frmKVX_COM& form = MakeTerms({u"Buyer", u"Seller", u"Target"});
   ShowFor(form, [&] {
-    form.lstTermsInDoc.SetSelected(1, false);
-    form.lstTermsInDoc.SetListIndex(2);
-    form.lstTermsInDoc.RemoveItem(0);
-    form.chkCaseSensitive.SetValue(0);
-    form.optSearchType[0].SetEnabled(false);
-    form.cmdCancel.SetEnabled(false);
-    form.lblLabel2.SetCaption(u"Refreshing list...");
-    form.lblLabel2.SetVisible(true);
-    form.cmbCloseQuote.SetListIndex(3);
-    form.txtCols.SetText(u"4");
-    form.StatusBar1.SetSimpleText(u"Looking for terms");
-    form.SetDefaultButton(&form.cmdRefresh);
-    form.SetCaption(u"Another caption");
-    form.chkHighlight.SetToolTip(u"A tip");
-    form.chkIndexCaps.SetToolTip(u"Another tip");
-    form.chkCaseSensitive.SetToolTip(u"");
+    ChangeByCode(form);
     windows.Repaint(form);
     ExpectShownAsItIs(form);
   });
