@@ -12,6 +12,7 @@
 #include <optional>
 #include <set>
 #include <string_view>
+#include <utility>
 
 namespace marker {
 namespace {
@@ -99,36 +100,37 @@ void HighlightRecord::KeepApartFrom(const word::RangePtr& inserted) {
   bookmarks_->Add(kLaidOnName, document_->Range(inserted->End(), inserted->End()));
 }
 
-std::vector<HighlightRecord::Name> HighlightRecord::Names() const {
-  std::vector<Name> names;
+std::vector<HighlightRecord::Record> HighlightRecord::Records() const {
+  std::vector<Record> records;
   HiddenShown shown(bookmarks_);
   const int count = bookmarks_->Count();
   for (int index = 1; index <= count; ++index) {
-    const std::u16string name = bookmarks_->Item(index)->Name();
+    word::BookmarkPtr bookmark = bookmarks_->Item(index);
+    const std::u16string name = bookmark->Name();
     if (!name.starts_with(kPrefix)) continue;
     const std::u16string_view rest = std::u16string_view(name).substr(kPrefix.size());
     const std::size_t bar = rest.find(u'_');
     if (bar == std::u16string_view::npos) continue;
     const std::optional<int> colour = Number(rest.substr(0, bar));
     const std::optional<int> number = Number(rest.substr(bar + 1));
-    if (colour && number) names.push_back({*colour, *number});
+    if (colour && number) records.push_back({*colour, *number, std::move(bookmark)});
   }
   shown.End();
-  return names;
+  return records;
 }
 
 void HighlightRecord::Keep(const word::RangePtr& range, int colour) {
   if (lastNumber_ < 0) {
     lastNumber_ = 0;
-    for (const Name& name : Names()) lastNumber_ = std::max(lastNumber_, name.number);
+    for (const Record& record : Records()) lastNumber_ = std::max(lastNumber_, record.number);
   }
   bookmarks_->Add(BookmarkName(colour, ++lastNumber_), range);
 }
 
 void HighlightRecord::KeepQuotes(const word::RangePtr& story, char16_t quote) {
   std::set<word::Position> kept;
-  for (const Name& name : Names()) {
-    const word::RangePtr range = bookmarks_->Item(BookmarkName(name.colour, name.number))->Range();
+  for (const Record& record : Records()) {
+    const word::RangePtr range = record.bookmark->Range();
     if (range->StoryType() == story->StoryType()) kept.insert(range->Start());
   }
   const word::RangePtr range = story->Duplicate();
@@ -142,13 +144,13 @@ void HighlightRecord::KeepQuotes(const word::RangePtr& story, char16_t quote) {
   }
 }
 
-std::vector<Stretch> HighlightRecord::Authors(int storyType) const { return Authors(Names(), storyType); }
+std::vector<Stretch> HighlightRecord::Authors(int storyType) const { return AuthorsIn(Records(), storyType); }
 
-std::vector<Stretch> HighlightRecord::Authors(const std::vector<Name>& names, int storyType) const {
+std::vector<Stretch> HighlightRecord::AuthorsIn(const std::vector<Record>& records, int storyType) {
   std::vector<Stretch> authors;
-  for (const Name& name : names) {
-    if (name.colour == word::wdNoHighlight) continue;
-    const word::RangePtr range = bookmarks_->Item(BookmarkName(name.colour, name.number))->Range();
+  for (const Record& record : records) {
+    if (record.colour == word::wdNoHighlight) continue;
+    const word::RangePtr range = record.bookmark->Range();
     if (range->StoryType() == storyType) authors.push_back({range->Start(), range->End()});
   }
   std::sort(authors.begin(), authors.end(),
@@ -172,20 +174,21 @@ void TakeHighlightOff(const word::RangePtr& range, Stretch stretch, const std::v
 }
 
 void HighlightRecord::PutBack() {
-  const std::vector<Name> names = Names();
+  const std::vector<Record> records = Records();
+  const bool hasAuthors = std::any_of(records.begin(), records.end(),
+                                      [](const Record& record) { return record.colour != word::wdNoHighlight; });
   std::map<int, std::vector<Stretch>> authors;
-  for (const Name& name : names) {
-    const word::BookmarkPtr bookmark = bookmarks_->Item(BookmarkName(name.colour, name.number));
-    const word::RangePtr range = bookmark->Range();
-    if (name.colour == word::wdNoHighlight) {
-      const auto [ofStory, isNew] = authors.try_emplace(range->StoryType());
-      if (isNew) ofStory->second = Authors(names, range->StoryType());
-      TakeHighlightOff(range, {range->Start(), range->End()}, ofStory->second);
-    } else {
-      range->SetHighlightColorIndex(name.colour);
+  for (const Record& record : records) {
+    const word::RangePtr range = record.bookmark->Range();
+    if (!hasAuthors || record.colour != word::wdNoHighlight) {
+      range->SetHighlightColorIndex(record.colour);
+      continue;
     }
+    const auto [ofStory, isNew] = authors.try_emplace(range->StoryType());
+    if (isNew) ofStory->second = AuthorsIn(records, range->StoryType());
+    TakeHighlightOff(range, {range->Start(), range->End()}, ofStory->second);
   }
-  for (const Name& name : names) bookmarks_->Item(BookmarkName(name.colour, name.number))->Delete();
+  for (const Record& record : records) record.bookmark->Delete();
   if (IsLaidOn()) bookmarks_->Item(kLaidOnName)->Delete();
   isLaidOn_ = false;
   lastNumber_ = -1;

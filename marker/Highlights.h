@@ -40,12 +40,15 @@ class HighlightRecord {
   void PutBack();
 
  private:
-  struct Name {
+  /// One stretch's bookmark.
+  struct Record {
     int colour{0};
     int number{0};
+    word::BookmarkPtr bookmark{};
   };
-  std::vector<Name> Names() const;
-  std::vector<Stretch> Authors(const std::vector<Name>& names, int storyType) const;
+  std::vector<Record> Records() const;
+  /// Those of one story that have a highlight of the author's.
+  static std::vector<Stretch> AuthorsIn(const std::vector<Record>& records, int storyType);
 
   word::DocumentPtr document_;
   word::BookmarksPtr bookmarks_;
