@@ -43,6 +43,10 @@ void AddDictionaryBreaks(std::u16string_view text, std::vector<std::uint8_t>& br
 
 bool IsHangingBlank(char16_t c) { return c == u' ' || c == 0x3000 || c == 0x2009 || c == 0x200A; }
 
+bool IsHangingPunctuation(char16_t c) {
+  return c == 0x3001 || c == 0x3002 || c == 0xFF0C || c == 0xFF0E || c == 0xFF61 || c == 0xFF64;
+}
+
 void FindBreaks(std::u16string_view text, std::vector<std::uint8_t>& breaks) {
   breaks.assign(text.size(), 0);
   bool dictionary = false;

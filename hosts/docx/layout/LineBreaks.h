@@ -13,5 +13,7 @@ void FindBreaks(std::u16string_view text, std::vector<std::uint8_t>& breaks);
 
 /// Blanks that hang over the end of a line.
 bool IsHangingBlank(char16_t c);
+/// Whether it may stand beyond the end of a line.
+bool IsHangingPunctuation(char16_t c);
 
 }  // namespace docx::layout

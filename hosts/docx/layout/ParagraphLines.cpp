@@ -245,7 +245,9 @@ std::size_t LineMaker::FindEnd(const Paragraph& paragraph, std::size_t from, dou
         width -= taken;
       }
     }
-    if (!IsHangingBlank(text[i]) && x + width > reach.right + kSlack + (shrinks ? blanks * kShrunk : 0)) {
+    const bool hangs =
+        *paragraph.look.format.hangsPunctuation && IsHangingPunctuation(text[i]) && x <= reach.right + kSlack;
+    if (!hangs && !IsHangingBlank(text[i]) && x + width > reach.right + kSlack + (shrinks ? blanks * kShrunk : 0)) {
       if (lastBreak > from) return lastBreak;
       return std::max(i, from + 1);
     }

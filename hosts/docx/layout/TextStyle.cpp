@@ -100,6 +100,7 @@ ParagraphLook Formats::Paragraph(const XmlPart& part, XmlNode pPr, const TableVa
   Default(format.pageBreakBefore, false);
   Default(format.widowControl, true);
   Default(format.snapToGrid, true);
+  Default(format.hangsPunctuation, true);
   Default(format.rightToLeft, false);
   Default(format.borderTop, 0);
   Default(format.borderBottom, 0);

@@ -260,6 +260,7 @@ void ParagraphFormat::Inherit(const ParagraphFormat& base) {
   Fill(pageBreakBefore, base.pageBreakBefore);
   Fill(widowControl, base.widowControl);
   Fill(snapToGrid, base.snapToGrid);
+  Fill(hangsPunctuation, base.hangsPunctuation);
   Fill(rightToLeft, base.rightToLeft);
   Fill(numberId, base.numberId);
   Fill(numberLevel, base.numberLevel);
@@ -359,6 +360,8 @@ ParagraphFormat ReadParagraphFormat(const XmlPart& part, XmlNode pPr) {
       format.widowControl = OnOffOf(part, child);
     } else if (name == "snapToGrid") {
       format.snapToGrid = OnOffOf(part, child);
+    } else if (name == "overflowPunct") {
+      format.hangsPunctuation = OnOffOf(part, child);
     } else if (name == "bidi") {
       format.rightToLeft = OnOffOf(part, child);
     } else if (name == "numPr") {

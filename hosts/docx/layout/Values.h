@@ -91,6 +91,7 @@ struct ParagraphFormat {
   std::optional<bool> pageBreakBefore;
   std::optional<bool> widowControl;
   std::optional<bool> snapToGrid;
+  std::optional<bool> hangsPunctuation;  ///< commas and full stops of eastern Asia stand beyond the end of a line
   std::optional<bool> rightToLeft;
   std::optional<std::string> numberId;
   std::optional<int> numberLevel;

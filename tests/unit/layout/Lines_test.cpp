@@ -181,6 +181,19 @@ TEST(Lines, EndBehindOptionalHyphensWhichShowThereOnly) {
   EXPECT_EQ(Document(text(75)).Lines()[1].position, 2);
 }
 
+// A comma or full stop of eastern Asia does not take the letter before it along to the next line.
+TEST(Lines, LetEasternPunctuationHangOverTheirEnd) {
+  const auto lines = [](const std::string& properties) {
+    // Ten points a letter: 46 of them fit into the 468 points of the line.
+    const std::string run = "<w:rPr><w:sz w:val=\"20\"/></w:rPr>";
+    Document document("<w:p><w:pPr>" + properties + "</w:pPr><w:r>" + run +
+                      Text(Repeated("\u4E00", 46) + "\u3002" + Repeated("\u4E00", 10)) + "</w:r></w:p>");
+    return document.Lines();
+  };
+  EXPECT_EQ(lines("").at(1).position, 47);
+  EXPECT_EQ(lines("<w:overflowPunct w:val=\"0\"/>").at(1).position, 45);
+}
+
 // Pairs as in "AV" move together from the size on that the document states.
 TEST(Lines, KernPairsFromTheSizeThatTheyState) {
   const auto width = [](const std::string& kerning) {
