@@ -8,6 +8,8 @@
 #include <new>
 #include <utility>
 
+#include "hosts/docx/package/Package.h"
+
 namespace docx {
 
 namespace {
@@ -52,12 +54,22 @@ Deflated::Packed Deflated::Pack(std::string text) {
   const std::size_t bound = libdeflate_deflate_compress_bound(compressor.get(), text.size());
   const auto room = std::make_unique_for_overwrite<std::byte[]>(bound);
   const std::size_t size = libdeflate_deflate_compress(compressor.get(), text.data(), text.size(), room.get(), bound);
-  return {.bytes = std::vector<std::byte>(room.get(), room.get() + size), .checksum = docx::Checksum(text)};
+  const std::uint32_t checksum = docx::Checksum(text);
+  if (text.size() > kRatioFreeSize && text.size() / kMaxRatio > size) {
+    const auto bytes = std::as_bytes(std::span(text));
+    return {.bytes = {bytes.begin(), bytes.end()}, .checksum = checksum, .method = ZIP_CM_STORE};
+  }
+  return {.bytes = {room.get(), room.get() + size}, .checksum = checksum};
 }
 
 std::string Deflated::Content() const {
+  const Packed& packed = packed_.get();
   std::string text(size_, '\0');
-  Unpack(packed_.get().bytes, text);
+  if (packed.method == ZIP_CM_STORE) {
+    std::memcpy(text.data(), packed.bytes.data(), text.size());
+  } else {
+    Unpack(packed.bytes, text);
+  }
   return text;
 }
 
@@ -70,7 +82,7 @@ zip_source_t* Deflated::MakeSource(zip_t* archive, std::time_t modified) const {
   stat.size = size_;
   stat.comp_size = packed.bytes.size();
   stat.crc = packed.checksum;
-  stat.comp_method = ZIP_CM_DEFLATE;
+  stat.comp_method = packed.method;
   stat.encryption_method = ZIP_EM_NONE;
   stat.mtime = modified;
   stat.valid = ZIP_STAT_SIZE | ZIP_STAT_COMP_SIZE | ZIP_STAT_CRC | ZIP_STAT_COMP_METHOD | ZIP_STAT_ENCRYPTION_METHOD |

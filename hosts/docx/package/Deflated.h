@@ -23,14 +23,17 @@ class Deflated {
   std::string Content() const;
 
   /// For one zip_file_add or zip_file_replace, which takes it over when it succeeds; the object outlives the archive.
-  /// The entry's method must be ZIP_CM_DEFLATE.
   /// @param modified the time that the archive states for the part
   zip_source_t* MakeSource(zip_t* archive, std::time_t modified) const;
+  /// The method that the entry must be given: of a text that would pack so well that it would be taken for a bomb, that
+  /// it is stored as it is.
+  zip_uint16_t Method() const { return packed_.get().method; }
 
  private:
   struct Packed {
     std::vector<std::byte> bytes;
     std::uint32_t checksum{0};  ///< of the text
+    zip_uint16_t method{ZIP_CM_DEFLATE};
   };
   struct Reader;
 

@@ -403,7 +403,7 @@ void Package::Write(const Sink& sink) const {
     if (added < 0) zip_source_free(content);
     check(added >= 0);
     const zip_uint64_t index = entry.archived.value_or(static_cast<zip_uint64_t>(added));
-    check(zip_set_file_compression(zip.get(), index, ZIP_CM_DEFLATE, 0) == 0);
+    check(zip_set_file_compression(zip.get(), index, entry.content->Method(), 0) == 0);
     check(zip_file_set_mtime(zip.get(), index, entry.modified, 0) == 0);
   }
   check(zip_close(zip.get()) == 0);

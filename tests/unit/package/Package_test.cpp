@@ -145,6 +145,16 @@ TEST(Package, HoldsLargePartsWhole) {
   EXPECT_EQ(docx::Package::Open(Written(*package))->Read("word/styles.xml"), large);
 }
 
+TEST(Package, StoresAPartThatWouldPackSoWellThatItWouldBeTakenForABomb) {
+  const auto package = docx::Package::Open(Sample().Bytes());
+  const std::string large(docx::kRatioFreeSize + 1, 'x');
+  package->Replace("word/styles.xml", large);
+  EXPECT_EQ(package->Read("word/styles.xml"), large);
+  const std::vector<std::byte> written = Written(*package);
+  EXPECT_GT(written.size(), large.size());
+  EXPECT_EQ(docx::Package::Open(written)->Read("word/styles.xml"), large);
+}
+
 TEST(Package, RefusesToWriteAPartThatItWouldNotRead) {
   const auto package = docx::Package::Open(Sample().Bytes());
   const std::string large(docx::kMaxPartSize + 1, 'x');
