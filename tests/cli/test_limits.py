@@ -42,6 +42,11 @@ class Limits(program.Case):
         (self.folder / "large.docx").write_bytes(package(body("<w:sdt>" * 4001 + "</w:sdt>" * 4001)))
         self.refused("is damaged or not accepted: word/document.xml is nested too deeply")
 
+    def test_more_than_100_000_attributes_in_an_element(self):
+        attributes = " ".join(f'a{number}=""' for number in range(100_001))
+        (self.folder / "large.docx").write_bytes(package(body(f"<w:p {attributes}/>")))
+        self.refused("is damaged or not accepted: word/document.xml has too many attributes in one element")
+
     def test_20_000_terms_are_none_too_many(self):
         paragraphs = "".join(f"<w:p><w:r><w:t>“Term {number}x” means {number}; Term {number}x.</w:t></w:r></w:p>"
                              for number in range(20_000))
