@@ -27,6 +27,8 @@ if(KVX_TESTS)
   target_link_libraries(PkgConfig::pugixml INTERFACE ${cross}/lib/libpugixml.a)
   add_subdirectory(hosts/docx)
   add_subdirectory(hosts/menus)
+  # Not those of Windows alone: no other build would miss an include there.
+  precompile_library_headers(kvxmarker kvxdocx)
   enable_testing()
   add_subdirectory(tests/windows)
 endif()
