@@ -25,7 +25,7 @@ void BlockReader::ReadBlock(XmlNode element, bool deleted, const TableValues* ce
   const bool isTable = part_.Is(element, Tag::kTbl);
   const auto read = [&] { isTable ? ReadTable(element, deleted, into) : ReadParagraph(element, deleted, cell, into); };
   // What a block turns into can be known where nothing from before goes on in it.
-  const bool alone = !deleted && Shows() && FieldKind() == PageField::kNone && (isTable || open_ == nullptr);
+  const bool alone = !deleted && Shows() && FieldKind().field == PageField::kNone && (isTable || open_ == nullptr);
   if (memory_ == nullptr || !alone) return read();
   KnownBlock::ByElement::node_type known = before_->extract(element.Data());
   KnownBlock* const before = known.empty() ? nullptr : &known.mapped();

@@ -197,6 +197,7 @@ void DocumentLayout::ReadEndnotes(const std::vector<Position>& sectionEnds) {
   NoteNumbers numbers = noteNumbers_.Fresh();
   BlockReader reader(formats_->Of(), part, &story, counters_, none);
   reader.SetPictureNames(PictureNames());
+  SetMemory(reader, part);
   for (const Note& note : NotesOf(story)) {
     reader.SetNoteMark(numbers.Next(false));
     const auto section = sectionOf.find(NoteId(part, note.element));

@@ -324,6 +324,8 @@ double LineMaker::Width(const Paragraph& paragraph, std::size_t from, std::size_
 }
 
 LineMaker::Widths LineMaker::WidthsOf(const Paragraph& paragraph) {
+  MadeLines* made = paragraph.made.get();
+  if (made != nullptr && made->measured && made->measured->settings == settings_) return made->measured->widths;
   Measure(paragraph);
   const ParagraphFormat& format = paragraph.look.format;
   const double sides = *format.left + *format.right;
@@ -343,6 +345,7 @@ LineMaker::Widths LineMaker::WidthsOf(const Paragraph& paragraph) {
     widths.most = std::max(widths.most, line - hanging + sides);
     if (breaks_[i] != 0) part = 0;
   }
+  if (made != nullptr) made->measured = {settings_, widths};
   return widths;
 }
 
@@ -373,7 +376,9 @@ void LineMaker::Make(const Paragraph& paragraph, double width, std::vector<Line>
     }
   } else {
     Divide(paragraph, 0, width, lines, nullptr, top);
-    made = {width, settings_, {}};
+    made.width = width;
+    made.settings = settings_;
+    made.lines.clear();
     made.lines.reserve(lines.size());
     for (const Line& line : lines) made.lines.push_back({line.height, line.baseline, line.from, line.to, line.behind});
   }

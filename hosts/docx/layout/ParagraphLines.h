@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "hosts/docx/layout/Content.h"
@@ -49,6 +50,12 @@ struct Line {
   bool beside{false};  ///< the next line is at the same height
 };
 
+/// How wide paragraphs can be.
+struct LineWidths {
+  double least{0};  ///< with a line behind each possible end
+  double most{0};   ///< with lines behind breaks only
+};
+
 /// The lines of a paragraph that nothing stands in the way of, without what its place in the story makes of them.
 struct MadeLines {
   struct One {
@@ -61,6 +68,11 @@ struct MadeLines {
   double width{-1};  ///< of the room that they were made for; negative for none
   LineSettings settings;
   std::vector<One> lines;
+  struct Measured {
+    LineSettings settings;
+    LineWidths widths;
+  };
+  std::optional<Measured> measured;
 };
 
 /// Divides a paragraph into lines.
@@ -77,11 +89,7 @@ class LineMaker {
   void MakeFrom(const Paragraph& paragraph, std::size_t from, double width, std::vector<Line>& lines,
                 const Obstacles* around = nullptr, double top = 0);
 
-  /// How wide paragraphs can be.
-  struct Widths {
-    double least{0};  ///< with a line behind each possible end
-    double most{0};   ///< with lines behind breaks only
-  };
+  using Widths = LineWidths;
   Widths WidthsOf(const Paragraph& paragraph);
   /// What units of the paragraph that was made last take side by side.
   double Width(const Paragraph& paragraph, std::size_t from, std::size_t to) const;
