@@ -11,7 +11,6 @@ import json
 import os
 import pathlib
 import shutil
-import signal
 import statistics
 import subprocess
 import sys
@@ -90,7 +89,7 @@ def interrupted(program, folder, source, count):
         if process.poll() is not None:
             sys.exit("the run was over before it could be interrupted")
         time.sleep(0.02)
-    process.send_signal(signal.SIGINT)
+    process.terminate()
     process.wait()
     done = len(list((folder / "out").glob("*.docx")))
     seconds, _ = together([once])
