@@ -5,10 +5,12 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <csignal>
+#include <chrono>
 #include <cstring>
 #include <fstream>
+#include <string>
 #include <system_error>
+#include <thread>
 
 #include "apps/kelvarin/Messages.h"
 #include "apps/kelvarin/PrivateFolder.h"
@@ -60,6 +62,24 @@ std::string TextOf(const Json& record, const char* member) {
 int NumberOf(const Json& record, const char* member) {
   const auto found = record.is_object() ? record.find(member) : record.end();
   return found != record.end() && found->is_number_integer() ? found->get<int>() : 0;
+}
+
+/// One that has ended and that nobody has taken notice of runs no more.
+bool Runs(pid_t process) {
+  std::ifstream status("/proc/" + std::to_string(process) + "/stat");
+  std::string line;
+  std::getline(status, line);
+  const std::size_t name = line.rfind(") ");
+  const char state = name == std::string::npos || name + 2 >= line.size() ? 'X' : line[name + 2];
+  return state != 'Z' && state != 'X';
+}
+
+/// Whether a process is gone or soon will be: those of a run that was killed are killed with it, each in its time.
+bool Ends(pid_t process) {
+  constexpr int kTries = 100;
+  constexpr auto kPause = std::chrono::milliseconds(10);
+  for (int i = 0; i < kTries && Runs(process); ++i) std::this_thread::sleep_for(kPause);
+  return !Runs(process);
 }
 
 }  // namespace
@@ -174,7 +194,7 @@ void Journal::SweepAfter(const Input& input, const fs::path& target) const {
   const auto found = entries_.find(KeyOf(input.file));
   if (found == entries_.end() || found->second.process == 0 || target.empty()) return;
   // The number may be another program's by now; its own temporary file would have another name only by chance.
-  if (kill(found->second.process, 0) != 0 && errno == ESRCH) os::SweepTemporaries(target, found->second.process);
+  if (Ends(found->second.process)) os::SweepTemporaries(target, found->second.process);
 }
 
 void Journal::Remove() {

@@ -1,3 +1,4 @@
+import ctypes
 import json
 import os
 import pty
@@ -200,6 +201,26 @@ class Resuming(Bulk):
                 report["output"] = report["output"].replace("out/", "whole/")
             self.assertEqual(reports, self.lines(whole.out))
             subprocess.run(["rm", "-r", "out", "report.jsonl"], cwd=self.folder, check=True)
+
+    def test_what_a_killed_process_left_is_swept_though_nobody_asked_how_it_ended(self):
+        """Processes that lose theirs become those of the test, which takes no notice of them."""
+        become_parent = 36
+        self.assertEqual(ctypes.CDLL(None).prctl(become_parent, 1, 0, 0, 0), 0)
+        self.addCleanup(ctypes.CDLL(None).prctl, become_parent, 0, 0, 0, 0)
+        self.store(self.COUNT)
+        command = ("index", "store", "--out-dir", "out", "--jobs", "2", "--journal", "done.jsonl")
+        self.assertEqual(self.interrupt(command, signal.SIGKILL, 2), -signal.SIGKILL)
+        begun = {}
+        for line in (self.folder / "done.jsonl").read_text().splitlines(keepends=True):
+            record = json.loads(line) if line.endswith("\n") else {}
+            if "begun" in record:
+                begun[record["begun"]] = record["process"]
+            begun.pop(record.get("done"), None)
+        self.assertGreaterEqual(len(begun), 1)
+        for file, process in begun.items():
+            (self.folder / "out" / file.split("/")[-2] / f".kvx-{process}-99.tmp").write_bytes(b"left")
+        self.check(*command)
+        self.assertEqual(list((self.folder / "out").rglob(".kvx-*")), [])
 
     def test_a_run_in_place_goes_on_with_a_journal(self):
         self.store(self.COUNT)
