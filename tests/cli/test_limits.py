@@ -42,6 +42,16 @@ class Limits(program.Case):
         (self.folder / "large.docx").write_bytes(package(body("<w:sdt>" * 4001 + "</w:sdt>" * 4001)))
         self.refused("is damaged or not accepted: word/document.xml is nested too deeply")
 
+    def test_more_than_1_000_fields_in_one_another(self):
+        def nested(depth):
+            mark = "<w:r><w:fldChar w:fldCharType=\"{}\"/></w:r>"
+            return package(body("<w:p>" + (mark.format("begin") + mark.format("separate")) * depth
+                                + "<w:r><w:t>“Buyer” is the Buyer</w:t></w:r>" + mark.format("end") * depth + "</w:p>"))
+        (self.folder / "large.docx").write_bytes(nested(1001))
+        self.refused("is damaged or not accepted: word/document.xml has too many fields in one another")
+        (self.folder / "large.docx").write_bytes(nested(1000))
+        self.check("inspect", "large.docx")
+
     def test_more_than_100_000_attributes_in_an_element(self):
         attributes = " ".join(f'a{number}=""' for number in range(100_001))
         (self.folder / "large.docx").write_bytes(package(body(f"<w:p {attributes}/>")))

@@ -29,7 +29,9 @@ std::optional<Stretch> StretchAt(const Obstacle& obstacle, double top, double bo
   };
   OutlinePoint before = obstacle.outline.back();
   for (const OutlinePoint& point : obstacle.outline) {
-    const auto& [upper, lower] = std::minmax(before, point, [](const auto& a, const auto& b) { return a.y < b.y; });
+    const bool falls = before.y < point.y;
+    const OutlinePoint& upper = falls ? before : point;
+    const OutlinePoint& lower = falls ? point : before;
     if (lower.y > top && upper.y < bottom) {
       const double height = lower.y - upper.y;
       const auto at = [&](double y) {

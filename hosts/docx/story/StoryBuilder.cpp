@@ -1,9 +1,11 @@
 #include "hosts/docx/story/StoryBuilder.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "hosts/docx/package/Package.h"
 #include "hosts/docx/story/ApartMark.h"
 #include "hosts/docx/story/TextElement.h"
 #include "hosts/docx/xml/Utf.h"
@@ -157,12 +159,21 @@ StoryBuilder::Piece StoryBuilder::ReadRunContent(const XmlPart& part, XmlNode el
 }
 
 void StoryBuilder::Add(XmlNode element, AtomKind kind, std::u16string_view text, bool deleted) {
+  CountField(kind);
   const Atom atom{element.Data(), static_cast<std::uint32_t>(text.size()), kind, deleted};
   const AtomSequence::Place place = atoms_.Append(atom, text);
   hasRevisions_ = hasRevisions_ || deleted;
   if (text.empty()) return;
   lastIsMark_ = kind == AtomKind::kParagraphMark;
   if (lastIsMark_) lastMark_ = place;
+}
+
+void StoryBuilder::CountField(AtomKind kind) {
+  if (kind == AtomKind::kFieldBegin || kind == AtomKind::kSimpleBegin) {
+    if (++openFields_ <= kMaxFieldDepth) return;
+    throw PackageError("is damaged or not accepted: " + part_.PartName() + " has too many fields in one another");
+  }
+  if (kind == AtomKind::kFieldEnd || kind == AtomKind::kSimpleEnd) openFields_ = std::max(openFields_ - 1, 0);
 }
 
 void StoryBuilder::AddWrapped(XmlNode element, Within within, bool deleted, void (StoryBuilder::*add)(XmlNode, bool)) {

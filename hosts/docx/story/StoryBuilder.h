@@ -13,7 +13,10 @@ namespace docx {
 /// What a stretch of XML holds: paragraphs and tables, rows and cells, or runs.
 enum class Within { kBlocks, kRows, kText };
 
-/// Reads blocks of XML into the atoms of a story.
+/// How many fields may be open at a place; beyond it the document is refused. Word itself comes to a few dozen.
+inline constexpr int kMaxFieldDepth = 1000;
+
+/// Reads blocks of XML into the atoms of a story. A story that is beyond the limits is a PackageError.
 class StoryBuilder {
  public:
   /// @param apart gets the marks that keep equal runs apart
@@ -43,6 +46,7 @@ class StoryBuilder {
   void AddWrapped(XmlNode element, Within within, bool deleted, void (StoryBuilder::*add)(XmlNode, bool));
   void AddRun(XmlNode run, bool deleted);
   void Add(XmlNode element, AtomKind kind, std::u16string_view text, bool deleted);
+  void CountField(AtomKind kind);
 
   const XmlPart& part_;
   AtomSequence& atoms_;
@@ -54,6 +58,7 @@ class StoryBuilder {
   AtomSequence::Place lastMark_;
   bool lastIsMark_{false};
   bool hasRevisions_{false};
+  int openFields_{0};
 };
 
 /// The branch of mc:AlternateContent that a reader of today takes; empty when there is none.
