@@ -17,10 +17,11 @@ bool IsIgnored(char16_t unit) {
   return kIgnored.find(unit) != std::u16string_view::npos;
 }
 
+/// @return empty, as LOCALE_NAME_INVARIANT is, for no language and for one that Windows does not know
 std::wstring LocaleOf(std::optional<int> language) {
   std::array<wchar_t, LOCALE_NAME_MAX_LENGTH> name{};
   if (!language || LCIDToLocaleName(static_cast<LCID>(*language), name.data(), static_cast<int>(name.size()), 0) == 0) {
-    return LOCALE_NAME_INVARIANT;
+    return {};
   }
   return name.data();
 }

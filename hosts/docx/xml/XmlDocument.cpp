@@ -229,10 +229,7 @@ class Writer {
   }
 
   static std::size_t SizeOf(std::string_view piece) { return piece.size(); }
-  static char* Copy(std::string_view piece, char* to) {
-    std::memcpy(to, piece.data(), piece.size());
-    return to + piece.size();
-  }
+  static char* Copy(std::string_view piece, char* to) { return to + piece.copy(to, piece.size()); }
   // What is known to the compiler is copied without a call.
   template <std::size_t size>
   static constexpr std::size_t SizeOf(const char (&)[size]) {
