@@ -4,11 +4,12 @@
 
 namespace docx::layout {
 
-/// Numbers of the notes, by the element that refers to them.
+/// Counts the notes of a document, as their references show.
 class NoteNumbers {
  public:
-  /// @param format the w:numFmt of the notes
+  /// @param footnote false for an endnote
   std::u16string Next(bool footnote);
+  /// @param footnotes the w:numFmt of footnotes @param endnotes that of endnotes
   void SetFormats(std::string footnotes, std::string endnotes);
   /// From the first number on, in the same formats.
   NoteNumbers Fresh() const;
