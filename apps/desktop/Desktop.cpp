@@ -113,7 +113,7 @@ void Desktop::Open(const std::string& path) {
   Remember(absolute.string());
 }
 
-void Desktop::ReadPages() { pages_ = std::make_unique<StoryPages>(processor_); }
+void Desktop::ReadPages() { pages_ = std::make_unique<DocumentPages>(processor_); }
 
 std::string Desktop::Path() const { return file_ ? file_->Path().string() : std::string(); }
 

@@ -6,7 +6,7 @@
 
 #include "addin/Connect.h"
 #include "apps/desktop/DesktopDocument.h"
-#include "apps/desktop/StoryPages.h"
+#include "apps/desktop/DocumentPages.h"
 #include "hosts/docx/WordProcessor.h"
 #include "hosts/linux/IcuCharacters.h"
 #include "hosts/linux/LinuxDesktop.h"
@@ -58,7 +58,7 @@ class Desktop : public qt::DesktopProgram {
   std::unique_ptr<DesktopDocument> file_;
   docx::WordProcessor processor_;
   menus::MenuBars menus_;
-  std::unique_ptr<StoryPages> pages_;
+  std::unique_ptr<DocumentPages> pages_;
   bool modified_{false};
   Host host_;
   Connect addIn_;

@@ -202,6 +202,26 @@ TEST_F(DesktopTest, AWholeRunByKeysAndMouseLeavesAnIndexThatLeadsToItsPlaces) {
   EXPECT_TRUE(Highlighted());
 }
 
+TEST_F(DesktopTest, CapitalisedWordsAreFoundPageByPage) {
+  Open();
+  person_.Expect([](QWidget& window) {
+    EXPECT_EQ(window.objectName().toStdString(), "frmKVXOptions");
+    Person::Click(window, "optSearchType(1)");
+    Person::Press(window, Qt::Key_Return);
+  });
+  person_.Expect([](QWidget& window) {
+    EXPECT_EQ(window.windowTitle().toStdString(), "Save document");
+    Person::Press(window, Qt::Key_Return);
+  });
+  person_.Expect([this](QWidget& window) {
+    EXPECT_EQ(window.objectName().toStdString(), "frmKVX_COM");
+    termsFound_ = Person::At<QListView>(window, "lstTermsInDoc").model()->rowCount();
+    Person::Press(window, Qt::Key_Escape);
+  });
+  Choose("&Find and index");
+  EXPECT_GT(termsFound_, 30);
+}
+
 TEST_F(DesktopTest, TheToolsMenuHasTheFourCommandsOfTheAddInAndNothingElse) {
   QMenu* tools = window_->findChild<QMenu*>("tools");
   ASSERT_EQ(tools->actions().size(), 1);

@@ -1,4 +1,4 @@
-#include "apps/desktop/StoryPages.h"
+#include "apps/desktop/DocumentPages.h"
 
 #include <algorithm>
 
@@ -71,16 +71,16 @@ std::vector<word::Position> RowEnds(const docx::Story& story, word::Position sta
 
 }  // namespace
 
-StoryPages::StoryPages(docx::WordProcessor& processor) : processor_(processor) {
+DocumentPages::DocumentPages(docx::WordProcessor& processor) : processor_(processor) {
   docx::OpenDocument& document = *processor_.Document();
   layout_ = document.Pages().Layout();
   if (layout_ == nullptr) layout_ = std::make_shared<docx::layout::DocumentLayout>(document.Parts());
   ReadIndex();
 }
 
-StoryPages::~StoryPages() = default;
+DocumentPages::~DocumentPages() = default;
 
-void StoryPages::ReadIndex() {
+void DocumentPages::ReadIndex() {
   const word::DocumentPtr document = processor_.Application()->ActiveDocument();
   if (!document->Bookmarks()->Exists(kIndexName)) return;
   const word::RangePtr index = document->Bookmarks()->Item(kIndexName)->Range();
@@ -101,38 +101,40 @@ void StoryPages::ReadIndex() {
   }
 }
 
-int StoryPages::PageCount() const { return layout_->PageCount(); }
+int DocumentPages::PageCount() const { return layout_->PageCount(); }
 
-std::u16string StoryPages::LabelOf(int page) const { return processor_.PageLabel(page); }
+std::u16string DocumentPages::LabelOf(int page) const { return processor_.PageLabel(page); }
 
-std::string StoryPages::PagesFrom() const {
+std::string DocumentPages::PagesFrom() const {
   const std::string from = processor_.PagesFrom();
   return from.starts_with("layout") ? "the program's own " + from : from;
 }
 
-int StoryPages::PageOf(const qt::Place& place) const { return layout_->PageShowing(place.story, place.position); }
+int DocumentPages::PageOf(const qt::Place& place) const { return layout_->PageShowing(place.story, place.position); }
 
-qt::Paper StoryPages::PaperOf(int page) const { return {layout_->PaperWidth(page), layout_->PaperHeight(page)}; }
+qt::Paper DocumentPages::PaperOf(int page) const { return {layout_->PaperWidth(page), layout_->PaperHeight(page)}; }
 
-page::Display StoryPages::DrawingOf(int page) const { return layout_->Draw(page); }
+page::Display DocumentPages::DrawingOf(int page) const { return layout_->Draw(page); }
 
-std::string StoryPages::PictureOf(const std::string& name) const { return processor_.Document()->Parts().Media(name); }
+std::string DocumentPages::PictureOf(const std::string& name) const {
+  return processor_.Document()->Parts().Media(name);
+}
 
-bool StoryPages::InIndex(const qt::Place& place) const {
+bool DocumentPages::InIndex(const qt::Place& place) const {
   return place.story == word::wdMainTextStory && place.position >= indexStart_ && place.position < indexEnd_;
 }
 
-StoryPages::Selection StoryPages::Selected() const {
+DocumentPages::Selection DocumentPages::Selected() const {
   const docx::SelectionState selection = processor_.Selection();
   return {{selection.story, selection.start}, selection.end};
 }
 
-void StoryPages::Select(const Selection& selection) {
+void DocumentPages::Select(const Selection& selection) {
   processor_.Select({.story = selection.start.story, .start = selection.start.position, .end = selection.end});
 }
 
-std::optional<StoryPages::Selection> StoryPages::Find(std::u16string_view text, const qt::Place& from, bool forward,
-                                                      bool matchCase) {
+std::optional<DocumentPages::Selection> DocumentPages::Find(std::u16string_view text, const qt::Place& from,
+                                                            bool forward, bool matchCase) {
   const word::StoryRangesPtr stories = processor_.Application()->ActiveDocument()->StoryRanges();
   std::vector<word::RangePtr> order;  // those that a cursor comes to
   std::size_t first = 0;
@@ -158,7 +160,7 @@ std::optional<StoryPages::Selection> StoryPages::Find(std::u16string_view text, 
   return {};
 }
 
-std::optional<StoryPages::Selection> StoryPages::LinkAt(const qt::Place& place) const {
+std::optional<DocumentPages::Selection> DocumentPages::LinkAt(const qt::Place& place) const {
   if (!InIndex(place)) return {};
   const Paragraph* entry = layout_->ParagraphAt(place.position);
   if (entry == nullptr) return {};
@@ -188,7 +190,7 @@ std::optional<StoryPages::Selection> StoryPages::LinkAt(const qt::Place& place) 
   return {};
 }
 
-std::u16string StoryPages::CopyText(const Selection& selection) const {
+std::u16string DocumentPages::CopyText(const Selection& selection) const {
   const int type = selection.start.story;
   const auto& kept = processor_.Document()->Parts().Stories(type);
   const word::StoryRangesPtr stories = processor_.Application()->ActiveDocument()->StoryRanges();

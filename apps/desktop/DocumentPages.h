@@ -14,11 +14,11 @@ class DocumentLayout;
 
 /// The pages of an open document for its window, as its layout has them. A snapshot but for the selection and
 /// searching: after a change it has to be made anew.
-class StoryPages : public qt::DocumentSource {
+class DocumentPages : public qt::DocumentSource {
  public:
   /// @param processor has a document open, and outlives this
-  explicit StoryPages(docx::WordProcessor& processor);
-  ~StoryPages() override;
+  explicit DocumentPages(docx::WordProcessor& processor);
+  ~DocumentPages() override;
 
   int PageCount() const override;
   std::u16string LabelOf(int page) const override;
