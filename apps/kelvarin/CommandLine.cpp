@@ -5,14 +5,16 @@
 
 #include <CLI/CLI.hpp>
 #include <charconv>
+#include <cstdlib>
 #include <functional>
-#include <iostream>
 #include <limits>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <set>
 
+#include "apps/kelvarin/Commands.h"
 #include "apps/kelvarin/Identity.h"
+#include "apps/kelvarin/Messages.h"
 #include "apps/kelvarin/PrivateSettings.h"
 #include "apps/kelvarin/Status.h"
 #include "apps/kelvarin/Version.h"
@@ -70,6 +72,14 @@ docx::PageSource ReadPages(const std::string& given) {
   if (given == "layout") return docx::PageSource::kLayout;
   if (given == "libreoffice") return docx::PageSource::kPdf;
   throw CLI::ValidationError("--pages", "\"" + given + "\" is none of auto, file, layout, libreoffice");
+}
+
+bool HasDisplay() {
+  const auto named = [](const char* variable) {
+    const char* const value = std::getenv(variable);
+    return value != nullptr && *value != '\0';
+  };
+  return named("WAYLAND_DISPLAY") || named("DISPLAY");
 }
 
 /// Files that are read or written, by what they are for.
@@ -130,6 +140,10 @@ class Reader {
 
   std::optional<Options> Read(int argc, const char* const* argv, int& status) {
     try {
+      if (argc < 2 && HasDisplay() && HasDesktop()) {
+        options_.command = Command::kOpen;
+        return options_;
+      }
       CheckCommand(argc, argv);
       app_.parse(argc, argv);
       FindDocuments();
@@ -141,10 +155,10 @@ class Reader {
     } catch (const CLI::Success& success) {
       status = app_.exit(success);
     } catch (const Failure& failure) {
-      std::cerr << "kelvarin: " << failure.what() << "\n";
+      Say(failure.what());
       status = failure.Code();
     } catch (const CLI::Error& error) {
-      std::cerr << "kelvarin: " << error.what() << "\n";
+      Say(error.what());
       status = kWrongCommandLine;
     }
     return {};
@@ -203,13 +217,10 @@ class Reader {
   /// What only a run over many files needs.
   void AddMany(CLI::App& command) {
     if (!takesMany_.contains(&command)) return;
-    AddPath(command, "--base", choice_.base, "DIR", "results keep their places below DIR (with --out-dir)");
     AddPath(command, "--journal", options_.journal.file, "FILE",
             "keep a record of what is done there, and pass over what it says is done already");
     AddSwitch(command, "resume", resume_, "go on where an interrupted run of the same command stopped (default)");
-    command
-        .add_option("--time-limit", options_.timeLimit,
-                    "give a file up after so many seconds; 0: never (default: " + std::to_string(kTimeLimit) + ")")
+    command.add_option("--time-limit", options_.timeLimit, "give a file up after so many seconds; 0: never")
         ->default_val(kTimeLimit)
         ->check(CLI::Range(0, 1'000'000))
         ->type_name("SECONDS");
@@ -219,6 +230,8 @@ class Reader {
     AddPath(command, "-o,--out", options_.output.file, "OUT", "write the result there (one input)");
     AddPath(command, "--out-dir", options_.output.folder, "DIR",
             several ? "write the results there, under the inputs' names" : "write the result there, under its name");
+    if (several)
+      AddPath(command, "--base", choice_.base, "DIR", "results keep their places below DIR (with --out-dir)");
     command.add_flag("--in-place", options_.output.inPlace, "replace the input by the result");
     command.add_flag("--force", options_.output.force, "replace an OUT that exists");
   }
@@ -252,8 +265,7 @@ class Reader {
             "--pages", [this](const std::string& given) { options_.pages = ReadPages(given); },
             "what page numbers rest on: file (the breaks in the file and an estimate), layout (the document is laid "
             "out with the fonts at hand), libreoffice (an installed LibreOffice lays it out), or auto, the best at "
-            "hand "
-            "(layout)")
+            "hand (layout)")
         ->type_name("auto|file|layout|libreoffice");
   }
 

@@ -17,6 +17,8 @@ FileResult RunCommand(const Options& options, const std::filesystem::path& input
 FileResult CheckFile(const Options& options, const std::filesystem::path& input);
 FileResult InspectFile(const Options& options, const std::filesystem::path& input);
 
+/// Whether this build has windows.
+bool HasDesktop();
 /// Goes on as the desktop program, which lies beside this one, with the input when there is one. @return only when it
 /// cannot, the exit status
 int OpenDesktop(const Options& options);

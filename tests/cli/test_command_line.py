@@ -1,3 +1,6 @@
+import shutil
+import subprocess
+
 import program
 
 
@@ -30,6 +33,19 @@ class CommandLine(program.Case):
         self.assertIn('"frobnicate" is no command', self.wrong("frobnicate", self.document()))
         for arguments in ((), ("--frobnicate",), ("--quiet", "index", "contract.docx", "-o", "out.docx")):
             self.assertIn("a command is expected", self.wrong(*arguments))
+
+    def test_without_a_command_the_window_opens_where_there_is_a_display(self):
+        copied = shutil.copy(program.KELVARIN, self.folder)
+        display = self.environment() | {"DISPLAY": ":0"}
+        run = lambda environment: subprocess.run([copied], env=environment, capture_output=True, text=True)
+        without = run(display)
+        self.assertEqual((without.returncode, without.stdout), (2, ""))
+        self.assertIn("a command is expected", without.stderr)
+        desktop = self.folder / "kelvarin-desktop"
+        desktop.write_text("#!/bin/sh\necho shown $#\n")
+        desktop.chmod(0o755)
+        self.assertEqual(run(display).stdout, "shown 0\n")
+        self.assertEqual(run(self.environment()).returncode, 2)
 
     def test_a_result_needs_one_place_to_go(self):
         file = self.document()
