@@ -1,8 +1,8 @@
 #include "marker/ExtraLists.h"
 
-#include "marker/BookmarkNames.h"
 #include "marker/Entries.h"
 #include "marker/StoryText.h"
+#include "platform/BookmarkNames.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Constants.h"
 #include "platform/word/Document.h"

@@ -1,9 +1,9 @@
 #include "marker/IndexField.h"
 
-#include "marker/BookmarkNames.h"
 #include "marker/Entries.h"
 #include "marker/FieldScan.h"
 #include "marker/StoryText.h"
+#include "platform/BookmarkNames.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Constants.h"
 #include "platform/word/Document.h"

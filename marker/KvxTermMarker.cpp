@@ -1,12 +1,12 @@
 #include "marker/KvxTermMarker.h"
 
-#include "marker/BookmarkNames.h"
 #include "marker/Entries.h"
 #include "marker/ExtraLists.h"
 #include "marker/HighlightedEntries.h"
 #include "marker/IndexField.h"
 #include "marker/PlainText.h"
 #include "marker/StoryText.h"
+#include "platform/BookmarkNames.h"
 #include "platform/word/Application.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Constants.h"

@@ -1,8 +1,8 @@
 #include "marker/StoryText.h"
 
-#include "marker/BookmarkNames.h"
 #include "marker/Entries.h"
 #include "marker/PlainText.h"
+#include "platform/BookmarkNames.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Document.h"
 #include "platform/word/FindUnit.h"
