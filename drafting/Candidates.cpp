@@ -9,6 +9,7 @@
 #include "discovery/QuotedTerms.h"
 #include "discovery/SearchedStories.h"
 #include "discovery/TextSet.h"
+#include "drafting/QuoteMarks.h"
 #include "platform/forms/Control.h"
 #include "platform/forms/Form.h"
 
@@ -67,6 +68,7 @@ Candidates FindCandidates(const CandidateSources& sources) {
   for (const std::u16string& quoted : FindQuoted(sources, progress)) {
     std::u16string term;
     AppendAsRead(quoted, term);
+    term.resize(WithoutPunctuation(term).size());
     if (IsTermLike(WithoutArticle(term, sources.characters)) && known.insert(term).second) {
       candidates.quoted.push_back(term);
     }

@@ -57,7 +57,7 @@ std::u16string_view BehindJoined(std::u16string_view after) {
       rest = TrimFront(rest.substr(joint.size()));
       break;
     }
-    if (rest.data() == after.data() || rest.empty() || !IsDoubleQuote(rest.front())) return after;
+    if (rest.empty() || !IsDoubleQuote(rest.front())) return after;
     const std::size_t close = FindDoubleQuote(rest, 1);
     if (close == std::u16string_view::npos) return after;
     after = TrimFront(rest.substr(close + 1));
@@ -71,20 +71,57 @@ std::u16string_view BehindRemark(std::u16string_view after) {
   return close == std::u16string_view::npos ? after : TrimFront(after.substr(close + 1));
 }
 
-Role RoleByVerb(std::u16string_view after) {
-  constexpr std::array<std::u16string_view, 9> kPointers{
-      u"has the meaning",      u"have the meaning",        u"shall have the meaning",
-      u"has the same meaning", u"have the same meaning",   u"is defined",
-      u"are defined",          u"shall have the meanings", u"have the meanings"};
-  constexpr std::array<std::u16string_view, 12> kVerbs{u"means",    u"mean",      u"shall mean",    u"will mean",
-                                                       u"shall be", u"refers to", u"refer to",      u"shall refer to",
-                                                       u"includes", u"include",   u"shall include", u"is as follows"};
+constexpr auto kPointers = std::to_array<std::u16string_view>(
+    {u"has the meaning", u"have the meaning", u"shall have the meaning", u"has the same meaning",
+     u"have the same meaning", u"is defined", u"are defined", u"shall have the meanings", u"have the meanings"});
+
+/// Passes over what a term is said of, up to the verb: "Affiliate" of a Party shall mean. The same text when no verb
+/// that defines stands behind it.
+/// @param begins whether the line is the term's definition as a whole, where weaker verbs define
+std::u16string_view BehindQualifier(std::u16string_view after, bool begins) {
+  constexpr std::ptrdiff_t kMostWords = 20;
+  constexpr auto kQualifiers = std::to_array<std::u16string_view>(
+      {u"of", u"as", u"with respect to", u"with regard to", u"in relation to", u"in respect of", u"in this",
+       u"in these", u"used", u"when used", u"when applied", u"for the purpose of", u"for the purposes of",
+       u"for purposes of", u"for"});
+  constexpr auto kVerbs = std::to_array<std::u16string_view>({u"means", u"mean", u"shall mean", u"will mean"});
+  constexpr auto kWeakVerbs = std::to_array<std::u16string_view>({u"shall be deemed", u"will be deemed"});
+  constexpr auto kNoVerbBehind = std::to_array<std::u16string_view>({u"by", u"all", u"any", u"no", u"the", u"other"});
+  const std::u16string_view text = after.starts_with(u",") ? TrimFront(after.substr(1)) : after;
+  if (!BeginsWithOneOf(text, kQualifiers)) return after;
+  std::u16string_view last;
+  std::u16string_view rest = text;
+  for (std::ptrdiff_t words = 0; words < kMostWords && !rest.empty(); ++words) {
+    if (rest.front() == u'(') {
+      const std::u16string_view behind = BehindRemark(rest);
+      if (behind.data() == rest.data()) return after;
+      rest = behind;
+    }
+    const bool isVerb = BeginsWithOneOf(rest, kVerbs) || BeginsWithOneOf(rest, kPointers) ||
+                        (begins && BeginsWithOneOf(rest, kWeakVerbs));
+    if (isVerb && std::find(kNoVerbBehind.begin(), kNoVerbBehind.end(), last) == kNoVerbBehind.end()) return rest;
+    const std::size_t blank = std::min(rest.find_first_of(kBlanks), rest.size());
+    last = rest.substr(0, blank);
+    if (last.find_first_of(u".;:\"\u201C\u201D") != std::u16string_view::npos) return after;
+    rest = TrimFront(rest.substr(blank));
+  }
+  return after;
+}
+
+/// @param begins whether the line is the term's definition as a whole
+Role RoleByVerb(std::u16string_view after, bool begins) {
+  constexpr auto kVerbs = std::to_array<std::u16string_view>({u"means", u"mean", u"shall mean", u"will mean",
+                                                              u"shall be", u"will be deemed", u"refers to", u"refer to",
+                                                              u"shall refer to", u"is as follows"});
+  // By themselves they say what else counts as something that is defined elsewhere: "Buyer" includes its heirs.
+  constexpr auto kAdding = std::to_array<std::u16string_view>({u"includes", u"include", u"shall include"});
   if (after.starts_with(u",")) after = TrimFront(after.substr(1));
   for (const std::u16string_view filler :
        {std::u16string_view(u"each "), std::u16string_view(u"also "), std::u16string_view(u"respectively ")}) {
     if (after.starts_with(filler)) after = TrimFront(after.substr(filler.size()));
   }
   if (BeginsWithOneOf(after, kPointers)) return Role::kPointer;
+  if (BeginsWithOneOf(after, kAdding)) return begins ? Role::kListed : Role::kPointer;
   if (BeginsWithOneOf(after, kVerbs)) return Role::kListed;
   return Role::kMention;
 }
@@ -114,6 +151,35 @@ std::u16string_view InBracketBefore(std::u16string_view line, std::size_t open) 
   return {};
 }
 
+/// A text in small letters without the words at its end that come before a name: each, collectively, the.
+/// @param found how many there are
+std::u16string WithoutNamingWords(std::u16string_view text, int& found) {
+  constexpr auto kWords =
+      std::to_array<std::u16string_view>({u"the", u"a", u"an", u"each", u"this", u"these", u"such"});
+  std::u16string lower = Lower(TrimBack(text));
+  found = 0;
+  for (bool more = true; more;) {
+    more = false;
+    for (const std::u16string_view word : kWords) {
+      const bool ends =
+          lower.ends_with(word) && (lower.size() == word.size() ||
+                                    kBlanks.find(lower[lower.size() - word.size() - 1]) != std::u16string_view::npos);
+      if (!ends) continue;
+      lower.resize(TrimBack(std::u16string_view(lower).substr(0, lower.size() - word.size())).size());
+      ++found;
+      more = true;
+    }
+  }
+  return lower;
+}
+
+/// Whether a remark ends as one that gives a name to what it speaks of: (any of them to which the Buyer agrees, a
+bool EndsByNaming(std::u16string_view remark) {
+  int found = 0;
+  const std::u16string rest = WithoutNamingWords(remark, found);
+  return found > 0 && (rest.ends_with(u",") || rest.ends_with(u"collectively") || rest.ends_with(u"together"));
+}
+
 bool DefinesInBracket(std::u16string_view line, std::size_t open) {
   const std::u16string_view before = InBracketBefore(line, open);
   if (before.data() == nullptr) return false;
@@ -127,22 +193,36 @@ bool DefinesInBracket(std::u16string_view line, std::size_t open) {
   // Terms before it in the bracket are not counted: (the "Parties" and each a "Party").
   const std::size_t quote = before.find_last_of(u"\"\u201D\u00BB\u201C");
   const std::u16string_view own = quote == std::u16string_view::npos ? before : before.substr(quote + 1);
-  return !speaks && std::count(own.begin(), own.end(), u' ') <= kMostWordsInBracket;
+  return !speaks && (std::count(own.begin(), own.end(), u' ') <= kMostWordsInBracket || EndsByNaming(own));
+}
+
+/// Whether a sentence refers to something "as" what follows: referred to in this deed individually as a
+bool RefersToItAs(std::u16string_view lower) {
+  constexpr std::ptrdiff_t kMostWordsBetween = 16;
+  constexpr std::ptrdiff_t kMostWordsBehind = 3;
+  constexpr std::u16string_view kReferred = u"referred to";
+  constexpr std::u16string_view kAs = u" as ";
+  const std::size_t referred = lower.rfind(kReferred);
+  const std::size_t as = lower.rfind(kAs);
+  if (referred == std::u16string_view::npos || as == std::u16string_view::npos || as < referred) return false;
+  const std::u16string_view between = lower.substr(referred, as - referred);
+  const std::u16string_view behind = lower.substr(as + kAs.size());
+  return between.find_first_of(u".;") == std::u16string_view::npos &&
+         std::count(between.begin(), between.end(), u' ') <= kMostWordsBetween &&
+         behind.find_first_of(u".;,\"\u201C\u201D") == std::u16string_view::npos &&
+         std::count(behind.begin(), behind.end(), u' ') <= kMostWordsBehind;
 }
 
 bool DefinesByWordsBefore(std::u16string_view before) {
-  std::u16string lower = Lower(TrimBack(before));
-  for (const std::u16string_view article : {std::u16string_view(u" the"), std::u16string_view(u" a"),
-                                            std::u16string_view(u" an"), std::u16string_view(u" each")}) {
-    if (lower.ends_with(article))
-      lower.resize(TrimBack(std::u16string_view(lower).substr(0, lower.size() - article.size())).size());
-  }
+  int found = 0;
+  std::u16string lower = WithoutNamingWords(before, found);
   while (lower.ends_with(u",") || lower.ends_with(u":")) lower.pop_back();
-  constexpr auto kWords = std::to_array<std::u16string_view>({u"referred to as", u"referred to herein as", u"called",
-                                                              u"defined as", u"designated as", u"hereinafter",
-                                                              u"hereafter", u"hereinafter known as", u"collectively"});
-  return std::any_of(kWords.begin(), kWords.end(),
-                     [&lower](std::u16string_view words) { return lower.ends_with(words); });
+  constexpr auto kWords =
+      std::to_array<std::u16string_view>({u"called", u"defined as", u"designated as", u"hereinafter", u"hereafter",
+                                          u"hereinafter known as", u"collectively", u"collectively deemed"});
+  return RefersToItAs(Lower(before)) || std::any_of(kWords.begin(), kWords.end(), [&lower](std::u16string_view words) {
+           return lower.ends_with(words);
+         });
 }
 
 }  // namespace
@@ -155,17 +235,18 @@ bool BeginsLine(std::u16string_view line, std::size_t begin) {
   return letters <= 4 && before.find_first_of(u"\"\u201C\u201D") == std::u16string_view::npos && before.size() <= 12;
 }
 
-Role RoleOf(std::u16string_view line, std::size_t begin, std::size_t end) {
+Role RoleOf(std::u16string_view line, std::size_t begin, std::size_t close) {
   const std::size_t open = OpeningOf(line, begin);
-  const std::u16string lowerAfter = Lower(line.substr(std::min(end + 1, line.size())));
+  const std::u16string lowerAfter = Lower(line.substr(std::min(close + 1, line.size())));
   const std::u16string_view after = TrimFront(lowerAfter);
   const std::u16string_view behind = BehindRemark(BehindJoined(after));
   const bool begins = BeginsLine(line, begin);
   const bool colon =
       !behind.empty() && std::u16string_view(u":\u2013\u2014").find(behind.front()) != std::u16string_view::npos;
   if (begins && (behind.empty() || colon)) return OnlyPoints(behind) ? Role::kPointer : Role::kListed;
-  const Role role = RoleByVerb(behind);
-  if (role == Role::kListed && OnlyPoints(behind)) return Role::kPointer;
+  const std::u16string_view verb = BehindQualifier(behind, begins);
+  const Role role = RoleByVerb(verb, begins);
+  if (role == Role::kListed && OnlyPoints(verb)) return Role::kPointer;
   if (role != Role::kMention) return role;
   if (DefinesInBracket(line, open) || DefinesByWordsBefore(line.substr(0, open))) return Role::kInline;
   return Role::kMention;

@@ -34,6 +34,7 @@ struct Stand {
 
 struct Defining {
   Stand stand;
+  std::size_t close;  ///< the quotation mark behind it
   Role role;
   bool beginsLine;
   QuoteStyle quotes;
@@ -136,7 +137,8 @@ class Check {
     const marker::TermMatcher matcher(letters_, std::move(forms));
     for (std::size_t text = 0; text < texts_.size(); ++text) {
       for (const marker::Match& match : matcher.Find(Plain(text))) {
-        if (match.definition) Note(terms_[match.form], {text, match.begin, match.end});
+        const Stand stand{text, match.begin, match.end};
+        if (const std::size_t close = ClosingMarkOf(stand); close != 0) Note(terms_[match.form], stand, close);
       }
     }
     std::erase_if(terms_, [](const Term& term) { return term.definings.empty(); });
@@ -150,7 +152,13 @@ class Check {
     }
   }
 
-  void Note(Term& term, const Stand& stand) {
+  /// Index of the quotation mark behind a term that stands in quotation marks; 0: it does not.
+  std::size_t ClosingMarkOf(const Stand& stand) const {
+    const std::size_t close = ClosingMark(Plain(stand.text), stand.end);
+    return marker::StandsInQuotes(letters_, Plain(stand.text), stand.begin, close) ? close : 0;
+  }
+
+  void Note(Term& term, const Stand& stand, std::size_t close) {
     const std::u16string_view plain = Plain(stand.text);
     const Line line = LineAt(plain, stand.begin);
     const std::u16string_view whole = plain.substr(line.begin, line.end - line.begin);
@@ -158,9 +166,10 @@ class Check {
     std::size_t open = stand.begin;
     while (open > line.begin && !IsDoubleQuote(plain[open - 1])) --open;
     term.definings.push_back({.stand = stand,
-                              .role = RoleOf(whole, begin, stand.end - line.begin),
+                              .close = close,
+                              .role = RoleOf(whole, begin, close - line.begin),
                               .beginsLine = BeginsLine(whole, begin),
-                              .quotes = StyleOf(plain[open - 1], plain[stand.end]),
+                              .quotes = StyleOf(plain[open - 1], plain[close]),
                               .article = open < stand.begin});
   }
 
@@ -201,7 +210,7 @@ class Check {
       std::optional<LineCapitals> capitals;
       const std::u16string_view plain = Plain(text);
       for (const marker::Match& match : matcher.Find(plain)) {
-        if (match.definition) continue;
+        if (ClosingMarkOf({text, match.begin, match.end}) != 0) continue;
         if (!capitals || match.begin > line.end) {
           line = LineAt(plain, match.begin);
           capitals.emplace(plain.substr(line.begin, line.end - line.begin), characters_);
@@ -227,7 +236,8 @@ class Check {
     const marker::TermMatcher matcher(letters_, std::move(forms));
     for (std::size_t text = 0; text < texts_.size(); ++text) {
       for (const marker::Match& match : matcher.Find(Plain(text))) {
-        if (!match.definition && !IsQuoted({text, match.begin, match.end})) terms_[unused[match.form]].hidden = true;
+        const Stand stand{text, match.begin, match.end};
+        if (ClosingMarkOf(stand) == 0 && !IsQuoted(stand)) terms_[unused[match.form]].hidden = true;
       }
     }
   }
@@ -249,7 +259,7 @@ class Check {
   Line BodyOf(const Defining& defining) const {
     const std::u16string_view plain = Plain(defining.stand.text);
     Line line = LineOf(defining.stand);
-    std::size_t behind = defining.stand.end + 1;
+    std::size_t behind = defining.close + 1;
     while (behind < line.end && plain[behind] == u' ') ++behind;
     if (behind < line.end) return line;
     std::size_t next = line.end;
@@ -422,17 +432,17 @@ class Check {
     }
     for (const Term& term : terms_) {
       for (const Defining& defining : term.definings) {
-        if (defining.quotes != usual) Add(Kind::kMixedQuotes, term, WithQuotes(defining.stand));
+        if (defining.quotes != usual) Add(Kind::kMixedQuotes, term, WithQuotes(defining));
       }
     }
     std::vector<Finding> unpaired = FindUnpairedQuotes(texts_, characters_);
     std::move(unpaired.begin(), unpaired.end(), std::back_inserter(result_.findings));
   }
 
-  Stand WithQuotes(const Stand& stand) const {
-    Stand with = WithArticle(stand);
+  Stand WithQuotes(const Defining& defining) const {
+    Stand with = WithArticle(defining.stand);
     --with.begin;
-    ++with.end;
+    with.end = defining.close + 1;
     return with;
   }
 

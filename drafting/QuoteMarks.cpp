@@ -2,11 +2,26 @@
 
 #include "discovery/LineText.h"
 
+#include <algorithm>
+#include <array>
+
 namespace drafting {
 
 namespace {
 
 bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
+
+constexpr std::u16string_view kPunctuation = u",.;:";
+
+/// Whether a term ends with the stop of an abbreviation: "Inc.", "Ltd.", "U.S."
+bool EndsWithAbbreviation(std::u16string_view term) {
+  constexpr std::array<std::u16string_view, 7> kAbbreviations{u"Inc.",  u"Ltd.", u"Co.", u"Corp.",
+                                                              u"Bros.", u"No.",  u"St."};
+  const std::size_t blank = term.rfind(u' ');
+  const std::u16string_view word = blank == std::u16string_view::npos ? term : term.substr(blank + 1);
+  return std::find(kAbbreviations.begin(), kAbbreviations.end(), word) != kAbbreviations.end() ||
+         std::count(word.begin(), word.end(), u'.') > 1;
+}
 
 /// The balance of the marks of a stretch.
 struct Balance {
@@ -54,6 +69,18 @@ QuoteStyle StyleOf(char16_t open, char16_t close) {
   if ((open == u'\u00AB' && close == u'\u00BB') || (open == u'\u00BB' && close == u'\u00AB'))
     return QuoteStyle::kAngled;
   return QuoteStyle::kMixed;
+}
+
+std::u16string_view WithoutPunctuation(std::u16string_view term) {
+  while (!term.empty() && kPunctuation.find(term.back()) != std::u16string_view::npos && !EndsWithAbbreviation(term)) {
+    term.remove_suffix(1);
+  }
+  return term;
+}
+
+std::size_t ClosingMark(std::u16string_view text, std::size_t end) {
+  if (end < text.size() && kPunctuation.find(text[end]) != std::u16string_view::npos) ++end;
+  return end < text.size() && IsDoubleQuote(text[end]) ? end : text.size();
 }
 
 std::vector<Finding> FindUnpairedQuotes(const std::vector<Text>& texts, os::Characters& characters) {

@@ -34,9 +34,11 @@ auto FirstNotBefore(Branches& branches, char16_t unit) {
 
 bool EndsWithQuote(std::u16string_view text) { return !text.empty() && IsDoubleQuote(text.back()); }
 
-bool IsDefinition(const Letters& letters, std::u16string_view text, const Match& match) {
-  if (match.end >= text.size() || !IsDoubleQuote(text[match.end])) return false;
-  const std::u16string_view before = text.substr(0, match.begin);
+}  // namespace
+
+bool StandsInQuotes(const Letters& letters, std::u16string_view text, std::size_t begin, std::size_t end) {
+  if (end >= text.size() || !IsDoubleQuote(text[end])) return false;
+  const std::u16string_view before = text.substr(0, begin);
   if (EndsWithQuote(before)) return true;
   static constexpr std::array<std::u16string_view, 4> kArticles{u"a ", u"an ", u"any ", u"the "};
   return std::any_of(kArticles.begin(), kArticles.end(), [&](std::u16string_view article) {
@@ -45,8 +47,6 @@ bool IsDefinition(const Letters& letters, std::u16string_view text, const Match&
     return letters.Fold(before.substr(start)) == article && EndsWithQuote(before.substr(0, start));
   });
 }
-
-}  // namespace
 
 std::size_t PossessiveEnd(const Letters& letters, std::u16string_view text, std::size_t end) {
   if (end + 1 >= text.size()) return end;
@@ -139,7 +139,7 @@ std::vector<Match> TermMatcher::Resolve(std::u16string_view text, std::vector<Ma
       taken[match.end] = taken[match.end + 1] = true;
       match.entry = possessive;
     }
-    match.definition = IsDefinition(letters_, text, match);
+    match.definition = StandsInQuotes(letters_, text, match.begin, match.end);
     matches.push_back(match);
   }
   std::sort(matches.begin(), matches.end(),

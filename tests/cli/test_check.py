@@ -68,6 +68,21 @@ P The London office is in London. The Companies Act applies; the Group is part o
         self.assertEqual([term["term"] for term in check["defined"]], ["Buyer", "Seller"])
         self.assertEqual(self.of_kind(check, "notUsed"), ["Seller"])
 
+    def test_punctuation_inside_of_quotation_marks_is_no_part_of_a_term(self):
+        check = self.findings("""
+P Acorn Limited (“Company,” “us,” or “we”) and Bramble Limited may be referred to in this deed as “Parties.”
+P The Company pays, and the Company is glad. The Parties agree, as Parties do.
+""")
+        self.assertEqual([(term["term"], term["uses"]) for term in check["defined"]], [("Company", 2), ("Parties", 2)])
+        self.assertEqual(check["findings"], [])
+
+    def test_what_also_counts_as_a_term_is_no_second_definition(self):
+        check = self.findings("""
+P Acorn Limited (the “Buyer”) pays. The Buyer is glad.
+P References to the “Buyer” include its heirs. The Buyer agrees.
+""")
+        self.assertEqual(check["findings"], [])
+
     def test_an_indexed_contract_has_the_same_findings(self):
         before = self.findings(FAULTS)
         self.check("index", "contract.docx", "-o", "indexed.docx")
