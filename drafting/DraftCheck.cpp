@@ -201,7 +201,9 @@ class Check {
         // One word without its capital is mostly just that word.
         // Of a term that is defined in capitals nothing tells how it is written.
         const Spelling otherwise = HoldsLower(name) ? Spelling::kOtherCase : Spelling::kExact;
-        if (name.find(u' ') != std::u16string::npos) seek(i, otherwise, name, false);
+        if (name.find(u' ') == std::u16string::npos) continue;
+        seek(i, otherwise, name, false);
+        seek(i, Spelling::kOtherCase, other, false);
       }
     }
     const marker::TermMatcher matcher(letters_, std::move(forms));
@@ -210,6 +212,7 @@ class Check {
       std::optional<LineCapitals> capitals;
       const std::u16string_view plain = Plain(text);
       for (const marker::Match& match : matcher.Find(plain)) {
+        if (sought[match.form].spelling != Spelling::kOtherCase) termsAt_[{text, match.begin}] = match.end;
         if (ClosingMarkOf({text, match.begin, match.end}) != 0) continue;
         if (!capitals || match.begin > line.end) {
           line = LineAt(plain, match.begin);
@@ -349,14 +352,41 @@ class Check {
     return definitionLines_.contains({stand.text, LineOf(stand).begin});
   }
 
-  /// Whether it is the end of somebody else's name: "the Florida Securities Act".
-  bool EndsName(const Stand& stand) const {
-    const std::u16string_view before = Plain(stand.text).substr(LineOf(stand).begin, stand.begin - LineOf(stand).begin);
+  /// Whether it is part of somebody else's name: "the Florida Securities Act", "the Securities Act of 1933", "the
+  /// Companies House Register". Capitals of other defined terms beside it make no name.
+  bool IsInName(const Stand& stand) const {
+    const Line line = LineOf(stand);
+    const std::u16string_view plain = Plain(stand.text).substr(0, line.end);
+    const auto isCapital = [plain](std::size_t at) {
+      return at < plain.size() && plain[at] >= u'A' && plain[at] <= u'Z';
+    };
+    if (stand.end < plain.size() && plain[stand.end] == u' ') {
+      if (isCapital(stand.end + 1) && !IsTerm({stand.text, stand.end + 1, stand.end + 2})) return true;
+      if (IsYearOf(plain.substr(stand.end))) return true;
+    }
+    const std::u16string_view before = plain.substr(line.begin, stand.begin - line.begin);
     if (!before.ends_with(u' ') || before.size() < 2) return false;
     const std::size_t blank = before.find_last_of(u' ', before.size() - 2);
     const std::size_t begin = blank == std::u16string_view::npos ? 0 : blank + 1;
     const std::u16string_view word = before.substr(begin, before.size() - 1 - begin);
-    return !word.empty() && word.front() >= u'A' && word.front() <= u'Z' && !IsSmallWord(word);
+    return !word.empty() && isCapital(line.begin + begin) && !IsSmallWord(word) &&
+           !IsTerm({stand.text, line.begin + begin, line.begin + begin + 1});
+  }
+
+  /// " of 1933"
+  static bool IsYearOf(std::u16string_view behind) {
+    constexpr std::u16string_view kOf = u" of ";
+    constexpr std::size_t kDigits = 4;
+    if (!behind.starts_with(kOf) || behind.size() < kOf.size() + kDigits) return false;
+    const std::u16string_view year = behind.substr(kOf.size(), kDigits);
+    return std::all_of(year.begin(), year.end(), [](char16_t unit) { return unit >= u'0' && unit <= u'9'; });
+  }
+
+  /// Whether a place lies in a use of a term, or in its quotation marks.
+  bool IsTerm(const Stand& stand) const {
+    const auto behind = termsAt_.upper_bound({stand.text, stand.begin});
+    return behind != termsAt_.begin() && std::prev(behind)->first.first == stand.text &&
+           std::prev(behind)->second >= stand.end;
   }
 
   /// A list of definitions speaks for the whole contract, wherever it stands; a definition in passing does not.
@@ -371,7 +401,7 @@ class Check {
     for (const Use& use : uses) {
       const bool before = use.stand.text == home.stand.text && use.stand.begin < line;
       if (!before || use.capitals != CapitalUse::kOfItsOwn || use.spelling != Spelling::kExact) continue;
-      if (LiesInDefinition(use.stand) || EndsName(use.stand)) continue;
+      if (LiesInDefinition(use.stand) || IsInName(use.stand)) continue;
       if (first == nullptr) first = &use;
       ++count;
     }
@@ -388,13 +418,23 @@ class Check {
   void AddVariants(const Term& term, const std::vector<Use>& uses, Spelling spelling, Kind kind) {
     std::map<std::u16string, std::pair<Stand, int>> ways;
     for (const Use& use : uses) {
-      const bool counts = use.spelling == spelling && use.capitals != CapitalUse::kHeading &&
-                          (spelling == Spelling::kOtherCase || use.capitals == CapitalUse::kOfItsOwn);
-      if (!counts || IsBesideItsDefinition(term, use)) continue;
+      const bool counts =
+          use.spelling == spelling && use.capitals != CapitalUse::kHeading &&
+          (spelling == Spelling::kOtherCase || (use.capitals == CapitalUse::kOfItsOwn && !IsInName(use.stand)));
+      if (!counts || IsPlainHeading(use) || IsBesideItsDefinition(term, use)) continue;
       const auto [way, isNew] = ways.try_emplace(Read(use.stand), use.stand, 0);
       ++way->second.second;
     }
     for (const auto& [text, way] : ways) Add(kind, term, way.first, way.second, &term.Home()->stand);
+  }
+
+  /// Whether it begins a heading of which the first word alone has a capital: "Tag along rights".
+  bool IsPlainHeading(const Use& use) const {
+    constexpr std::ptrdiff_t kMostWords = 8;
+    const Line line = LineOf(use.stand);
+    const std::u16string_view whole = Plain(use.stand.text).substr(line.begin, line.end - line.begin);
+    return use.capitals == CapitalUse::kSentenceStart && std::count(whole.begin(), whole.end(), u' ') < kMostWords &&
+           std::u16string_view(u".;,:").find(whole.back()) == std::u16string_view::npos;
   }
 
   /// As in: a subscription agreement (the "Subscription Agreement").
@@ -465,6 +505,9 @@ class Check {
   std::unordered_map<std::u16string, std::size_t> byName_;
   /// Where terms stand in quotation marks: text and beginning, and the end.
   std::map<std::pair<std::size_t, std::size_t>, std::size_t> quoted_;
+  /// Where terms stand in the way they are defined, in capitals or in the other number: text and beginning, and the
+  /// end.
+  std::map<std::pair<std::size_t, std::size_t>, std::size_t> termsAt_;
   /// The terms that each line defines as in a list.
   std::map<std::pair<std::size_t, std::size_t>, std::vector<std::size_t>> listed_;
   /// Text and beginning of each line that belongs to a list of definitions.

@@ -37,7 +37,16 @@ constexpr auto kNoTerms = std::to_array<std::u16string_view>(
      u"Federal",     u"Government",  u"Congress",   u"Parliament", u"President",    u"Secretary",    u"Court",
      u"Courts",      u"Crown",       u"County",     u"City",       u"Commonwealth", u"Constitution", u"House",
      u"Senate",      u"Ministry",    u"Department", u"Roman",      u"Latin",        u"Bible",        u"God",
-     u"Netherlands", u"Philippines", u"Bahamas"});
+     u"Netherlands", u"Philippines", u"Bahamas",    u"Nordic",     u"Scandinavian", u"Finnish",      u"Swedish",
+     u"Danish",      u"Norwegian",   u"Dutch",      u"Belgian",    u"Swiss",        u"Austrian",     u"Italian",
+     u"Spanish",     u"Portuguese",  u"Polish",     u"Irish",      u"Scottish",     u"Welsh",        u"Greek",
+     u"Turkish",     u"Russian",     u"Chinese",    u"Japanese",   u"Korean",       u"Indian",       u"Canadian",
+     u"Australian",  u"African",     u"Asian"});
+
+/// What has a name of its own with "of": the Chamber of Commerce, the Department of Justice, a Unit of the Division of.
+constexpr auto kInstitutions = std::to_array<std::u16string_view>(
+    {u"Agency", u"Bank", u"Bureau", u"Chamber", u"Commission", u"Court", u"Department", u"Division", u"Institute",
+     u"Ministry", u"Office", u"Secretary", u"Treasury"});
 
 /// What names of statutes and of firms end with.
 constexpr auto kNameEnds = std::to_array<std::u16string_view>(
@@ -46,9 +55,12 @@ constexpr auto kNameEnds = std::to_array<std::u16string_view>(
      u"Ordinance",  u"Convention", u"Treaty", u"Constitution", u"Limited",     u"Ltd",         u"Inc",
      u"LLC",        u"LLP",        u"PLC",    u"Corp",         u"Corporation", u"University",  u"Association"});
 
-constexpr auto kDeterminers =
-    std::to_array<std::u16string_view>({u"the", u"a", u"an", u"any", u"each", u"such", u"this", u"that", u"all",
-                                        u"every", u"its", u"their", u"these", u"those", u"no", u"said"});
+constexpr auto kDeterminers = std::to_array<std::u16string_view>(
+    {u"the",   u"a",       u"an",         u"any",      u"each",   u"such",    u"this", u"that",
+     u"all",   u"every",   u"its",        u"their",    u"these",  u"those",   u"no",   u"said",
+     u"other", u"another", u"applicable", u"relevant", u"either", u"neither", u"both"});
+
+constexpr std::u16string_view kLetters = u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
 
 template <class Words>
 bool IsOneOf(std::u16string_view word, const Words& words) {
@@ -71,11 +83,30 @@ bool HoldsLower(std::u16string_view text) {
 
 bool HoldsDigit(std::u16string_view text) { return text.find_first_of(u"0123456789") != std::u16string_view::npos; }
 
+/// Whether a word is an abbreviation or a brand: "IoT", "OpenSky". Firms that a contract is about end otherwise:
+/// "BidCo".
+bool HoldsInnerCapital(std::u16string_view word) {
+  if (word.ends_with(u"Co")) return false;
+  for (std::size_t i = 1; i < word.size(); ++i) {
+    const bool before = word[i - 1] >= u'a' && word[i - 1] <= u'z';
+    if (before && word[i] >= u'A' && word[i] <= u'Z') return true;
+  }
+  return false;
+}
+
+bool IsInstitution(const std::vector<std::u16string_view>& words) {
+  for (std::size_t i = 0; i + 1 < words.size(); ++i) {
+    if (IsOneOf(words[i], kInstitutions) && words[i + 1] == u"of") return true;
+  }
+  return false;
+}
+
 /// Whether the words of a phrase alone say that it is a name, a heading or a part of the document.
 bool IsNoTerm(std::u16string_view phrase) {
   const std::vector<std::u16string_view> words = WordsOf(phrase);
   if (words.empty() || !HoldsLower(phrase) || HoldsDigit(phrase)) return true;
-  if (IsOneOf(words.back(), kNameEnds) || IsOneOf(words.front(), kNoTerms)) return true;
+  if (IsOneOf(words.back(), kNameEnds) || IsOneOf(words.front(), kNoTerms) || IsInstitution(words)) return true;
+  if (std::any_of(words.begin(), words.end(), HoldsInnerCapital)) return true;
   return std::all_of(words.begin(), words.end(),
                      [](std::u16string_view word) { return IsOneOf(word, kNoTerms) || IsSmallWord(word); });
 }
@@ -196,17 +227,24 @@ class Search {
     return characters_.ToLower(before.substr(from, last + 1 - from));
   }
 
-  /// Whether more of a name stands behind it: "Delaware Corporation", "Economic Growth and Tax Relief Act".
+  /// Whether more of a name stands behind it: "Delaware Corporation", "Economic Growth and Tax Relief Act", "Form 3".
   static bool IsPartOfName(std::u16string_view line, std::size_t begin, std::size_t end) {
     const auto isCapital = [line](std::size_t index) {
       return index < line.size() && line[index] >= u'A' && line[index] <= u'Z';
     };
     if (begin > 1 && line[begin - 1] == u' ' && line[begin - 2] == u'&') return true;
     if (end >= line.size() || line[end] != u' ') return false;
-    if (isCapital(end + 1)) return true;
+    const bool isNumber = end + 1 < line.size() && line[end + 1] >= u'0' && line[end + 1] <= u'9';
+    if (isCapital(end + 1) || isNumber) return true;
+    const std::u16string_view behind = line.substr(end + 1);
+    constexpr std::u16string_view kOfThe = u"of the ";
+    if (behind.starts_with(kOfThe)) {
+      const std::u16string_view rest = behind.substr(kOfThe.size());
+      if (IsOneOf(rest.substr(0, rest.find_first_not_of(kLetters)), kInstitutions)) return true;
+    }
     for (const std::u16string_view joint :
          {std::u16string_view(u"and "), std::u16string_view(u"for "), std::u16string_view(u"of ")}) {
-      if (line.substr(end + 1).starts_with(joint) && isCapital(end + 1 + joint.size())) return true;
+      if (behind.starts_with(joint) && isCapital(end + 1 + joint.size())) return true;
     }
     return false;
   }

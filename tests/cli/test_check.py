@@ -83,6 +83,35 @@ P References to the “Buyer” include its heirs. The Buyer agrees.
 """)
         self.assertEqual(check["findings"], [])
 
+    def test_words_of_somebody_elses_name_are_no_use_of_a_term(self):
+        check = self.findings("""
+P The Finnish Companies Act, the Securities Act of 1933 and the Acorn Standard Terms apply to every Acorn Affiliates sell.
+P Bramble Limited (the “Company”), its firm (“Acorn”) and every firm that it owns (an “Affiliate”) obey.
+P The law of 1933 (the “Securities Act”) binds the Company, as the Securities Act says, Acorn and the Affiliate.
+P The Company knows Acorn, and the Affiliate does.
+""")
+        self.assertEqual([(finding["kind"], finding["text"]) for finding in check["findings"]],
+                         [("usedBefore", "Acorn"), ("otherNumber", "Affiliates")])
+
+    def test_small_letters_are_found_in_either_number_but_not_in_headings(self):
+        check = self.findings("""
+P “**Tag Right**” means a right. “**Security Incident**” means a fault. A Tag Right and a Security Incident.
+P Tag rights
+P 3. Security incident
+P A Security Incident and other security incidents end each Tag Right and each Security Incident.
+P Tag rights end.
+""")
+        self.assertEqual(self.of_kind(check, "otherCase"), ["security incidents", "Tag rights"])
+
+    def test_terms_that_are_not_defined_are_told_from_names(self):
+        check = self.findings("""
+P Any other Order counts, by the Nordic rules of the Finland Chamber of Commerce, as an OpenSky rule or an Order says.
+P It uses the OpenSky software, the Nordic languages, the Standard Form 12 and the Standard Form 13.
+P The Advice Unit of the Division of Trade, the Advice Unit of the Division of Law and the Finland Chamber of Commerce agree.
+P The applicable Fee is due with any other Fee of the TopCo, and the TopCo pays.
+""")
+        self.assertEqual(self.of_kind(check, "notDefined"), ["Order", "Fee", "TopCo"])
+
     def test_an_indexed_contract_has_the_same_findings(self):
         before = self.findings(FAULTS)
         self.check("index", "contract.docx", "-o", "indexed.docx")
