@@ -90,5 +90,5 @@ std::string BatchProgress::TimeLeft() const {
 
 void BatchProgress::Draw() {
   drawn_ = Clock::now();
-  ShowProgressLine((terminal_ ? Bar() : std::string()) + Counts() + TimeLeft());
+  ShowProgressLine(Bar(), Counts() + TimeLeft());
 }

@@ -58,9 +58,12 @@ class ManyFiles : public BatchWatch {
       : options_(options), work_(work), take_(take) {
     MakeResultFolder(options);
     journal_ = OpenJournal(options);
+    for (const std::optional<fs::path>& target : {options.report, options.transcript, options.html}) {
+      if (journal_ && target && *target != "-") journal_->SweepAfterRuns(*target);
+    }
     if (options.report) reports_.emplace(*options.report);
     if (options.transcript) transcripts_.emplace(*options.transcript);
-    if (journal_) journal_->NoteFolder(temporary_.Path());
+    if (journal_) journal_->NoteRun(temporary_.Path());
     setenv(kTemporaryFolderVariable, temporary_.Path().c_str(), 1);
     Sort();
   }

@@ -10,7 +10,10 @@ using Json = nlohmann::ordered_json;
 }  // namespace
 
 CheckOutput::CheckOutput(const Options& options) : options_(options) {
-  if (options_.html) page_.emplace();
+  if (!options_.html) return;
+  page_.emplace();
+  // A page that cannot be written is told of before hours of work, not behind them.
+  const TextSink unused(*options_.html);
 }
 
 void CheckOutput::Take(const FileResult& result) {

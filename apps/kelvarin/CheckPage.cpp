@@ -37,12 +37,14 @@ constexpr char kHead[] = R"html(<!DOCTYPE html>
   table { border-collapse: collapse; width: 100%; margin: .3rem 0 1rem; }
   th { text-align: left; font-weight: 600; color: var(--soft); border-bottom: 2px solid var(--line); }
   th, td { padding: .35rem .6rem .35rem 0; vertical-align: top; }
-  td { border-bottom: 1px solid var(--line); }
+  td, tbody th { border-bottom: 1px solid var(--line); }
+  tbody th { color: inherit; overflow-wrap: anywhere; }
   .number { text-align: right; white-space: nowrap; font-variant-numeric: tabular-nums; }
-  .findings td:nth-child(1) { width: 22%; font-weight: 600; overflow-wrap: anywhere; }
+  .contracts tbody th { font-weight: 400; }
+  .findings tbody th { width: 22%; min-width: 7.5rem; hyphens: auto; }
   .findings td:nth-child(2) { width: 16%; }
   .where { color: var(--soft); font-weight: 400; }
-  mark { background: var(--mark); color: inherit; padding: 0 .1em; border-radius: 2px; }
+  mark { background: var(--mark); color: var(--ink); padding: 0 .1em; border-radius: 2px; }
   .other { color: var(--soft); margin: .25rem 0 0; }
   summary { cursor: pointer; color: var(--accent); margin-top: 1.2rem; }
   @media print {
@@ -62,6 +64,8 @@ constexpr char kHead[] = R"html(<!DOCTYPE html>
 <h1>Defined terms: findings</h1>
 )html";
 
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+
 std::string Escaped(std::string_view text) {
   std::string html;
   for (const char unit : text) {
@@ -79,13 +83,17 @@ std::string Escaped(std::string_view text) {
         html += "&quot;";
         break;
       default:
-        html += unit;
+        // No page may hold control characters; a name may.
+        html += static_cast<unsigned char>(unit) < ' ' ? std::string(kReplacement) : std::string(1, unit);
     }
   }
   return html;
 }
 
 std::string Text(const Json& object, const char* member) { return object.at(member).get<std::string>(); }
+
+/// What the row is about.
+std::string HeadCell(const std::string& content) { return "<th scope=\"row\">" + content + "</th>"; }
 
 std::string Cell(const std::string& content, const char* kind = nullptr) {
   return (kind != nullptr ? std::string("<td class=\"") + kind + "\">" : std::string("<td>")) + content + "</td>";
@@ -118,7 +126,7 @@ std::string Row(const Json& finding) {
     const Json& other = finding.at("other");
     said += "<div class=\"other\">Defined on " + WhereIs(other) + ": " + Sentence(other) + "</div>";
   }
-  return "<tr>" + Cell(name) + Cell(where) + Cell(said) + "</tr>\n";
+  return "<tr>" + HeadCell(name) + Cell(where) + Cell(said) + "</tr>\n";
 }
 
 std::string Findings(const Json& check) {
@@ -131,7 +139,8 @@ std::string Findings(const Json& check) {
     if (rows.empty()) continue;
     html.append("<h3>").append(kind.title).append("</h3>\n<p class=\"soft\">").append(kind.about);
     html.append(
-        "</p>\n<table class=\"findings\"><thead><tr><th>Term</th><th>Where</th><th>Text</th></tr></thead>\n<tbody>\n");
+        "</p>\n<table class=\"findings\"><thead><tr><th scope=\"col\">Term</th><th scope=\"col\">Where</th><th "
+        "scope=\"col\">Text</th></tr></thead>\n<tbody>\n");
     html.append(rows).append("</tbody></table>\n");
   }
   return html.empty() ? "<p>Nothing was found that calls for a look.</p>\n" : html;
@@ -142,9 +151,10 @@ std::string Definitions(const Json& check) {
   if (defined.empty()) return "";
   std::string html = "<details><summary>All " + std::to_string(defined.size()) +
                      " defined terms</summary>\n<table><thead>" +
-                     "<tr><th>Term</th><th>Defined on</th><th class=\"number\">Uses</th></tr></thead>\n<tbody>\n";
+                     "<tr><th scope=\"col\">Term</th><th scope=\"col\">Defined on</th><th scope=\"col\" "
+                     "class=\"number\">Uses</th></tr></thead>\n<tbody>\n";
   for (const Json& term : defined) {
-    html += "<tr>" + Cell(Escaped(Text(term, "term"))) + Cell(WhereIs(term)) +
+    html += "<tr>" + HeadCell(Escaped(Text(term, "term"))) + Cell(WhereIs(term)) +
             Cell(std::to_string(term.at("uses").get<int>()), "number") + "</tr>\n";
   }
   return html + "</tbody></table></details>\n";
@@ -169,7 +179,7 @@ void CheckPage::Add(const Json& check) {
   const std::string pages = std::to_string(check.at("pages").get<int>());
   const std::string defined = std::to_string(check.at("defined").size());
   findings_ += count;
-  rows_.push_back("<tr>" + Cell("<a href=\"#" + anchor + "\">" + file + "</a>") + Cell(pages, "number") +
+  rows_.push_back("<tr>" + HeadCell("<a href=\"#" + anchor + "\">" + file + "</a>") + Cell(pages, "number") +
                   Cell(defined, "number") + Cell(std::to_string(count), "number") + "</tr>\n");
   Keep("<h2 id=\"" + anchor + "\">" + file + "</h2>\n<p class=\"soft\">" + pages +
        (pages == "1" ? " page, " : " pages, ") + defined +
@@ -177,7 +187,8 @@ void CheckPage::Add(const Json& check) {
 }
 
 void CheckPage::AddFailure(const std::string& file, const std::string& reason) {
-  rows_.push_back("<tr>" + Cell(Escaped(file)) + "<td colspan=\"3\">" + Escaped(reason) + "</td></tr>\n");
+  ++failures_;
+  rows_.push_back("<tr>" + HeadCell(Escaped(file)) + "<td colspan=\"3\">" + Escaped(reason) + "</td></tr>\n");
 }
 
 void CheckPage::Write(const std::filesystem::path& target) {
@@ -187,10 +198,13 @@ void CheckPage::Write(const std::filesystem::path& target) {
     return std::to_string(number) + " " + noun + (number == 1 ? "" : "s");
   };
   sink.Write("<p class=\"soft\">" + counted(rows_.size(), "contract") + ", " + counted(findings_, "finding") +
-             "</p>\n");
+             (failures_ > 0 ? ", " + std::to_string(failures_) + " could not be checked" : "") + "</p>\n");
   sink.Write(
-      "<table><thead><tr><th>Contract</th><th class=\"number\">Pages</th><th class=\"number\">Defined terms</th>"
-      "<th class=\"number\">Findings</th></tr></thead>\n<tbody>\n");
+      "<table class=\"contracts\"><thead><tr><th scope=\"col\">Contract</th><th scope=\"col\" "
+      "class=\"number\">Pages</th>"
+      "<th scope=\"col\" class=\"number\">Defined terms</th><th scope=\"col\" "
+      "class=\"number\">Findings</th></tr></thead>\n"
+      "<tbody>\n");
   for (const std::string& row : rows_) sink.Write(row);
   sink.Write("</tbody></table>\n");
   std::rewind(parts_.get());

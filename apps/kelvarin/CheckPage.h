@@ -34,4 +34,5 @@ class CheckPage {
   std::unique_ptr<std::FILE, CloseFile> parts_;
   std::vector<std::string> rows_;
   std::size_t findings_{0};
+  std::size_t failures_{0};
 };

@@ -410,6 +410,8 @@ class Reader {
       std::error_code error;
       const std::string& first = choice_.operands.front();
       options_.many = choice_.operands.size() > 1 || first.starts_with("@") || fs::is_directory(first, error);
+      // No failure: where names are divided among lists, some have none.
+      if (options_.inputs.empty() && !options_.quiet) Say("no files are named");
     }
     for (Input& input : options_.inputs) {
       if (input.name.empty()) input.name = input.file.filename();

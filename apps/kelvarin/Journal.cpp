@@ -132,6 +132,7 @@ void Journal::Read(const std::string& options) {
     if (!done.empty()) entries_[done].line = offset;
     const std::string folder = TextOf(record, "folder");
     if (!folder.empty()) PrivateFolder::RemoveLeft(folder);
+    if (const int process = NumberOf(record, "process"); !folder.empty() && process != 0) runs_.push_back(process);
     offset += static_cast<std::streamoff>(line.size()) + 1;
   }
   if (!whole) Append("\n");
@@ -175,7 +176,13 @@ FileResult Journal::Recall(const Input& input) const {
           .result = TextOf(record, "result")};
 }
 
-void Journal::NoteFolder(const fs::path& folder) { Append(Line({{"folder", folder.string()}})); }
+void Journal::NoteRun(const fs::path& folder) { Append(Line({{"folder", folder.string()}, {"process", getpid()}})); }
+
+void Journal::SweepAfterRuns(const fs::path& target) const {
+  for (const pid_t process : runs_) {
+    if (!Runs(process)) os::SweepTemporaries(target, process);
+  }
+}
 
 void Journal::Begin(const Input& input, pid_t process) {
   Append(Line({{"begun", KeyOf(input.file)}, {"process", process}}));

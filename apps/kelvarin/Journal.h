@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "apps/kelvarin/Batch.h"
 #include "apps/kelvarin/Identity.h"
@@ -37,8 +38,11 @@ class Journal {
   /// What was reported of an input that is kDone.
   FileResult Recall(const Input& input) const;
 
-  /// Notes the folder for temporary files, so that a run that goes on after a kill takes it away.
-  void NoteFolder(const std::filesystem::path& folder);
+  /// Notes the folder for temporary files and the program's process, so that a run that goes on after a kill takes away
+  /// what it left.
+  void NoteRun(const std::filesystem::path& folder);
+  /// Takes away what killed runs left beside a report or another file that they were writing.
+  void SweepAfterRuns(const std::filesystem::path& target) const;
 
   /// A failure to write is said once, and the run goes on without.
   void Begin(const Input& input, pid_t process);
@@ -70,4 +74,6 @@ class Journal {
   int handle_{-1};
   bool saidFailure_{false};
   std::map<std::string, Entry> entries_;
+  /// The processes of earlier runs.
+  std::vector<pid_t> runs_;
 };

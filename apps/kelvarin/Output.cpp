@@ -1,5 +1,7 @@
 #include "apps/kelvarin/Output.h"
 
+#include <unistd.h>
+
 #include <cerrno>
 #include <cstring>
 #include <fstream>
@@ -7,6 +9,7 @@
 #include <iterator>
 #include <system_error>
 
+#include "apps/kelvarin/Printable.h"
 #include "apps/kelvarin/Status.h"
 #include "hosts/linux/AtomicFile.h"
 
@@ -82,7 +85,7 @@ TextSink::~TextSink() = default;
 
 void TextSink::Write(const std::string& text) {
   if (file_) return Guarded(target_, [&] { file_->Write(Bytes(text)); });
-  std::cout << text << std::flush;
+  std::cout << (isatty(STDOUT_FILENO) != 0 ? Printable(text) : text) << std::flush;
   if (!std::cout) throw Failure(kUnreadable, "standard output cannot be written");
 }
 

@@ -24,8 +24,9 @@ std::optional<std::filesystem::path> ChooseTarget(const OutputOptions& output, c
 /// @throws Failure kUnreadable
 void WriteDocument(const docx::Package& package, const std::filesystem::path& target);
 
-/// A report, a transcript or a page that is written piece by piece: to standard output at once, to a file so that it is
-/// at every moment the old file or the whole new one.
+/// A report, a transcript or a page that is written piece by piece: to standard output at once, and as it can be
+/// printed (Printable.h) where that is a terminal; to a file so that it is at every moment the old file or the whole
+/// new one.
 class TextSink {
  public:
   /// @param target "-" is standard output  @throws Failure kUnreadable, as all members do

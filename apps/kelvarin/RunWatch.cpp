@@ -43,5 +43,5 @@ void RunWatch::ProgressShown(const unattended::ProgressState& state, unattended:
   // Where it is no terminal every line stays, so that each is to say something new.
   if (line == lastLine_) return;
   lastLine_ = line;
-  ShowProgressLine(line);
+  ShowProgressLine({}, line);
 }

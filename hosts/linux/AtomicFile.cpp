@@ -119,7 +119,8 @@ void WriteFileAtomically(const std::filesystem::path& target, std::span<const st
 }
 
 void SweepTemporaries(const std::filesystem::path& target, int process) noexcept try {
-  const std::filesystem::path folder = std::filesystem::weakly_canonical(target).parent_path();
+  const std::filesystem::path folder =
+      std::filesystem::weakly_canonical(std::filesystem::absolute(target)).parent_path();
   std::vector<std::filesystem::path> left;
   for (const std::filesystem::directory_entry& entry : std::filesystem::directory_iterator(folder)) {
     const std::string name = entry.path().filename().string();

@@ -1,9 +1,12 @@
 import ctypes
+import fcntl
 import json
 import os
 import pty
 import signal
+import struct
 import subprocess
+import termios
 import time
 
 import program
@@ -193,6 +196,7 @@ class Resuming(Bulk):
             # What was cut off in the middle stays behind only until the run goes on.
             self.check(*command)
             self.assertEqual(list(self.temporary.iterdir()), [])
+            self.assertEqual(list(self.folder.rglob(".kvx-*")), [])
             self.assertEqual(self.results("out"), expected)
             untouched = [path for path, time_ in self.times().items() if before.get(path) == time_]
             self.assertGreaterEqual(len(untouched), len(before) - 2)
@@ -330,9 +334,20 @@ class Size(Bulk):
     def test_a_terminal_has_a_bar_that_is_wiped_for_messages_and_at_the_end(self):
         root = self.store(4)
         (root / "a/0.docx").write_text("no document")
+        shown, status = self.shown_on_a_terminal(80, "index", "store", "--out-dir", "out")
+        self.assertEqual(status, 3)
+        pieces = shown.split("\r\x1b[K")
+        self.assertRegex(pieces[1], r"^\[\.{24}\] 0 of 4 files$")
+        self.assertEqual([piece for piece in pieces if "0.docx" in piece],
+                         ["kelvarin: store/a/0.docx: is not a Word document: it is not a zip archive\r\n"])
+        self.assertRegex(pieces[-1], r"^kelvarin: finished: 4 of 4 files, 1 failed, \d:\d\d\r\n$")
+
+    def shown_on_a_terminal(self, columns, *arguments, stdout=subprocess.DEVNULL):
+        """What the program writes to standard error on a terminal, and its status."""
         ours, theirs = pty.openpty()
-        process = subprocess.Popen([program.KELVARIN, "index", "store", "--out-dir", "out"], stdin=subprocess.DEVNULL,
-                                   stdout=subprocess.DEVNULL, stderr=theirs, env=self.environment(), cwd=self.folder)
+        fcntl.ioctl(theirs, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
+        process = subprocess.Popen([program.KELVARIN, *arguments], stdin=subprocess.DEVNULL, env=self.environment(),
+                                   cwd=self.folder, stdout=theirs if stdout is None else stdout, stderr=theirs)
         os.close(theirs)
         shown = b""
         try:
@@ -341,12 +356,40 @@ class Size(Bulk):
         except OSError:
             pass  # the other side is closed
         os.close(ours)
-        self.assertEqual(process.wait(), 3)
-        pieces = shown.decode().split("\r\x1b[K")
-        self.assertRegex(pieces[1], r"^\[\.{24}\] 0 of 4 files$")
-        self.assertEqual([piece for piece in pieces if "0.docx" in piece],
-                         ["kelvarin: store/a/0.docx: is not a Word document: it is not a zip archive\r\n"])
-        self.assertRegex(pieces[-1], r"^kelvarin: finished: 4 of 4 files, 1 failed, \d:\d\d\r\n$")
+        return shown.decode(), process.wait()
+
+    def test_a_narrow_terminal_shows_numbers_rather_than_a_bar(self):
+        self.store(4)
+        for columns, shape in ((36, r"^\d of 4 files"), (8, r"^\d of 4 $")):
+            shown, status = self.shown_on_a_terminal(columns, "index", "store", "--out-dir", f"out{columns}")
+            self.assertEqual(status, 0, shown)
+            drawn = shown.split("\r\x1b[K")[1:-1]
+            self.assertGreater(len(drawn), 0)
+            for piece in drawn:
+                self.assertRegex(piece, shape)
+                self.assertLess(len(piece), columns)
+
+    def test_names_give_no_orders_to_a_terminal(self):
+        name = "\x1b]0;owned\x07\u009b31m.docx"
+        (self.folder / name).write_text("no document")
+        self.document("\x1b[2J.docx")
+        shown, status = self.shown_on_a_terminal(80, "check", name, "\x1b[2J.docx", "--no-progress", stdout=None)
+        self.assertEqual(status, 3)
+        self.assertIn("kelvarin: \\u001B]0;owned\\u0007\\u009B31m.docx: is not a Word document", shown)
+        self.assertIn("\\u001B[2J.docx: 2 defined terms", shown)
+        self.assertNotRegex(shown, "[\x00-\x08\x0b\x0c\x0e-\x1f\x7f-\x9f]")
+
+    def test_names_that_are_no_text_are_told_in_ascii(self):
+        name = b"caf\xe9.docx"
+        with open(os.fsencode(self.folder) + b"/" + name, "wb") as file:
+            file.write(b"no document")
+        result = self.kelvarin("check", name.decode("utf-8", "surrogateescape"))
+        self.assertEqual(result.err, "kelvarin: caf\\xE9.docx: is not a Word document: it is not a zip archive\n")
+
+    def test_an_empty_list_is_told_and_no_failure(self):
+        (self.folder / "list").write_text("\n")
+        self.assertEqual(self.check("index", "@list", "--out-dir", "out").err, "kelvarin: no files are named\n")
+        self.assertEqual(self.check("index", "@list", "--out-dir", "out", "--quiet").err, "")
 
     def test_memory_does_not_grow_with_the_number_of_files(self):
         if self.sanitized():

@@ -148,6 +148,21 @@ P The applicable Fee is due with any other Fee of the TopCo, and the TopCo pays.
         self.assertIn("&lt;b&gt;5&lt;/b&gt;", page)
         self.assertIn("default-src 'none'", page)
 
+    def test_a_page_that_cannot_be_written_is_told_of_before_any_work(self):
+        self.document()
+        result = self.check("check", "contract.docx", "--html", "nowhere/page.html", status=3)
+        self.assertEqual((result.out, result.err),
+                         ("", "kelvarin: nowhere/page.html cannot be written: No such file or directory\n"))
+
+    def test_the_page_says_how_many_contracts_it_is_not_about_and_names_its_rows(self):
+        self.document()
+        (self.folder / "bad\x1b.docx").write_text("no document")
+        self.check("check", "contract.docx", "bad\x1b.docx", "--html", "page.html", status=3)
+        page = (self.folder / "page.html").read_text()
+        self.assertIn("2 contracts, 1 finding, 1 could not be checked", page)
+        self.assertIn('<th scope="row">bad\ufffd.docx</th>', page)
+        self.assertNotRegex(page, r"<th>|[\x00-\x08\x0b-\x1f]")
+
     def test_the_page_replaces_no_input(self):
         self.document()
         self.check("check", "contract.docx", "--html", "contract.docx", status=2)

@@ -107,7 +107,10 @@ ZipPtr OpenZip(ZipMemory& memory, int flags) {
 std::vector<std::byte> ReadFile(const std::filesystem::path& path) {
   std::error_code failure;
   const auto status = std::filesystem::status(path, failure);
-  if (!std::filesystem::exists(status)) throw PackageError("cannot be read: there is no such file");
+  if (status.type() == std::filesystem::file_type::not_found) {
+    throw PackageError("cannot be read: there is no such file");
+  }
+  if (!std::filesystem::exists(status)) throw PackageError("cannot be read: " + failure.message());
   if (!std::filesystem::is_regular_file(status)) throw PackageError("cannot be read: it is not a file");
   const std::uintmax_t size = std::filesystem::file_size(path, failure);
   std::ifstream stream(path, std::ios::binary);

@@ -68,6 +68,8 @@ TEST(HostilePackage, FilesThatCannotBeRead) {
   };
   EXPECT_EQ(refusal(folder / "missing.docx"), "cannot be read: there is no such file");
   EXPECT_EQ(refusal(folder.Path()), "cannot be read: it is not a file");
+  std::filesystem::create_symlink("loop.docx", folder / "loop.docx");
+  EXPECT_EQ(refusal(folder / "loop.docx"), "cannot be read: Too many levels of symbolic links");
   EXPECT_EQ(refusal("/dev/zero"), "cannot be read: it is not a file");
   WriteBytes(folder / "empty.docx", "");
   EXPECT_EQ(refusal(folder / "empty.docx"), "is not a Word document: it is empty");

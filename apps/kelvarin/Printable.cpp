@@ -1,0 +1,44 @@
+#include "apps/kelvarin/Printable.h"
+
+#include <unicode/utf8.h>
+
+#include <cstdint>
+#include <cstdio>
+
+namespace {
+
+bool IsControl(UChar32 character) {
+  constexpr UChar32 kFirstPrinted = 0x20;
+  constexpr UChar32 kDelete = 0x7F;
+  constexpr UChar32 kLastControl = 0x9F;
+  if (character == '\n' || character == '\t') return false;
+  return character < kFirstPrinted || (character >= kDelete && character <= kLastControl);
+}
+
+}  // namespace
+
+std::string Printable(std::string_view text) {
+  std::string printable;
+  printable.reserve(text.size());
+  const auto size = static_cast<std::int64_t>(text.size());
+  for (std::int64_t index = 0; index < size;) {
+    const std::int64_t begin = index;
+    UChar32 character = 0;
+    U8_NEXT(text.data(), index, size, character);
+    const std::string_view bytes =
+        text.substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(index - begin));
+    char code[16];
+    if (character < 0) {
+      for (const char byte : bytes) {
+        std::snprintf(code, sizeof code, "\\x%02X", static_cast<unsigned>(static_cast<unsigned char>(byte)));
+        printable += code;
+      }
+    } else if (IsControl(character)) {
+      std::snprintf(code, sizeof code, "\\u%04X", static_cast<unsigned>(character));
+      printable += code;
+    } else {
+      printable += bytes;
+    }
+  }
+  return printable;
+}
