@@ -3,10 +3,11 @@
 #include <filesystem>
 #include <optional>
 
-/// A new folder that nobody else can read, for one run; it goes with the object.
+/// A new folder that nobody else can read, for one run; it goes with the object. While it exists it is locked, so that
+/// one that a killed program left is known by its lock that is gone.
 class PrivateFolder {
  public:
-  /// @throws Failure kUnreadable
+  /// The first of a program also takes away what killed ones left. @throws Failure kUnreadable
   PrivateFolder();
   ~PrivateFolder();
   PrivateFolder(const PrivateFolder&) = delete;
@@ -20,4 +21,6 @@ class PrivateFolder {
 
  private:
   std::filesystem::path path_;
+  /// Closed with the last process that has it. Negative: the file system has no locks.
+  int lock_{-1};
 };

@@ -1,3 +1,4 @@
+import fcntl
 import os
 import random
 import resource
@@ -36,6 +37,31 @@ class Safety(program.Case):
             killed += process.wait() == -signal.SIGKILL
             self.assertIn(self.out.read_bytes(), (b"the old file", self.whole))
         self.assertGreater(killed, 0)
+
+    def test_what_a_killed_run_left_in_the_temporary_folder_is_taken_away_by_the_next(self):
+        deadline = time.monotonic() + 30
+        while not (left := list(self.temporary.iterdir())) and time.monotonic() < deadline:
+            process = subprocess.Popen([program.KELVARIN, "index", self.sample, "-o", self.out, "--force"],
+                                       env=self.environment(), stderr=subprocess.DEVNULL)
+            time.sleep(0.02)
+            process.kill()
+            process.wait()
+        used, old = self.temporary / "kelvarin-USED12", time.time() - 100
+        used.mkdir()
+        others = [self.temporary / "kelvarin-somebody", self.temporary / "kelvarin-LINK12"]
+        others[0].mkdir()
+        others[1].symlink_to(self.home)
+        self.assertEqual(len(left), 1)
+        self.check("terms", self.sample)
+        self.assertTrue(left[0].exists(), "it is young")
+        for folder in (left[0], used, others[0]):
+            os.utime(folder, (old, old))
+        handle = os.open(used, os.O_RDONLY)
+        self.addCleanup(os.close, handle)
+        fcntl.flock(handle, fcntl.LOCK_EX)
+        self.check("terms", self.sample)
+        self.assertEqual(sorted(self.temporary.iterdir()), sorted([used, *others]))
+        self.assertTrue(self.home.is_dir())
 
     def test_a_full_disk_leaves_the_old_file(self):
         self.out.write_bytes(b"the old file")
