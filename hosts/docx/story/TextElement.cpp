@@ -178,9 +178,12 @@ XmlNode DivideText(XmlNode element, std::size_t units) {
   RememberWhole(element, all, text);
   XmlNode second = element.Parent().InsertChildAfter(element.Entry(), element);
   second.CopyAttributes(element);
-  const bool isOneText = element.OnlyText().has_value();
-  const auto fill = [isOneText](XmlNode part, std::string_view piece) {
-    if (isOneText) {
+  const bool isPlain = element.HoldsPlainText();
+  const bool isOneText = isPlain || element.OnlyText().has_value();
+  const auto fill = [isPlain, isOneText](XmlNode part, std::string_view piece) {
+    if (isPlain) {
+      part.SharePlainText(piece);
+    } else if (isOneText) {
       part.ShareOnlyText(piece);
     } else {
       ReplaceText(part, piece);

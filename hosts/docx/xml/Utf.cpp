@@ -10,6 +10,8 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
+bool IsNotAscii(char byte) { return static_cast<unsigned char>(byte) >= 0x80; }
+
 /// Decodes one character and moves past it.
 char32_t Decode(std::string_view text, std::size_t& at) {
   const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
@@ -34,7 +36,7 @@ std::u16string ToUtf16(std::string_view utf8) {
 }
 
 void AppendUtf16(std::string_view utf8, std::u16string& utf16) {
-  const std::size_t ascii = word::FindUnit(utf8, 0, [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
+  const std::size_t ascii = word::FindUnit(utf8, 0, &IsNotAscii);
   utf16.append(utf8.begin(), utf8.begin() + static_cast<std::ptrdiff_t>(ascii));
   if (ascii == utf8.size()) return;
   // No character takes more units than bytes.
@@ -93,8 +95,9 @@ std::string ToUtf8(std::u16string_view utf16) {
 }
 
 std::size_t Utf8Prefix(std::string_view utf8, std::size_t units) {
-  std::size_t at = 0;
-  for (std::size_t seen = 0; seen < units && at < utf8.size();) {
+  const std::string_view asked = utf8.substr(0, units);
+  std::size_t at = word::FindUnit(asked, 0, &IsNotAscii);
+  for (std::size_t seen = at; seen < units && at < utf8.size();) {
     if (static_cast<unsigned char>(utf8[at]) < 0x80) {
       ++at;
       ++seen;

@@ -112,8 +112,17 @@ std::optional<std::string_view> XmlNode::OnlyText() const {
     return first.Type() == XmlType::kText && !first.NextSibling() ? std::optional(first.Value()) : std::nullopt;
   }
   const std::string_view raw = TextOf(*data_);
+  if ((data_->flags & XmlNodeData::kPlain) != 0) return raw;
   if (!raw.empty() && (data_->flags & XmlNodeData::kTextOnly) == 0) return std::nullopt;
   return IsEscapedText(raw) ? Document().Decoded(raw, false) : raw;
+}
+
+bool XmlNode::HoldsPlainText() const {
+  if (!IsElement() || (data_->flags & XmlNodeData::kExpanded) != 0) return false;
+  if ((data_->flags & XmlNodeData::kPlain) != 0) return true;
+  if ((data_->flags & XmlNodeData::kTextOnly) == 0 || !IsWrittenAsIs(TextOf(*data_))) return false;
+  data_->flags |= XmlNodeData::kPlain;
+  return true;
 }
 
 XmlNode XmlNode::Child(const XmlName& name) const {
@@ -222,6 +231,12 @@ void XmlNode::SetOnlyText(std::string_view text) {
 void XmlNode::ShareOnlyText(std::string_view text) {
   if (!IsWrittenAsIs(text)) return SetOnlyText(text);
   SetWhole(*data_, text, true);
+  Changed();
+}
+
+void XmlNode::SharePlainText(std::string_view text) {
+  SetWhole(*data_, text, true);
+  data_->flags |= XmlNodeData::kPlain;
   Changed();
 }
 

@@ -35,6 +35,7 @@ struct XmlNodeData {
     kTextOnly = 4,  ///< and that is one text, without markup
     kDecoded = 8,   ///< of a text: `attributes` is its value
     kDeep = 16,     ///< while it is being read: a child has children
+    kPlain = 32,    ///< as kTextOnly, and written as it is
   };
 
   const XmlName* name{nullptr};
@@ -130,6 +131,9 @@ class XmlNode {
   std::string_view Value() const;
   /// What an element holds when that is one text or nothing.
   std::optional<std::string_view> OnlyText() const;
+  /// Whether that is a text with nothing to escape, which then is remembered. False also where it would take a while to
+  /// tell.
+  bool HoldsPlainText() const;
 
   XmlNode Parent() const { return XmlNode(data_ == nullptr ? nullptr : data_->parent); }
   XmlNode FirstChild() const {
@@ -188,6 +192,8 @@ class XmlNode {
   void SetOnlyText(std::string_view text);
   /// The same for a text that is part of a value of the document: it is not copied where it can be written as it is.
   void ShareOnlyText(std::string_view text);
+  /// The same for a part of what one that HoldsPlainText holds: nobody looks at it again.
+  void SharePlainText(std::string_view text);
   /// Forgets the nodes of an element's children, which it gets anew when they are asked for.
   /// @return what it holds, as it is written, for SetContentText
   std::string_view SettleContent();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -58,9 +60,9 @@ class XmlPart {
   /// The same for a literal, which is looked up by its address: names are asked for at every edit.
   template <std::size_t size>
   const XmlName& Name(const char (&literal)[size]) const {
-    const XmlName*& name = literals_[literal];
-    if (name == nullptr) name = &Name(std::string_view(literal));
-    return *name;
+    Literal& known = literals_[reinterpret_cast<std::uintptr_t>(literal) % literals_.size()];
+    if (known.literal != literal) known = {literal, &Name(std::string_view(literal))};
+    return *known.name;
   }
   /// Sets or adds a WordprocessingML attribute.
   template <typename Local>
@@ -89,7 +91,11 @@ class XmlPart {
   bool scoped_{false};
   bool changed_{false};
   std::unordered_map<std::string, Tag> tags_;  // unless scoped_
-  mutable std::unordered_map<const char*, const XmlName*> literals_;
+  struct Literal {
+    const char* literal{nullptr};
+    const XmlName* name{nullptr};
+  };
+  mutable std::array<Literal, 1021> literals_;  // of those that would share a place the last one
 };
 
 }  // namespace docx

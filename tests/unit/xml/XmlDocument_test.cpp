@@ -139,6 +139,22 @@ TEST(XmlNode, APartOfATextIsSharedOrEscaped) {
   EXPECT_EQ(document.Root().LastChild().OnlyText(), "< 2");
 }
 
+TEST(XmlNode, ATextWithNothingToEscapeIsSharedWithoutLookingAtItAgain) {
+  XmlDocument document("<a><b>one two</b><b>1 > 2</b><b>1 &lt; 2</b><b/><b>x<c/></b></a>", "part.xml");
+  XmlNode b = document.Root().FirstChild();
+  EXPECT_TRUE(b.HoldsPlainText());
+  for (XmlNode other = b.NextSibling(); other; other = other.NextSibling()) EXPECT_FALSE(other.HoldsPlainText());
+  b.SharePlainText(b.OnlyText()->substr(2));
+  EXPECT_EQ(b.OnlyText(), "e two");
+  EXPECT_TRUE(b.HoldsPlainText());
+  b.FirstChild().SetValue("<");
+  EXPECT_FALSE(b.HoldsPlainText());
+  EXPECT_EQ(b.OnlyText(), "<");
+  EXPECT_EQ(document.Serialize(), "<a><b>&lt;</b><b>1 > 2</b><b>1 &lt; 2</b><b/><b>x<c/></b></a>");
+  b.SetOnlyText("a & b");
+  EXPECT_EQ(b.OnlyText(), "a & b");
+}
+
 TEST(XmlNode, TellsWhatAnElementMayHoldUntilItChanges) {
   XmlDocument document("<a><b><c/></b></a>", "part.xml");
   XmlNode b = document.Root().FirstChild();
