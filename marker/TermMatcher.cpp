@@ -4,11 +4,16 @@
 
 #include <algorithm>
 #include <array>
+#include <future>
+#include <numeric>
 
 namespace marker {
 namespace {
 
 constexpr std::size_t kNoForm = static_cast<std::size_t>(-1);
+
+/// Below it a thread costs more than it saves.
+constexpr std::size_t kWorthThread = 64 << 10;
 
 bool IsDoubleQuote(char16_t character) {
   switch (character) {
@@ -66,6 +71,7 @@ TermMatcher::TermMatcher(const Letters& letters, std::vector<Form> forms)
 
 void TermMatcher::Insert(std::size_t form) {
   Node node = kRoot;
+  longest_ = std::max(longest_, forms_[form].text.size());
   for (const char16_t unit : letters_.Fold(forms_[form].text)) {
     Node child = Child(node, unit);
     if (child == kNone) {
@@ -98,38 +104,54 @@ std::size_t TermMatcher::Choose(const std::vector<std::size_t>& forms, std::u16s
 void TermMatcher::Collect(std::u16string_view text, std::u16string_view folded, std::size_t begin,
                           std::vector<Match>& candidates) const {
   Node node = kRoot;
-  for (std::size_t index = begin; index < folded.size(); ++index) {
-    node = index == begin ? Begin(folded[index]) : Child(node, folded[index]);
+  for (std::size_t length = 1; length <= folded.size(); ++length) {
+    const char16_t unit = folded[length - 1];
+    node = length == 1 ? Begin(unit) : Child(node, unit);
     if (node == kNone) return;
-    const std::size_t end = index + 1;
+    const std::size_t end = begin + length;
     if (formsAt_[node].empty() || Letters::SplitsPair(text, end) || letters_.IsWordAt(text, end)) continue;
-    const std::size_t form = Choose(formsAt_[node], text.substr(begin, end - begin));
+    const std::size_t form = Choose(formsAt_[node], text.substr(begin, length));
     if (form != kNoForm) candidates.push_back({.form = form, .begin = begin, .end = end, .entry = end});
   }
 }
 
-std::vector<Match> TermMatcher::Find(std::u16string_view text) const {
-  const std::u16string folded = letters_.Fold(text);
+std::vector<Match> TermMatcher::Candidates(std::u16string_view text, std::size_t begin, std::size_t end) const {
+  const std::u16string folded = letters_.Fold(text.substr(begin, end - begin + longest_));
   std::vector<Match> candidates;
-  bool behindWord = false;
-  for (std::size_t index = 0; index < text.size();) {
-    const std::size_t begin = index;
+  bool behindWord = letters_.IsWordBefore(text, begin);
+  for (std::size_t index = begin; index < end;) {
+    const std::size_t at = index;
     const char32_t character = Letters::Next(text, index);
-    if (!behindWord) Collect(text, folded, begin, candidates);
+    if (!behindWord) Collect(text, std::u16string_view(folded).substr(at - begin), at, candidates);
     behindWord = letters_.IsWord(character);
   }
+  return candidates;
+}
+
+std::vector<Match> TermMatcher::Find(std::u16string_view text) const {
+  std::size_t middle = text.size() / 2;
+  if (Letters::SplitsPair(text, middle)) ++middle;
+  const auto policy = text.size() < kWorthThread ? std::launch::deferred : std::launch::async | std::launch::deferred;
+  auto behind = std::async(policy, [&] { return Candidates(text, middle, text.size()); });
+  std::vector<Match> candidates = Candidates(text, 0, middle);
+  const std::vector<Match> others = behind.get();
+  candidates.insert(candidates.end(), others.begin(), others.end());
   return Resolve(text, std::move(candidates));
 }
 
 std::vector<Match> TermMatcher::Resolve(std::u16string_view text, std::vector<Match> candidates) const {
-  std::sort(candidates.begin(), candidates.end(), [](const Match& left, const Match& right) {
-    const std::size_t leftLength = left.end - left.begin;
-    const std::size_t rightLength = right.end - right.begin;
-    return leftLength != rightLength ? leftLength > rightLength : left.begin < right.begin;
-  });
+  // Each length's are left in their order: there are few lengths, and many candidates.
+  std::vector<std::size_t> from(longest_ + 2);
+  const auto length = [](const Match& match) { return match.end - match.begin; };
+  for (const Match& match : candidates) ++from[longest_ - length(match) + 1];
+  std::partial_sum(from.begin(), from.end(), from.begin());
+  std::vector<std::size_t> fromTheLongest(candidates.size());
+  for (std::size_t i = 0; i < candidates.size(); ++i) fromTheLongest[from[longest_ - length(candidates[i])]++] = i;
+
   std::vector<bool> taken(text.size(), false);
-  std::vector<Match> matches;
-  for (Match& match : candidates) {
+  std::vector<bool> won(candidates.size(), false);
+  for (const std::size_t candidate : fromTheLongest) {
+    Match& match = candidates[candidate];
     // Whatever was taken before is no shorter, so it cannot lie between the two ends.
     if (taken[match.begin] || taken[match.end - 1]) continue;
     std::fill(taken.begin() + static_cast<std::ptrdiff_t>(match.begin),
@@ -140,10 +162,13 @@ std::vector<Match> TermMatcher::Resolve(std::u16string_view text, std::vector<Ma
       match.entry = possessive;
     }
     match.definition = StandsInQuotes(letters_, text, match.begin, match.end);
-    matches.push_back(match);
+    won[candidate] = true;
   }
-  std::sort(matches.begin(), matches.end(),
-            [](const Match& left, const Match& right) { return left.begin < right.begin; });
+  std::vector<Match> matches;
+  matches.reserve(static_cast<std::size_t>(std::count(won.begin(), won.end(), true)));
+  for (std::size_t i = 0; i < candidates.size(); ++i) {
+    if (won[i]) matches.push_back(candidates[i]);
+  }
   return matches;
 }
 

@@ -41,6 +41,7 @@ class TermMatcher {
   /// @param letters must outlive this object
   TermMatcher(const Letters& letters, std::vector<Form> forms);
 
+  /// Two threads share the work on a long text.
   /// @return the occurrences in order, none overlapping
   std::vector<Match> Find(std::u16string_view text) const;
 
@@ -56,13 +57,18 @@ class TermMatcher {
   void Insert(std::size_t form);
   Node Child(Node parent, char16_t unit) const;
   Node Begin(char16_t unit) const { return unit < roots_.size() ? roots_[unit] : Child(kRoot, unit); }
+  /// What begins in a stretch of the text, whose ends are in no pair of surrogates, in the order of their begins.
+  std::vector<Match> Candidates(std::u16string_view text, std::size_t begin, std::size_t end) const;
+  /// What begins at a place. @param folded the text from that place on, as far as forms can reach
   void Collect(std::u16string_view text, std::u16string_view folded, std::size_t begin,
                std::vector<Match>& candidates) const;
   std::size_t Choose(const std::vector<std::size_t>& forms, std::u16string_view found) const;
+  /// @param candidates in the order of their begins
   std::vector<Match> Resolve(std::u16string_view text, std::vector<Match> candidates) const;
 
   const Letters& letters_;
   std::vector<Form> forms_;
+  std::size_t longest_{0};                            ///< of those that are looked for
   std::vector<std::vector<Branch>> children_{1};      ///< of each node, by their units
   std::vector<std::vector<std::size_t>> formsAt_{1};  ///< the forms that end at each node, in the order given
   std::array<Node, 128> roots_;  ///< where a form begins: at every word of a text, so it is told at once for ASCII

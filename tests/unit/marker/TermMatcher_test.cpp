@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -51,6 +52,28 @@ TEST_F(TermMatcherTest, ATermRunsAcrossATabOrALineBreakThatItHolds) {
 
 TEST_F(TermMatcherTest, TabsAndLineBreaksAtTheEndsOfATermAreNoPartOfIt) {
   EXPECT_EQ(Found({u"\t\v Lender\t"}, u"a\tLender."), Terms{u"0:Lender"});
+}
+
+// Halves are searched by themselves, and long texts by two threads.
+TEST_F(TermMatcherTest, NothingIsLostOrFoundTwiceWhereATextIsHalved) {
+  const Terms terms{u"Net", u"Net Income", u"Income \U00010400\U00010428 Statement"};
+  const std::u16string pattern = u"Net Income \U00010400\U00010428 Statement, Networth and \u201CNet\u201D; ";
+  const std::array<std::size_t, 3> at{0, 4, 41};
+  for (const std::size_t repeats : {std::size_t{1}, std::size_t{2}, std::size_t{3}, std::size_t{5000}}) {
+    for (std::size_t blanks = 0; blanks < pattern.size(); ++blanks) {
+      if (repeats > 3 && blanks % 9 != 0) continue;
+      std::u16string text;
+      for (std::size_t i = 0; i < repeats; ++i) text += pattern;
+      text.append(blanks, u' ');
+      const std::vector<Match> found = Find(terms, text, true);
+      ASSERT_EQ(found.size(), 3 * repeats) << blanks;
+      for (std::size_t i = 0; i < found.size(); ++i) {
+        EXPECT_EQ(found[i].form, i % 3 == 1 ? 2U : 0U);
+        EXPECT_EQ(found[i].begin, i / 3 * pattern.size() + at[i % 3]);
+        EXPECT_EQ(found[i].definition, i % 3 == 2);
+      }
+    }
+  }
 }
 
 TEST_F(TermMatcherTest, AWordInsideALongerWordIsNoOccurrence) {
