@@ -55,7 +55,9 @@ class Taken {
 };
 
 /// An entry that stands for a bookmark's range has the pages of that; without the bookmark its own.
-void SetPages(IndexEntry& entry, OpenDocument& document, const Story& story, Position position) {
+/// @param before the one before it, which mostly stands on the same page; nullptr for none
+void SetPages(IndexEntry& entry, const IndexEntry* before, OpenDocument& document, const Story& story,
+              Position position) {
   Paginator& pages = document.Pages();
   const std::u16string& name = entry.mark->rangeBookmark;
   const BookmarkIndex::Mark* range = name.empty() ? nullptr : document.Bookmarks().Find(name);
@@ -66,7 +68,7 @@ void SetPages(IndexEntry& entry, OpenDocument& document, const Story& story, Pos
     entry.lastPage = pages.PageOf(*range->story, std::max(start, BookmarkIndex::End(*range) - 1));
     entry.lastLabel = pages.LabelOf(entry.lastPage);
   }
-  entry.label = pages.LabelOf(entry.page);
+  entry.label = before != nullptr && before->page == entry.page ? before->label : pages.LabelOf(entry.page);
 }
 
 /// Every entry of the text and its notes that the index may list, in document order. What a tracked deletion holds is
@@ -87,13 +89,22 @@ class Entries {
     }
   }
 
+  /// Whether their pages are those of their own places, all of them before a position of the main text.
+  bool StandBefore(Position position) const {
+    return std::all_of(entries_.begin(), entries_.end(), [&](const Entry& entry) {
+      return entry.story->Type() == word::wdMainTextStory && entry.begin < position &&
+             entry.mark->rangeBookmark.empty();
+    });
+  }
+
   /// With the pages that they have now.
   std::vector<IndexEntry> Paged() const {
     std::vector<IndexEntry> paged;
     paged.reserve(entries_.size());
     for (const Entry& entry : entries_) {
+      const bool isFirst = paged.empty();
       IndexEntry& made = paged.emplace_back(IndexEntry{.mark = entry.mark, .page = 1, .label = {}});
-      SetPages(made, document_, *entry.story, entry.begin);
+      SetPages(made, isFirst ? nullptr : &paged[paged.size() - 2], document_, *entry.story, entry.begin);
       made.sequence = entry.sequence;
     }
     return paged;
@@ -290,12 +301,14 @@ void UpdateIndexField(OpenDocument& document, const FieldSpan& given) {
   const IndexOptions options = ParseIndexOptions(FieldCodeText(main, field));
   Entries entries(document, options);
   std::vector<IndexParagraph> content = BuildIndexContent(entries.Paged(), options);
+  const bool holds =
+      document.Pages().HoldsBefore() && options.columns == 0 && entries.StandBefore(main.ParagraphStart(field.begin));
   for (int layouts = 1;; ++layouts) {
     document.BeforeChange(kMember);
     const Position without = main.Length();
     WriteResult(document, field, options, content);
     opening.PutBack(main, field.begin);
-    if (layouts == kMostLayouts) break;
+    if (holds || layouts == kMostLayouts) break;
     entries.Move(field.end, main.Length() - without);
     std::vector<IndexParagraph> settled = BuildIndexContent(entries.Paged(), options);
     if (settled == content) break;

@@ -105,6 +105,7 @@ FilePaginator::FilePaginator(DocumentParts& parts) {
   numberings_ = walk.TakeNumberings();
   stated_ = walk.Stated();
   estimated_ = options.estimate || walk.Estimated();
+  onlyEstimated_ = options.estimate;
 }
 
 void FilePaginator::PlaceEndnotes(DocumentParts& parts, PageWalk& walk) {

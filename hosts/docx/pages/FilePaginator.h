@@ -18,6 +18,7 @@ class FilePaginator : public PageTable {
   /// @throws PackageError when a part that the pages depend on cannot be read
   explicit FilePaginator(DocumentParts& parts);
 
+  bool HoldsBefore() const override { return onlyEstimated_; }
   std::string Basis() const override;
 
  private:
@@ -25,6 +26,9 @@ class FilePaginator : public PageTable {
 
   bool stated_{false};
   bool estimated_{false};
+  // Without breaks that Word left an estimate goes ahead, and never back. With them what it lays depends on whether
+  // there is an index that Word has not laid out.
+  bool onlyEstimated_{false};
 };
 
 }  // namespace docx

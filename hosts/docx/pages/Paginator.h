@@ -34,6 +34,9 @@ class Paginator {
   /// What is printed on a page as its number: in the format and with the restart of the page's section. Plain decimal
   /// for a page that does not exist.
   virtual std::u16string LabelOf(int page) const = 0;
+  /// Whether the pages of the main text before a paragraph stay what they are, whatever that and the paragraphs behind
+  /// it are given, as long as no section is added.
+  virtual bool HoldsBefore() const { return false; }
   /// What the numbers rest on, as a short English phrase for reports: "an estimate".
   virtual std::string Basis() const = 0;
   /// What the pages look like; nullptr when nobody asked for that, or the pages come from elsewhere.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "tests/unit/pages/PagedDocument.h"
 
@@ -35,6 +36,26 @@ TEST(Estimate, APageHoldsTheLinesThatItsHeightHolds) {
 }
 
 TEST(Estimate, EmptyParagraphsAreLines) { EXPECT_EQ(Document(Times(27, P("", kSpacing)) + Last()).PageOf(u"last"), 2); }
+
+TEST(Estimate, WhatAParagraphIsGivenLeavesThePagesBeforeItAsTheyWere) {
+  const std::string before = Lines(20) + "<w:tbl><w:tr><w:tc>" + Lines(4) + "</w:tc><w:tc>" + Lines(9) +
+                             "</w:tc></w:tr></w:tbl>" + P(Text(Words(900))) + P(Text("x") + kBreak, kSpacing);
+  Document document(before + Last() + Lines(90));
+  EXPECT_TRUE(document.Pages().HoldsBefore());
+  docx::Story& main = document.Parts().Main();
+  const auto last = static_cast<docx::Position>(main.Text(0, main.Length()).find(u"last"));
+  std::vector<int> pages;
+  for (docx::Position at = 0; at < last; ++at) pages.push_back(document.Pages().PageOf(main, at));
+  EXPECT_GT(pages.back(), 2);
+  for (int i = 0; i < 200; ++i) main.InsertText(last + 2, u"more\r");
+  const auto now = docx::MakePaginator(document.Parts(), docx::PageSource::kFile, nullptr);
+  EXPECT_GT(now->PageCount(), document.Count());
+  for (docx::Position at = 0; at < last; ++at) ASSERT_EQ(now->PageOf(main, at), pages[static_cast<std::size_t>(at)]);
+}
+
+TEST(Estimate, PagesThatWordLeftMayDependOnWhatComesLater) {
+  EXPECT_FALSE(Document(Lines(2) + P(kMark + Text("x")) + Last()).Pages().HoldsBefore());
+}
 
 TEST(Estimate, StatedBreaksBeginAPageToFill) {
   Document document(Lines(20) + P(Text("x") + kBreak, kSpacing) + Lines(26) + Last());
