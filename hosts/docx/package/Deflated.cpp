@@ -44,31 +44,39 @@ struct Deflated::Reader {
 Deflated::Deflated(std::string text) : size_(text.size()) {
   // Without another thread to be had it is packed when it is asked for.
   const auto policy = size_ < kWorthThread ? std::launch::deferred : std::launch::async | std::launch::deferred;
-  packed_ = std::async(policy, &Pack, std::move(text)).share();
+  const auto shared = std::make_shared<std::string>(std::move(text));
+  // The text goes when it is packed, not with what it was packed to.
+  packed_ = std::async(policy, [held = shared]() mutable { return Pack(*std::exchange(held, nullptr)); }).share();
+  checksum_ = Checksum(*shared);
 }
 
-Deflated::Packed Deflated::Pack(std::string text) {
+Deflated::Packed Deflated::Pack(std::string_view text) {
   const auto compressor =
       Allocated<std::unique_ptr<libdeflate_compressor, FreeCompressor>>(libdeflate_alloc_compressor(kLevel));
-  // Not all of it is touched, and what is not costs nothing.
   const std::size_t bound = libdeflate_deflate_compress_bound(compressor.get(), text.size());
-  const auto room = std::make_unique_for_overwrite<std::byte[]>(bound);
-  const std::size_t size = libdeflate_deflate_compress(compressor.get(), text.data(), text.size(), room.get(), bound);
-  const std::uint32_t checksum = docx::Checksum(text);
-  if (text.size() > kRatioFreeSize && text.size() / kMaxRatio > size) {
-    const auto bytes = std::as_bytes(std::span(text));
-    return {.bytes = {bytes.begin(), bytes.end()}, .checksum = checksum, .method = ZIP_CM_STORE};
+  const auto allocate = [](std::size_t size) {
+    return Allocated<std::unique_ptr<std::byte, Free>>(static_cast<std::byte*>(std::malloc(size)));
+  };
+  // Not all of it is touched, and what is not costs nothing.
+  Packed packed{.bytes = allocate(bound)};
+  packed.size = libdeflate_deflate_compress(compressor.get(), text.data(), text.size(), packed.bytes.get(), bound);
+  if (text.size() > kRatioFreeSize && text.size() / kMaxRatio > packed.size) {
+    packed = {.bytes = allocate(text.size()), .size = text.size(), .method = ZIP_CM_STORE};
+    std::memcpy(packed.bytes.get(), text.data(), text.size());
+  } else if (void* const fitting = std::realloc(packed.bytes.get(), packed.size)) {
+    static_cast<void>(packed.bytes.release());
+    packed.bytes.reset(static_cast<std::byte*>(fitting));
   }
-  return {.bytes = {room.get(), room.get() + size}, .checksum = checksum};
+  return packed;
 }
 
 std::string Deflated::Content() const {
   const Packed& packed = packed_.get();
   std::string text(size_, '\0');
   if (packed.method == ZIP_CM_STORE) {
-    std::memcpy(text.data(), packed.bytes.data(), text.size());
+    std::memcpy(text.data(), packed.bytes.get(), text.size());
   } else {
-    Unpack(packed.bytes, text);
+    Unpack({packed.bytes.get(), packed.size}, text);
   }
   return text;
 }
@@ -76,12 +84,12 @@ std::string Deflated::Content() const {
 zip_source_t* Deflated::MakeSource(zip_t* archive, std::time_t modified) const {
   const Packed& packed = packed_.get();
   auto reader = std::make_unique<Reader>();
-  reader->bytes = packed.bytes;
+  reader->bytes = {packed.bytes.get(), packed.size};
   zip_stat_t& stat = reader->stat;
   zip_stat_init(&stat);
   stat.size = size_;
-  stat.comp_size = packed.bytes.size();
-  stat.crc = packed.checksum;
+  stat.comp_size = packed.size;
+  stat.crc = checksum_;
   stat.comp_method = packed.method;
   stat.encryption_method = ZIP_EM_NONE;
   stat.mtime = modified;

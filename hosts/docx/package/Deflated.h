@@ -4,11 +4,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <ctime>
 #include <future>
+#include <memory>
 #include <span>
 #include <string>
-#include <vector>
+#include <string_view>
 
 namespace docx {
 
@@ -28,21 +30,25 @@ class Deflated {
   /// The method that the entry must be given: of a text that would pack so well that it would be taken for a bomb, that
   /// it is stored as it is.
   zip_uint16_t Method() const { return packed_.get().method; }
+  std::size_t PackedSize() const { return packed_.get().size; }
 
  private:
+  struct Free {
+    void operator()(std::byte* bytes) const { std::free(bytes); }
+  };
   struct Packed {
-    std::vector<std::byte> bytes;
-    std::uint32_t checksum{0};  ///< of the text
+    std::unique_ptr<std::byte, Free> bytes;
+    std::size_t size{0};
     zip_uint16_t method{ZIP_CM_DEFLATE};
   };
   struct Reader;
 
-  /// By value, so that the text goes when it is packed.
-  static Packed Pack(std::string text);
+  static Packed Pack(std::string_view text);
   static zip_int64_t Callback(void* reader, void* data, zip_uint64_t length, zip_source_cmd_t command);
 
   std::size_t size_;
   std::shared_future<Packed> packed_;
+  std::uint32_t checksum_;  // of the text
 };
 
 /// Unpacks what an archive holds.

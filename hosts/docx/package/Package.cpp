@@ -388,6 +388,7 @@ void Package::Write(const Sink& sink) const {
   const auto check = [&zip](bool good) {
     if (!good) throw PackageError(std::string("cannot be written: ") + zip_strerror(zip.get()));
   };
+  std::size_t expected = file_.size();
   for (const auto& listed : entries_) {
     const Entry& entry = *listed;
     if (entry.removed) {
@@ -395,6 +396,7 @@ void Package::Write(const Sink& sink) const {
       continue;
     }
     if (!entry.content) continue;
+    expected += entry.content->PackedSize();
     zip_source_t* const content = entry.content->MakeSource(zip.get(), entry.modified);
     check(content != nullptr);
     zip_int64_t added = 0;
@@ -409,6 +411,7 @@ void Package::Write(const Sink& sink) const {
     check(zip_set_file_compression(zip.get(), index, entry.content->Method(), 0) == 0);
     check(zip_file_set_mtime(zip.get(), index, entry.modified, 0) == 0);
   }
+  memory.Expect(expected);
   check(zip_close(zip.get()) == 0);
   static_cast<void>(zip.release());
 

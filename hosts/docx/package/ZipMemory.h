@@ -20,6 +20,8 @@ class ZipMemory {
 
   /// For one zip_open_from_source, which takes it over when it succeeds; the object outlives the archive.
   zip_source_t* MakeSource(zip_error_t* error);
+  /// Makes room for so many bytes of the successor; more may be written.
+  void Expect(std::size_t size) { output_.reserve(size); }
   /// What closing the archive wrote; empty before.
   std::span<const std::byte> Output() const { return output_; }
 
