@@ -1,5 +1,6 @@
 #include "apps/kelvarin/Report.h"
 
+#include <algorithm>
 #include <map>
 #include <set>
 #include <unordered_map>
@@ -46,36 +47,49 @@ std::map<std::u16string, std::set<int>> EntryPages(docx::WordProcessor& processo
   return pages;
 }
 
+std::string Written(const Json& value) { return value.dump(-1, ' ', false, Json::error_handler_t::replace); }
+
 }  // namespace
 
-Report::Report(const std::filesystem::path& file) {
-  const Json none = Json::array();
-  report_ = {{"file", file.string()}, {"output", nullptr},    {"status", "failed"}, {"searchType", nullptr},
-             {"pages", nullptr},      {"pagesFrom", nullptr}, {"found", none},      {"chosen", none},
-             {"terms", none},         {"notUsed", none},      {"notFound", none},   {"messages", none},
-             {"seconds", 0.0}};
+Report::Report(const std::filesystem::path& file) : messages_(Json::array()) {
+  const std::pair<const char*, Json> fields[] = {
+      {"file", file.string()},  {"output", nullptr},        {"status", "failed"},        {"searchType", nullptr},
+      {"pages", nullptr},       {"pagesFrom", nullptr},     {"found", Json::array()},    {"chosen", Json::array()},
+      {"terms", Json::array()}, {"notUsed", Json::array()}, {"notFound", Json::array()}, {"messages", messages_},
+      {"seconds", 0.0}};
+  for (const auto& [name, value] : fields) fields_.push_back({name, Written(value)});
 }
 
-void Report::SetOutput(const std::filesystem::path& output) { report_["output"] = output.string(); }
+void Report::Set(std::string_view name, const Json& value) {
+  const auto field = std::find_if(fields_.begin(), fields_.end(), [&](const Field& one) { return one.name == name; });
+  field->value = Written(value);
+}
 
-void Report::AddReason(const std::string& text) { report_["messages"].push_back({{"title", ""}, {"text", text}}); }
+void Report::AddMessage(const std::string& title, const std::string& text) {
+  messages_.push_back({{"title", title}, {"text", text}});
+  Set("messages", messages_);
+}
+
+void Report::SetOutput(const std::filesystem::path& output) { Set("output", output.string()); }
+
+void Report::AddReason(const std::string& text) { AddMessage("", text); }
 
 void Report::SetPages(const docx::WordProcessor& processor) {
-  report_["pages"] = processor.PageCount();
-  report_["pagesFrom"] = processor.PagesFrom();
+  Set("pages", processor.PageCount());
+  Set("pagesFrom", processor.PagesFrom());
 }
 
 void Report::Fill(Session& session) {
   const std::string searchType = session.SearchType();
-  if (!searchType.empty()) report_["searchType"] = searchType;
+  if (!searchType.empty()) Set("searchType", searchType);
   if (session.HasDocument()) SetPages(session.Processor());
-  report_["found"] = recording::ToValue(session.Watch().Found());
+  Set("found", recording::ToValue(session.Watch().Found()));
   const RunLog& log = session.Log();
-  report_["chosen"] = log.chosen;
-  report_["notUsed"] = log.notUsed;
-  report_["notFound"] = log.notFound;
+  Set("chosen", log.chosen);
+  Set("notUsed", log.notUsed);
+  Set("notFound", log.notFound);
   for (const RunWatch::ShownMessage& message : session.Watch().Messages()) {
-    report_["messages"].push_back({{"title", ToUtf8(message.title)}, {"text", ToUtf8(message.text)}});
+    AddMessage(ToUtf8(message.title), ToUtf8(message.text));
   }
   if (session.HasDocument()) FillTerms(session);
 }
@@ -84,6 +98,7 @@ void Report::FillTerms(Session& session) {
   const Json& table = session.Log().table;
   if (table.empty()) return;
   const std::map<std::u16string, std::set<int>> pages = EntryPages(session.Processor());
+  Json terms = Json::array();
   for (const Json& row : table) {
     const std::string term = row.at(0).get<std::string>();
     Json labels = Json::array();
@@ -91,8 +106,13 @@ void Report::FillTerms(Session& session) {
     if (found != pages.end()) {
       for (const int page : found->second) labels.push_back(ToUtf8(session.Processor().PageLabel(page)));
     }
-    report_["terms"].push_back({{"term", term}, {"count", row.at(1)}, {"pages", labels}});
+    terms.push_back({{"term", term}, {"count", row.at(1)}, {"pages", std::move(labels)}});
   }
+  Set("terms", terms);
 }
 
-std::string Report::Line() const { return report_.dump(-1, ' ', false, Json::error_handler_t::replace); }
+std::string Report::Line() const {
+  std::string line;
+  for (const Field& field : fields_) line += (line.empty() ? "{\"" : ",\"") + field.name + "\":" + field.value;
+  return line + "}";
+}

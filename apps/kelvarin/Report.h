@@ -4,6 +4,8 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "apps/kelvarin/Session.h"
 
@@ -18,15 +20,24 @@ class Report {
   /// How many pages there are, and what says so.
   void SetPages(const docx::WordProcessor& processor);
   /// @param status "done", "stopped" or "failed"
-  void SetStatus(const char* status) { report_["status"] = status; }
+  void SetStatus(const char* status) { Set("status", status); }
   /// Why it failed, where no message says so.
   void AddReason(const std::string& text);
-  void SetSeconds(double seconds) { report_["seconds"] = seconds; }
+  void SetSeconds(double seconds) { Set("seconds", seconds); }
 
   std::string Line() const;
 
  private:
-  void FillTerms(Session& session);
+  struct Field {
+    std::string name;
+    std::string value;  ///< as it is written
+  };
 
-  nlohmann::ordered_json report_;
+  void FillTerms(Session& session);
+  /// Writes a field, which is there from the beginning, out: so what is long is done with before the end.
+  void Set(std::string_view name, const nlohmann::ordered_json& value);
+  void AddMessage(const std::string& title, const std::string& text);
+
+  std::vector<Field> fields_;  ///< in their order
+  nlohmann::ordered_json messages_;
 };
