@@ -39,6 +39,8 @@ void TakeMemoryInLargePages() {
   // One stretch that grows, so that all of it can be asked for in large pages.
   if (mallopt(M_MMAP_THRESHOLD, kLargestBlock) == 0 || mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max()) == 0)
     return;
+  // A text that is larger would come in small pages.
+  mallopt(M_MMAP_MAX, 0);
   mallopt(M_TOP_PAD, kAhead);
   void* const grown = std::malloc(kLargePage);
   mallopt(M_TOP_PAD, static_cast<int>(kLargePage));
