@@ -146,6 +146,17 @@ class Entries {
   std::vector<Entry> entries_;
 };
 
+/// Whether the result of an index will leave the pages of its entries as they are.
+bool PagesHold(OpenDocument& document, const FieldSpan& field, const IndexOptions& options, const Entries& entries) {
+  if (!document.Pages().HoldsBefore()) return false;
+  const Story& main = document.Parts().Main();
+  if (options.columns == 0) return entries.StandBefore(main.ParagraphStart(field.begin));
+  // Only there a section of its own ends what stood before it, and leaves that its properties.
+  if (!main.Part().Is(main.ParagraphAt(field.begin).Parent(), Tag::kBody)) return false;
+  const bool endsParagraph = main.ParagraphEnd(field.begin) == field.Behind() + 1;
+  return entries.StandBefore(endsParagraph ? field.begin : main.ParagraphStart(field.begin));
+}
+
 /// The style and the right tab that Word gives each paragraph of an index, and nothing else but a section's end and
 /// that it is a tracked insertion. A heading stays with the entry below it.
 void FormatParagraph(XmlPart& part, XmlNode paragraph, const std::string& style, bool heading, int tabPosition) {
@@ -301,8 +312,7 @@ void UpdateIndexField(OpenDocument& document, const FieldSpan& given) {
   const IndexOptions options = ParseIndexOptions(FieldCodeText(main, field));
   Entries entries(document, options);
   std::vector<IndexParagraph> content = BuildIndexContent(entries.Paged(), options);
-  const bool holds =
-      document.Pages().HoldsBefore() && options.columns == 0 && entries.StandBefore(main.ParagraphStart(field.begin));
+  const bool holds = PagesHold(document, field, options, entries);
   for (int layouts = 1;; ++layouts) {
     document.BeforeChange(kMember);
     const Position without = main.Length();

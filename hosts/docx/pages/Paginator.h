@@ -34,8 +34,8 @@ class Paginator {
   /// What is printed on a page as its number: in the format and with the restart of the page's section. Plain decimal
   /// for a page that does not exist.
   virtual std::u16string LabelOf(int page) const = 0;
-  /// Whether the pages of the main text before a paragraph stay what they are, whatever that and the paragraphs behind
-  /// it are given, as long as no section is added.
+  /// Whether the pages of the main text up to a paragraph's beginning or end stay what they are, whatever is put in
+  /// there; the end of a section too, when what is before keeps its section's properties.
   virtual bool HoldsBefore() const { return false; }
   /// What the numbers rest on, as a short English phrase for reports: "an estimate".
   virtual std::string Basis() const = 0;

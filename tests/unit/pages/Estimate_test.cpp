@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "hosts/docx/model/SectionBreaks.h"
 #include "tests/unit/pages/PagedDocument.h"
 
 using paged::Code;
@@ -37,20 +38,32 @@ TEST(Estimate, APageHoldsTheLinesThatItsHeightHolds) {
 
 TEST(Estimate, EmptyParagraphsAreLines) { EXPECT_EQ(Document(Times(27, P("", kSpacing)) + Last()).PageOf(u"last"), 2); }
 
-TEST(Estimate, WhatAParagraphIsGivenLeavesThePagesBeforeItAsTheyWere) {
+TEST(Estimate, WhatIsPutInLeavesThePagesBeforeItsParagraphOrBeforeThatsEndAsTheyWere) {
   const std::string before = Lines(20) + "<w:tbl><w:tr><w:tc>" + Lines(4) + "</w:tc><w:tc>" + Lines(9) +
-                             "</w:tc></w:tr></w:tbl>" + P(Text(Words(900))) + P(Text("x") + kBreak, kSpacing);
-  Document document(before + Last() + Lines(90));
-  EXPECT_TRUE(document.Pages().HoldsBefore());
-  docx::Story& main = document.Parts().Main();
-  const auto last = static_cast<docx::Position>(main.Text(0, main.Length()).find(u"last"));
-  std::vector<int> pages;
-  for (docx::Position at = 0; at < last; ++at) pages.push_back(document.Pages().PageOf(main, at));
-  EXPECT_GT(pages.back(), 2);
-  for (int i = 0; i < 200; ++i) main.InsertText(last + 2, u"more\r");
-  const auto now = docx::MakePaginator(document.Parts(), docx::PageSource::kFile, nullptr);
-  EXPECT_GT(now->PageCount(), document.Count());
-  for (docx::Position at = 0; at < last; ++at) ASSERT_EQ(now->PageOf(main, at), pages[static_cast<std::size_t>(at)]);
+                             "</w:tc></w:tr></w:tbl>" + P(Text(Words(900))) + P(Text("x") + kBreak, kSpacing) +
+                             Lines(26);
+  const std::string section = "<w:sectPr><w:pgNumType w:fmt=\"upperRoman\" w:start=\"4\"/></w:sectPr>";
+  for (const bool ownSection : {false, true}) {
+    Document document(before + P(Text(Words(20) + "last")) + Lines(90) + section);
+    EXPECT_TRUE(document.Pages().HoldsBefore());
+    docx::Story& main = document.Parts().Main();
+    const auto last = static_cast<docx::Position>(main.Text(0, main.Length()).find(u"last"));
+    const docx::Position limit = ownSection ? last + 4 : main.ParagraphStart(last);
+    const auto labelsOf = [&](const docx::Paginator& pages) {
+      std::vector<std::u16string> labels;
+      for (docx::Position at = 0; at < limit; ++at) labels.push_back(pages.LabelOf(pages.PageOf(main, at)));
+      return labels;
+    };
+    const std::vector<std::u16string> labels = labelsOf(document.Pages());
+    EXPECT_EQ(labels.back(), u"VI");
+    // Behind the word, or in its place.
+    const docx::Position at = ownSection ? last + 4 : last;
+    for (int i = 0; i < 200; ++i) main.InsertText(at, u"\rmore");
+    if (ownSection) docx::EncloseInSection(main, at, at + 199 * 5, 2, nullptr);
+    const auto now = docx::MakePaginator(document.Parts(), docx::PageSource::kFile, nullptr);
+    EXPECT_GT(now->PageCount(), document.Count());
+    EXPECT_EQ(labelsOf(*now), labels);
+  }
 }
 
 TEST(Estimate, PagesThatWordLeftMayDependOnWhatComesLater) {
