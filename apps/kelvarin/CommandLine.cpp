@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <charconv>
 #include <cstdlib>
 #include <functional>
@@ -45,7 +46,13 @@ void AddPath(CLI::App& command, const std::string& name, std::optional<fs::path>
              const std::string& help) {
   command
       .add_option_function<std::string>(
-          name, [&value](const std::string& given) { value = given; }, help)
+          name,
+          [&value, name](const std::string& given) {
+            // As of a variable that a script did not set.
+            if (given.empty()) throw CLI::ValidationError(name, "a name is expected");
+            value = given;
+          },
+          help)
       ->type_name(type);
 }
 
@@ -158,7 +165,8 @@ class Reader {
       Say(failure.what());
       status = failure.Code();
     } catch (const CLI::Error& error) {
-      Say(error.what());
+      const std::string unknown = UnknownOption();
+      Say(unknown.empty() ? error.what() : "there is no option " + unknown + "; --help lists them");
       status = kWrongCommandLine;
     }
     return {};
@@ -179,6 +187,14 @@ class Reader {
     throw CLI::ValidationError("\"" + name + "\" is no command; kelvarin --help lists them");
   }
 
+  /// The first option that the command does not have; the parser would take its value for one file too many.
+  std::string UnknownOption() const {
+    for (const std::string& word : app_.remaining(true)) {
+      if (word.size() > 1 && word.front() == '-') return word;
+    }
+    return {};
+  }
+
   CLI::App& AddCommand(const std::string& name, Command command, const std::string& help) {
     CLI::App* added = app_.add_subcommand(name, help);
     added->callback([this, command] { options_.command = command; });
@@ -189,7 +205,13 @@ class Reader {
     CLI::Option* inputs =
         command
             .add_option_function<std::vector<std::string>>(
-                "FILE", [this](const std::vector<std::string>& given) { choice_.operands = given; },
+                "FILE",
+                [this](const std::vector<std::string>& given) {
+                  const bool anyEmpty =
+                      std::any_of(given.begin(), given.end(), [](const auto& one) { return one.empty(); });
+                  if (anyEmpty) throw CLI::ValidationError("FILE", "a name is expected");
+                  choice_.operands = given;
+                },
                 several ? "Word documents, folders with them, or @LIST: a file that names such, one a line"
                         : "a Word document")
             ->required()

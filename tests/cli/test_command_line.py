@@ -29,6 +29,26 @@ class CommandLine(program.Case):
         self.wrong("inspect", file, file)
         self.wrong("run", "frobnicate", file)
 
+    def test_an_unknown_option_is_named_and_its_value_is_not_taken_for_a_file(self):
+        file = self.document()
+        self.assertEqual(self.wrong("terms", file, "--out-dir", "x"),
+                         "kelvarin: there is no option --out-dir; --help lists them\n")
+        for command, option in (("check", "-o"), ("check", "--base"), ("inspect", "--html")):
+            self.assertIn(f"no option {option};", self.wrong(command, file, option, "x"))
+
+    def test_an_empty_name_is_wrong(self):
+        file = self.document()
+        for arguments, name in (((file, "-o", ""), "--out"), ((file, "--out-dir", ""), "--out-dir"),
+                                ((file, "-o", "out.docx", "--report", ""), "--report"),
+                                (("", "-o", "out.docx"), "FILE"), ((file, "", "--out-dir", "out"), "FILE")):
+            self.assertEqual(self.wrong("index", *arguments).replace("-o,", ""), f"kelvarin: {name}: a name is expected\n")
+        self.assertEqual({path.name for path in self.folder.iterdir()}, {"home", "tmp", "contract.docx"})
+
+    def test_names_that_begin_with_a_dash_stand_behind_two(self):
+        self.document("-o.docx")
+        self.check("index", "--out-dir", "out", "--", "-o.docx")
+        self.assertTrue((self.folder / "out/-o.docx").exists())
+
     def test_a_command_that_is_none_is_named(self):
         self.assertIn('"frobnicate" is no command', self.wrong("frobnicate", self.document()))
         for arguments in ((), ("--frobnicate",), ("--quiet", "index", "contract.docx", "-o", "out.docx")):
