@@ -40,7 +40,11 @@ std::vector<Text> ReadTexts(const word::DocumentPtr& document) {
   for (int i = 1; i <= stories->Count(); ++i) {
     const word::RangePtr story = stories->Item(i);
     if (story->StoryType() > word::wdEndnotesStory) continue;
-    texts.push_back({story->StoryType(), marker::StoryText(document, story, marker::StoryText::Hidden::kLeftOut)});
+    const auto read = [&](marker::StoryText::Results results) {
+      return marker::StoryText(document, story, marker::StoryText::Hidden::kLeftOut, results);
+    };
+    texts.push_back(
+        {story->StoryType(), read(marker::StoryText::Results::kLeftOut), read(marker::StoryText::Results::kKept)});
   }
   return texts;
 }
@@ -53,12 +57,16 @@ Line LineAt(std::u16string_view text, std::size_t index) {
 }
 
 Place PlaceOf(const Text& text, std::size_t begin, std::size_t end, os::Characters& characters) {
-  const std::u16string_view plain = text.content.Plain();
+  const word::Position position = text.content.PositionOf(begin);
+  const word::Position last = text.content.PositionOf(std::max(begin + 1, end) - 1);
+  begin = text.shown.PlainAt(position);
+  end = text.shown.PlainAt(last) + 1;
+  const std::u16string_view plain = text.shown.Plain();
   const Line line = LineAt(plain, begin);
   const std::u16string_view whole = plain.substr(line.begin, line.end - line.begin);
   const LineCapitals capitals(whole, characters);
   const std::u16string_view sentence = capitals.SentenceAt(begin - line.begin);
-  Place place{.story = text.story, .position = text.content.PositionOf(begin), .sentence = std::u16string(sentence)};
+  Place place{.story = text.story, .position = position, .sentence = std::u16string(sentence)};
   const auto offset = sentence.empty() ? 0 : static_cast<std::size_t>(sentence.data() - whole.data());
   place.begin = std::min(begin - line.begin - std::min(offset, begin - line.begin), sentence.size());
   place.end = std::min(end - line.begin - std::min(offset, end - line.begin), sentence.size());

@@ -9,13 +9,14 @@
 
 namespace drafting {
 
-/// One of the stories that are checked, as it reads.
+/// One of the stories that are checked.
 struct Text {
   int story;
-  marker::StoryText content;
+  marker::StoryText content;  ///< what is searched: hidden text, fields and an index of defined terms are not in it
+  marker::StoryText shown;    ///< what people are shown: with the results of fields, such as the numbers of clauses
 };
 
-/// Main text, footnotes and endnotes of a document. Hidden text, fields and an index of defined terms are not in them.
+/// Main text, footnotes and endnotes of a document.
 std::vector<Text> ReadTexts(const word::DocumentPtr& document);
 
 /// The line that holds an index of a text, without what ends it.

@@ -47,6 +47,18 @@ class Check(program.Case):
         story = self.inspect("contract.docx")["stories"][0]["text"]
         self.assertEqual(story[finding["position"]:][:13], "Notice Period")
 
+    def test_sentences_show_the_numbers_of_clauses_that_are_referred_to(self):
+        finding, = self.findings("""
+P “**Buyer**” means Acorn under clause [[ref _Ref1|2.1]].
+P The Buyer pays. The Buyer is glad.
+P By clause [[ref _Ref1|2.1]] and clause [[ref _Ref2|7]] each Invoice, as any Invoice, is due (clause [[ref _Ref2|7]]).
+""")["findings"]
+        sentence = finding["sentence"]
+        self.assertEqual(sentence, "By clause 2.1 and clause 7 each Invoice, as any Invoice, is due (clause 7).")
+        self.assertEqual(sentence[finding["begin"]:finding["end"]], "Invoice")
+        story = self.inspect("contract.docx")["stories"][0]["text"]
+        self.assertEqual(story[finding["position"]:][:7], "Invoice")
+
     def test_a_contract_without_faults_has_no_findings(self):
         self.assertEqual(self.findings("""
 P This agreement is made between Acorn Limited of Ropewalk, London (the “**Buyer**”) and Bramble Limited (“**Seller**”).
