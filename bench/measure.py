@@ -1,11 +1,13 @@
 #!/usr/bin/env python3
-"""Measures whole runs of the program against merely unzipping and zipping the same file: measure.py PROGRAM [RUNS [SECONDS [FILE...]]]
+"""Measures whole runs of the program against merely unzipping and zipping the same file:
+measure.py PROGRAM [RUNS [SECONDS [FILE...]]]
 
-The files are contracts that are generated, of 100 to 1,000 pages, and those named behind the numbers. Each figure is the median of so many runs (5 without a number). Times are wall-clock seconds, with processor seconds behind;
-memory is the largest resident set of a run. The limit of memory is 64 MiB and 25 times the unpacked main part. The second table
-has the layout alone: what `inspect` takes longer with it than with an estimate, for each page that comes out too. The
-third table has whole runs that only search, for both kinds of search. The last table has the same index made by LibreOffice from a
-concordance file, which gets so many seconds for each contract (120 without a number).
+The files are contracts that are generated, of 100 to 1,000 pages, and those named behind the numbers. Each figure is the median
+of so many runs (5 without a number). Times are wall-clock seconds, with processor seconds behind; memory is the largest resident
+set of a run. The limit of memory is 64 MiB and 25 times the unpacked main part. The second table has the layout alone: what
+`inspect` takes longer with it than with an estimate, for each page that comes out too. The third table has the same index made
+by LibreOffice from a concordance file, which gets so many seconds for each contract (120 without a number). The last table has
+whole runs that only search, for both kinds of search.
 """
 
 import json

@@ -118,6 +118,16 @@ class Case(unittest.TestCase):
     def document(self, name="contract.docx", lines=TWO_TERMS):
         return make_document(self.folder / name, lines)
 
+    def small_disk(self, size):
+        """A file system of so many bytes; the test is skipped where none can be mounted."""
+        mount = self.folder / "small"
+        mount.mkdir()
+        mounted = subprocess.run(["mount", "-t", "tmpfs", "-o", f"size={size}", "tmpfs", mount], capture_output=True)
+        if mounted.returncode != 0:
+            self.skipTest("no file system can be mounted here")
+        self.addCleanup(subprocess.run, ["umount", mount])
+        return mount
+
     def report(self, *arguments, status=0):
         """The one report of a run."""
         file = self.folder / "report.json"

@@ -1,6 +1,5 @@
 import fcntl
 import json
-import subprocess
 
 import program
 
@@ -133,12 +132,7 @@ class Lists(program.Case):
         self.assertEqual(self.list.read_bytes(), b"money\r\n")
 
     def test_a_full_disk_leaves_the_old_list(self):
-        mount = self.folder / "small"
-        mount.mkdir()
-        mounted = subprocess.run(["mount", "-t", "tmpfs", "-o", "size=8k", "tmpfs", mount], capture_output=True)
-        if mounted.returncode != 0:
-            self.skipTest("no file system can be mounted here")
-        self.addCleanup(subprocess.run, ["umount", mount])
+        mount = self.small_disk("8k")
         target = mount / "terms.txt"
         target.write_bytes(b"old\r\n")
         (mount / "rest").write_bytes(b"x" * 4096)

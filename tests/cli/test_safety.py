@@ -77,12 +77,7 @@ class Safety(program.Case):
         self.assertEqual(self.leftovers(), [])
 
     def test_a_full_disk_below_the_target_leaves_the_old_file(self):
-        mount = self.folder / "small"
-        mount.mkdir()
-        mounted = subprocess.run(["mount", "-t", "tmpfs", "-o", "size=24k", "tmpfs", mount], capture_output=True)
-        if mounted.returncode != 0:
-            self.skipTest("no file system can be mounted here")
-        self.addCleanup(subprocess.run, ["umount", mount])
+        mount = self.small_disk("24k")
         target = mount / "out.docx"
         target.write_bytes(b"the old file")
         result = self.check("index", self.sample, "-o", target, "--force", status=3)
