@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 #include <type_traits>
 
@@ -23,6 +24,13 @@ std::size_t FindUnit(std::basic_string_view<Unit> text, std::size_t from, Wanted
   }
   while (from < text.size() && !wanted(text[from])) ++from;
   return from;
+}
+
+/// Puts a unit in the place of each that is wanted, in the same way.
+template <class Unit, class Wanted>
+void ReplaceUnits(std::basic_string<Unit>& text, std::size_t from, Wanted wanted, Unit by) {
+  const auto next = [&](std::size_t at) { return FindUnit(std::basic_string_view<Unit>(text), at, wanted); };
+  for (std::size_t at = next(from); at < text.size(); at = next(at + 1)) text[at] = by;
 }
 
 }  // namespace word

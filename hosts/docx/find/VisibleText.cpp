@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/word/Constants.h"
+#include "platform/word/FindUnit.h"
 
 namespace docx {
 
@@ -36,7 +37,8 @@ bool VisibleText::Read(std::size_t index) {
         segments_.push_back({at, next_});
       }
       text_.append(stretch.text, skipped, units);
-      std::replace(text_.begin() + static_cast<std::ptrdiff_t>(at), text_.end(), word::kCellMark, kBarrier);
+      word::ReplaceUnits(
+          text_, at, [](char16_t unit) { return unit == word::kCellMark; }, kBarrier);
     } else if (stretch.treatment == Treatment::kBarrier) {
       segments_.push_back({text_.size(), next_});
       text_ += kBarrier;

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "hosts/docx/xml/Utf.h"
+#include "platform/word/FindUnit.h"
 
 namespace docx {
 
@@ -158,11 +159,11 @@ std::u16string TextOf(XmlNode element) {
 }
 
 void AppendTextOf(XmlNode element, std::u16string& text) {
-  const auto before = static_cast<std::ptrdiff_t>(text.size());
+  const std::size_t before = text.size();
   std::string joined;
   AppendUtf16(Counted(element, AllText(element, joined)), text);
-  std::replace_if(
-      text.begin() + before, text.end(), [](char16_t unit) { return unit < 32; }, u' ');
+  word::ReplaceUnits(
+      text, before, [](char16_t unit) { return unit < 32; }, u' ');
 }
 
 void SetText(XmlNode element, std::string_view utf8) {
@@ -171,6 +172,7 @@ void SetText(XmlNode element, std::string_view utf8) {
 }
 
 XmlNode DivideText(XmlNode element, std::size_t units) {
+  const bool isPlain = element.HoldsPlainText();
   std::string joined;
   const std::string_view all = AllText(element, joined);
   const std::string_view text = Counted(element, all);
@@ -178,7 +180,6 @@ XmlNode DivideText(XmlNode element, std::size_t units) {
   RememberWhole(element, all, text);
   XmlNode second = element.Parent().InsertChildAfter(element.Entry(), element);
   second.CopyAttributes(element);
-  const bool isPlain = element.HoldsPlainText();
   const bool isOneText = isPlain || element.OnlyText().has_value();
   const auto fill = [isPlain, isOneText](XmlNode part, std::string_view piece) {
     if (isPlain) {

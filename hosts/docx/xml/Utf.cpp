@@ -1,5 +1,6 @@
 #include "hosts/docx/xml/Utf.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "platform/word/FindUnit.h"
@@ -11,6 +12,20 @@ namespace {
 constexpr char32_t kReplacement = 0xFFFD;
 
 bool IsNotAscii(char byte) { return static_cast<unsigned char>(byte) >= 0x80; }
+
+/// In blocks, of which compilers widen all at once.
+void AppendAscii(std::string_view ascii, std::u16string& utf16) {
+  constexpr std::size_t kBlock = 16;
+  const std::size_t before = utf16.size();
+  utf16.resize(before + ascii.size());
+  char16_t* to = utf16.data() + before;
+  const char* from = ascii.data();
+  const char* const end = from + ascii.size();
+  for (; end - from >= static_cast<std::ptrdiff_t>(kBlock); from += kBlock, to += kBlock) {
+    for (std::size_t i = 0; i < kBlock; ++i) to[i] = static_cast<unsigned char>(from[i]);
+  }
+  std::copy(from, end, to);
+}
 
 /// Decodes one character and moves past it.
 char32_t Decode(std::string_view text, std::size_t& at) {
@@ -37,7 +52,7 @@ std::u16string ToUtf16(std::string_view utf8) {
 
 void AppendUtf16(std::string_view utf8, std::u16string& utf16) {
   const std::size_t ascii = word::FindUnit(utf8, 0, &IsNotAscii);
-  utf16.append(utf8.begin(), utf8.begin() + static_cast<std::ptrdiff_t>(ascii));
+  AppendAscii(utf8.substr(0, ascii), utf16);
   if (ascii == utf8.size()) return;
   // No character takes more units than bytes.
   const std::size_t before = utf16.size();

@@ -22,6 +22,23 @@ TEST(FindUnit, FindsAUnitAtEachPlaceFromEachPlace) {
   }
 }
 
+TEST(FindUnit, PutsAnotherInThePlaceOfEachThatIsWantedBehindAPlace) {
+  for (std::size_t size = 0; size < 60; ++size) {
+    for (std::size_t from = 0; from <= size; ++from) {
+      std::u16string text;
+      std::u16string expected;
+      for (std::size_t at = 0; at < size; ++at) {
+        const bool wanted = at % 17 < 2 || at + 1 == size;
+        text += wanted ? u'b' : u'a';
+        expected += wanted && at >= from ? u'c' : text.back();
+      }
+      word::ReplaceUnits(
+          text, from, [](char16_t unit) { return unit == u'b'; }, u'c');
+      ASSERT_EQ(text, expected);
+    }
+  }
+}
+
 TEST(FindUnit, TellsBytesAboveAscii) {
   const std::string text = std::string(70, 'a') + "\xC3\xA4";
   EXPECT_EQ(
