@@ -5,6 +5,7 @@
 #include "apps/kelvarin/Commands.h"
 #include "apps/kelvarin/FileRun.h"
 #include "apps/kelvarin/LibreOfficePdf.h"
+#include "apps/kelvarin/Printable.h"
 #include "apps/kelvarin/PrivateDocument.h"
 #include "drafting/DraftCheck.h"
 #include "hosts/docx/package/Package.h"
@@ -46,7 +47,7 @@ Json Described(const std::filesystem::path& input, const docx::WordProcessor& pr
     if (finding.other) item["other"] = Placed(processor, *finding.other);
     findings.push_back(std::move(item));
   }
-  return {{"file", input.string()},
+  return {{"file", InUtf8(input.string())},
           {"pages", processor.PageCount()},
           {"pagesFrom", processor.PagesFrom()},
           {"defined", defined},

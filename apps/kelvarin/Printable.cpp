@@ -15,11 +15,11 @@ bool IsControl(UChar32 character) {
   return character < kFirstPrinted || (character >= kDelete && character <= kLastControl);
 }
 
-}  // namespace
-
-std::string Printable(std::string_view text) {
-  std::string printable;
-  printable.reserve(text.size());
+/// @param keep whether a character stays as it is
+template <class Keep>
+std::string Replaced(std::string_view text, Keep keep) {
+  std::string replaced;
+  replaced.reserve(text.size());
   const auto size = static_cast<std::int64_t>(text.size());
   for (std::int64_t index = 0; index < size;) {
     const std::int64_t begin = index;
@@ -31,14 +31,24 @@ std::string Printable(std::string_view text) {
     if (character < 0) {
       for (const char byte : bytes) {
         std::snprintf(code, sizeof code, "\\x%02X", static_cast<unsigned>(static_cast<unsigned char>(byte)));
-        printable += code;
+        replaced += code;
       }
-    } else if (IsControl(character)) {
+    } else if (!keep(character)) {
       std::snprintf(code, sizeof code, "\\u%04X", static_cast<unsigned>(character));
-      printable += code;
+      replaced += code;
     } else {
-      printable += bytes;
+      replaced += bytes;
     }
   }
-  return printable;
+  return replaced;
+}
+
+}  // namespace
+
+std::string InUtf8(std::string_view text) {
+  return Replaced(text, [](UChar32) { return true; });
+}
+
+std::string Printable(std::string_view text) {
+  return Replaced(text, [](UChar32 character) { return !IsControl(character); });
 }

@@ -5,6 +5,7 @@
 #include <set>
 #include <unordered_map>
 
+#include "apps/kelvarin/Printable.h"
 #include "hosts/recording/Values.h"
 #include "hosts/unattended/Text.h"
 #include "marker/Entries.h"
@@ -52,11 +53,19 @@ std::string Written(const Json& value) { return value.dump(-1, ' ', false, Json:
 }  // namespace
 
 Report::Report(const std::filesystem::path& file) : messages_(Json::array()) {
-  const std::pair<const char*, Json> fields[] = {
-      {"file", file.string()},  {"output", nullptr},        {"status", "failed"},        {"searchType", nullptr},
-      {"pages", nullptr},       {"pagesFrom", nullptr},     {"found", Json::array()},    {"chosen", Json::array()},
-      {"terms", Json::array()}, {"notUsed", Json::array()}, {"notFound", Json::array()}, {"messages", messages_},
-      {"seconds", 0.0}};
+  const std::pair<const char*, Json> fields[] = {{"file", InUtf8(file.string())},
+                                                 {"output", nullptr},
+                                                 {"status", "failed"},
+                                                 {"searchType", nullptr},
+                                                 {"pages", nullptr},
+                                                 {"pagesFrom", nullptr},
+                                                 {"found", Json::array()},
+                                                 {"chosen", Json::array()},
+                                                 {"terms", Json::array()},
+                                                 {"notUsed", Json::array()},
+                                                 {"notFound", Json::array()},
+                                                 {"messages", messages_},
+                                                 {"seconds", 0.0}};
   for (const auto& [name, value] : fields) fields_.push_back({name, Written(value)});
 }
 
@@ -66,11 +75,11 @@ void Report::Set(std::string_view name, const Json& value) {
 }
 
 void Report::AddMessage(const std::string& title, const std::string& text) {
-  messages_.push_back({{"title", title}, {"text", text}});
+  messages_.push_back({{"title", title}, {"text", InUtf8(text)}});
   Set("messages", messages_);
 }
 
-void Report::SetOutput(const std::filesystem::path& output) { Set("output", output.string()); }
+void Report::SetOutput(const std::filesystem::path& output) { Set("output", InUtf8(output.string())); }
 
 void Report::AddReason(const std::string& text) { AddMessage("", text); }
 

@@ -383,8 +383,12 @@ class Size(Bulk):
         name = b"caf\xe9.docx"
         with open(os.fsencode(self.folder) + b"/" + name, "wb") as file:
             file.write(b"no document")
-        result = self.kelvarin("check", name.decode("utf-8", "surrogateescape"))
+        result = self.kelvarin("check", name.decode("utf-8", "surrogateescape"), "--report", "-")
         self.assertEqual(result.err, "kelvarin: caf\\xE9.docx: is not a Word document: it is not a zip archive\n")
+        self.assertEqual(json.loads(result.out)["file"], "caf\\xE9.docx")
+        program.make_document(os.fsdecode(os.fsencode(self.folder) + b"/" + name))
+        result = self.check("check", ".", "--json")
+        self.assertEqual(json.loads(result.out)["file"], "./caf\\xE9.docx")
 
     def test_an_empty_list_is_told_and_no_failure(self):
         (self.folder / "list").write_text("\n")
