@@ -1,14 +1,11 @@
 #include <memory>
-#include <optional>
 
 #include "apps/kelvarin/CheckReport.h"
 #include "apps/kelvarin/Commands.h"
 #include "apps/kelvarin/FileRun.h"
-#include "apps/kelvarin/LibreOfficePdf.h"
 #include "apps/kelvarin/Printable.h"
-#include "apps/kelvarin/PrivateDocument.h"
+#include "apps/kelvarin/ReadDocument.h"
 #include "drafting/DraftCheck.h"
-#include "hosts/docx/package/Package.h"
 #include "hosts/linux/IcuCharacters.h"
 #include "hosts/unattended/FileAnswers.h"
 #include "hosts/unattended/Text.h"
@@ -60,12 +57,8 @@ FileResult CheckFile(const Options& options, const std::filesystem::path& input)
   std::string found;
   FileResult result = RunOnFile(options, input, [&](FileRecord& record) {
     os::IcuCharacters characters;
-    PrivateDocument neverSaved(input);
-    std::optional<LibreOfficePdf> libreOffice;
-    docx::DocumentSettings settings{.name = {}, .path = {}, .pages = options.pages};
-    if (settings.pages == docx::PageSource::kPdf) settings.pdfMaker = &libreOffice.emplace();
-    docx::WordProcessor processor;
-    processor.Open(docx::Package::Open(input), settings, neverSaved);
+    ReadDocument document(input, options.pages);
+    docx::WordProcessor& processor = document.Processor();
     unattended::FileAnswers answers({}, false);
     unattended::UnattendedHost host(answers, nullptr, nullptr);
     const std::unique_ptr<TermMarker> marker = MakeTermMarker(characters);

@@ -1,9 +1,8 @@
 #include "apps/kelvarin/Commands.h"
 #include "apps/kelvarin/FileRun.h"
 #include "apps/kelvarin/Output.h"
-#include "apps/kelvarin/PrivateDocument.h"
+#include "apps/kelvarin/ReadDocument.h"
 #include "apps/kelvarin/TermPlaces.h"
-#include "hosts/docx/package/Package.h"
 #include "hosts/linux/IcuCharacters.h"
 #include "hosts/unattended/Text.h"
 
@@ -19,10 +18,8 @@ std::string Lines(const std::vector<std::u16string>& terms) {
 std::string Described(const Options& options, const std::filesystem::path& input,
                       const std::vector<std::u16string>& terms) {
   os::IcuCharacters characters;
-  PrivateDocument neverSaved(input);
-  docx::WordProcessor processor;
-  processor.Open(docx::Package::Open(input), {.name = {}, .path = {}, .pages = options.pages}, neverSaved);
-  const nlohmann::ordered_json list = DescribeTerms(processor, characters, terms);
+  ReadDocument document(input, options.pages);
+  const nlohmann::ordered_json list = DescribeTerms(document.Processor(), characters, terms);
   return list.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
 }
 

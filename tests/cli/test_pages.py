@@ -31,6 +31,7 @@ class Pages(program.Case):
     def test_without_libreoffice_its_pages_are_refused(self):
         self.path = str(self.programs)
         for command in (("index", "contract.docx", "-o", "out.docx"), ("inspect", "contract.docx"),
+                        ("terms", "contract.docx", "--json"), ("check", "contract.docx"),
                         ("run", "index", "contract.docx", "-o", "out.docx")):
             result = self.check(*command, "--pages", "libreoffice", status=1)
             self.assertIn("needs LibreOffice, and none is installed", result.err)
@@ -63,6 +64,8 @@ class Pages(program.Case):
         self.assertEqual(report["terms"], [{"term": "Buyer", "count": 3, "pages": ["1", "2"]}])
         self.assertEqual(self.inspect(self.folder / "out.docx")["index"]["paragraphs"], ["Buyer=1, 2"])
         shown = json.loads(self.check("inspect", "out.docx", "--pages", "libreoffice").out)
+        terms = json.loads(self.check("terms", "contract.docx", "--json", "--pages", "libreoffice").out)
+        self.assertEqual([(term["term"], term["page"]) for term in terms], [("Buyer", 1)])
         pages = {mark["name"]: mark["page"] for mark in shown["bookmarks"]}
         self.assertEqual((pages["Here"], shown["pagesFrom"]), (2, "the layout of LibreOffice"))
         self.assertEqual(list(self.temporary.iterdir()), [])
