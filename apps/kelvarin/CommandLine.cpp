@@ -431,7 +431,9 @@ class Reader {
       options_.inputs = FindInputs(choice_);
       std::error_code error;
       const std::string& first = choice_.operands.front();
-      options_.many = choice_.operands.size() > 1 || first.starts_with("@") || fs::is_directory(first, error);
+      // A pattern of the shell may stand for one file by chance, and what was asked for holds for that, too.
+      const bool asked = options_.journal.file || command->get_option("--time-limit")->count() > 0;
+      options_.many = asked || choice_.operands.size() > 1 || first.starts_with("@") || fs::is_directory(first, error);
       // No failure: where names are divided among lists, some have none.
       if (options_.inputs.empty() && !options_.quiet) Say("no files are named");
     }

@@ -43,7 +43,7 @@ struct Options {
   Command command{Command::kIndex};
   Command runCommand{Command::kIndex};  ///< of kRun: the command that is run
   std::vector<Input> inputs{};
-  /// More than one document may be meant, whatever number was found.
+  /// More than one document may be meant, whatever number was found, or what only many have is asked for.
   bool many{false};
 
   unattended::IndexOptions index{};

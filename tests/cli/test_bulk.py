@@ -149,6 +149,12 @@ class Failures(Bulk):
         self.assertEqual(result.err.count("longer than 1 seconds (--time-limit)"), 2)
         self.assertEqual([path.name for path in self.temporary.iterdir()], [])
 
+    def test_a_time_limit_holds_for_one_file_too(self):
+        os.mkfifo(self.folder / "list")
+        result = self.check("index", self.document(), "-o", "out.docx", "--load", "list", "--time-limit", "1", status=3)
+        self.assertIn("longer than 1 seconds (--time-limit)", result.err)
+        self.assertFalse((self.folder / "out.docx").exists())
+
     def test_a_file_that_needs_too_much_memory_stops_nobody(self):
         root = self.store(2)
         start, end = ("<?xml version='1.0'?><w:document xmlns:w='http://schemas.openxmlformats.org/wordprocessingml/2006/"
@@ -245,6 +251,14 @@ class Resuming(Bulk):
         before = self.times()
         self.check(*command)
         self.assertEqual(self.times(), before)
+
+    def test_a_journal_holds_for_one_file_too(self):
+        file = self.document()
+        command = ("index", file, "--in-place", "--journal", "done.jsonl")
+        self.check(*command)
+        before = file.stat().st_mtime_ns
+        self.check(*command)
+        self.assertEqual(file.stat().st_mtime_ns, before)
 
     def test_a_journal_that_is_kept_lets_a_run_do_what_is_new_changed_or_failed(self):
         root = self.store(4)
