@@ -2,6 +2,7 @@
 
 #include "addin/modCommonErrorMsgs.h"
 #include "platform/os/Processes.h"
+#include "platform/os/UserSettings.h"
 #include "platform/word/Application.h"
 #include "platform/word/HostError.h"
 #include "platform/word/Options.h"

@@ -3,6 +3,7 @@
 #include "dialogs/modStartBrowser.h"
 #include "platform/forms/FormHost.h"
 #include "platform/os/Files.h"
+#include "platform/os/Help.h"
 #include "platform/os/Messages.h"
 
 #include <string>

@@ -4,7 +4,7 @@
 
 #include "platform/Host.h"
 #include "platform/forms/Form.h"
-#include "platform/os/Shell.h"
+#include "platform/os/Locale.h"
 
 /// The help file in the add-in's folder; the name begins with its separator.
 inline constexpr std::u16string_view kHelpFile = u"\\Kelvarin3Help.chm";

@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <string>
 
+#include "platform/os/Help.h"
+#include "platform/os/Locale.h"
 #include "platform/os/Messages.h"
 #include "platform/os/Shell.h"
 

@@ -10,6 +10,7 @@
 #include "platform/os/Folders.h"
 #include "platform/os/Processes.h"
 #include "platform/os/Profile.h"
+#include "platform/os/UserSettings.h"
 
 namespace os {
 

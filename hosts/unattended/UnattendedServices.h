@@ -7,6 +7,7 @@
 #include "hosts/unattended/DialogAnswers.h"
 #include "hosts/unattended/Transcript.h"
 #include "platform/os/FileDialogs.h"
+#include "platform/os/Help.h"
 #include "platform/os/Shell.h"
 
 namespace unattended {

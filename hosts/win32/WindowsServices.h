@@ -1,9 +1,12 @@
 #pragma once
 
 #include "platform/os/FileDialogs.h"
+#include "platform/os/Help.h"
+#include "platform/os/Locale.h"
 #include "platform/os/Messages.h"
 #include "platform/os/Processes.h"
 #include "platform/os/Shell.h"
+#include "platform/os/UserSettings.h"
 
 namespace win32 {
 

@@ -15,10 +15,13 @@
 #include "platform/os/FileDialogs.h"
 #include "platform/os/Files.h"
 #include "platform/os/Folders.h"
+#include "platform/os/Help.h"
+#include "platform/os/Locale.h"
 #include "platform/os/Messages.h"
 #include "platform/os/Processes.h"
 #include "platform/os/Profile.h"
 #include "platform/os/Shell.h"
+#include "platform/os/UserSettings.h"
 #include "tests/fakes/CallLog.h"
 
 /// The operating system's services in memory.

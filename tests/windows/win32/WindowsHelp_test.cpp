@@ -5,7 +5,7 @@
 
 #include "hosts/win32/Wide.h"
 #include "hosts/win32/WindowsServices.h"
-#include "platform/os/Shell.h"
+#include "platform/os/Help.h"
 #include "tests/windows/Person.h"
 
 namespace {
