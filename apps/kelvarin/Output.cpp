@@ -80,7 +80,6 @@ TextSink::TextSink(const fs::path& target) : target_(target) {
   if (target_ != "-") file_ = Guarded(target_, [this] { return std::make_unique<os::AtomicFile>(target_); });
 }
 
-TextSink::TextSink(TextSink&&) noexcept = default;
 TextSink::~TextSink() = default;
 
 void TextSink::Write(const std::string& text) {

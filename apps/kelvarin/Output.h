@@ -31,7 +31,6 @@ class TextSink {
  public:
   /// @param target "-" is standard output  @throws Failure kUnreadable, as all members do
   explicit TextSink(const std::filesystem::path& target);
-  TextSink(TextSink&&) noexcept;
   ~TextSink();
 
   void Write(const std::string& text);

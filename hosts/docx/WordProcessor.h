@@ -106,7 +106,6 @@ class WordProcessor {
   SelectionState Selection() const;
   WindowState& Window() const;
   OptionsState& Options() const;
-  bool ScreenUpdating() const;
 
   /// The pages of the document as it stands; see Paginator. @pre a document is open
   int PageCount() const;

@@ -315,9 +315,6 @@ class UpDown : public Control {
  public:
   UpDown(Form& form, std::string name, TextBox& buddy, int minimum, int maximum)
       : Control(form, std::move(name), Kind::kUpDown), buddy_(buddy), minimum_(minimum), maximum_(maximum) {}
-  TextBox& Buddy() const { return buddy_; }
-  int Minimum() const { return minimum_; }
-  int Maximum() const { return maximum_; }
   /// @param direction 0 down, 1 up. A text that is no number counts as the minimum.
   bool UserStep(int direction);
 

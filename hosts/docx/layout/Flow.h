@@ -159,7 +159,7 @@ class FlowBuilder {
   /// The widths of a table's columns. @param width of the text around it
   std::vector<double> ColumnWidths(const Table& table, double width);
   /// What a cell's text needs, margins and all.
-  LineMaker::Widths WidthsOf(const Cell& cell);
+  LineWidths WidthsOf(const Cell& cell);
   /// A line, for spaces that are stated in lines.
   double LineUnit() const;
   std::unique_ptr<RowFlow> BuildRow(const Row& row, const std::vector<double>& edges);

@@ -323,13 +323,13 @@ double LineMaker::Width(const Paragraph& paragraph, std::size_t from, std::size_
   return width;
 }
 
-LineMaker::Widths LineMaker::WidthsOf(const Paragraph& paragraph) {
+LineWidths LineMaker::WidthsOf(const Paragraph& paragraph) {
   MadeLines* made = paragraph.made.get();
   if (made != nullptr && made->measured && made->measured->settings == settings_) return made->measured->widths;
   Measure(paragraph);
   const ParagraphFormat& format = paragraph.look.format;
   const double sides = *format.left + *format.right;
-  Widths widths;
+  LineWidths widths;
   double line = LabelEnd(paragraph, {0, 0}) - *format.left;
   double part = std::max(0.0, line);
   double hanging = 0;

@@ -33,7 +33,7 @@ struct LineReach {
 /// What comes behind a line.
 enum class BreakBehind : std::uint8_t { kNone, kPage, kColumn };
 
-/// One line of a paragraph.
+/// One line of a paragraph. Lengths in twips.
 struct Line {
   double height{0};
   double baseline{0};  ///< from the line's top
@@ -50,13 +50,14 @@ struct Line {
   bool beside{false};  ///< the next line is at the same height
 };
 
-/// How wide paragraphs can be.
+/// How wide paragraphs can be, in twips.
 struct LineWidths {
   double least{0};  ///< with a line behind each possible end
   double most{0};   ///< with lines behind breaks only
 };
 
 /// The lines of a paragraph that nothing stands in the way of, without what its place in the story makes of them.
+/// Lengths in twips.
 struct MadeLines {
   struct One {
     double height{0};
@@ -75,7 +76,7 @@ struct MadeLines {
   std::optional<Measured> measured;
 };
 
-/// Divides a paragraph into lines.
+/// Divides a paragraph into lines. Lengths in twips.
 class LineMaker {
  public:
   explicit LineMaker(const LineSettings& settings) : settings_(settings) {}
@@ -89,8 +90,7 @@ class LineMaker {
   void MakeFrom(const Paragraph& paragraph, std::size_t from, double width, std::vector<Line>& lines,
                 const Obstacles* around = nullptr, double top = 0);
 
-  using Widths = LineWidths;
-  Widths WidthsOf(const Paragraph& paragraph);
+  LineWidths WidthsOf(const Paragraph& paragraph);
   /// What units of the paragraph that was made last take side by side.
   double Width(const Paragraph& paragraph, std::size_t from, std::size_t to) const;
 

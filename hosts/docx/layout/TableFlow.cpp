@@ -61,9 +61,9 @@ void Spread(Merge& merge, std::vector<FlowItem>& rows, std::size_t begin, std::s
 
 }  // namespace
 
-LineMaker::Widths FlowBuilder::WidthsOf(const Cell& cell) {
-  LineMaker::Widths widths;
-  const auto include = [&](const LineMaker::Widths& more) {
+LineWidths FlowBuilder::WidthsOf(const Cell& cell) {
+  LineWidths widths;
+  const auto include = [&](const LineWidths& more) {
     widths.least = std::max(widths.least, more.least);
     widths.most = std::max(widths.most, more.most);
   };
@@ -116,19 +116,19 @@ std::vector<double> FlowBuilder::ColumnWidths(const Table& table, double width) 
     }
     return columns;
   }
-  std::vector<LineMaker::Widths> needs(count);
+  std::vector<LineWidths> needs(count);
   for (const Row& row : table.rows) {
     for (const Cell& cell : row.cells) {
       const auto at = static_cast<std::size_t>(cell.column);
       if (cell.span != 1 || columns[at] > 0) continue;
-      const LineMaker::Widths own = WidthsOf(cell);
+      const LineWidths own = WidthsOf(cell);
       needs[at].least = std::max(needs[at].least, own.least);
       needs[at].most = std::max(needs[at].most, own.most);
     }
   }
   double least = 0;
   double most = 0;
-  for (const LineMaker::Widths& need : needs) {
+  for (const LineWidths& need : needs) {
     least += need.least;
     most += need.most;
   }

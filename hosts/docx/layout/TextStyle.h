@@ -56,7 +56,6 @@ class Formats {
 
   const StyleSheet& Styles() const { return styles_; }
   FontLibrary& Fonts() { return fonts_; }
-  const ThemeFonts& Theme() const { return theme_; }
 
   /// What a table style says of a cell. @param places such as "firstRow", the strongest first @return valid as long
   /// as this; nullptr without a style

@@ -4,6 +4,7 @@
 #include "hosts/docx/package/Package.h"
 #include "hosts/docx/package/PartName.h"
 #include "hosts/docx/xml/XmlDocument.h"
+#include "hosts/docx/xml/XmlText.h"
 
 #include <algorithm>
 #include <charconv>
@@ -98,29 +99,6 @@ class List {
   XmlDocument document_;
 };
 
-std::string Escaped(std::string_view text) {
-  std::string escaped;
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        escaped += "&amp;";
-        break;
-      case '<':
-        escaped += "&lt;";
-        break;
-      case '>':
-        escaped += "&gt;";
-        break;
-      case '"':
-        escaped += "&quot;";
-        break;
-      default:
-        escaped += c;
-    }
-  }
-  return escaped;
-}
-
 std::string_view Extension(std::string_view name) {
   const std::size_t dot = name.rfind('.');
   return dot == std::string_view::npos || name.find('/', dot) != std::string_view::npos ? std::string_view()
@@ -150,8 +128,8 @@ std::string Package::ContentType(std::string_view name) const {
 void Package::AddContentType(std::string_view name, std::string_view contentType) {
   if (FoldPartName(ContentType(name)) == FoldPartName(contentType)) return;
   const List types(ReadXml(kContentTypesPart));
-  Put(At(kContentTypesPart), types.With("Override PartName=\"" + Escaped(MakeTarget("/", name)) + "\" ContentType=\"" +
-                                        Escaped(contentType) + "\""));
+  Put(At(kContentTypesPart), types.With("Override PartName=\"" + EscapedValue(MakeTarget("/", name)) +
+                                        "\" ContentType=\"" + EscapedValue(contentType) + "\""));
 }
 
 void Package::RemoveContentType(std::string_view name) {
@@ -197,8 +175,8 @@ std::string Package::AddRelationship(std::string_view part, std::string_view typ
     if (number < (1ULL << 32)) last = std::max(last, number);
   }
   const std::string id = "rId" + std::to_string(last + 1);
-  std::string text = list.With("Relationship Id=\"" + id + "\" Type=\"" + Escaped(type) + "\" Target=\"" +
-                               Escaped(external ? std::string(target) : MakeTarget(part, target)) + "\"" +
+  std::string text = list.With("Relationship Id=\"" + id + "\" Type=\"" + EscapedValue(type) + "\" Target=\"" +
+                               EscapedValue(external ? std::string(target) : MakeTarget(part, target)) + "\"" +
                                (external ? " TargetMode=\"External\"" : ""));
   if (fresh) {
     Append(listPart, text);

@@ -31,9 +31,4 @@ std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source
   return std::make_unique<FilePaginator>(parts);
 }
 
-std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source, PdfMaker* pdfMaker) {
-  std::shared_ptr<layout::LayoutMemory> memory;
-  return MakePaginator(parts, source, pdfMaker, false, memory);
-}
-
 }  // namespace docx

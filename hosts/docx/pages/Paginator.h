@@ -50,7 +50,5 @@ class Paginator {
 /// @throws word::HostError when there is no PDF
 std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source, PdfMaker* pdfMaker, bool drawn,
                                          std::shared_ptr<layout::LayoutMemory>& memory);
-/// The same for a document that is not laid out again.
-std::unique_ptr<Paginator> MakePaginator(DocumentParts& parts, PageSource source, PdfMaker* pdfMaker);
 
 }  // namespace docx

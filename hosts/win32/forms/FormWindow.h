@@ -41,7 +41,6 @@ class FormWindow : private forms::Form::Listener {
   bool TakeKey(const MSG& message);
   /// What a handler threw since this was asked last.
   std::exception_ptr TakeFailure() { return std::exchange(failure_, nullptr); }
-  bool HasFailure() const { return failure_ != nullptr; }
 
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM word, LPARAM value);

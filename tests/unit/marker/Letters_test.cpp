@@ -27,10 +27,9 @@ TEST_F(LettersTest, AnUnpairedSurrogateFoldsToItself) {
   EXPECT_EQ(letters_.Fold(lone), lone);
 }
 
-TEST_F(LettersTest, ACharacterBeforeAPlaceIsSeenWhole) {
-  EXPECT_TRUE(letters_.IsWordBefore(u"\U00010400", 2));
-  EXPECT_FALSE(letters_.IsWordBefore(u"\U0001F600", 2));
-  EXPECT_FALSE(letters_.IsWordBefore(u"a", 0));
+TEST_F(LettersTest, ACharacterBeyondTheBasicPlaneIsSeenWhole) {
+  EXPECT_TRUE(letters_.IsWordAt(u"\U00010400", 0));
+  EXPECT_FALSE(letters_.IsWordAt(u"\U0001F600", 0));
 }
 
 TEST_F(LettersTest, NothingStandsBehindTheEnd) { EXPECT_FALSE(letters_.IsWordAt(u"a", 1)); }

@@ -60,7 +60,8 @@ TEST(Estimate, WhatIsPutInLeavesThePagesBeforeItsParagraphOrBeforeThatsEndAsThey
     const docx::Position at = ownSection ? last + 4 : last;
     for (int i = 0; i < 200; ++i) main.InsertText(at, u"\rmore");
     if (ownSection) docx::EncloseInSection(main, at, at + 199 * 5, 2, nullptr);
-    const auto now = docx::MakePaginator(document.Parts(), docx::PageSource::kFile, nullptr);
+    std::shared_ptr<docx::layout::LayoutMemory> noLayout;
+    const auto now = docx::MakePaginator(document.Parts(), docx::PageSource::kFile, nullptr, false, noLayout);
     EXPECT_GT(now->PageCount(), document.Count());
     EXPECT_EQ(labelsOf(*now), labels);
   }

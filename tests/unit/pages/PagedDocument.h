@@ -73,7 +73,7 @@ class Document {
   docx::PdfMaker* pdfMaker{nullptr};
 
   const docx::Paginator& Pages() {
-    if (!pages_) pages_ = docx::MakePaginator(Parts(), source, pdfMaker);
+    if (!pages_) pages_ = docx::MakePaginator(Parts(), source, pdfMaker, false, layoutMemory_);
     return *pages_;
   }
   int Count() { return Pages().PageCount(); }
@@ -88,6 +88,7 @@ class Document {
 
  private:
   std::unique_ptr<docx::Package> package_;
+  std::shared_ptr<docx::layout::LayoutMemory> layoutMemory_;
   std::unique_ptr<docx::DocumentParts> parts_;
   std::unique_ptr<docx::Paginator> pages_;
 };

@@ -32,9 +32,10 @@ void PrintTo(const Command& command, std::ostream* out) { *out << command.name; 
 std::map<std::string, int> StateOf(const AddInSession& word) {
   const docx::OptionsState& options = word.processor.Options();
   const docx::WindowState& window = word.processor.Window();
-  const word::DocumentPtr document = word.processor.Application()->ActiveDocument();
+  const word::ApplicationPtr application = word.processor.Application();
+  const word::DocumentPtr document = application->ActiveDocument();
   return {
-      {"ScreenUpdating", word.processor.ScreenUpdating()},
+      {"ScreenUpdating", application->ScreenUpdating()},
       {"AutoFormatAsYouTypeReplaceQuotes", options.autoFormatAsYouTypeReplaceQuotes},
       {"AllowFastSave", options.allowFastSave},
       {"CheckSpellingAsYouType", options.checkSpellingAsYouType},
