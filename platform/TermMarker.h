@@ -51,6 +51,8 @@ class TermMarker {
 
   /// Marks the occurrences of a text in a story that belong to it (a longer chosen term at the same place
   /// takes them), each with an entry behind it, and highlights them.
+  /// @param storyType a WdStoryType, of the story
+  /// @param allCaps the run marks all-capitals forms under their terms, too
   /// @param indexWhat "IndexAll", or "IndexDefs" for definitions only
   /// @param entryText what they are indexed under; empty: the text itself
   /// @return count plus the occurrences marked
@@ -70,6 +72,7 @@ class TermMarker {
   virtual void UpdateIndex(const word::DocumentPtr& document) = 0;
 
   /// Removes every entry that marking left, and none of the author's.
+  /// @param flag of the companion's interface, false in RemoveIndexEntries and true in RemoveIndex; without effect
   virtual void RemoveIndexEntries(const word::ApplicationPtr& application, const word::DocumentPtr& document,
                                   bool flag) = 0;
   /// Removes the index, its bookmark, and the two lists with theirs.

@@ -40,8 +40,8 @@ class AtomicFile {
 
   /// @throws FileError
   void Write(std::span<const std::byte> bytes);
-  /// Everything is on the disk when it returns. To be called once, last. @throws FileError; the target is then
-  /// untouched
+  /// The content takes its place, and survives what the durability says. To be called once, last. @throws FileError;
+  /// the target is then untouched
   void Commit();
 
  private:

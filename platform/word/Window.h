@@ -12,6 +12,7 @@ class View : public Object {
   virtual void SetType(int value) = 0;
   /// A WdSpecialPane; 0 when no special pane is open.
   virtual int SplitSpecial() const = 0;
+  /// Whether formatting marks show.
   virtual bool ShowAll() const = 0;
   virtual void SetShowAll(bool value) = 0;
   /// Stays as set whatever ShowAll says.

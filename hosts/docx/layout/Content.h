@@ -72,7 +72,7 @@ struct Floating {
   std::optional<double> sideDown;    ///< instead of y
 };
 
-/// A stretch of a paragraph that shows in one way.
+/// A stretch of a paragraph that shows in one way. Lengths in twips.
 struct Piece {
   PieceKind kind{PieceKind::kText};
   const TextStyle* style{nullptr};
@@ -128,6 +128,7 @@ struct Paragraph {
 
 struct Block;
 
+/// Lengths in twips.
 struct Cell {
   std::vector<Block> blocks;
   int column{0};
@@ -151,10 +152,11 @@ struct Cell {
   const TableValues* values{nullptr};  ///< of the table style, for this cell
 };
 
+/// Lengths in twips.
 struct Row {
   std::vector<Cell> cells;
-  double height{0};
-  bool exact{false};
+  double height{0};   ///< that it asks for; 0 for none
+  bool exact{false};  ///< no more than that, whatever is in it
   bool cannotSplit{false};
   bool header{false};
   double topBorder{0};  ///< the width of the widest of its cells' borders
@@ -163,6 +165,7 @@ struct Row {
   Position start{0};
 };
 
+/// Lengths in twips.
 struct Table {
   std::vector<double> grid;
   std::vector<Row> rows;

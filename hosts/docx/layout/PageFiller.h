@@ -9,7 +9,7 @@
 
 namespace docx::layout {
 
-/// What a footnote takes at its page's foot.
+/// What a footnote takes at its page's foot. Lengths in twips.
 struct NoteRoom {
   double height{0};
   double firstLine{0};  ///< what has to stand on the page of the reference
@@ -18,7 +18,7 @@ struct NoteRoom {
 
 using NoteRooms = std::unordered_map<const XmlNodeData*, NoteRoom>;
 
-/// Fills pages with the flows of sections, one after the other.
+/// Fills pages with the flows of sections, one after the other. Lengths in twips.
 class PageFiller {
  public:
   struct Options {

@@ -16,8 +16,8 @@ namespace docx {
 
 using word::Position;
 
-/// The atoms of a story with their text, in chunks, so that an insertion or removal costs what it touches and
-/// finding a position costs the logarithm of the story.
+/// The atoms of a story with their text, in chunks, so that an insertion or removal costs what it touches, and finding
+/// a position the chunks between it and the edit before, or else the logarithm of the story.
 class AtomSequence {
  public:
   /// A run of neighbouring atoms and their text, one unit a position.
