@@ -10,6 +10,7 @@
 #include "discovery/DocumentCheck.h"
 #include "discovery/QuotedSearch.h"
 #include "discovery/TermList.h"
+#include "platform/BookmarkNames.h"
 #include "platform/forms/FormHost.h"
 #include "platform/word/Application.h"
 #include "platform/word/Bookmarks.h"

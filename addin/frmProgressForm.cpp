@@ -1,5 +1,7 @@
 #include "addin/frmProgressForm.h"
 
+#include "platform/Text.h"
+
 #include <cmath>
 #include <utility>
 
@@ -20,8 +22,7 @@ void frmProgressForm::SetPosition(std::int32_t completed, std::int32_t total) {
   total_ = total;
   if (total == 0) return;
   const double percent = std::round(100.0 * completed / total);
-  const std::string digits = std::to_string(std::lround(percent));
-  lblProgBarCompleted.SetCaption(std::u16string(digits.begin(), digits.end()) + u"% completed");
+  lblProgBarCompleted.SetCaption(Decimal(std::lround(percent)) + u"% completed");
   lblProgBarTotal.SetVisible(true);
   lblProgBarCompleted.SetVisible(true);
   lblProgBarCompleted.SetWidth(static_cast<int>(std::lround(lblProgBarTotal.Width() * percent / 100.0)));

@@ -1,5 +1,6 @@
 #include "addin/modCommonErrorMsgs.h"
 
+#include "platform/Text.h"
 #include "platform/word/HostError.h"
 
 #include <exception>
@@ -11,11 +12,6 @@ namespace {
 /// For failures that have no number of the host's.
 constexpr int kInternalError = 51;
 
-std::u16string FromNumber(int number) {
-  const std::string digits = std::to_string(number);
-  return {digits.begin(), digits.end()};
-}
-
 std::u16string FromPlain(std::string_view text) {
   std::u16string result;
   for (const char byte : text) result += static_cast<unsigned char>(byte) < 0x80 ? static_cast<char16_t>(byte) : u'?';
@@ -24,7 +20,7 @@ std::u16string FromPlain(std::string_view text) {
 
 void ShowError(os::Messages& messages, std::u16string_view title, int number, std::u16string_view description) {
   std::u16string text = u"Error: ";
-  text += FromNumber(number);
+  text += Decimal(number);
   text += u' ';
   text += description;
   messages.Show(title, text, os::Icon::kCritical, os::Buttons::kOk);

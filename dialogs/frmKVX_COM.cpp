@@ -2,6 +2,7 @@
 
 #include "addin/modCommonErrorMsgs.h"
 #include "engine/TermLists.h"
+#include "platform/BookmarkNames.h"
 #include "platform/forms/FormHost.h"
 #include "platform/word/Application.h"
 #include "platform/word/Bookmarks.h"

@@ -2,6 +2,7 @@
 #include "dialogs/frmKVX_COM.h"
 #include "dialogs/modFileTestCode.h"
 #include "dialogs/modSaveAsOpenDialog.h"
+#include "platform/Text.h"
 #include "platform/forms/FormHost.h"
 #include "platform/os/Characters.h"
 #include "platform/word/HostError.h"
@@ -31,10 +32,7 @@ void TrapFileErrors(os::Messages& messages, std::u16string_view title, std::u16s
   try {
     body();
   } catch (const word::HostError& error) {
-    const std::string number = std::to_string(error.Number());
-    std::u16string text = u"Error:  ";
-    text.append(number.begin(), number.end());
-    text += u' ' + error.Description() + u"\r\n\r\n";
+    std::u16string text = u"Error:  " + Decimal(error.Number()) + u' ' + error.Description() + u"\r\n\r\n";
     text += advice;
     messages.Show(title, text, os::Icon::kExclamation, os::Buttons::kOk);
   }

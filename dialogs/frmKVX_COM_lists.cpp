@@ -5,6 +5,7 @@
 #include "discovery/DocumentCheck.h"
 #include "discovery/QuotedSearch.h"
 #include "discovery/TermList.h"
+#include "platform/Text.h"
 #include "platform/forms/FormHost.h"
 #include "settings/Defaults.h"
 #include "settings/OptionSettings.h"
@@ -13,12 +14,6 @@
 #include <utility>
 
 namespace {
-
-std::u16string_view Trim(std::u16string_view text) {
-  const std::size_t first = text.find_first_not_of(u' ');
-  if (first == std::u16string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(u' ') - first + 1);
-}
 
 /// A list as it was. Searching clears the list before it is known whether anything is found.
 class KeptList {
@@ -62,7 +57,7 @@ void frmKVX_COM::SelectAll(forms::ListBox& list, bool selected) {
 
 bool frmKVX_COM::IsOnList(const forms::ListBox& list, std::u16string_view term) {
   for (int i = 0; i < list.ListCount(); ++i) {
-    if (Trim(list.List(i)) != term) continue;
+    if (TrimBlanks(list.List(i)) != term) continue;
     Services().messages.Show(u"Already on list", std::u16string(term) + u" is already in the list of defined terms.",
                              os::Icon::kInformation, os::Buttons::kOk);
     return true;
@@ -72,7 +67,7 @@ bool frmKVX_COM::IsOnList(const forms::ListBox& list, std::u16string_view term) 
 
 void frmKVX_COM::cmdAddTerm_Click() {
   const std::u16string text = txtAddTerm.Text();
-  const std::u16string term(Trim(text));
+  const std::u16string term(TrimBlanks(text));
   if (!term.empty()) {
     if (IsOnList(lstTermsInDoc, term) || IsOnList(lstAddTerms, term)) return;
     lstAddTerms.AddItem(term);

@@ -3,17 +3,12 @@
 #include <algorithm>
 
 #include "discovery/Like.h"
+#include "platform/Text.h"
 
 namespace {
 
 /// What no term holds: codes 13, 11, 10, 9 and 8.
 constexpr std::u16string_view kControls = u"\r\v\n\t\b";
-
-std::u16string_view Trim(std::u16string_view text) {
-  const std::size_t first = text.find_first_not_of(u' ');
-  if (first == std::u16string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(u' ') - first + 1);
-}
 
 bool Holds(std::u16string_view text, std::u16string_view part) { return text.find(part) != std::u16string_view::npos; }
 
@@ -28,7 +23,7 @@ CappedCandidates::CappedCandidates(os::Characters& characters, FoundTerms& found
       stored_(found.begin(), found.end()) {}
 
 void CappedCandidates::Offer(std::u16string_view candidate) {
-  candidate = Trim(candidate);
+  candidate = TrimBlanks(candidate);
   if (offered_.find(candidate) != offered_.end()) return;
   offered_.emplace(candidate);
   if (PassesTests(candidate)) Store(candidate);

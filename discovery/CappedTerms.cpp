@@ -10,8 +10,8 @@
 #include "discovery/CappedPhrases.h"
 #include "discovery/LineText.h"
 #include "discovery/StoryPages.h"
-#include "engine/TermLists.h"
-#include "engine/modKVX.h"
+#include "platform/BookmarkNames.h"
+#include "platform/Text.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Document.h"
 #include "platform/word/Find.h"
@@ -35,11 +35,6 @@ std::u16string_view StoryLabel(word::WdStoryType type) {
     default:
       return {};
   }
-}
-
-std::u16string Number(int value) {
-  const std::string digits = std::to_string(value);
-  return {digits.begin(), digits.end()};
 }
 
 struct Stretch {
@@ -136,7 +131,7 @@ class Finder {
 
  private:
   void SearchPage(const word::RangePtr& range, const StoryPages& page, std::u16string_view label) {
-    const std::u16string number = Number(page.Number());
+    const std::u16string number = Decimal(page.Number());
     ShowStep(u"Searching page:  " + number, page.Number());
     range->SetRange(page.Start(), page.End());
     ShownText shown(range, scan_.characters);

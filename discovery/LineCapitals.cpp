@@ -5,6 +5,7 @@
 
 #include "discovery/LineText.h"
 #include "discovery/SmallWords.h"
+#include "platform/Quotes.h"
 
 namespace {
 

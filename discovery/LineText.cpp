@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/Quotes.h"
 #include "platform/word/Constants.h"
 
 namespace {
@@ -42,21 +43,6 @@ std::size_t LineEnd(std::u16string_view text, std::size_t index) {
   const auto end = std::find_if(text.begin() + static_cast<std::ptrdiff_t>(index), text.end(),
                                 [](char16_t unit) { return EndsLine(unit); });
   return static_cast<std::size_t>(end - text.begin());
-}
-
-bool IsDoubleQuote(char16_t unit) {
-  switch (unit) {
-    case u'"':
-    case u'\u201C':
-    case u'\u201D':
-    case u'\u201E':
-    case u'\u201F':
-    case u'\u00AB':
-    case u'\u00BB':
-      return true;
-    default:
-      return false;
-  }
 }
 
 std::size_t FindDoubleQuote(std::u16string_view text, std::size_t index) {

@@ -9,9 +9,7 @@
 /// How the text of a story reads, line by line. A line ends with the mark of a paragraph or a cell, a break of a line,
 /// a page, a column or a section, or a tab.
 
-/// Whether a code unit is a quotation mark of the kinds that come in pairs around a term.
-bool IsDoubleQuote(char16_t unit);
-/// The first such mark at an index or behind it; npos when there is none.
+/// The first double quotation mark at an index or behind it; npos when there is none.
 std::size_t FindDoubleQuote(std::u16string_view text, std::size_t index);
 
 /// Where the line that holds an index ends; the text's length when it does not.

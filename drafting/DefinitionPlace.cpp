@@ -6,6 +6,7 @@
 
 #include "discovery/LineText.h"
 #include "marker/PlainText.h"
+#include "platform/Quotes.h"
 
 namespace drafting {
 

@@ -20,6 +20,7 @@
 #include "drafting/WordNumber.h"
 #include "marker/PlainText.h"
 #include "marker/TermMatcher.h"
+#include "platform/Quotes.h"
 
 namespace drafting {
 

@@ -1,5 +1,7 @@
 #include "drafting/QuoteMarks.h"
 
+#include "platform/Quotes.h"
+
 #include "discovery/LineText.h"
 
 #include <algorithm>

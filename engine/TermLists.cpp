@@ -3,6 +3,7 @@
 #include "addin/modCommonErrorMsgs.h"
 #include "discovery/modQuickSort.h"
 #include "engine/modKVX.h"
+#include "platform/BookmarkNames.h"
 #include "platform/word/Application.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Constants.h"

@@ -8,9 +8,6 @@
 /// The two lists below an index: of terms that are not used or used only once, and of terms that are not found. Each is
 /// an empty paragraph, a bold heading, the terms one a paragraph and an empty paragraph, covered by its bookmark.
 
-inline constexpr std::u16string_view kNotUsedListBookmark = u"DefinedTermsIndexNotUsedList";
-inline constexpr std::u16string_view kNotFoundListBookmark = u"DefinedTermsIndexNotFoundList";
-
 /// Terms separated by CR LF, in ascending order of their code units.
 std::u16string SortTermList(std::u16string_view terms);
 

@@ -13,11 +13,6 @@
 
 class clsProgForm;
 
-/// Bookmarks that the engine and a run share.
-inline constexpr std::u16string_view kIndexBookmark = u"DefinedTermsIndex";
-inline constexpr std::u16string_view kIndexStartBookmark = u"IndexBKStart";
-inline constexpr std::u16string_view kReturnBookmark = u"ReturnHereBK";
-
 /// What the engine asks of the terms dialog while a run indexes.
 class IndexingDialog {
  public:

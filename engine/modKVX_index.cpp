@@ -1,5 +1,6 @@
 #include "engine/TermLists.h"
 #include "engine/modKVX.h"
+#include "platform/BookmarkNames.h"
 
 #include "addin/clsProgForm.h"
 #include "addin/modCommonErrorMsgs.h"

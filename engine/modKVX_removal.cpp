@@ -2,6 +2,7 @@
 
 #include "addin/clsProgForm.h"
 #include "addin/modCommonErrorMsgs.h"
+#include "platform/BookmarkNames.h"
 #include "platform/word/Application.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Document.h"

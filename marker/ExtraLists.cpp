@@ -45,7 +45,7 @@ bool HoldsOurEntry(const word::RangePtr& range) {
 bool HaveListsMovedEntries(const word::DocumentPtr& document) {
   const word::BookmarksPtr bookmarks = document->Bookmarks();
   word::Position behind = -1;
-  for (const std::u16string_view name : {kNotUsedBookmark, kNotFoundBookmark}) {
+  for (const std::u16string_view name : {kNotUsedListBookmark, kNotFoundListBookmark}) {
     if (bookmarks->Exists(name)) behind = std::max(behind, bookmarks->Item(name)->Range()->End());
   }
   if (behind < 0) return false;
@@ -74,8 +74,8 @@ bool HaveListsMovedEntries(const word::DocumentPtr& document) {
 
 void RemoveExtraLists(const word::DocumentPtr& document) {
   // The later one first: the earlier one's bookmark ends where it begins.
-  RemoveList(document, kNotFoundBookmark, u"NOT FOUND");
-  RemoveList(document, kNotUsedBookmark, u"DEFINED BUT NOT USED / USED ONLY ONCE");
+  RemoveList(document, kNotFoundListBookmark, u"NOT FOUND");
+  RemoveList(document, kNotUsedListBookmark, u"DEFINED BUT NOT USED / USED ONLY ONCE");
 }
 
 }  // namespace marker

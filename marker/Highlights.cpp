@@ -1,5 +1,6 @@
 #include "marker/Highlights.h"
 
+#include "platform/Text.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Constants.h"
 #include "platform/word/Document.h"
@@ -19,12 +20,6 @@ namespace {
 
 constexpr std::u16string_view kLaidOnName = u"_KVXHighlighting";
 constexpr std::u16string_view kPrefix = u"_KVXHighlight_";
-
-std::u16string Digits(int number) {
-  std::u16string digits;
-  for (const char digit : std::to_string(number)) digits.push_back(static_cast<char16_t>(digit));
-  return digits;
-}
 
 std::optional<int> Number(std::u16string_view digits) {
   constexpr std::size_t kMostDigits = 9;
@@ -65,7 +60,7 @@ class HiddenShown {
 };
 
 std::u16string BookmarkName(int colour, int number) {
-  return std::u16string(kPrefix).append(Digits(colour)).append(u"_").append(Digits(number));
+  return std::u16string(kPrefix).append(Decimal(colour)).append(u"_").append(Decimal(number));
 }
 
 }  // namespace

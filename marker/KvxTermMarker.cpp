@@ -37,7 +37,7 @@ std::vector<word::RangePtr> MarkedStories(const word::DocumentPtr& document) {
 /// Whether the document holds anything that an earlier run put there.
 bool IsMarked(const word::DocumentPtr& document) {
   const word::BookmarksPtr bookmarks = document->Bookmarks();
-  for (const std::u16string_view name : {kIndexBookmark, kNotUsedBookmark, kNotFoundBookmark}) {
+  for (const std::u16string_view name : {kIndexBookmark, kNotUsedListBookmark, kNotFoundListBookmark}) {
     if (bookmarks->Exists(name)) return true;
   }
   if (HighlightRecord(document).IsLaidOn()) return true;

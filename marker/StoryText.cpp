@@ -50,7 +50,7 @@ void CollectDeleted(const word::RangePtr& story, std::vector<Stretch>& deleted) 
 
 void CollectOurOwn(const word::DocumentPtr& document, const word::RangePtr& story, std::vector<Stretch>& own) {
   const word::BookmarksPtr bookmarks = document->Bookmarks();
-  for (const std::u16string_view name : {kIndexBookmark, kNotUsedBookmark, kNotFoundBookmark}) {
+  for (const std::u16string_view name : {kIndexBookmark, kNotUsedListBookmark, kNotFoundListBookmark}) {
     if (!bookmarks->Exists(name)) continue;
     const word::RangePtr range = bookmarks->Item(name)->Range();
     if (range->StoryType() == story->StoryType()) own.push_back({range->Start(), range->End()});

@@ -1,6 +1,7 @@
 #include "marker/TermMatcher.h"
 
 #include "marker/PlainText.h"
+#include "platform/Quotes.h"
 
 #include <algorithm>
 #include <array>
@@ -14,21 +15,6 @@ constexpr std::size_t kNoForm = static_cast<std::size_t>(-1);
 
 /// Below it a thread costs more than it saves.
 constexpr std::size_t kWorthThread = 64 << 10;
-
-bool IsDoubleQuote(char16_t character) {
-  switch (character) {
-    case u'"':
-    case u'\u201C':
-    case u'\u201D':
-    case u'\u201E':
-    case u'\u201F':
-    case u'\u00AB':
-    case u'\u00BB':
-      return true;
-    default:
-      return false;
-  }
-}
 
 /// The place of a unit among branches.
 template <typename Branches>

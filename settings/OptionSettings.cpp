@@ -2,6 +2,7 @@
 
 #include "addin/modCommonErrorMsgs.h"
 #include "platform/AnsiText.h"
+#include "platform/Text.h"
 #include "settings/Defaults.h"
 
 #include <algorithm>
@@ -34,11 +35,6 @@ std::u16string Read(const modIniFile& ini, std::u16string_view key) { return ini
 
 void Write(modIniFile& ini, std::u16string_view key, std::u16string_view value) {
   ini.WriteIniValue(kDefaultsSection, key, value);
-}
-
-std::u16string Digits(int number) {
-  const std::string digits = std::to_string(number);
-  return {digits.begin(), digits.end()};
 }
 
 /// A decimal number, with or without sign, fraction and exponent, as a whole one: halves to the even one, and what is
@@ -120,7 +116,7 @@ void Fill(modIniFile& ini, const OptionControls& options) {
 
 std::u16string_view TrueOrFalse(const forms::CheckBox& box) { return box.Value() == 1 ? u"True" : u"False"; }
 
-std::u16string ChosenCode(const forms::ComboBox& list) { return Digits(list.ItemData(list.ListIndex())); }
+std::u16string ChosenCode(const forms::ComboBox& list) { return Decimal(list.ItemData(list.ListIndex())); }
 
 void Save(modIniFile& ini, const OptionControls& options) {
   Write(ini, u"Bold", TrueOrFalse(options.chkBold));

@@ -10,6 +10,8 @@
 #include "hosts/linux/Paths.h"
 #include "hosts/unattended/Text.h"
 #include "marker/MakeTermMarker.h"
+#include "platform/Text.h"
+#include "platform/os/Help.h"
 #include "platform/word/Application.h"
 #include "platform/word/Document.h"
 #include "platform/word/HostError.h"
@@ -22,10 +24,7 @@ namespace fs = std::filesystem;
 constexpr std::u16string_view kRecentSection = u"Recent";
 constexpr int kMostRecent = 8;
 
-std::u16string RecentKey(int number) {
-  const std::string key = "File" + std::to_string(number);
-  return {key.begin(), key.end()};
-}
+std::u16string RecentKey(int number) { return u"File" + Decimal(number); }
 
 /// Where the settings lie, in Windows form.
 std::u16string SettingsFolder(os::LinuxFolders& folders) {

@@ -6,6 +6,7 @@
 #include "hosts/docx/pages/Paginator.h"
 #include "marker/Entries.h"
 #include "marker/StoryText.h"
+#include "platform/BookmarkNames.h"
 #include "platform/word/Application.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Document.h"
@@ -16,8 +17,6 @@ namespace {
 
 using docx::layout::Paragraph;
 using docx::layout::Piece;
-
-constexpr std::u16string_view kIndexName = u"DefinedTermsIndex";
 
 word::Position PositionAt(const Paragraph& paragraph, std::size_t unit) {
   for (const Piece& piece : paragraph.pieces) {
@@ -82,8 +81,8 @@ DocumentPages::~DocumentPages() = default;
 
 void DocumentPages::ReadIndex() {
   const word::DocumentPtr document = processor_.Application()->ActiveDocument();
-  if (!document->Bookmarks()->Exists(kIndexName)) return;
-  const word::RangePtr index = document->Bookmarks()->Item(kIndexName)->Range();
+  if (!document->Bookmarks()->Exists(kIndexBookmark)) return;
+  const word::RangePtr index = document->Bookmarks()->Item(kIndexBookmark)->Range();
   indexStart_ = index->Start();
   indexEnd_ = index->End();
   const word::StoryRangesPtr stories = document->StoryRanges();

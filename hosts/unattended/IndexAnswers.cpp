@@ -2,6 +2,7 @@
 
 #include "hosts/unattended/FormScript.h"
 #include "hosts/unattended/Text.h"
+#include "platform/Text.h"
 
 #include <algorithm>
 #include <utility>
@@ -106,11 +107,7 @@ std::optional<int> Element(std::optional<Enum> value) {
   return value ? std::optional<int>(static_cast<int>(*value)) : std::nullopt;
 }
 
-std::u16string Trimmed(const std::string& text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string::npos) return {};
-  return FromUtf8(std::string_view(text).substr(first, text.find_last_not_of(' ') - first + 1));
-}
+std::u16string Trimmed(const std::string& text) { return std::u16string(TrimBlanks(FromUtf8(text))); }
 
 }  // namespace
 

@@ -1,5 +1,6 @@
 #include "platform/forms/Control.h"
 
+#include "platform/Text.h"
 #include "platform/forms/Form.h"
 
 #include <algorithm>
@@ -31,11 +32,6 @@ bool ParseNumber(const std::u16string& text, int& number) {
     number = number * 10 + (unit - u'0');
   }
   return true;
-}
-
-std::u16string FormatNumber(int number) {
-  const std::string digits = std::to_string(number);
-  return {digits.begin(), digits.end()};
 }
 
 }  // namespace
@@ -361,7 +357,7 @@ bool UpDown::UserStep(int direction) {
   if (!Usable()) return true;
   int number = minimum_;
   if (ParseNumber(buddy_.Text(), number)) number += direction == 1 ? 1 : -1;
-  buddy_.SetText(FormatNumber(std::clamp(number, minimum_, maximum_)));
+  buddy_.SetText(Decimal(std::clamp(number, minimum_, maximum_)));
   RaiseClick();
   return true;
 }

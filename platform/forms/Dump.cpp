@@ -1,5 +1,7 @@
 #include "platform/forms/Dump.h"
 
+#include "platform/Text.h"
+
 #include <algorithm>
 #include <string_view>
 #include <vector>
@@ -10,25 +12,23 @@ namespace {
 
 std::u16string Plain(std::string_view text) { return {text.begin(), text.end()}; }
 
-std::u16string Number(int number) { return Plain(std::to_string(number)); }
-
 std::u16string Quoted(std::u16string_view text) { return u'"' + std::u16string(text) + u'"'; }
 
 /// The value as it stands behind the name, with its sign of equality; empty for a kind without one.
 std::u16string Value(const Control& control) {
   switch (control.ControlKind()) {
     case Kind::kCheckBox:
-      return u'=' + Number(static_cast<const CheckBox&>(control).Value());
+      return u'=' + Decimal(static_cast<const CheckBox&>(control).Value());
     case Kind::kOptionButton:
       return static_cast<const OptionButton&>(control).Value() ? u"=1" : u"=0";
     case Kind::kComboBox:
-      return u'=' + Number(static_cast<const ComboBox&>(control).ListIndex());
+      return u'=' + Decimal(static_cast<const ComboBox&>(control).ListIndex());
     case Kind::kListBox:
-      return u'=' + Number(static_cast<const ListBox&>(control).ListIndex());
+      return u'=' + Decimal(static_cast<const ListBox&>(control).ListIndex());
     case Kind::kTextBox:
       return u'=' + Quoted(static_cast<const TextBox&>(control).Text());
     case Kind::kTabStrip:
-      return u'=' + Number(static_cast<const TabStrip&>(control).SelectedTab());
+      return u'=' + Decimal(static_cast<const TabStrip&>(control).SelectedTab());
     case Kind::kStatusBar:
       return u'=' + Quoted(static_cast<const StatusBar&>(control).SimpleText());
     default:
@@ -63,7 +63,7 @@ class Writer {
   void WriteControl(const Control& control, int depth) {
     Indent(depth);
     text_ += Plain(KindName(control.ControlKind())) + u' ' + Plain(control.Name());
-    if (control.Index() >= 0) text_ += u'(' + Number(control.Index()) + u')';
+    if (control.Index() >= 0) text_ += u'(' + Decimal(control.Index()) + u')';
     text_ += Value(control);
     if (!control.Enabled()) text_ += u" disabled";
     if (!control.Visible()) text_ += u" hidden";

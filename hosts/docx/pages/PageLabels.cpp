@@ -6,17 +6,14 @@
 #include <iterator>
 #include <utility>
 
+#include "platform/Text.h"
+
 namespace docx {
 
 namespace {
 
 // Word's own page numbers end here; beyond, letters and Roman numerals would only grow without sense.
 constexpr int kLargest = 32767;
-
-std::u16string Decimal(int number) {
-  const std::string digits = std::to_string(number);
-  return std::u16string(digits.begin(), digits.end());
-}
 
 std::u16string Roman(int number) {
   constexpr std::array<std::pair<int, std::u16string_view>, 13> kNumerals{{{1000, u"M"},
