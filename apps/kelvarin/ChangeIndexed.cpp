@@ -6,7 +6,7 @@
 
 FileResult ChangeIndexedFile(const Options& options, const std::filesystem::path& input) {
   return RunOnFile(options, input, [&](FileRecord& record) {
-    const std::filesystem::path target = *ChooseTarget(options.output, input);
+    const Target target = *ChooseTarget(options.output, input);
     unattended::FileAnswers answers({}, false);
     Session session(input, options, answers, {}, record.transcript);
     const bool finished = GiveCommand(options.command, session);
@@ -14,7 +14,7 @@ FileResult ChangeIndexedFile(const Options& options, const std::filesystem::path
     TellRun(options, input, session, status, answers.Failure(), record.report);
     if (status == kDone) {
       WriteDocument(session.Processor().Updated(), target);
-      record.report.SetOutput(target);
+      record.report.SetOutput(target.file);
     }
     return status;
   });

@@ -4,7 +4,7 @@
 
 FileResult IndexFile(const Options& options, const std::filesystem::path& input) {
   return RunOnFile(options, input, [&](FileRecord& record) {
-    const std::filesystem::path target = *ChooseTarget(options.output, input);
+    const Target target = *ChooseTarget(options.output, input);
     // Said before any work is done.
     if (options.index.load) static_cast<void>(ReadFile(*options.index.load));
     unattended::IndexAnswers answers(options.index);
@@ -16,7 +16,7 @@ FileResult IndexFile(const Options& options, const std::filesystem::path& input)
     TellRun(options, input, session, status, answers.Failure(), record.report);
     if (updated != nullptr) {
       WriteDocument(*updated, target);
-      record.report.SetOutput(target);
+      record.report.SetOutput(target.file);
     }
     return status;
   });

@@ -1,5 +1,6 @@
 #include "apps/kelvarin/Output.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -20,6 +21,17 @@ namespace fs = std::filesystem;
 bool IsSameFile(const fs::path& one, const fs::path& other) {
   std::error_code error;
   return fs::equivalent(one, other, error) && !error;
+}
+
+/// Empty where there is no file.
+std::optional<FileStamp> StampOf(const fs::path& file) {
+  constexpr std::int64_t kNanoseconds = 1'000'000'000;
+  struct stat status {};
+  if (stat(file.c_str(), &status) != 0) return {};
+  return FileStamp{.device = status.st_dev,
+                   .number = status.st_ino,
+                   .size = status.st_size,
+                   .changed = status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec};
 }
 
 std::span<const std::byte> Bytes(const std::string& text) { return std::as_bytes(std::span(text.data(), text.size())); }
@@ -50,10 +62,11 @@ std::optional<fs::path> ResultOf(const OutputOptions& output, const Input& input
   return output.file ? *output.file : *output.folder / input.name;
 }
 
-std::optional<fs::path> ChooseTarget(const OutputOptions& output, const fs::path& input) {
+std::optional<Target> ChooseTarget(const OutputOptions& output, const fs::path& input) {
   const std::optional<fs::path> result =
       ResultOf(output, {.file = input, .name = output.name.value_or(input.filename())});
-  if (output.inPlace || !result) return result;
+  if (!result) return {};
+  if (output.inPlace) return Target{.file = *result, .onlyAsItWas = true, .before = StampOf(*result)};
   const fs::path& target = *result;
   if (IsSameFile(target, input)) {
     throw Failure(kWrongCommandLine, "the result would replace the input; use --in-place for that");
@@ -67,13 +80,20 @@ std::optional<fs::path> ChooseTarget(const OutputOptions& output, const fs::path
     fs::create_directories(folder, error);
     if (error) throw Failure(kUnreadable, folder.string() + " cannot be created: " + error.message());
   }
-  return target;
+  return Target{.file = target, .onlyAsItWas = !output.force, .before = {}};
+}
+
+void WriteDocument(const docx::Package& package, const Target& target) {
+  Replace(target.file, [&](os::AtomicFile& file) {
+    package.Write([&file](std::span<const std::byte> bytes) { file.Write(bytes); });
+    if (!target.onlyAsItWas || StampOf(target.file) == target.before) return;
+    throw Failure(kUnreadable, target.file.string() + (target.before ? " was changed" : " was made by somebody else") +
+                                   " while the document was worked on, and stays as it is");
+  });
 }
 
 void WriteDocument(const docx::Package& package, const fs::path& target) {
-  Replace(target, [&package](os::AtomicFile& file) {
-    package.Write([&file](std::span<const std::byte> bytes) { file.Write(bytes); });
-  });
+  WriteDocument(package, Target{.file = target, .onlyAsItWas = false, .before = {}});
 }
 
 TextSink::TextSink(const fs::path& target) : target_(target) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -16,12 +17,34 @@ class AtomicFile;
 /// Where the result of an input goes; empty when it goes nowhere.
 std::optional<std::filesystem::path> ResultOf(const OutputOptions& output, const Input& input);
 
-/// The same, made ready to be written; empty when it goes nowhere.
+/// What tells one content of a file from another, without reading it.
+struct FileStamp {
+  std::uint64_t device;
+  std::uint64_t number;
+  std::int64_t size;
+  std::int64_t changed;  ///< nanoseconds since 1970
+
+  bool operator==(const FileStamp&) const = default;
+};
+
+/// Where a result goes.
+struct Target {
+  std::filesystem::path file;
+  /// Whether only the file that was there when the target was chosen may be replaced: work takes its time, and somebody
+  /// may save the document meanwhile.
+  bool onlyAsItWas;
+  /// The file then; empty: there was none.
+  std::optional<FileStamp> before;
+};
+
+/// The same, made ready to be written; empty when it goes nowhere. To be called before the input is read.
 /// @throws Failure when that is the input itself without --in-place, or a file that exists without --force
-std::optional<std::filesystem::path> ChooseTarget(const OutputOptions& output, const std::filesystem::path& input);
+std::optional<Target> ChooseTarget(const OutputOptions& output, const std::filesystem::path& input);
 
 /// Writes the document so that the target is at every moment the old file or the whole new one.
-/// @throws Failure kUnreadable
+/// @throws Failure kUnreadable, also for a target that is no more as it was
+void WriteDocument(const docx::Package& package, const Target& target);
+/// The same to a file that may be replaced however it is.
 void WriteDocument(const docx::Package& package, const std::filesystem::path& target);
 
 /// A report, a transcript or a page that is written piece by piece: to standard output at once, and as it can be

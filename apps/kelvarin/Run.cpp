@@ -20,7 +20,7 @@ unattended::AnswersFile ReadAnswers(const Options& options) {
 
 FileResult RunCommand(const Options& options, const std::filesystem::path& input) {
   return RunOnFile(options, input, [&](FileRecord& record) {
-    const std::optional<std::filesystem::path> target = ChooseTarget(options.output, input);
+    const std::optional<Target> target = ChooseTarget(options.output, input);
     unattended::AnswersFile file = ReadAnswers(options);
     unattended::FileAnswers answers(std::move(file.answers), options.strict);
     Session session(input, options, answers, file.state, record.transcript);
@@ -30,7 +30,7 @@ FileResult RunCommand(const Options& options, const std::filesystem::path& input
     TellRun(options, input, session, status, answers.Failure(), record.report);
     if (target && session.HasDocument()) {
       WriteDocument(session.Processor().Updated(), *target);
-      record.report.SetOutput(*target);
+      record.report.SetOutput(target->file);
     }
     return status;
   });
