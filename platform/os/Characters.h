@@ -5,7 +5,7 @@
 
 namespace os {
 
-/// Unicode's case and character classes, the same on every host.
+/// Unicode's case and character classes, the same on every host. Several threads may ask at once.
 class Characters {
  public:
   virtual ~Characters() = default;
