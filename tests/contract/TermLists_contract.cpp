@@ -3,6 +3,7 @@
 #include "DocxDocument.h"
 #include "Markup.h"
 
+#include "platform/BookmarkNames.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Document.h"
 #include "platform/word/Format.h"
