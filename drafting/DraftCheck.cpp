@@ -356,8 +356,10 @@ class Check {
   /// Whether it is part of somebody else's name: "the Florida Securities Act", "the Securities Act of 1933", "the
   /// Companies House Register". Capitals of other defined terms beside it make no name.
   bool IsInName(const Stand& stand) const {
-    const Line line = LineOf(stand);
-    const std::u16string_view plain = Plain(stand.text).substr(0, line.end);
+    // A line can be as long as a document; a longer word is none.
+    constexpr std::size_t kLongestWord = 64;
+    const std::u16string_view plain = Plain(stand.text);
+    const std::size_t from = stand.begin - std::min(stand.begin, kLongestWord);
     const auto isCapital = [plain](std::size_t at) {
       return at < plain.size() && plain[at] >= u'A' && plain[at] <= u'Z';
     };
@@ -365,13 +367,13 @@ class Check {
       if (isCapital(stand.end + 1) && !IsTerm({stand.text, stand.end + 1, stand.end + 2})) return true;
       if (IsYearOf(plain.substr(stand.end))) return true;
     }
-    const std::u16string_view before = plain.substr(line.begin, stand.begin - line.begin);
+    const std::u16string_view before = plain.substr(from, stand.begin - from);
     if (!before.ends_with(u' ') || before.size() < 2) return false;
-    const std::size_t blank = before.find_last_of(u' ', before.size() - 2);
-    const std::size_t begin = blank == std::u16string_view::npos ? 0 : blank + 1;
+    std::size_t begin = before.size() - 1;
+    while (begin > 0 && before[begin - 1] != u' ' && LineEnd(before.substr(begin - 1, 1), 0) != 0) --begin;
     const std::u16string_view word = before.substr(begin, before.size() - 1 - begin);
-    return !word.empty() && isCapital(line.begin + begin) && !IsSmallWord(word) &&
-           !IsTerm({stand.text, line.begin + begin, line.begin + begin + 1});
+    return !word.empty() && isCapital(from + begin) && !IsSmallWord(word) &&
+           !IsTerm({stand.text, from + begin, from + begin + 1});
   }
 
   /// " of 1933"
@@ -432,9 +434,12 @@ class Check {
   /// Whether it begins a heading of which the first word alone has a capital: "Tag along rights".
   bool IsPlainHeading(const Use& use) const {
     constexpr std::ptrdiff_t kMostWords = 8;
-    const Line line = LineOf(use.stand);
-    const std::u16string_view whole = Plain(use.stand.text).substr(line.begin, line.end - line.begin);
-    return use.capitals == CapitalUse::kSentenceStart && std::count(whole.begin(), whole.end(), u' ') < kMostWords &&
+    constexpr std::size_t kFarthest = 80;
+    if (use.capitals != CapitalUse::kSentenceStart) return false;
+    const std::optional<Line> line = ShortLineAt(Plain(use.stand.text), use.stand.begin, kFarthest);
+    if (!line) return false;
+    const std::u16string_view whole = Plain(use.stand.text).substr(line->begin, line->end - line->begin);
+    return std::count(whole.begin(), whole.end(), u' ') < kMostWords &&
            std::u16string_view(u".;,:").find(whole.back()) == std::u16string_view::npos;
   }
 

@@ -56,6 +56,16 @@ Line LineAt(std::u16string_view text, std::size_t index) {
   return {begin, LineEnd(text, index)};
 }
 
+std::optional<Line> ShortLineAt(std::u16string_view text, std::size_t index, std::size_t farthest) {
+  const std::size_t from = index - std::min(index, farthest);
+  const std::u16string_view near = text.substr(from, index - from + farthest);
+  const Line line = LineAt(near, index - from);
+  const bool begins = line.begin > 0 || from == 0;
+  const bool ends = line.end < near.size() || from + near.size() == text.size();
+  if (!begins || !ends) return {};
+  return Line{from + line.begin, from + line.end};
+}
+
 Place PlaceOf(const Text& text, std::size_t begin, std::size_t end, os::Characters& characters) {
   const word::Position position = text.content.PositionOf(begin);
   const word::Position last = text.content.PositionOf(std::max(begin + 1, end) - 1);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,8 @@ struct Line {
   std::size_t end{0};
 };
 Line LineAt(std::u16string_view text, std::size_t index);
+/// The same where the line reaches no further than so many characters to either side; otherwise empty.
+std::optional<Line> ShortLineAt(std::u16string_view text, std::size_t index, std::size_t farthest);
 
 /// What is said at a stretch of a text.
 Place PlaceOf(const Text& text, std::size_t begin, std::size_t end, os::Characters& characters);

@@ -43,6 +43,16 @@ constexpr auto kNoTerms = std::to_array<std::u16string_view>(
      u"Turkish",     u"Russian",     u"Chinese",    u"Japanese",   u"Korean",       u"Indian",       u"Canadian",
      u"Australian",  u"African",     u"Asian"});
 
+/// What stands between a bracket, or a single quotation mark, and a term that has no double ones.
+constexpr auto kNaming = std::to_array<std::u16string_view>(
+    {u"", u"the ", u"a ", u"an ", u"each a ", u"each, a ", u"together the ", u"together, the ", u"collectively, the "});
+
+/// What stands behind a term that a line defines without them, and what the line behind it begins with.
+constexpr auto kDefining = std::to_array<std::u16string_view>(
+    {u": ", u" means ", u" means:", u" mean ", u" shall mean ", u" has the meaning ", u" \u2013 ", u" \u2014 "});
+constexpr auto kMeaning =
+    std::to_array<std::u16string_view>({u"means ", u"means:", u"mean ", u"has the meaning ", u"the meaning "});
+
 /// What has a name of its own with "of": the Chamber of Commerce, the Department of Justice, a Unit of the Division of.
 constexpr auto kInstitutions = std::to_array<std::u16string_view>(
     {u"Agency", u"Bank", u"Bureau", u"Chamber", u"Commission", u"Court", u"Department", u"Division", u"Institute",
@@ -65,6 +75,12 @@ constexpr std::u16string_view kLetters = u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijk
 template <class Words>
 bool IsOneOf(std::u16string_view word, const Words& words) {
   return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+template <class Beginnings>
+bool BeginsWithOneOf(std::u16string_view text, const Beginnings& beginnings) {
+  return std::any_of(beginnings.begin(), beginnings.end(),
+                     [text](std::u16string_view beginning) { return text.starts_with(beginning); });
 }
 
 std::vector<std::u16string_view> WordsOf(std::u16string_view phrase) {
@@ -139,6 +155,7 @@ class Search {
         line = LineAt(plain, match.begin);
         capitals.emplace(plain.substr(line.begin, line.end - line.begin), characters_);
       }
+      if (IsDefinedWithoutQuotes(plain, line, match)) uses_[match.form].defined = true;
       if (capitals->UseAt(match.begin - line.begin, match.end - line.begin) != CapitalUse::kOfItsOwn) continue;
       const std::u16string_view whole = plain.substr(line.begin, line.end - line.begin);
       if (IsPartOfName(whole, match.begin - line.begin, match.end - line.begin)) continue;
@@ -158,6 +175,7 @@ class Search {
     for (std::size_t i = 0; i < phrases_.size(); ++i) {
       const Uses& uses = uses_[i];
       // Names of people, firms and places stand without an article, terms mostly with one.
+      if (uses.defined) continue;
       if (uses.count < kFewestUses || uses.determined < kFewestUses || 2 * uses.determined < uses.count) continue;
       const auto& [text, begin, end] = *uses.first;
       findings.push_back({.kind = Kind::kNotDefined,
@@ -178,6 +196,7 @@ class Search {
   struct Uses {
     int count{0};
     int determined{0};
+    bool defined{false};
     std::optional<First> first{};
   };
 
@@ -190,6 +209,7 @@ class Search {
       const auto other = byPhrase.find(number);
       if (other == byPhrase.end()) continue;
       Uses& uses = uses_[other->second];
+      uses.defined = uses_[i].defined = uses.defined || uses_[i].defined;
       if (uses.count > uses_[i].count || uses.count == 0) continue;
       uses_[i].count += uses.count;
       uses_[i].determined += uses.determined;
@@ -216,6 +236,35 @@ class Search {
     return std::all_of(words.begin(), words.end(), [](std::u16string_view word) {
       return word.front() < u'A' || word.front() > u'Z' || IsSmallWord(word) || IsOneOf(word, kNoTerms);
     });
+  }
+
+  /// Whether a contract that marks its terms by bold letters alone, by single quotation marks or not at all, defines
+  /// one there: Buyer means Acorn; Acorn Limited (the Buyer); ‘Buyer’. Such a term is not looked at any further, since
+  /// much else reads so.
+  static bool IsDefinedWithoutQuotes(std::u16string_view plain, const Line& line, const marker::Match& match) {
+    constexpr std::size_t kLongestLabel = 8;
+    // A line can be as long as a document; no word that gives a name is further away.
+    constexpr std::size_t kFarthest = 32;
+    const std::size_t from = std::max(line.begin, match.begin - std::min(match.begin, kFarthest));
+    const std::u16string_view before = plain.substr(from, match.begin - from);
+    const std::u16string_view behind = plain.substr(match.end, line.end - match.end);
+    const std::size_t single = before.find_last_of(u"\u2018'");
+    const bool closes = behind.starts_with(u"\u2019") || behind.starts_with(u"'");
+    if (single != std::u16string_view::npos && closes && IsOneOf(before.substr(single + 1), kNaming)) return true;
+    const std::size_t bracket = before.rfind(u'(');
+    if (bracket != std::u16string_view::npos && behind.starts_with(u")") &&
+        IsOneOf(before.substr(bracket + 1), kNaming)) {
+      // "Clause 3 (Completion)" names a heading.
+      const std::size_t last = before.substr(0, bracket).find_last_not_of(u" \u00A0");
+      const char16_t word = last == std::u16string_view::npos ? u'\0' : before[last];
+      return word != marker::kBarrier && word != u')' && (word < u'0' || word > u'9');
+    }
+    if (before.size() > kLongestLabel || before.find_first_of(kLetters) != std::u16string_view::npos) return false;
+    if (BeginsWithOneOf(behind, kDefining)) return true;
+    // The term fills a cell, or a paragraph, and what it means the next.
+    if (behind.find_first_not_of(u" :") != std::u16string_view::npos) return false;
+    const std::u16string_view next = plain.substr(std::min(line.end + 1, plain.size()));
+    return BeginsWithOneOf(next, kMeaning);
   }
 
   /// In small letters; empty at the beginning of a line.

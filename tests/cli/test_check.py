@@ -124,6 +124,20 @@ P The applicable Fee is due with any other Fee of the TopCo, and the TopCo pays.
 """)
         self.assertEqual(self.of_kind(check, "notDefined"), ["Order", "Fee", "TopCo"])
 
+    def test_terms_that_are_defined_without_quotation_marks_are_not_told_as_undefined(self):
+        check = self.findings("""
+P Acorn Limited (the Buyer) and each of its firms (each, a Buyer Firm) agree.
+P **Completion** means the end of the sale.
+P 1.2 **Price**: the sum of 5.
+P **Depot**
+P means the yard.
+P ‘Order’ means a form, also any other Order of the same or another Order.
+P In the Depot each Buyer Firm pays the Price to the Escrow Agent. The Buyer is at the Depot, and the Escrow Agent too.
+P At the Completion, or after such Completion, the Price is due, each Buyer Firm agrees, and so does any Buyer.
+P By clause 3 (Cloud Service) and clause [[ref _Ref1|4]] (Escrow Agent) the Cloud Service ends, as each Cloud Service does.
+""")
+        self.assertEqual((check["defined"], self.of_kind(check, "notDefined")), ([], ["Escrow Agent", "Cloud Service"]))
+
     def test_an_indexed_contract_has_the_same_findings(self):
         before = self.findings(FAULTS)
         self.check("index", "contract.docx", "-o", "indexed.docx")
