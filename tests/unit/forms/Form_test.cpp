@@ -113,6 +113,14 @@ TEST(Form, AHandlerThatSendsTheFocusElsewhereWins) {
   EXPECT_EQ(sample.form.ActiveControl(), &sample.form.cmdOK);
 }
 
+TEST(Form, AControlThatTheFocusPassesByIsNotToldThatItHasIt) {
+  ShownSample sample;
+  sample.form.txtName.onLostFocus = [&] { sample.form.cmdOK.SetFocus(); };
+  EXPECT_TRUE(sample.form.chkBox.UserFocus());
+  EXPECT_EQ(sample.form.ActiveControl(), &sample.form.cmdOK);
+  EXPECT_EQ(sample.form.Take(), "lost chkBox to cmdOK; got cmdOK");
+}
+
 TEST(Form, HelpOnAControlGivesItTheFocus) {
   ShownSample sample;
   EXPECT_TRUE(sample.form.UserHelp(sample.form.chkBox));

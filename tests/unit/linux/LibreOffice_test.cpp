@@ -1,5 +1,6 @@
 #include "hosts/linux/LibreOffice.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -49,6 +50,18 @@ TEST_F(LibreOffice, AProfileOfItsOwnIsUsed) {
   EXPECT_NE(arguments.find("-env:UserInstallation=file:///"), std::string::npos) << arguments;
   EXPECT_NE(arguments.find("/profile "), std::string::npos) << arguments;
   EXPECT_NE(arguments.find("ExportBookmarksToPDFDestination"), std::string::npos) << arguments;
+}
+
+TEST_F(LibreOffice, ItGetsNoneOfOurFiles) {
+  constexpr int kFree = 50;  // beyond what a shell takes for itself
+  const int ours = fcntl(STDERR_FILENO, F_DUPFD, kFree);
+  ASSERT_GE(ours, kFree);
+  const std::string file = "/proc/$$/fd/" + std::to_string(ours);
+  const std::string pdf = " > \"" + (folder_ / "document.pdf").string() + "\"";
+  EXPECT_EQ(
+      Problem(Program("soffice", "if [ -e " + file + " ]; then echo has it" + pdf + "; else echo none" + pdf + "; fi")),
+      "made none\n");
+  close(ours);
 }
 
 TEST_F(LibreOffice, APdfOfAnEarlierRunIsNotTaken) {
