@@ -51,6 +51,10 @@ TEST_F(PhrasesOfWords, OfConnects) {
   EXPECT_EQ(Of(u"CHANGE OF CONTROL and Change Of Control\r"), (Phrases{u"CHANGE OF CONTROL", u"Change Of Control"}));
 }
 
+TEST_F(PhrasesOfWords, InitialsInQuotesKeepTheirLastFullStop) {
+  EXPECT_EQ(Of(u"the United States (\u201CU.S.\u201D)\r"), (Phrases{u"United States", u"U.S."}));
+}
+
 TEST_F(PhrasesOfWords, OfConnectsOnceInAPhrase) {
   EXPECT_EQ(Of(u"the Board of Directors of Seller\r"), (Phrases{u"Board of Directors", u"Seller"}));
 }

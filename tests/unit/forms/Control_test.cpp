@@ -86,6 +86,14 @@ TEST(Control, AMenuEntryOfADisabledMenuCannotBeUsed) {
   EXPECT_FALSE(sample.form.mnuItem.UserClick());
 }
 
+TEST(Control, AnEntryThatTheFocusChangeTakesAwayIsNotSelected) {
+  ShownSample sample;
+  sample.form.lstItems.AddItem(u"a");
+  sample.form.txtName.onLostFocus = [&] { sample.form.lstItems.Clear(); };
+  EXPECT_TRUE(sample.form.lstItems.UserSetSelected(0, true));
+  EXPECT_EQ(sample.form.lstItems.ListCount(), 0);
+}
+
 TEST(Control, WhatTheFocusChangeDisablesIsNotClicked) {
   ShownSample sample;
   sample.form.txtName.onLostFocus = [&] { sample.form.cmdOK.SetEnabled(false); };

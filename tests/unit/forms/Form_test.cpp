@@ -64,6 +64,24 @@ TEST(Form, TheCloseBoxUnloadsByControlMenuUnlessItWasTakenAway) {
   EXPECT_FALSE(other.form.UserClose());
 }
 
+TEST(Form, AFormThatIsDestroyedShowsItsHostNoControlsAnyMore) {
+  class LateHost : public QuietHost {
+   public:
+    void Unloaded(forms::Form& form) override {
+      QuietHost::Unloaded(form);
+      const bool any =
+          form.ActiveControl() != nullptr || form.DefaultButton() != nullptr || form.CancelButton() != nullptr;
+      told.push_back(any || !form.Controls().empty() ? "with controls" : "without controls");
+    }
+  };
+  LateHost host;
+  {
+    SampleForm form(host);
+    host.ShowModeless(form);
+  }
+  EXPECT_EQ(host.told.back(), "without controls");
+}
+
 TEST(Form, AFormThatIsDestroyedWhileLoadedTellsItsHost) {
   QuietHost host;
   auto form = std::make_unique<SampleForm>(host);

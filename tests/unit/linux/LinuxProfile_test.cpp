@@ -56,6 +56,16 @@ TEST_F(Profile, GivesWhatTheCodePageHoldsOfAUtf16File) {
   EXPECT_EQ(profile_.Read(u"D", u"K", u"", 255, Path("kvx.ini")), u"a?");
 }
 
+TEST_F(Profile, LeavesTheFileAloneThatHasTheValueAlready) {
+  EXPECT_TRUE(profile_.Write(u"Defaults", u"Bold", u"True", Path("kvx.ini")));
+  struct stat before {};
+  struct stat after {};
+  ASSERT_EQ(stat((folder_ / "kvx.ini").c_str(), &before), 0);
+  EXPECT_TRUE(profile_.Write(u"Defaults", u"Bold", u"True", Path("kvx.ini")));
+  ASSERT_EQ(stat((folder_ / "kvx.ini").c_str(), &after), 0);
+  EXPECT_EQ(after.st_ino, before.st_ino);
+}
+
 TEST_F(Profile, FailsWhereThereIsNoFolder) {
   EXPECT_FALSE(profile_.Write(u"Defaults", u"Bold", u"True", Path("missing/kvx.ini")));
   EXPECT_FALSE(profile_.Write(u"Defaults", u"Bold", u"True", u""));
