@@ -152,6 +152,20 @@ TEST_F(Unattended, TheCloseBoxOfTheShownFormWithACaptionIsTakenAway) {
   EXPECT_EQ(answers->Failure(), "SampleForm has no close box");
 }
 
+TEST_F(Unattended, AFormIsCancelledToItsEndWhenAStepHasFailed) {
+  Use(R"({"form":"SampleForm","do":[{"click":"cmdOK"}]})");
+  SampleForm form(*host);
+  form.cmdOK.onClick = [&] { host->Show(u"Surprise", u"", os::Icon::kNone, os::Buttons::kOk); };
+  form.cmdCancel.onClick = [&] {
+    host->Show(u"Bye", u"", os::Icon::kNone, os::Buttons::kOk);
+    form.Hide();
+  };
+  host->ShowModal(form);
+  EXPECT_FALSE(form.Visible());
+  EXPECT_EQ(Story(), "form message message formEnd");
+  EXPECT_EQ(answers->Failure(), "the message box \"Surprise\" came, but no answer was left");
+}
+
 TEST_F(Unattended, ObserversSeeFormsMessagesAndProgress) {
   class Watcher : public UnattendedObserver {
    public:

@@ -17,6 +17,25 @@ class Progress : public ::testing::Test {
   clsProgForm progress{host};
 };
 
+TEST_F(Progress, MayBeClosedByWhatItsHidingSetsOff) {
+  class ClosingHost : public QuietHost {
+   public:
+    void Hidden(forms::Form& form) override {
+      QuietHost::Hidden(form);
+      progress->CloseProgress();
+    }
+    clsProgForm* progress{nullptr};
+  };
+  ClosingHost closing;
+  clsProgForm shown(closing);
+  closing.progress = &shown;
+  shown.ShowProgress(0);
+  closing.told.clear();
+  shown.CloseProgress();
+  EXPECT_EQ(closing.told, (Told{"hidden frmProgressForm", "unloaded frmProgressForm"}));
+  EXPECT_EQ(shown.Current(), nullptr);
+}
+
 TEST_F(Progress, AnUpdateSetsLinesCaptionAndBar) {
   progress.ShowProgress(0);
   progress.UpdateProgress(u"one", u"two", u"three", 9, 20, u"Please wait");
