@@ -56,6 +56,8 @@ struct Term {
   std::vector<Defining> definings;
   std::vector<Use> uses;
   bool hidden{false};  ///< not used by itself, it stands inside of longer terms
+  /// Where definitions in passing stand: text and beginning of the line, and the last of them there.
+  std::map<std::pair<std::size_t, std::size_t>, std::size_t> inPassing{};
 
   /// What defines it first; nullptr: nothing does.
   const Defining* Home() const {
@@ -69,10 +71,12 @@ struct Term {
 };
 
 /// "The singular includes the plural", in many ways of saying it.
-bool SaysNumberDoesNotCount(std::u16string_view text) {
-  for (std::size_t at = text.find(u"singular"); at != std::u16string_view::npos; at = text.find(u"singular", at + 1)) {
-    const Line line = LineAt(text, at);
-    if (text.substr(line.begin, line.end - line.begin).find(u"plural") != std::u16string_view::npos) return true;
+bool SaysNumberDoesNotCount(const LinedText& text) {
+  const std::u16string& plain = text.Plain();
+  for (std::size_t at = plain.find(u"singular"); at != std::u16string::npos;) {
+    const Line line = text.LineAt(at);
+    if (text.TextOf(line).find(u"plural") != std::u16string_view::npos) return true;
+    at = plain.find(u"singular", line.end);
   }
   return false;
 }
@@ -91,7 +95,8 @@ class Check {
     ReadDefinitions();
     ReadUses();
     NoteDefinitionLines();
-    const auto isInterpreted = [](const Text& text) { return SaysNumberDoesNotCount(text.content.Plain()); };
+    LeaveUsesElsewhere();
+    const auto isInterpreted = [](const Text& text) { return SaysNumberDoesNotCount(text.content); };
     numberCounts_ = std::none_of(texts_.begin(), texts_.end(), isInterpreted);
   }
 
@@ -161,7 +166,11 @@ class Check {
 
   void Note(Term& term, const Stand& stand, std::size_t close) {
     const std::u16string_view plain = Plain(stand.text);
-    const Line line = LineAt(plain, stand.begin);
+    // What is further away does not define it; a line can be as long as a document.
+    constexpr std::size_t kFarthest = 1000;
+    Line line = LineOf(stand);
+    line.begin = std::max(line.begin, stand.begin - std::min(stand.begin, kFarthest));
+    line.end = std::min(line.end, close + kFarthest);
     const std::u16string_view whole = plain.substr(line.begin, line.end - line.begin);
     const std::size_t begin = stand.begin - line.begin;
     std::size_t open = stand.begin;
@@ -216,7 +225,7 @@ class Check {
         if (sought[match.form].spelling != Spelling::kOtherCase) termsAt_[{text, match.begin}] = match.end;
         if (ClosingMarkOf({text, match.begin, match.end}) != 0) continue;
         if (!capitals || match.begin > line.end) {
-          line = LineAt(plain, match.begin);
+          line = texts_[text].content.LineAt(match.begin);
           capitals.emplace(plain.substr(line.begin, line.end - line.begin), characters_);
         }
         const auto [term, spelling] = sought[match.form];
@@ -257,7 +266,7 @@ class Check {
   std::u16string Read(const Stand& stand) const {
     return std::u16string(Plain(stand.text).substr(stand.begin, stand.end - stand.begin));
   }
-  Line LineOf(const Stand& stand) const { return LineAt(Plain(stand.text), stand.begin); }
+  Line LineOf(const Stand& stand) const { return texts_[stand.text].content.LineAt(stand.begin); }
 
   /// The lines of a definition in a list: its own, and the next where the term fills a line, or a cell, by itself.
   Line BodyOf(const Defining& defining) const {
@@ -278,23 +287,35 @@ class Check {
         if (!defining.beginsLine || (defining.role != Role::kListed && defining.role != Role::kPointer)) continue;
         const Line body = BodyOf(defining);
         definitionLines_.insert({defining.stand.text, body.begin});
-        definitionLines_.insert({defining.stand.text, LineAt(Plain(defining.stand.text), body.end).begin});
+        definitionLines_.insert({defining.stand.text, LineOf({defining.stand.text, body.end, body.end}).begin});
       }
     }
   }
 
-  /// Uses outside of the term's own definition.
-  std::vector<Use> UsesElsewhere(const Term& term) const {
-    std::vector<Use> uses;
-    for (const Use& use : term.uses) {
-      const bool own = std::any_of(term.definings.begin(), term.definings.end(), [&](const Defining& defining) {
-        if (!defining.beginsLine || defining.role == Role::kInline || defining.role == Role::kMention) return false;
-        const Line line = BodyOf(defining);
-        return use.stand.text == defining.stand.text && use.stand.begin >= line.begin && use.stand.begin < line.end;
+  /// Leaves the uses outside of each term's own definition, and notes where definitions in passing stand.
+  void LeaveUsesElsewhere() {
+    for (Term& term : terms_) {
+      // Ends by beginnings. A body reaches into the next line at most, and so into the next body.
+      std::map<std::pair<std::size_t, std::size_t>, std::size_t> bodies;
+      for (const Defining& defining : term.definings) {
+        if (defining.role == Role::kInline) {
+          std::size_t& last = term.inPassing[{defining.stand.text, LineOf(defining.stand).begin}];
+          last = std::max(last, defining.stand.begin);
+        } else if (defining.beginsLine && defining.role != Role::kMention) {
+          const Line body = BodyOf(defining);
+          std::size_t& end = bodies[{defining.stand.text, body.begin}];
+          end = std::max(end, body.end);
+        }
+      }
+      std::erase_if(term.uses, [&bodies](const Use& use) {
+        auto body = bodies.upper_bound({use.stand.text, use.stand.begin});
+        for (int back = 0; back < 2 && body != bodies.begin(); ++back) {
+          --body;
+          if (body->first.first == use.stand.text && use.stand.begin < body->second) return true;
+        }
+        return false;
       });
-      if (!own) uses.push_back(use);
     }
-    return uses;
   }
 
   static bool CountsAsTerm(const Use& use) { return use.spelling != Spelling::kOtherCase; }
@@ -306,8 +327,7 @@ class Check {
   }
 
   void AddDefinition(const Term& term) {
-    const auto uses = UsesElsewhere(term);
-    const auto count = std::count_if(uses.begin(), uses.end(), CountsAsTerm);
+    const auto count = std::count_if(term.uses.begin(), term.uses.end(), CountsAsTerm);
     result_.definitions.push_back({term.name, At(term.Home()->stand), static_cast<int>(count)});
   }
 
@@ -325,7 +345,7 @@ class Check {
   }
 
   void CheckUses(const Term& term) {
-    std::vector<Use> uses = UsesElsewhere(term);
+    std::vector<Use> uses = term.uses;
     std::erase_if(uses, [](const Use& use) { return !CountsAsTerm(use); });
     const Defining& home = *term.Home();
     if (uses.empty()) {
@@ -412,15 +432,14 @@ class Check {
   }
 
   void CheckVariants(const Term& term) {
-    const std::vector<Use> uses = UsesElsewhere(term);
-    AddVariants(term, uses, Spelling::kOtherCase, Kind::kOtherCase);
-    if (numberCounts_) AddVariants(term, uses, Spelling::kOtherNumber, Kind::kOtherNumber);
+    AddVariants(term, Spelling::kOtherCase, Kind::kOtherCase);
+    if (numberCounts_) AddVariants(term, Spelling::kOtherNumber, Kind::kOtherNumber);
   }
 
   /// Each way of writing is a finding of its own.
-  void AddVariants(const Term& term, const std::vector<Use>& uses, Spelling spelling, Kind kind) {
+  void AddVariants(const Term& term, Spelling spelling, Kind kind) {
     std::map<std::u16string, std::pair<Stand, int>> ways;
-    for (const Use& use : uses) {
+    for (const Use& use : term.uses) {
       const bool counts =
           use.spelling == spelling && use.capitals != CapitalUse::kHeading &&
           (spelling == Spelling::kOtherCase || (use.capitals == CapitalUse::kOfItsOwn && !IsInName(use.stand)));
@@ -434,22 +453,17 @@ class Check {
   /// Whether it begins a heading of which the first word alone has a capital: "Tag along rights".
   bool IsPlainHeading(const Use& use) const {
     constexpr std::ptrdiff_t kMostWords = 8;
-    constexpr std::size_t kFarthest = 80;
-    if (use.capitals != CapitalUse::kSentenceStart) return false;
-    const std::optional<Line> line = ShortLineAt(Plain(use.stand.text), use.stand.begin, kFarthest);
-    if (!line) return false;
-    const std::u16string_view whole = Plain(use.stand.text).substr(line->begin, line->end - line->begin);
-    return std::count(whole.begin(), whole.end(), u' ') < kMostWords &&
+    constexpr std::size_t kLongest = 100;
+    const std::u16string_view whole = texts_[use.stand.text].content.TextOf(LineOf(use.stand));
+    return use.capitals == CapitalUse::kSentenceStart && whole.size() < kLongest &&
+           std::count(whole.begin(), whole.end(), u' ') < kMostWords &&
            std::u16string_view(u".;,:").find(whole.back()) == std::u16string_view::npos;
   }
 
   /// As in: a subscription agreement (the "Subscription Agreement").
   bool IsBesideItsDefinition(const Term& term, const Use& use) const {
-    return std::any_of(term.definings.begin(), term.definings.end(), [&](const Defining& defining) {
-      const Line line = LineOf(defining.stand);
-      return defining.role == Role::kInline && use.stand.text == defining.stand.text && use.stand.begin >= line.begin &&
-             use.stand.begin < defining.stand.begin;
-    });
+    const auto last = term.inPassing.find({use.stand.text, LineOf(use.stand).begin});
+    return last != term.inPassing.end() && use.stand.begin < last->second;
   }
 
   void CheckArticle(const Term& term) {

@@ -1,6 +1,8 @@
 #include "drafting/Texts.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include "discovery/LineCapitals.h"
 #include "discovery/LineText.h"
@@ -43,43 +45,46 @@ std::vector<Text> ReadTexts(const word::DocumentPtr& document) {
     const auto read = [&](marker::StoryText::Results results) {
       return marker::StoryText(document, story, marker::StoryText::Hidden::kLeftOut, results);
     };
-    texts.push_back(
-        {story->StoryType(), read(marker::StoryText::Results::kLeftOut), read(marker::StoryText::Results::kKept)});
+    texts.push_back({story->StoryType(), LinedText(read(marker::StoryText::Results::kLeftOut)),
+                     LinedText(read(marker::StoryText::Results::kKept))});
   }
   return texts;
 }
 
-Line LineAt(std::u16string_view text, std::size_t index) {
-  std::size_t begin = index;
-  // A line that ends at an index ends before it, too.
-  while (begin > 0 && LineEnd(text.substr(begin - 1, 1), 0) != 0) --begin;
-  return {begin, LineEnd(text, index)};
+LinedText::LinedText(marker::StoryText content) : content_(std::move(content)) {
+  for (std::size_t begin = 0; begin <= Plain().size(); begin = LineEnd(Plain(), begin) + 1) begins_.push_back(begin);
 }
 
-std::optional<Line> ShortLineAt(std::u16string_view text, std::size_t index, std::size_t farthest) {
-  const std::size_t from = index - std::min(index, farthest);
-  const std::u16string_view near = text.substr(from, index - from + farthest);
-  const Line line = LineAt(near, index - from);
-  const bool begins = line.begin > 0 || from == 0;
-  const bool ends = line.end < near.size() || from + near.size() == text.size();
-  if (!begins || !ends) return {};
-  return Line{from + line.begin, from + line.end};
+Line LinedText::LineAt(std::size_t index) const {
+  const auto next = std::upper_bound(begins_.begin(), begins_.end(), index);
+  const std::size_t begin = next == begins_.begin() ? 0 : *std::prev(next);
+  return {begin, next == begins_.end() ? Plain().size() : *next - 1};
+}
+
+const LineCapitals& LinedText::CapitalsOf(const Line& line, os::Characters& characters) const {
+  return capitals_.try_emplace(line.begin, TextOf(line), characters).first->second;
 }
 
 Place PlaceOf(const Text& text, std::size_t begin, std::size_t end, os::Characters& characters) {
-  const word::Position position = text.content.PositionOf(begin);
+  // More than is shown, and less than a sentence that is as long as a document.
+  constexpr std::size_t kMostRead = 4 * kMostContext;
+  Place place{.story = text.story, .position = text.content.PositionOf(begin), .sentence = {}};
   const word::Position last = text.content.PositionOf(std::max(begin + 1, end) - 1);
-  begin = text.shown.PlainAt(position);
+  begin = text.shown.PlainAt(place.position);
   end = text.shown.PlainAt(last) + 1;
-  const std::u16string_view plain = text.shown.Plain();
-  const Line line = LineAt(plain, begin);
-  const std::u16string_view whole = plain.substr(line.begin, line.end - line.begin);
-  const LineCapitals capitals(whole, characters);
-  const std::u16string_view sentence = capitals.SentenceAt(begin - line.begin);
-  Place place{.story = text.story, .position = position, .sentence = std::u16string(sentence)};
-  const auto offset = sentence.empty() ? 0 : static_cast<std::size_t>(sentence.data() - whole.data());
-  place.begin = std::min(begin - line.begin - std::min(offset, begin - line.begin), sentence.size());
-  place.end = std::min(end - line.begin - std::min(offset, end - line.begin), sentence.size());
+  const Line line = text.shown.LineAt(begin);
+  const std::u16string_view whole = text.shown.TextOf(line);
+  std::u16string_view sentence = text.shown.CapitalsOf(line, characters).SentenceAt(begin - line.begin);
+  std::size_t offset = line.begin + (sentence.empty() ? 0 : static_cast<std::size_t>(sentence.data() - whole.data()));
+  if (begin > offset + kMostRead) {
+    const std::size_t left = std::min(begin - offset - kMostRead, sentence.size());
+    sentence.remove_prefix(left);
+    offset += left;
+  }
+  if (offset + sentence.size() > end + kMostRead) sentence = sentence.substr(0, end + kMostRead - offset);
+  place.sentence = sentence;
+  place.begin = std::min(begin - std::min(offset, begin), sentence.size());
+  place.end = std::min(end - std::min(offset, end), sentence.size());
   std::replace(place.sentence.begin(), place.sentence.end(), marker::kBarrier, kEllipsis);
   Shorten(place);
   return place;

@@ -152,7 +152,7 @@ class Search {
     for (const marker::Match& match : matcher_->Find(plain)) {
       if (match.form >= phrases_.size()) continue;
       if (!capitals || match.begin > line.end) {
-        line = LineAt(plain, match.begin);
+        line = text.content.LineAt(match.begin);
         capitals.emplace(plain.substr(line.begin, line.end - line.begin), characters_);
       }
       if (IsDefinedWithoutQuotes(plain, line, match)) uses_[match.form].defined = true;
