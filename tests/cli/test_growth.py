@@ -63,7 +63,7 @@ class Growth(program.Case):
     def test_terms_in_a_paragraph(self):
         self.grows_in_proportion(
             lambda number: paragraph("".join(run(f"He (the “Item {i}x”) and Item {i}xs, item {i}x, an Agent{i} Unit of an Agent{i} Unit ")
-                                             for i in range(number))), 1_000)
+                                             for i in range(number))) + paragraph(""), 1_000)
 
     def test_occurrences_in_a_paragraph(self):
         self.grows_in_proportion(lambda number: paragraph(run("the Buyer and ") * number), 2_000)
