@@ -1,8 +1,7 @@
 #include "drafting/QuoteMarks.h"
 
-#include "platform/Quotes.h"
-
 #include "discovery/LineText.h"
+#include "platform/Quotes.h"
 
 #include <algorithm>
 #include <array>
