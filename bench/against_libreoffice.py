@@ -28,19 +28,17 @@ def libreoffice_run(python, source, terms, folder, limit):
     return json.loads(out.splitlines()[-1])
 
 
-def print_table(program, sources, folder, timed, runs, limit):
-    """@param sources [(name, file)] @param timed runs a command and gives its wall seconds first"""
+def print_table(index_run, sources, folder, runs, limit):
+    """@param index_run indexes a file, reports to report.json of the folder and gives its wall seconds first
+    @param sources [(name, file)]"""
     python = interpreter()
     if python is None:
         print("\nLibreOffice or its Python interface (python3-uno) is not installed: nothing to compare with.")
         return
     print(f"\n| contract | index --pages layout: s | LibreOffice, limit {limit} s: s | marked | ratio |\n|---|---:|---:|---:|---:|", flush=True)
     for name, source in sources:
-        report = folder / "report.json"
-        ours = statistics.median(
-            timed(program, "index", str(source), "-o", str(folder / "out.docx"), "--force", "--quiet", "--pages", "layout",
-                  "--settings", str(folder / "kvx.ini"), "--report", str(report))[0] for _ in range(runs))
-        chosen = json.loads(report.read_text(encoding="utf-8"))["chosen"]
+        ours = statistics.median(index_run(source)[0] for _ in range(runs))
+        chosen = json.loads((folder / "report.json").read_text(encoding="utf-8"))["chosen"]
         theirs = libreoffice_run(python, source, chosen, folder, limit)
         least = "" if theirs["finished"] else "at least "
         print(f"| {name} | {ours:.2f} | {'' if theirs['finished'] else 'more than '}{theirs['seconds']:.0f} | {theirs['marked']:,} "
