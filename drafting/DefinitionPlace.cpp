@@ -152,7 +152,7 @@ std::u16string_view InBracketBefore(std::u16string_view line, std::size_t open) 
   return {};
 }
 
-/// A text in small letters without the words at its end that come before a name: each, collectively, the.
+/// A text in small letters without the words at its end that come before a name: each such, the.
 /// @param found how many there are
 std::u16string WithoutNamingWords(std::u16string_view text, int& found) {
   constexpr auto kWords =

@@ -117,6 +117,7 @@ void WordProcessor::Close() { state_->document.reset(); }
 const Package& WordProcessor::Updated() const { return state_->document->Parts().Updated(); }
 WindowState& WordProcessor::Window() const { return state_->document->window; }
 OptionsState& WordProcessor::Options() const { return state_->options; }
+
 int WordProcessor::PageCount() const { return state_->document->Pages().PageCount(); }
 std::u16string WordProcessor::PageLabel(int page) const { return state_->document->Pages().LabelOf(page); }
 std::string WordProcessor::PagesFrom() const { return state_->document->Pages().Basis(); }
