@@ -2,7 +2,10 @@ import os
 import subprocess
 
 import program
-from test_hostile import body, package, slowness
+from test_hostile import body, package, slowness, W
+
+OFFICE = "http://schemas.openxmlformats.org/officeDocument/2006/relationships"
+RELATIONSHIPS = "http://schemas.openxmlformats.org/package/2006/relationships"
 
 
 def paragraph(content):
@@ -15,6 +18,13 @@ def run(text):
 
 def mark(kind):
     return f'<w:r><w:fldChar w:fldCharType="{kind}"/></w:r>'
+
+
+def part(kind, content):
+    """A part beside the main one, and what relates it."""
+    return {f"word/{kind}.xml": f"<w:{kind} {W}>{content}</w:{kind}>",
+            "word/_rels/document.xml.rels": f'<Relationships xmlns="{RELATIONSHIPS}"><Relationship Id="rId1" '
+                                            f'Type="{OFFICE}/{kind}" Target="{kind}.xml"/></Relationships>'}
 
 
 DEFINED = paragraph(run("“Buyer” means the buyer."))
@@ -94,6 +104,54 @@ class Growth(program.Case):
     def test_sections(self):
         section = "<w:p><w:pPr><w:sectPr/></w:pPr>" + run("Buyer") + "</w:p>"
         self.grows_in_proportion(lambda number: section * number, 1_000)
+
+    def test_sections_with_headers_of_their_own(self):
+        def section(i):
+            reference = f'<w:headerReference xmlns:r="{OFFICE}" w:type="default" r:id="rId{i}"/>'
+            return f'<w:p><w:pPr><w:sectPr>{reference}</w:sectPr></w:pPr>{run("Buyer")}</w:p>'
+
+        def headers(number):
+            parts = {f"word/header{i}.xml": f"<w:hdr {W}>{paragraph(run(f'Part {i}'))}</w:hdr>" for i in range(number)}
+            relations = "".join(f'<Relationship Id="rId{i}" Type="{OFFICE}/header" Target="header{i}.xml"/>' for i in range(number))
+            parts["word/_rels/document.xml.rels"] = f'<Relationships xmlns="{RELATIONSHIPS}">{relations}</Relationships>'
+            return parts
+
+        self.grows_in_proportion(lambda number: "".join(section(i) for i in range(number)), 500, headers)
+
+    def test_styles(self):
+        def styles(number):
+            return part("styles", "".join(f'<w:style w:type="paragraph" w:styleId="S{i}"><w:name w:val="Style {i}"/><w:basedOn '
+                                          f'w:val="S{i // 2}"/></w:style>' for i in range(1, number)))
+
+        self.grows_in_proportion(
+            lambda number: "".join(f'<w:p><w:pPr><w:pStyle w:val="S{i}"/></w:pPr>{run("Buyer")}</w:p>' for i in range(number)),
+            1_000, styles)
+
+    def test_lists(self):
+        def lists(number):
+            level = '<w:lvl w:ilvl="0"><w:numFmt w:val="lowerRoman"/><w:lvlText w:val="%1."/></w:lvl>'
+            return part("numbering",
+                        "".join(f'<w:abstractNum w:abstractNumId="{i}">{level}</w:abstractNum>' for i in range(number))
+                        + "".join(f'<w:num w:numId="{i + 1}"><w:abstractNumId w:val="{i}"/></w:num>' for i in range(number)))
+
+        self.grows_in_proportion(
+            lambda number: "".join(f'<w:p><w:pPr><w:numPr><w:ilvl w:val="0"/><w:numId w:val="{i + 1}"/></w:numPr></w:pPr>'
+                                   f'{run("Buyer")}</w:p>' for i in range(number)), 1_000, lists)
+
+    def test_footnotes(self):
+        def footnotes(number):
+            return part("footnotes", "".join(f'<w:footnote w:id="{i}">{paragraph(run("the Buyer"))}</w:footnote>'
+                                             for i in range(number)))
+
+        self.grows_in_proportion(
+            lambda number: "".join(paragraph(run("Buyer") + f'<w:r><w:footnoteReference w:id="{i}"/></w:r>') for i in range(number)),
+            1_000, footnotes)
+
+    def test_pictures_beside_text(self):
+        picture = ('<w:r><w:drawing><wp:anchor xmlns:wp="http://schemas.openxmlformats.org/drawingml/2006/wordprocessingDrawing">'
+                   '<wp:positionV relativeFrom="page"/><wp:extent cx="914400" cy="914400"/><wp:wrapSquare wrapText="bothSides"/>'
+                   '</wp:anchor></w:drawing></w:r>')
+        self.grows_in_proportion(lambda number: paragraph(picture + run("the Buyer ")) * number, 1_000)
 
 
 if __name__ == "__main__":

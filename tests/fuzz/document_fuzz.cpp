@@ -3,6 +3,7 @@
 // inserted, and all is taken away again. Only errors of the host may come of it, and what is written opens again.
 
 #include "DocxDocument.h"
+#include "Pieces.h"
 
 #include "hosts/docx/package/Package.h"
 #include "hosts/linux/IcuCharacters.h"
@@ -18,15 +19,8 @@
 #include <cstdlib>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace {
-
-/// An element that holds others, or a piece that stands by itself when it closes nothing.
-struct Piece {
-  std::string_view open;
-  std::string_view close;
-};
 
 constexpr std::array<Piece, 47> kPieces{{
     {"<w:p>", "</w:p>"},
@@ -77,27 +71,6 @@ constexpr std::array<Piece, 47> kPieces{{
     {"<w:rPr><w:highlight w:val=\"none\"/></w:rPr>", ""},
     {"<w:rPr> <?x?><w:sz w:val=\"8\"/></w:rPr>", ""},
 }};
-constexpr std::uint8_t kClose = 0xFF;
-constexpr std::uint8_t kToFootnotes = 0xFE;
-
-std::string Blocks(const std::uint8_t* data, std::size_t size) {
-  std::string xml;
-  std::vector<std::string_view> open;
-  for (std::size_t i = 0; i < size; ++i) {
-    if (data[i] == kClose) {
-      if (open.empty()) continue;
-      xml += open.back();
-      open.pop_back();
-      continue;
-    }
-    const Piece& piece = kPieces[data[i] % kPieces.size()];
-    xml += piece.open;
-    if (!piece.close.empty()) open.push_back(piece.close);
-  }
-  for (; !open.empty(); open.pop_back()) xml += open.back();
-  return xml;
-}
-
 void ReadAll(const word::DocumentPtr& document) {
   const word::StoryRangesPtr stories = document->StoryRanges();
   for (int i = 1; i <= stories->Count(); ++i) {
@@ -139,12 +112,9 @@ void Work(const DocxDocument& docx) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   constexpr std::size_t kLongest = 400;
   if (size > kLongest) return 0;
-  std::size_t parts = 0;
-  while (parts < size && data[parts] != kToFootnotes) ++parts;
-  DocxDocument::Parts made{.body = Blocks(data, parts)};
-  if (parts < size) {
-    made.footnotes = "<w:footnote w:id=\"2\">" + Blocks(data + parts + 1, size - parts - 1) + "</w:footnote>";
-  }
+  const auto parts = Divided({data, size}, 2);
+  DocxDocument::Parts made{.body = XmlOf(kPieces, parts.front())};
+  if (parts.size() > 1) made.footnotes = "<w:footnote w:id=\"2\">" + XmlOf(kPieces, parts.back()) + "</w:footnote>";
   try {
     const DocxDocument docx(made, docx::PageSource::kLayout);
     try {

@@ -267,7 +267,8 @@ void DocumentParts::RemoveAddedIndexStyles() {
     return;
   }
   const std::string name = stylesPart_->PartName();
-  for (const Relationship& relationship : package_->Relationships(mainPart_->PartName())) {
+  const std::vector<Relationship> relationships = package_->Relationships(mainPart_->PartName());
+  for (const Relationship& relationship : relationships) {
     if (relationship.target == name) package_->RemoveRelationship(mainPart_->PartName(), relationship.id);
   }
   package_->Remove(name);

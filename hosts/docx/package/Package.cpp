@@ -331,6 +331,7 @@ void Package::Put(Entry& entry, std::string content) {
   const bool same = entry.archived && entry.size == content.size() && entry.checksum == Checksum(content) &&
                     Inflate(entry) == content;
   entry.content = same ? nullptr : std::make_unique<Deflated>(std::move(content));
+  relationships_.erase(&entry);
 }
 
 void Package::Add(std::string_view name, std::string content, std::string_view contentType) {
@@ -369,6 +370,7 @@ void Package::Drop(Entry& entry) {
   index_.erase(FoldPartName(entry.name));
   entry.content.reset();
   entry.removed = true;
+  relationships_.erase(&entry);
 }
 
 bool Package::Changed() const {

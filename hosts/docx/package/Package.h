@@ -74,8 +74,9 @@ class Package {
   /// The part, its content type and its own relationships; relationships of others to it are left to the caller.
   void Remove(std::string_view name);
 
+  /// Read once; what comes is good until a relationship of the part is added or removed.
   /// @param part the source; "" is the package itself
-  std::vector<Relationship> Relationships(std::string_view part) const;
+  const std::vector<Relationship>& Relationships(std::string_view part) const;
   /// @param target a part's name, or an address when external
   /// @return the new relationship's id, unlike any other of the part
   std::string AddRelationship(std::string_view part, std::string_view type, std::string_view target,
@@ -119,6 +120,8 @@ class Package {
   /// By the name in lower case; what was removed is not in it.
   std::map<std::string, Entry*, std::less<>> index_;
   std::string mainDocument_;
+  /// By the parts that list them, those that were asked for.
+  mutable std::map<const Entry*, std::vector<Relationship>> relationships_;
   mutable std::uint64_t inflated_ = 0;
 };
 

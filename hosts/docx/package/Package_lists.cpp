@@ -143,10 +143,14 @@ void Package::RemoveContentType(std::string_view name) {
   }
 }
 
-std::vector<Relationship> Package::Relationships(std::string_view part) const {
-  std::vector<Relationship> relationships;
+const std::vector<Relationship>& Package::Relationships(std::string_view part) const {
   const std::string listPart = RelationshipsPartName(part);
-  if (!Has(listPart)) return relationships;
+  const Entry* const entry = Find(listPart);
+  const auto known = relationships_.find(entry);
+  if (known != relationships_.end()) return known->second;
+  // What parts without a list have in common: no relationship.
+  if (entry == nullptr) return relationships_[nullptr];
+  std::vector<Relationship> relationships;
   const List list(ReadXml(listPart));
   for (const XmlNode item : list.Items()) {
     if (LocalName(item) != "Relationship") continue;
@@ -158,7 +162,7 @@ std::vector<Relationship> Package::Relationships(std::string_view part) const {
     relationship.target = relationship.external ? std::string(target) : ResolveTarget(part, target);
     relationships.push_back(std::move(relationship));
   }
-  return relationships;
+  return relationships_[entry] = std::move(relationships);
 }
 
 std::string Package::AddRelationship(std::string_view part, std::string_view type, std::string_view target,

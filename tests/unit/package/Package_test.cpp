@@ -231,6 +231,31 @@ TEST(Package, ListsRelationships) {
   EXPECT_TRUE(package->Relationships("word/styles.xml").empty());
 }
 
+TEST(Package, SaysWhichRelationshipsThereAreAfterEachChange) {
+  const auto package = docx::Package::Open(Sample().Bytes());
+  const auto targets = [&package] {
+    std::vector<std::string> targets;
+    for (const docx::Relationship& relationship : package->Relationships("word/document.xml")) {
+      targets.push_back(relationship.target);
+    }
+    return targets;
+  };
+  using Targets = std::vector<std::string>;
+  EXPECT_EQ(targets(), Targets());
+  const std::string one = package->AddRelationship("word/document.xml", "t:x", "word/one.xml");
+  EXPECT_EQ(targets(), Targets({"word/one.xml"}));
+  const std::string two = package->AddRelationship("word/document.xml", "t:x", "word/two.xml");
+  EXPECT_EQ(targets(), Targets({"word/one.xml", "word/two.xml"}));
+  package->RemoveRelationship("word/document.xml", one);
+  EXPECT_EQ(targets(), Targets({"word/two.xml"}));
+  package->Replace("word/_rels/document.xml.rels",
+                   "<Relationships xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">"
+                   "<Relationship Id=\"rId1\" Type=\"t:x\" Target=\"three.xml\"/></Relationships>");
+  EXPECT_EQ(targets(), Targets({"word/three.xml"}));
+  package->RemoveRelationship("word/document.xml", "rId1");
+  EXPECT_EQ(targets(), Targets());
+}
+
 TEST(Package, NewRelationshipsHaveNewIds) {
   RawZip zip = Sample();
   zip.Add("word/_rels/document.xml.rels",
