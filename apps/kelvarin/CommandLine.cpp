@@ -12,10 +12,12 @@
 #include <map>
 #include <nlohmann/json.hpp>
 #include <set>
+#include <sstream>
 
 #include "apps/kelvarin/Commands.h"
 #include "apps/kelvarin/Identity.h"
 #include "apps/kelvarin/Messages.h"
+#include "apps/kelvarin/Output.h"
 #include "apps/kelvarin/PrivateSettings.h"
 #include "apps/kelvarin/Status.h"
 #include "apps/kelvarin/Version.h"
@@ -160,7 +162,9 @@ class Reader {
       if (options_.quiet) options_.progress = false;
       return options_;
     } catch (const CLI::Success& success) {
-      status = app_.exit(success);
+      std::ostringstream text;
+      status = app_.exit(success, text, text);
+      WriteText(text.str(), "-");
     } catch (const Failure& failure) {
       Say(failure.what());
       status = failure.Code();

@@ -1,5 +1,6 @@
 import json
 import os
+import subprocess
 
 import program
 
@@ -63,6 +64,16 @@ class Output(program.Case):
             self.assertIn("RemoveIndexEntries", [event.get("operation") for event in events])
             self.assertEqual([event["event"] for event in events].count("state"), 1)
             self.assertEqual(events[-1]["event"], "state")
+
+    def test_standard_output_that_cannot_be_written_is_status_3(self):
+        file = self.document()
+        for arguments in (("--help",), ("--version",), ("index", "--help"), ("terms", file), ("inspect", file), ("check", file),
+                          ("check", "--json", file), ("remove", file, "-o", "out.docx", "--report", "-")):
+            with open("/dev/full", "w") as full:
+                result = subprocess.run([program.KELVARIN, *arguments], stdout=full, stderr=subprocess.PIPE, text=True,
+                                        cwd=self.folder, env=self.environment())
+            self.assertEqual(result.returncode, 3, arguments)
+            self.assertIn("standard output cannot be written", result.stderr)
 
     def test_a_file_that_cannot_be_opened_leaves_a_state_without_a_document(self):
         (self.folder / "bad.docx").write_bytes(b"no document")

@@ -281,9 +281,9 @@ void BlockReader::ReadInlines(XmlNode parent, bool deleted) {
         break;
       case Tag::kFldSimple:
         Meet(child);
-        fields_.push_back({false, {}, FieldOfCode(part_.Attribute(child, "instr").Value())});
+        simpleFields_.push_back(FieldOfCode(part_.Attribute(child, "instr").Value()));
         ReadInlines(child, deleted);
-        fields_.pop_back();
+        simpleFields_.pop_back();
         Meet(child);
         break;
       case Tag::kBookmarkStart:
@@ -333,6 +333,9 @@ void BlockReader::FollowField(XmlNode element, bool deleted) {
 PageFieldCode BlockReader::FieldKind() const {
   for (const OpenField& field : fields_) {
     if (field.kind.field != PageField::kNone) return field.kind;
+  }
+  for (const PageFieldCode& field : simpleFields_) {
+    if (field.field != PageField::kNone) return field;
   }
   return {};
 }

@@ -108,13 +108,15 @@ class BlockReader {
   /// A paragraph whose mark does not show goes on in the next one.
   std::shared_ptr<Paragraph> open_;
   const TextStyle* style_{nullptr};
-  /// A field that was begun and not ended.
+  /// A field that a mark began and none has ended.
   struct OpenField {
     bool inCode{true};
     std::string code;
     PageFieldCode kind;
   };
   std::vector<OpenField> fields_;  // outermost first
+  /// The elements of fields around what is read; marks inside of them do not end them. Outermost first.
+  std::vector<PageFieldCode> simpleFields_;
   int codes_{0};
   int depth_{0};
   int boxes_{0};  // around what is read
