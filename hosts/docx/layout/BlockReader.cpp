@@ -9,6 +9,7 @@
 
 #include "hosts/docx/layout/Colors.h"
 #include "hosts/docx/layout/Drawings.h"
+#include "hosts/docx/layout/PageFields.h"
 #include "hosts/docx/layout/Symbols.h"
 #include "hosts/docx/story/StoryBuilder.h"
 #include "hosts/docx/xml/Utf.h"
@@ -18,119 +19,12 @@ namespace docx::layout {
 
 namespace {
 
-/// Tables nested deeper are left out; nobody could read them.
-constexpr int kDeepest = 40;
-/// The same for text boxes in text boxes.
+/// Text boxes deeper in each other are left out; nobody could read them.
 constexpr int kDeepestBox = 3;
-constexpr int kMostColumns = 200;
-constexpr int kDefaultSideMargin = 115;
 constexpr float kNoteRule = 2880;    // twips
 constexpr float kWholeRule = 31680;  // as much as there is room for
 
 bool IsElement(XmlNode node) { return node.Type() == XmlType::kElement; }
-
-/// Which of a table style's conditional formats a w:tblLook asks for.
-struct TableLook {
-  bool firstRow{false};
-  bool lastRow{false};
-  bool firstColumn{false};
-  bool lastColumn{false};
-  bool rowBands{true};
-};
-
-TableLook ReadLook(const XmlPart& part, XmlNode tblLook) {
-  TableLook look;
-  if (!tblLook) return look;
-  int bits = 0;
-  const std::string_view value = ValueOf(part, tblLook);
-  std::from_chars(value.data(), value.data() + value.size(), bits, 16);
-  const auto flag = [&](const char* name, int bit) {
-    const std::string_view text = part.Attribute(tblLook, name).Value();
-    return text.empty() ? (bits & bit) != 0 : text == "1" || text == "true" || text == "on";
-  };
-  look.firstRow = flag("firstRow", 0x20);
-  look.lastRow = flag("lastRow", 0x40);
-  look.firstColumn = flag("firstColumn", 0x80);
-  look.lastColumn = flag("lastColumn", 0x100);
-  look.rowBands = !flag("noHBand", 0x200);
-  return look;
-}
-
-/// A preferred width: twips, or a share of the room.
-void ReadWidth(const XmlPart& part, XmlNode width, double& twips, double& share) {
-  const std::string_view type = part.Attribute(width, "type").Value();
-  const std::string_view text = part.Attribute(width, "w").Value();
-  if (type == "pct" || text.ends_with('%')) {
-    double number = 0;
-    std::from_chars(text.data(), text.data() + text.size(), number);
-    share = std::clamp(text.ends_with('%') ? number / 100 : number / 5000, 0.0, 10.0);
-  } else if (type == "dxa" || type.empty()) {
-    twips = std::max(0, TwipsOf(part, width, "w").value_or(0));
-  }
-}
-
-int CountRows(const XmlPart& part, XmlNode parent) {
-  int rows = 0;
-  for (const XmlNode child : parent.Children()) {
-    switch (part.TagOf(child)) {
-      case Tag::kTr:
-        ++rows;
-        break;
-      default: {
-        const Wrapped wrapped = WrappedBy(part, child, Within::kRows);
-        if (wrapped.content && !wrapped.deleted) rows += CountRows(part, wrapped.content);
-        break;
-      }
-    }
-  }
-  return rows;
-}
-
-/// The next word of a field's code. @param code loses it
-std::string_view TakeWord(std::string_view& code) {
-  const std::size_t begin = std::min(code.find_first_not_of(' '), code.size());
-  code.remove_prefix(begin);
-  std::size_t end = std::min(code.find(' '), code.size());
-  const std::size_t slash = code.find('\\', 1);
-  end = std::min(end, slash);
-  const std::string_view word = code.substr(0, end);
-  code.remove_prefix(end);
-  return word;
-}
-
-std::string InCapitals(std::string_view text) {
-  std::string capitals(text);
-  std::transform(capitals.begin(), capitals.end(), capitals.begin(),
-                 [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
-  return capitals;
-}
-
-/// The w:fmt of a format switch's word; nullptr for one that is not about numbers.
-const char* NumberFormatOf(std::string_view word) {
-  const std::string name = InCapitals(word);
-  const bool lower = !word.empty() && word.front() >= 'a';
-  if (name == "ARABIC") return "decimal";
-  if (name == "ARABICDASH") return "numberInDash";
-  if (name == "ROMAN") return lower ? "lowerRoman" : "upperRoman";
-  if (name == "ALPHABETIC") return lower ? "lowerLetter" : "upperLetter";
-  return nullptr;
-}
-
-/// Whether a field prints the page that it stands on.
-PageFieldCode FieldOfCode(std::string_view code) {
-  PageFieldCode field;
-  const std::string name = InCapitals(TakeWord(code));
-  if (name == "PAGE") field.field = PageField::kPage;
-  if (name == "NUMPAGES") field.field = PageField::kPageCount;
-  if (name == "SECTIONPAGES") field.field = PageField::kSectionPages;
-  if (field.field == PageField::kNone) return field;
-  while (!code.empty()) {
-    const std::string_view word = TakeWord(code);
-    if (!word.starts_with("\\*")) continue;
-    if (const char* format = NumberFormatOf(word.size() > 2 ? word.substr(2) : TakeWord(code))) field.format = format;
-  }
-  return field;
-}
 
 /// The character of a w:sym.
 std::u16string SymbolOf(const XmlPart& part, XmlNode sym) {
@@ -281,7 +175,7 @@ void BlockReader::ReadInlines(XmlNode parent, bool deleted) {
         break;
       case Tag::kFldSimple:
         Meet(child);
-        simpleFields_.push_back(FieldOfCode(part_.Attribute(child, "instr").Value()));
+        simpleFields_.push_back(PageFieldOf(part_.Attribute(child, "instr").Value()));
         ReadInlines(child, deleted);
         simpleFields_.pop_back();
         Meet(child);
@@ -322,7 +216,7 @@ void BlockReader::FollowField(XmlNode element, bool deleted) {
   } else if (type == "separate") {
     if (fields_.back().inCode) --codes_;
     fields_.back().inCode = false;
-    fields_.back().kind = FieldOfCode(fields_.back().code);
+    fields_.back().kind = PageFieldOf(fields_.back().code);
   } else if (type == "end") {
     if (fields_.back().inCode) --codes_;
     fields_.pop_back();
@@ -483,172 +377,6 @@ std::shared_ptr<TextBox> BlockReader::ReadTextBox(const Drawing& drawing) {
   box->topInset = drawing.topInset;
   box->outlined = drawing.outlined;
   return box;
-}
-
-void BlockReader::ReadTable(XmlNode element, bool deleted, std::vector<Block>& into) {
-  std::shared_ptr<Paragraph> open = std::move(open_);
-  std::shared_ptr<Table> table = ReadTable(element, deleted);
-  open_ = std::move(open);
-  if (!table->rows.empty()) into.push_back({std::move(table)});
-}
-
-std::shared_ptr<Table> BlockReader::ReadTable(XmlNode element, bool deleted) {
-  auto table = std::make_shared<Table>();
-  if (depth_ >= kDeepest) return table;
-  const XmlNode properties = part_.Child(element, "tblPr");
-  const SheetStyle* style = formats_.Styles().Table(ValueOf(part_, part_.Child(properties, "tblStyle")));
-  ReadWidth(part_, part_.Child(properties, "tblW"), table->width, table->widthShare);
-  if (const XmlNode place = part_.Child(properties, "tblpPr")) {
-    table->floating = true;
-    const int besides =
-        std::max(TwipsOf(part_, place, "leftFromText").value_or(0), TwipsOf(part_, place, "rightFromText").value_or(0));
-    table->floatingMargin = std::max(0, besides);
-    const bool byPage = std::string_view(part_.Attribute(place, "horzAnchor").Value()) == "page";
-    if (const auto x = TwipsOf(part_, place, "tblpX"); x && !byPage) table->floatingLeft = *x;
-    if (std::string_view(part_.Attribute(place, "tblpXSpec").Value()) == "right") table->alignment = Alignment::kRight;
-  }
-  table->fixed = std::string_view(part_.Attribute(part_.Child(properties, "tblLayout"), "type").Value()) == "fixed";
-  table->indent = TwipsOf(part_, part_.Child(properties, "tblInd"), "w").value_or(0);
-  const std::string_view side = ValueOf(part_, part_.Child(properties, "jc"));
-  if (side == "center") table->alignment = Alignment::kCenter;
-  if (side == "right" || side == "end") table->alignment = Alignment::kRight;
-  table->borders = ReadBoxBorders(part_, part_.Child(properties, "tblBorders"));
-  for (const XmlNode column : part_.Child(element, "tblGrid").Children(part_.Name("gridCol"))) {
-    if (table->grid.size() < kMostColumns) table->grid.push_back(std::max(0, TwipsOf(part_, column, "w").value_or(0)));
-  }
-  ++depth_;
-  ReadRows(element, deleted, style, *table, CountRows(part_, element));
-  --depth_;
-  return table;
-}
-
-void BlockReader::ReadRows(XmlNode parent, bool deleted, const SheetStyle* style, Table& table, int rows) {
-  const XmlNode tableNode = [&] {
-    XmlNode node = parent;
-    while (node && !part_.Is(node, Tag::kTbl)) node = node.Parent();
-    return node;
-  }();
-  const XmlNode tblPr = part_.Child(tableNode, "tblPr");
-  const TableLook look = ReadLook(part_, part_.Child(tblPr, "tblLook"));
-  const XmlNode borders = part_.Child(tblPr, "tblBorders");
-  for (const XmlNode child : parent.Children()) {
-    switch (part_.TagOf(child)) {
-      case Tag::kTr: {
-        const XmlNode properties = part_.Child(child, Tag::kTrPr);
-        const bool gone = deleted || part_.Child(properties, Tag::kDel);
-        Row row;
-        row.start = atoms_ == nullptr ? 0 : place_.start;
-        const XmlNode height = part_.Child(properties, "trHeight");
-        row.height = std::max(0, TwipsOf(part_, height, "val").value_or(0));
-        row.exact = std::string_view(part_.Attribute(height, "hRule").Value()) == "exact";
-        row.cannotSplit = OnOffOf(part_, part_.Child(properties, "cantSplit")).value_or(false);
-        row.header = OnOffOf(part_, part_.Child(properties, "tblHeader")).value_or(false);
-        // Half of it is kept on each side of a cell.
-        XmlNode spacing = part_.Child(properties, "tblCellSpacing");
-        if (!spacing) spacing = part_.Child(tblPr, "tblCellSpacing");
-        row.gap = 2 * std::max(0, TwipsOf(part_, spacing, "w").value_or(0));
-        const int index = static_cast<int>(table.rows.size());
-        std::vector<const char*> places;
-        const bool first = look.firstRow && index == 0;
-        if (first) places.push_back("firstRow");
-        if (look.lastRow && index == rows - 1) places.push_back("lastRow");
-        if (look.rowBands && !first && style != nullptr) {
-          const int band = (index - (look.firstRow ? 1 : 0)) / style->rowBand;
-          places.push_back(band % 2 == 0 ? "band1Horz" : "band2Horz");
-        }
-        int column = std::max(0, NumberOf(part_, part_.Child(properties, "gridBefore")).value_or(0));
-        ReadCells(child, gone, style, places, table, row, column);
-        const auto width = [&](const char* name, std::optional<int> ofStyle) {
-          return BorderWidth(part_, part_.Child(borders, name)).value_or(ofStyle.value_or(0));
-        };
-        const TableValues none;
-        const TableValues& values = style == nullptr ? none : style->table;
-        const double inside = width("insideH", values.borderInside);
-        const double top = index == 0 ? width("top", values.borderOutside) : inside;
-        const double bottom = index == rows - 1 ? width("bottom", values.borderOutside) : inside;
-        for (const Cell& cell : row.cells) {
-          row.topBorder = std::max(row.topBorder, cell.topBorder.value_or(top));
-          row.bottomBorder = std::max(row.bottomBorder, cell.bottomBorder.value_or(bottom));
-        }
-        Meet(child);
-        if (!gone && !row.cells.empty()) table.rows.push_back(std::move(row));
-        break;
-      }
-      case Tag::kBookmarkStart:
-      case Tag::kBookmarkEnd:
-        Meet(child);
-        break;
-      default: {
-        const Wrapped wrapped = WrappedBy(part_, child, Within::kRows);
-        if (wrapped.content) ReadRows(wrapped.content, deleted || wrapped.deleted, style, table, rows);
-        break;
-      }
-    }
-  }
-}
-
-void BlockReader::ReadCells(XmlNode parent, bool deleted, const SheetStyle* style,
-                            const std::vector<const char*>& rowPlaces, Table& table, Row& row, int& column) {
-  for (const XmlNode child : parent.Children()) {
-    switch (part_.TagOf(child)) {
-      case Tag::kTc: {
-        const XmlNode properties = part_.Child(child, "tcPr");
-        Cell cell;
-        cell.column = column;
-        cell.span = std::clamp(NumberOf(part_, part_.Child(properties, "gridSpan")).value_or(1), 1, kMostColumns);
-        column += cell.span;
-        std::vector<const char*> places = rowPlaces;
-        XmlNode tbl = child.Parent();
-        while (tbl && !part_.Is(tbl, Tag::kTbl)) tbl = tbl.Parent();
-        const XmlNode tblPr = part_.Child(tbl, "tblPr");
-        const TableLook look = ReadLook(part_, part_.Child(tblPr, "tblLook"));
-        const auto strongest = places.begin();
-        if (look.firstColumn && cell.column == 0) places.insert(strongest, "firstCol");
-        const TableValues* values = formats_.CellValues(style, places);
-        CellMargins margins = ReadCellMargins(part_, part_.Child(properties, "tcMar"));
-        margins.Inherit(ReadCellMargins(part_, part_.Child(tblPr, "tblCellMar")));
-        if (values != nullptr) margins.Inherit(values->margins);
-        cell.top = margins.top.value_or(0);
-        cell.bottom = margins.bottom.value_or(0);
-        cell.left = margins.left.value_or(kDefaultSideMargin);
-        cell.right = margins.right.value_or(kDefaultSideMargin);
-        if (const XmlNode merge = part_.Child(properties, "vMerge")) {
-          cell.mergedBelow = ValueOf(part_, merge) == "restart";
-          cell.mergedAbove = !cell.mergedBelow;
-        }
-        const XmlNode borders = part_.Child(properties, "tcBorders");
-        cell.borders = ReadBoxBorders(part_, borders);
-        cell.values = values;
-        const std::optional<page::Color> ofStyle = values == nullptr ? std::nullopt : values->shading;
-        cell.shading = ShadingColor(part_, part_.Child(properties, "shd")).value_or(ofStyle.value_or(page::kNoColor));
-        cell.topBorder = BorderWidth(part_, part_.Child(borders, "top"));
-        cell.bottomBorder = BorderWidth(part_, part_.Child(borders, "bottom"));
-        const std::string_view upright = ValueOf(part_, part_.Child(properties, "vAlign"));
-        cell.lowered = upright == "center" ? 0.5 : upright == "bottom" ? 1 : 0;
-        const std::string_view direction = ValueOf(part_, part_.Child(properties, "textDirection"));
-        cell.hidesMark = OnOffOf(part_, part_.Child(properties, "hideMark")).value_or(false);
-        cell.sideways = direction == "btLr" || direction == "tbRl";
-        cell.upwards = direction == "btLr";
-        ReadWidth(part_, part_.Child(properties, "tcW"), cell.preferred, cell.preferredShare);
-        open_.reset();
-        ReadBlocks(child, deleted, values, cell.blocks);
-        CloseParagraph(cell.blocks);
-        Meet(child);
-        if (!deleted) row.cells.push_back(std::move(cell));
-        break;
-      }
-      case Tag::kBookmarkStart:
-      case Tag::kBookmarkEnd:
-        Meet(child);
-        break;
-      default: {
-        const Wrapped wrapped = WrappedBy(part_, child, Within::kRows);
-        if (wrapped.content)
-          ReadCells(wrapped.content, deleted || wrapped.deleted, style, rowPlaces, table, row, column);
-        break;
-      }
-    }
-  }
 }
 
 }  // namespace docx::layout

@@ -56,8 +56,11 @@ class BlockReader {
   void ReadTable(XmlNode table, bool deleted, std::vector<Block>& into);
   std::shared_ptr<Table> ReadTable(XmlNode table, bool deleted);
   void ReadRows(XmlNode parent, bool deleted, const SheetStyle* style, Table& table, int rows);
-  void ReadCells(XmlNode parent, bool deleted, const SheetStyle* style, const std::vector<const char*>& places,
-                 Table& table, Row& row, int& column);
+  void ReadRow(XmlNode row, bool deleted, const SheetStyle* style, Table& table, int rows);
+  void ReadCells(XmlNode parent, bool deleted, const SheetStyle* style, const std::vector<const char*>& rowPlaces,
+                 Row& row, int& column);
+  void ReadCell(XmlNode cell, bool deleted, const SheetStyle* style, std::vector<const char*> places, Row& row,
+                int& column);
   /// Moves on when the next atom is that element's. @return where it stands
   Position Meet(XmlNode element);
   void FollowField(XmlNode element, bool deleted);

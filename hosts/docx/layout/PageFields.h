@@ -7,6 +7,9 @@
 
 namespace docx::layout {
 
+/// What a field with that code prints of the page that it stands on; PageField::kNone for other fields.
+PageFieldCode PageFieldOf(std::string_view code);
+
 /// What fields print of a page.
 struct PageFieldNumbers {
   std::u16string_view label;  ///< its number, in the format of its section

@@ -230,6 +230,20 @@ TEST(HostileLayout, CellsWithoutWidthEnd) {
   EXPECT_EQ(open.Count(), 1);
 }
 
+TEST(HostileLayout, WhatStandsBehindADamagedTableIsOnItsPage) {
+  const std::string cell = Cell(Lines("c", 1));
+  const std::string behind = Lines("a", kPerPage) + Lines("b", 1);
+  for (const std::string& table :
+       {Table(cell + cell), Table(Row(cell + Row(cell))), Table(Row(cell + Row("<w:tc/>") + cell)),
+        Table(Row(Row(Row(cell)))), Table("<w:tc/>" + Row("<w:p/>") + Row(cell))}) {
+    Document document(table + behind);
+    ExpectSane(document);
+    EXPECT_EQ(document.PageOf(u"c1"), 1) << table;
+    EXPECT_EQ(document.PageOf(u"a1"), 1) << table;
+    EXPECT_EQ(document.PageOf(u"b1"), 2) << table;
+  }
+}
+
 TEST(HostileLayout, FiveHundredTablesInEachOtherEnd) {
   std::string blocks = Lines("deep", 1);
   for (int i = 0; i < 500; ++i) blocks = Table(Row(Cell(blocks + "<w:p/>") + Cell(Lines("x", 1))), "");
