@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <regex>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -171,6 +173,39 @@ TEST_F(TermMarkerOnDocx, SpecialCharactersSurviveInTheEntry) {
   EXPECT_NE(docx_->Text().find(u"A:B;C\\D\"E, F:  \t"), std::u16string::npos);
   RemoveAll();
   ExpectSameParts(before);
+}
+
+TEST_F(TermMarkerOnDocx, AnIndexFitsThePageWhateverUnitsThePageIsMeasuredIn) {
+  const auto inserted = [this](const std::string& section) {
+    Open({.body = Paragraph(TextRun("one Lender")), .section = section});
+    Mark({u"Lender"});
+    InsertIndexAt(0, 2);
+    return docx_->Part("word/document.xml");
+  };
+  const auto tabOf = [](const std::string& xml) {
+    const std::size_t at = xml.find("<w:tab w:val=");
+    return at == std::string::npos ? "" : xml.substr(at, xml.find("/>", at) - at);
+  };
+  const std::string plain = inserted(
+      "<w:pgSz w:w=\"11906\" w:h=\"16838\"/><w:pgMar w:top=\"1440\" w:right=\"1450\" w:bottom=\"1440\" "
+      "w:left=\"1440\" w:header=\"720\" w:footer=\"720\" w:gutter=\"0\"/>");
+  const std::string points = inserted(
+      "<w:pgSz w:w=\"595.30pt\" w:h=\"841.90pt\"/><w:pgMar w:top=\"72pt\" w:right=\"72.5pt\" w:bottom=\"72pt\" "
+      "w:left=\"1in\" w:header=\"36pt\" w:footer=\"36pt\" w:gutter=\"0pt\"/>");
+  EXPECT_NE(tabOf(plain), "");
+  EXPECT_EQ(tabOf(points), tabOf(plain));
+  const std::regex sizes("<w:pgSz [^>]*>");
+  EXPECT_EQ(std::distance(std::sregex_iterator(points.begin(), points.end(), sizes), {}), 3);
+  for (std::sregex_iterator size(points.begin(), points.end(), sizes), end; size != end; ++size) {
+    EXPECT_EQ(size->str(), "<w:pgSz w:w=\"595.30pt\" w:h=\"841.90pt\"/>");
+  }
+}
+
+TEST_F(TermMarkerOnDocx, SectionsAroundAnIndexHaveWholeTwips) {
+  Open({.body = Paragraph(TextRun("one Lender")), .section = "<w:pgSz w:w=\"11906.4\" w:h=\"16837.6\"/>"});
+  Mark({u"Lender"});
+  InsertIndexAt(0, 2);
+  EXPECT_NE(docx_->Part("word/document.xml").find("<w:pgSz w:w=\"11906\" w:h=\"16838\"/>"), std::string::npos);
 }
 
 class IndexPlaces : public TermMarkerOnDocx, public testing::WithParamInterface<std::pair<word::Position, int>> {};

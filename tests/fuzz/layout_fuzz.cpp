@@ -1,6 +1,7 @@
 // Each byte adds a piece of WordprocessingML to one of a document's parts, or closes what is open. The document is laid
-// out and all its pages are drawn: every length is a number, everything stands on a page that there is, and laying out
-// with what an earlier layout left behind says the same to the last bit.
+// out and all its pages are drawn: every length is a number, everything stands on a page that there is, letters show
+// with the positions that they have in the text, and laying out after an edit says the same to the last bit with what
+// the layout before left behind as without.
 
 #include "Pieces.h"
 
@@ -9,6 +10,7 @@
 #include "hosts/docx/package/Package.h"
 #include "platform/page/Display.h"
 #include "platform/word/Constants.h"
+#include "platform/word/HostError.h"
 #include "tests/unit/layout/LaidOut.h"
 #include "tests/unit/layout/Told.h"
 
@@ -203,7 +205,27 @@ void RequireSound(const page::Display& display) {
   }
 }
 
-void RequireSound(const docx::layout::DocumentLayout& layout) {
+bool IsLetter(char16_t unit) { return unit >= 'a' && unit <= 'z'; }
+char16_t Small(char16_t unit) { return unit >= 'A' && unit <= 'Z' ? static_cast<char16_t>(unit + 32) : unit; }
+
+/// Letters are shown with the positions that they have in the text.
+void RequireInStep(const page::Display& display, laid::Document& document) {
+  for (const page::Line& line : display.lines) {
+    if (line.story == 0) continue;
+    const docx::Story& story = *document.Parts().Stories(line.story).front();
+    const std::u16string text = story.Text(line.start, line.end);
+    for (const page::Run& run : line.runs) {
+      if (!run.places || run.solid) continue;
+      for (std::size_t i = 0; i < run.text.size(); ++i) {
+        const std::size_t at = static_cast<std::size_t>(run.position - line.start) + i;
+        const char16_t shown = Small(run.text[i]);
+        if (IsLetter(shown)) Require(at < text.size() && Small(text[at]) == shown);
+      }
+    }
+  }
+}
+
+void RequireSound(const docx::layout::DocumentLayout& layout, laid::Document& document) {
   Require(layout.PageCount() >= 1);
   for (const auto& line : layout.Placed()) {
     RequireNumbers({line.top, line.left, line.height});
@@ -216,16 +238,26 @@ void RequireSound(const docx::layout::DocumentLayout& layout) {
       before = start.position;
     }
   }
-  for (int page = 1; page <= layout.PageCount(); ++page) RequireSound(layout.Draw(page));
+  for (int page = 1; page <= layout.PageCount(); ++page) {
+    const page::Display display = layout.Draw(page);
+    RequireSound(display);
+    RequireInStep(display, document);
+  }
 }
 
-laid::Document Made(std::span<const std::uint8_t> bytes) {
-  std::array<std::string, kParts> parts;
+using Parts = std::array<std::string, kParts>;
+
+Parts PartsOf(std::span<const std::uint8_t> bytes) {
+  Parts parts;
   std::size_t part = 0;
   for (const auto& ofPart : Divided(bytes, kParts)) {
     const bool defines = part == kStyles || part == kNumbering || part == kSettings;
     parts[part++] = defines ? XmlOf(kDefinitions, ofPart) : XmlOf(kPieces, ofPart);
   }
+  return parts;
+}
+
+laid::Document Made(const Parts& parts) {
   laid::Document document(parts[kBody]);
   // The first part that is added is the one that sections refer to.
   document.WithHeader(parts[kHeader]);
@@ -237,19 +269,31 @@ laid::Document Made(std::span<const std::uint8_t> bytes) {
   return document;
 }
 
+void Edit(docx::Story& story) {
+  try {
+    story.InsertText(story.Length() / 2, u"The Seller shall ");
+  } catch (const word::HostError&) {
+    // Where no text can be.
+  }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   constexpr std::size_t kLongest = 600;
   if (size > kLongest) return 0;
   try {
-    laid::Document document = Made({data, size});
+    const Parts parts = PartsOf({data, size});
+    laid::Document document = Made(parts);
     for (const bool lastBreaks : {false, true}) {
+      if (lastBreaks && parts[kBody].find("lastRenderedPageBreak") == std::string::npos) continue;
       docx::layout::LayoutMemory memory;
       const docx::layout::DocumentLayout first(document.Parts(), lastBreaks, &memory);
-      RequireSound(first);
+      RequireSound(first, document);
+      Edit(*document.Parts().Stories(word::wdMainTextStory).front());
       const docx::layout::DocumentLayout again(document.Parts(), lastBreaks, &memory);
-      Require(laid::Told(first) == laid::Told(again));
+      const docx::layout::DocumentLayout afresh(document.Parts(), lastBreaks);
+      Require(laid::Told(again) == laid::Told(afresh));
     }
   } catch (const docx::PackageError&) {
     // Elements in places where they are refused.

@@ -5,6 +5,7 @@
 #include "hosts/docx/layout/BlockReader.h"
 #include "hosts/docx/layout/Colors.h"
 #include "hosts/docx/story/StoryBuilder.h"
+#include "hosts/docx/xml/XmlText.h"
 
 namespace docx::layout {
 
@@ -47,8 +48,7 @@ void ReadWidth(const XmlPart& part, XmlNode width, double& twips, double& share)
   const std::string_view type = part.Attribute(width, "type").Value();
   const std::string_view text = part.Attribute(width, "w").Value();
   if (type == "pct" || text.ends_with('%')) {
-    double number = 0;
-    std::from_chars(text.data(), text.data() + text.size(), number);
+    const double number = NumberIn(text);
     share = std::clamp(text.ends_with('%') ? number / 100 : number / 5000, 0.0, 10.0);
   } else if (type == "dxa" || type.empty()) {
     twips = std::max(0, TwipsOf(part, width, "w").value_or(0));

@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstdlib>
+#include <cmath>
 #include <string>
 #include <string_view>
 
 #include "hosts/docx/xml/Utf.h"
+#include "hosts/docx/xml/XmlText.h"
 
 namespace docx::layout {
 
@@ -17,9 +18,6 @@ constexpr double kTallest = 31680;    // twips
 constexpr double kVmlDistance = 180;  // twips, where a shape does not state what it keeps free
 
 double Emus(XmlAttribute attribute) { return std::clamp(attribute.AsDouble() / kEmusPerTwip, -kTallest, kTallest); }
-
-/// The number that an element holds; 0 for none.
-double NumberIn(XmlNode element) { return std::strtod(std::string(element.OnlyText().value_or("")).c_str(), nullptr); }
 
 XmlNode LocalChild(XmlNode parent, std::string_view local) {
   for (const XmlNode child : parent.Children()) {
@@ -76,7 +74,8 @@ void ReadPlace(XmlNode position, Floating::From& from, double& offset, std::opti
     side = name == "center" ? 0.5 : name == "right" || name == "bottom" || name == "outside" ? 1 : 0;
     return;
   }
-  offset = std::clamp(NumberIn(LocalChild(position, "posOffset")) / kEmusPerTwip, -kTallest, kTallest);
+  offset = std::clamp(NumberIn(LocalChild(position, "posOffset").OnlyText().value_or("")) / kEmusPerTwip, -kTallest,
+                      kTallest);
 }
 
 /// @param usual for those of which the document says nothing
@@ -165,7 +164,7 @@ double StyleLength(std::string_view style, std::string_view name) {
   const std::string_view value = StyleWord(style, name);
   double number = 0;
   const auto [last, error] = std::from_chars(value.data(), value.data() + value.size(), number);
-  if (error != std::errc()) return 0;
+  if (error != std::errc() || !std::isfinite(number)) return 0;
   const std::string_view unit = value.substr(static_cast<std::size_t>(last - value.data()));
   const double points = unit == "in"   ? 72
                         : unit == "cm" ? 72 / 2.54

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "hosts/docx/styles/PropertyValues.h"
 #include "platform/word/Constants.h"
 
 namespace docx {
@@ -35,7 +37,7 @@ XmlNode NextSection(const XmlPart& part, XmlNode node) {
 }
 
 int Twips(const XmlPart& part, XmlNode node, const char* attribute, int missing) {
-  return part.Attribute(node, attribute).AsInt(missing);
+  return ReadTwips(part.Attribute(node, attribute)).value_or(missing);
 }
 
 void RemoveAll(XmlPart& part, XmlNode section, const char* local) {
@@ -90,11 +92,14 @@ void CompletePageSetup(XmlPart& part, XmlNode section) {
     if (!part.Attribute(margins, "gutter")) part.SetAttribute(margins, "gutter", "0");
   }
   for (XmlNode node : {margins, section.Child(part.Name("pgSz"))}) {
-    std::vector<XmlAttribute> broken;
+    std::vector<std::pair<std::string, int>> whole;
     for (const XmlAttribute& attribute : node.Attributes()) {
-      if (attribute.Value().find('.') != std::string_view::npos) broken.push_back(attribute);
+      const std::string_view value = attribute.Value();
+      // With a unit behind it a fraction is a measure.
+      if (value.find('.') == std::string_view::npos || value.find_first_not_of("-.0123456789") < value.size()) continue;
+      if (const std::optional<int> twips = ReadTwips(attribute)) whole.emplace_back(attribute.Name(), *twips);
     }
-    for (const XmlAttribute& attribute : broken) node.SetAttribute(attribute.Name(), std::lround(attribute.AsDouble()));
+    for (const auto& [name, twips] : whole) node.SetAttribute(name, twips);
   }
 }
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstdlib>
 #include <string>
 #include <utility>
 
@@ -70,7 +69,7 @@ int XmlAttribute::AsInt(int missing) const {
   return number;
 }
 
-double XmlAttribute::AsDouble() const { return std::strtod(std::string(Value()).c_str(), nullptr); }
+double XmlAttribute::AsDouble() const { return NumberIn(Value()); }
 
 XmlAttributes::Iterator& XmlAttributes::Iterator::operator++() {
   RawAttribute raw;

@@ -70,6 +70,7 @@ class XmlAttribute {
   std::string_view Value() const;
   /// The number that the value begins with, 0 without one. @return `missing` when there is no attribute
   int AsInt(int missing = 0) const;
+  /// The same by NumberIn().
   double AsDouble() const;
 
  private:

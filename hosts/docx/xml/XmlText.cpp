@@ -1,6 +1,8 @@
 #include "hosts/docx/xml/XmlText.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 
@@ -117,6 +119,14 @@ std::string Unescaped(std::string_view raw, bool value) {
     }
   }
   return text;
+}
+
+double NumberIn(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(" \t\n"), text.size()));
+  if (text.starts_with('+')) text.remove_prefix(1);
+  double number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  return error == std::errc() && std::isfinite(number) ? number : 0;
 }
 
 bool NextAttribute(const char*& at, const char* end, RawAttribute& attribute) {

@@ -21,6 +21,9 @@ bool IsEscapedValue(std::string_view raw);
 /// every blank counts as a space.
 std::string Unescaped(std::string_view raw, bool value);
 
+/// The decimal number that a text begins with, 0 without one; never infinite or no number, whatever the locale.
+double NumberIn(std::string_view text);
+
 struct RawAttribute {
   std::string_view text;  ///< with the blanks before it
   std::string_view name;

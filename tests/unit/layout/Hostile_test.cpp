@@ -135,6 +135,10 @@ void ExpectSane(Document& document) {
     for (const page::Line& line : layout.Draw(page).lines) {
       EXPECT_TRUE(std::isfinite(line.baseline) && std::isfinite(line.area.x) && std::isfinite(line.area.width));
     }
+    for (const page::Picture& picture : layout.Draw(page).pictures) {
+      const page::Rect& area = picture.area;
+      EXPECT_TRUE(std::isfinite(area.x) && std::isfinite(area.y) && std::isfinite(area.width + area.height));
+    }
   }
 }
 

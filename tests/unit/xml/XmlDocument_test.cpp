@@ -108,6 +108,18 @@ TEST(XmlNode, AttributesAreAddedAtTheEndAndRemoved) {
   EXPECT_EQ(b.Attribute("y").AsInt(5), 5);
 }
 
+TEST(XmlNode, ADecimalNumberIsAlwaysOne) {
+  const auto number = [](const std::string& value) {
+    return XmlDocument("<a n='" + value + "'/>", "part.xml").Root().Attribute("n").AsDouble();
+  };
+  EXPECT_EQ(number("12.5"), 12.5);
+  EXPECT_EQ(number(" +7pt"), 7);
+  EXPECT_EQ(number("-.5"), -.5);
+  EXPECT_EQ(number("2e3"), 2000);
+  for (const char* none : {"", "x", "nan", "inf", "-INF", "1e400", "+", ","}) EXPECT_EQ(number(none), 0) << none;
+  EXPECT_EQ(XmlDocument("<a/>", "part.xml").Root().Attribute("n").AsDouble(), 0);
+}
+
 TEST(XmlNode, BlanksBehindTheAttributesGoWhenOneIsSetAndStayWhenItIsThere) {
   XmlDocument document("<a><b x='1' /><b x=\"1\" /><b /></a>", "part.xml");
   const XmlNode first = document.Root().FirstChild();
