@@ -56,6 +56,8 @@ class BlockReader {
   void ReadTable(XmlNode table, bool deleted, std::vector<Block>& into);
   std::shared_ptr<Table> ReadTable(XmlNode table, bool deleted);
   void ReadRows(XmlNode parent, bool deleted, const SheetStyle* style, Table& table, int rows);
+  /// Where a row that is read next stands.
+  Position RowStart() const { return atoms_ == nullptr ? 0 : place_.start; }
   void ReadRow(XmlNode row, bool deleted, const SheetStyle* style, Table& table, int rows);
   void ReadCells(XmlNode parent, bool deleted, const SheetStyle* style, const std::vector<const char*>& rowPlaces,
                  Row& row, int& column);

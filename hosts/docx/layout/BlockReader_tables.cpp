@@ -191,6 +191,7 @@ void BlockReader::ReadRows(XmlNode parent, bool deleted, const SheetStyle* style
       case Tag::kTc: {
         // A damaged table; what it says still shows.
         Row row;
+        row.start = RowStart();
         int column = 0;
         ReadCell(child, deleted, style, {}, row, column);
         if (!row.cells.empty()) table.rows.push_back(std::move(row));
@@ -214,7 +215,7 @@ void BlockReader::ReadRow(XmlNode element, bool deleted, const SheetStyle* style
   const XmlNode tblPr = part_.Child(TableAround(part_, element), "tblPr");
   const bool gone = deleted || part_.Child(properties, Tag::kDel);
   Row row = ReadRowFormat(part_, properties, tblPr);
-  row.start = atoms_ == nullptr ? 0 : place_.start;
+  row.start = RowStart();
   const int index = static_cast<int>(table.rows.size());
   const TableLook look = ReadLook(part_, part_.Child(tblPr, "tblLook"));
   int column = std::max(0, NumberOf(part_, part_.Child(properties, "gridBefore")).value_or(0));
