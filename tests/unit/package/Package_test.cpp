@@ -234,11 +234,11 @@ TEST(Package, ListsRelationships) {
 TEST(Package, SaysWhichRelationshipsThereAreAfterEachChange) {
   const auto package = docx::Package::Open(Sample().Bytes());
   const auto targets = [&package] {
-    std::vector<std::string> targets;
+    std::vector<std::string> found;
     for (const docx::Relationship& relationship : package->Relationships("word/document.xml")) {
-      targets.push_back(relationship.target);
+      found.push_back(relationship.target);
     }
-    return targets;
+    return found;
   };
   using Targets = std::vector<std::string>;
   EXPECT_EQ(targets(), Targets());
