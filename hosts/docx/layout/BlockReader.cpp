@@ -304,13 +304,9 @@ void BlockReader::ReadContent(XmlNode element, XmlNode rPr, bool deleted) {
         if (IsElement(child)) ReadContent(child, rPr, deleted);
       }
       break;
-    case Tag::kRuby: {
-      // The base is what takes the line's width.
-      for (const XmlNode run : part_.Child(element, "rubyBase").Children()) {
-        if (part_.Is(run, Tag::kR)) ReadRun(run, deleted);
-      }
+    case Tag::kRuby:
+      ReadRuby(element, position);
       break;
-    }
     default:
       break;
   }
@@ -333,6 +329,20 @@ void BlockReader::AddSolid(std::u16string_view text, Position position) {
   if (text.empty()) return;
   AddText(text, position);
   open_->pieces.back().solid = true;
+}
+
+void BlockReader::ReadRuby(XmlNode ruby, Position position) {
+  const TextStyle* const around = style_;
+  // The base is what takes the line's width.
+  for (const XmlNode run : part_.Child(ruby, "rubyBase").Children()) {
+    if (!part_.Is(run, Tag::kR)) continue;
+    style_ = &formats_.Text(part_, part_.Child(run, Tag::kRPr), open_->look);
+    for (const XmlNode text : run.Children()) {
+      if (!part_.Is(text, Tag::kT) || style_->hidden) continue;
+      AddSolid(StoryBuilder::ReadRunContent(part_, text, false).text, position);
+    }
+  }
+  style_ = around;
 }
 
 void BlockReader::AddMath(XmlNode math) {

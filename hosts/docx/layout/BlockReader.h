@@ -66,6 +66,8 @@ class BlockReader {
   /// Moves on when the next atom is that element's. @return where it stands
   Position Meet(XmlNode element);
   void FollowField(XmlNode element, bool deleted);
+  /// All of it is one position of the text.
+  void ReadRuby(XmlNode ruby, Position position);
   PageFieldCode FieldKind() const;
   bool Shows() const { return codes_ == 0; }
   /// Gives a paragraph its number's label.

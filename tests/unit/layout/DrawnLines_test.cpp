@@ -7,12 +7,15 @@
 using laid::Document;
 using laid::Drawn;
 using laid::InParagraph;
+using laid::InRun;
 using laid::kCharacter;
 using laid::kLeft;
 using laid::kNear;
 using laid::kRight;
 using laid::kTop;
 using laid::kTypedTab;
+using laid::P;
+using laid::Text;
 using laid::Typed;
 
 namespace {
@@ -44,6 +47,20 @@ TEST(DrawnLines, KnowThePositionsOfTheirCharacters) {
   EXPECT_EQ(page.Run(u"two").position, 4);
   EXPECT_EQ(page.Run(u"\t").position, 7);
   EXPECT_EQ(page.Run(u"x").position, 8);
+}
+
+TEST(DrawnLines, HaveTextWithReadingsAboveItAtOnePosition) {
+  const std::string base = "<w:rubyBase>" + InRun("<w:rPr><w:b/></w:rPr>" + Text("base")) + paged::FieldMark("begin") +
+                           InRun(Text(" of words") + "<w:tab/>") + "</w:rubyBase>";
+  Document document(P(Text("ab") + "<w:ruby>" + base + "</w:ruby>" + Text("cd") + "<w:tab/>" + Text("x")));
+  const Drawn page(document);
+  EXPECT_TRUE(page.Run(u"base").solid);
+  EXPECT_EQ(page.Run(u"base").position, 2);
+  EXPECT_EQ(page.Run(u" of words").position, 2);
+  EXPECT_EQ(page.Run(u"cd").position, 3);
+  EXPECT_EQ(page.Run(u"x").position, 6);
+  EXPECT_TRUE(page.Face(page.Run(u"base")).bold);
+  EXPECT_FALSE(page.Face(page.Run(u"cd")).bold) << "what stands behind has its own format";
 }
 
 TEST(DrawnLines, StandWhereTheirAlignmentWantsThem) {
