@@ -47,7 +47,8 @@ class Safety(program.Case):
         while not (left := list(self.temporary.iterdir())) and time.monotonic() < deadline:
             process = subprocess.Popen([program.KELVARIN, "index", self.sample, "-o", self.out, "--force"],
                                        env=self.environment(), stderr=subprocess.DEVNULL)
-            time.sleep(0.02)
+            while process.poll() is None and not any(self.temporary.iterdir()):
+                time.sleep(0.001)
             process.kill()
             process.wait()
         used, old = self.temporary / "kelvarin-USED12", time.time() - 100
