@@ -2,18 +2,13 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
-#include <cstring>
-#include <iterator>
 #include <utility>
 
-#include "hosts/docx/layout/Colors.h"
 #include "hosts/docx/layout/Drawings.h"
 #include "hosts/docx/layout/PageFields.h"
 #include "hosts/docx/layout/Symbols.h"
 #include "hosts/docx/story/StoryBuilder.h"
 #include "hosts/docx/xml/Utf.h"
-#include "platform/word/Constants.h"
 
 namespace docx::layout {
 

@@ -267,6 +267,7 @@ void DocumentParts::RemoveAddedIndexStyles() {
     return;
   }
   const std::string name = stylesPart_->PartName();
+  // A copy, which lasts when one of them goes.
   const std::vector<Relationship> relationships = package_->Relationships(mainPart_->PartName());
   for (const Relationship& relationship : relationships) {
     if (relationship.target == name) package_->RemoveRelationship(mainPart_->PartName(), relationship.id);
