@@ -4,6 +4,7 @@
 #include "marker/ExtraLists.h"
 #include "marker/HighlightedEntries.h"
 #include "marker/IndexField.h"
+#include "marker/KeptPlaces.h"
 #include "marker/PlainText.h"
 #include "marker/StoryText.h"
 #include "platform/BookmarkNames.h"
@@ -151,11 +152,13 @@ void KvxTermMarker::UpdateIndex(const word::DocumentPtr& document) {
 
 void KvxTermMarker::RemoveIndexEntries(const word::ApplicationPtr& /*application*/, const word::DocumentPtr& document,
                                        bool /*flag*/) {
+  const KeptPlaces places(document);
   HighlightRecord record(document);
   const bool isHighlighted = record.IsLaidOn();
   for (const word::RangePtr& story : MarkedStories(document)) {
     RemoveEntriesOf(document, story, record, isHighlighted);
   }
+  places.PutBack();
 }
 
 void KvxTermMarker::RemoveEntriesOf(const word::DocumentPtr& document, const word::RangePtr& story,
@@ -188,9 +191,11 @@ void KvxTermMarker::RemoveEntriesOf(const word::DocumentPtr& document, const wor
 
 void KvxTermMarker::RemoveIndex(const word::ApplicationPtr& /*application*/, const word::DocumentPtr& document,
                                 bool /*flag*/) {
+  const KeptPlaces places(document);
   // The lists first: their bookmarks reach back into the index.
   RemoveExtraLists(document);
   RemoveIndexFields(document);
+  places.PutBack();
 }
 
 void KvxTermMarker::RemoveTermHighlighting(const word::DocumentPtr& document) {

@@ -71,7 +71,7 @@ class TermMarker {
   /// Brings an existing index up to date without marking anew.
   virtual void UpdateIndex(const word::DocumentPtr& document) = 0;
 
-  /// Removes every entry that marking left, and none of the author's.
+  /// Removes every entry that marking left, none of the author's, and neither "IndexBKStart" nor "ReturnHereBK".
   /// @param flag of the companion's interface, false in RemoveIndexEntries and true in RemoveIndex; without effect
   virtual void RemoveIndexEntries(const word::ApplicationPtr& application, const word::DocumentPtr& document,
                                   bool flag) = 0;

@@ -1,5 +1,7 @@
 import json
 import pathlib
+import re
+import zipfile
 
 import program
 
@@ -204,6 +206,34 @@ class Run(program.Case):
         start = marks["DefinedTermsIndex"]["start"]
         self.assertNotEqual(start, 20)
         self.assertEqual(cursor, {"story": 1, "start": start, "end": start})
+
+    def test_a_cursor_inside_an_entry_of_before_comes_back_to_where_the_entry_was(self):
+        self.run_index(OK, "--in-place")
+        entry = self.inspect(self.folder / "contract.docx")["entries"][0]
+        cursor = {"story": 1, "start": entry["start"] + 4, "end": entry["start"] + 4}
+        cancelled = self.run_index(CANCELS[1], state={"cursor": cursor}, status=1)
+        self.assertEqual(cancelled[-1]["cursor"], {"story": 1, "start": entry["start"], "end": entry["start"]})
+
+    def test_an_index_that_lost_its_bookmark_is_replaced_with_the_cursor_anywhere_in_it(self):
+        self.run_index(OK, "--in-place")
+        document = program.parts(self.folder / "contract.docx")
+        xml = document["word/document.xml"].decode()
+        number = re.search(r'<w:bookmarkStart w:id="(\d+)" w:name="DefinedTermsIndex"/>', xml)
+        xml = xml.replace(number[0], "").replace(f'<w:bookmarkEnd w:id="{number[1]}"/>', "")
+        with zipfile.ZipFile(self.folder / "contract.docx", "w") as package:
+            for name, content in document.items():
+                package.writestr(name, xml if name == "word/document.xml" else content)
+        shown = self.inspect(self.folder / "contract.docx")
+        self.assertNotIn("DefinedTermsIndex", [mark["name"] for mark in shown["bookmarks"]])
+        text = shown["stories"][0]["text"]
+        for place in ("INDEX", "Buyer:", "DEFINED BUT", "NOT FOUND"):
+            cursor = {"story": 1, "start": text.index(place) + 2, "end": text.index(place) + 2}
+            events = self.run_index(OK, "-o", "out.docx", "--force", state={"cursor": cursor})
+            self.assertEqual([event for event in events if event["event"] == "message"], [], place)
+            again = self.inspect(self.folder / "out.docx")
+            self.assertIsNotNone(again["index"], place)
+            self.assertEqual(len(again["entries"]), 6)
+            self.assertEqual(again["stories"][0]["text"].count(" INDEX "), 1)
 
     def test_the_view_of_before_is_the_view_after(self):
         for view in (1, 6):
