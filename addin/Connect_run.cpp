@@ -306,10 +306,7 @@ void Connect::Restore() {
 void Connect::LeaveEarly() {
   const word::DocumentPtr& document = run_.ActiveIndexDocument;
   if (!document) return;
-  if (run_.wordStateChanged) {
-    progress_->CloseProgress();
-    engine_->RestoreWordState(wordApp_, document, run_.saved);
-  }
+  if (run_.wordStateChanged) progress_->CloseProgress();
   TrapErrors(host_.messages, kRunTitle, [&] {
     RestoreView();
     if (!wordApp_->ScreenUpdating()) wordApp_->SetScreenUpdating(true);
@@ -321,6 +318,8 @@ void Connect::LeaveEarly() {
     if (!run_.returnMarked) DeleteBookmark(document, kReturnBookmark);
     ReturnToMark(document);
   });
+  // Behind the cursor: the companion takes the mark to return to away where there is an index.
+  if (run_.wordStateChanged) engine_->RestoreWordState(wordApp_, document, run_.saved);
 }
 
 void Connect::ResetDocView(const word::DocumentPtr& document) {

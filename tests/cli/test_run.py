@@ -207,6 +207,28 @@ class Run(program.Case):
         self.assertNotEqual(start, 20)
         self.assertEqual(cursor, {"story": 1, "start": start, "end": start})
 
+    def test_quotes_that_stopped_pairing_up_leave_the_cursor_and_the_index_where_they_are(self):
+        lines = program.TWO_TERMS.replace("P Last", "P “Spare” words.\nP Last")
+        self.document(lines=lines)
+        self.run_index(OK, "--in-place")
+        document = program.parts(self.folder / "contract.docx")
+        xml = document["word/document.xml"].decode()
+        self.assertEqual(xml.count("” words"), 1)
+        with zipfile.ZipFile(self.folder / "contract.docx", "w") as package:
+            for name, content in document.items():
+                broken = xml.replace("” words", " words") if name == "word/document.xml" else content
+                package.writestr(name, broken)
+        before = program.canonical(self.folder / "contract.docx")
+        for pressed in (["Yes"], ["No", "No"]):
+            answers = [OK[0], *({"message": "Mis-matched double quotes", "press": button} for button in pressed),
+                       {"message": "Cannot index", "press": "OK"}]
+            for start in (7, 180):
+                cursor = {"story": 1, "start": start, "end": start + 2}
+                events = self.run_index(answers, "--strict", "-o", "out.docx", "--force", state={"cursor": cursor}, status=1)
+                self.assertEqual(events[-1]["cursor"], {"story": 1, "start": start, "end": start}, pressed)
+                if pressed[0] == "No":
+                    self.assertEqual(program.canonical(self.folder / "out.docx"), before)
+
     def test_a_cursor_inside_an_entry_of_before_comes_back_to_where_the_entry_was(self):
         self.run_index(OK, "--in-place")
         entry = self.inspect(self.folder / "contract.docx")["entries"][0]

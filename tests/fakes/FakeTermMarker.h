@@ -4,13 +4,17 @@
 #include <string>
 #include <vector>
 
+#include "platform/BookmarkNames.h"
 #include "platform/TermMarker.h"
+#include "platform/word/Bookmarks.h"
+#include "platform/word/Document.h"
 #include "platform/word/Range.h"
 #include "tests/fakes/CallLog.h"
 
 namespace fakes {
 
-/// Logs every call. It marks nothing: counts come from a function that a test may set.
+/// Logs every call. It marks nothing: counts come from a function that a test may set. At the end of a run it cleans up
+/// as a companion has to.
 class FakeTermMarker : public TermMarker {
  public:
   explicit FakeTermMarker(CallLog& log) : log_(log) {}
@@ -67,7 +71,12 @@ class FakeTermMarker : public TermMarker {
     log_.Add("RemoveIndex " + Plain(flag));
   }
   void RemoveTermHighlighting(const word::DocumentPtr&) override { log_.Add("RemoveTermHighlighting"); }
-  void FinishDocument(const word::DocumentPtr&) override { log_.Add("FinishDocument"); }
+  void FinishDocument(const word::DocumentPtr& document) override {
+    log_.Add("FinishDocument");
+    const word::BookmarksPtr bookmarks = document->Bookmarks();
+    if (!bookmarks->Exists(kIndexBookmark) || !bookmarks->Exists(kReturnBookmark)) return;
+    bookmarks->Item(kReturnBookmark)->Delete();
+  }
 
   /// How many occurrences of a text a story holds.
   std::function<int(std::u16string_view text, int storyType)> found;

@@ -63,6 +63,10 @@ class IndexerRun : public testing::Test {
     host.onInsertIndex = [this](const word::DocumentPtr&) { HaveIndexAt({0, 12, 14}); };
   }
   bool Has(std::u16string_view bookmark) { return host.word.bookmarks.count(std::u16string(bookmark)) != 0; }
+  void ExpectOnlyTheIndexBookmark() {
+    EXPECT_EQ(host.word.bookmarks.size(), 1u);
+    EXPECT_TRUE(Has(u"DefinedTermsIndex"));
+  }
   void ExpectCursorAt(word::Position start) {
     EXPECT_EQ(host.word.selection.start, start);
     EXPECT_EQ(host.word.selection.end, start);
@@ -258,6 +262,7 @@ TEST_F(IndexerRun, AWholeRunMakesItsCallsInTheirOrder) {
       "show frmKVXProgressFormKVXClose",
       "Options.AutoFormatAsYouTypeReplaceQuotes = True",
       "FinishDocument",
+      "Bookmark.Delete ReturnHereBK",
       "Document.UndoClear",
       "Window.View.ShowHiddenText = True",
       "Options.CheckSpellingAsYouType = True",
@@ -385,13 +390,39 @@ TEST_F(IndexerRun, AFailedSearchSaysSoRestoresAndReturnsTheCursor) {
   EXPECT_EQ(host.messages.shown.at(1).text, u"Could not initialize");
   EXPECT_EQ(host.messages.shown.at(1).icon, os::Icon::kCritical);
   EXPECT_EQ(Without(From("message Cannot continue"), "unload"),
-            (Calls{"message Cannot continue", "Options.AutoFormatAsYouTypeReplaceQuotes = True", "FinishDocument",
-                   "Document.UndoClear", "Window.View.ShowHiddenText = True", "Options.CheckSpellingAsYouType = True",
+            (Calls{"message Cannot continue", "Pane.View.Type = 6", "Application.ScreenRefresh",
+                   "Bookmark.Delete IndexBKStart", "Bookmark.Select ReturnHereBK", "Bookmark.Delete ReturnHereBK",
+                   "Options.AutoFormatAsYouTypeReplaceQuotes = True", "FinishDocument", "Document.UndoClear",
+                   "Window.View.ShowHiddenText = True", "Options.CheckSpellingAsYouType = True",
                    "Options.CheckGrammarAsYouType = True", "Document.ShowGrammaticalErrors = True",
-                   "Document.ShowSpellingErrors = True", "Pane.View.Type = 6", "Application.ScreenRefresh",
-                   "Bookmark.Delete IndexBKStart", "Bookmark.Select ReturnHereBK", "Bookmark.Delete ReturnHereBK"}));
+                   "Document.ShowSpellingErrors = True"}));
   ExpectCursorAt(4);
   EXPECT_TRUE(host.word.bookmarks.empty());
+}
+
+TEST_F(IndexerRun, AFailedSearchOnAnIndexedDocumentReturnsTheCursor) {
+  HaveIndexAt({0, 12, 14});
+  host.log.failAt = "AddTerm Seller";
+  host.messages.Expect(u"Get list of terms failed");
+  host.messages.Expect(u"Cannot continue");
+  AcceptOptions();
+  Run();
+  EXPECT_TRUE(host.log.Contains("FinishDocument"));
+  ExpectCursorAt(4);
+  ExpectOnlyTheIndexBookmark();
+}
+
+TEST_F(IndexerRun, AStoppedSearchOnAnIndexedDocumentReturnsTheCursor) {
+  HaveIndexAt({0, 12, 14});
+  host.word.stories[0].text = u"The \u201CSeller\u201D sells to the \u201CBuyer.\r";
+  host.messages.Expect(u"Mis-matched double quotes", os::Pressed::kNo);
+  host.messages.Expect(u"Mis-matched double quotes", os::Pressed::kNo);
+  host.messages.Expect(u"Cannot index");
+  AcceptOptions();
+  Run();
+  EXPECT_TRUE(host.log.Contains("FinishDocument"));
+  ExpectCursorAt(4);
+  ExpectOnlyTheIndexBookmark();
 }
 
 TEST_F(IndexerRun, AnErrorWhilePreparingIsShownAndEverythingPutBack) {
