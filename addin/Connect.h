@@ -92,8 +92,9 @@ class Connect : public KVXAddIn {
 
   bool OnActiveDocument(std::u16string_view title, const std::function<bool(const word::DocumentPtr&)>& command);
 
-  /// Puts the popup with the four commands under "Tools", in place of one that is left of earlier.
+  /// Puts the popup with the four commands under "Tools", in place of one that is left of earlier; whole or not at all.
   void AddMenu();
+  void FillMenu(office::CommandBarControl& popup);
   void RemoveMenu();
   void ReleaseButtons();
 

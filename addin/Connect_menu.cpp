@@ -1,5 +1,6 @@
 #include "addin/Connect.h"
 
+#include "addin/modCommonErrorMsgs.h"
 #include "platform/word/Application.h"
 #include "platform/word/HostError.h"
 
@@ -46,12 +47,24 @@ void FixComAddInsCommand(const word::ApplicationPtr& application) {
 void Connect::AddMenu() {
   DeleteMenu(wordApp_);
   const office::CommandBarControlPtr popup = Tools(wordApp_)->Add({.Type = office::msoControlPopup, .Temporary = true});
-  popup->SetBeginGroup(true);
-  popup->SetCaption(u"&Kelvarin");
-  popup->SetTag(kMenuTag);
-  popup->SetVisible(true);
+  try {
+    FillMenu(*popup);
+  } catch (...) {
+    // Half a menu is none, and without its tag nothing would find it again.
+    IgnoreErrors([&popup] { popup->Delete(); });
+    ReleaseButtons();
+    throw;
+  }
+  FixComAddInsCommand(wordApp_);
+}
 
-  const office::CommandBarControlsPtr commands = popup->Controls();
+void Connect::FillMenu(office::CommandBarControl& popup) {
+  popup.SetBeginGroup(true);
+  popup.SetCaption(u"&Kelvarin");
+  popup.SetTag(kMenuTag);
+  popup.SetVisible(true);
+
+  const office::CommandBarControlsPtr commands = popup.Controls();
   const auto add = [&commands](std::u16string_view caption, std::u16string_view tag, std::function<void()> command) {
     const office::CommandBarControlPtr button = commands->Add({.Type = office::msoControlButton});
     button->SetCaption(caption);
@@ -64,8 +77,6 @@ void Connect::AddMenu() {
   buttons_.mcbKVXRemoveHighlightButton =
       add(u"Remove &highlighting only", u"RemoveHighlightTag", [this] { RemoveHighlighting(); });
   buttons_.mcbKVXUpdateButton = add(u"&Update index", u"UpdateTag", [this] { UpdateIndexField(); });
-
-  FixComAddInsCommand(wordApp_);
 }
 
 void Connect::RemoveMenu() {

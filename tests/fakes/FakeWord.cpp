@@ -8,6 +8,7 @@
 #include "platform/word/Range.h"
 #include "platform/word/Selection.h"
 #include "platform/word/Window.h"
+#include "tests/fakes/WatchedMenus.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -607,7 +608,7 @@ class FakeApplication : public word::Application {
   }
   void ScreenRefresh() override { word_.log.Add("Application.ScreenRefresh"); }
   office::CommandBarsPtr CommandBars() const override {
-    if (word_.hasMenus) return word_.menus.CommandBars();
+    if (word_.hasMenus) return WatchMenus(word_.menus.CommandBars(), word_.onMenuCall);
     throw word::HostError(word::kMethodNotAvailable, u"This method or property is not available.", "CommandBars");
   }
   word::CustomizationPtr CustomizationContext() const override { return std::make_shared<FakeCustomization>(word_); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -54,6 +55,8 @@ class FakeWord {
   CallLog& log;
   menus::MenuBars menus;
   bool hasMenus{true};
+  /// Told of every call into the menus before it is made; what it throws becomes of the call. Empty: nobody is.
+  std::function<void()> onMenuCall;
   bool customizationSaved{false};
   bool hasDocument{true};
   /// Every search is an error.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/word/HostError.h"
 #include "tests/fakes/FakeHost.h"
 
 namespace {
@@ -149,4 +150,40 @@ TEST_F(CommandMenu, AMenuThatCannotBeMadeIsReportedAndCommandsStillRun) {
   EXPECT_TRUE(host.messages.shown.at(0).text.starts_with(u"Error: 4605 "));
   host.forms.On("frmKVXOptions", [](fakes::FormDriver& d) { d.Click("cmdCancel"); });
   connect->ShowKVXForm();
+}
+
+TEST_F(CommandMenu, IsThereWholeOrNotAtAllWhicheverOfItsCallsFails) {
+  int calls = 0;
+  int all = 0;
+  int without = 0;
+  const auto start = [&](int failing) {
+    fakes::FakeHost other;
+    // Word's own command, which is to be added too.
+    other.word.menus.AddElsewhere({.id = 3754, .caption = u"COM Add-Ins..."});
+    other.word.onMenuCall = [&calls, failing] {
+      if (++calls == failing)
+        throw word::HostError(word::kMethodNotAvailable, u"This method is not available.", "Menu");
+    };
+    if (failing > 0) other.messages.Expect(u"Connecting to Word");
+    calls = 0;
+    Connect addIn(other.Make());
+    addIn.OnConnection(other.word.MakeApplication(), ConnectMode::kStartup);
+    all = calls;
+    const auto& tools = other.word.menus.Tools();
+    if (tools.empty()) {
+      ++without;
+      return;
+    }
+    EXPECT_EQ(tools[0]->tag, u"KVXMenu") << failing;
+    EXPECT_TRUE(tools[0]->visible) << failing;
+    ASSERT_EQ(tools[0]->items.size(), 4U) << failing;
+    for (const auto& button : tools[0]->items) EXPECT_TRUE(button->onClick) << failing;
+  };
+  start(0);
+  EXPECT_EQ(without, 0);
+  const int last = all;
+  for (int failing = 1; failing <= last; ++failing) start(failing);
+  // Six calls make the popup, and four each of its buttons.
+  EXPECT_GE(without, 6 + 4 * 4);
+  EXPECT_LT(without, last);
 }
