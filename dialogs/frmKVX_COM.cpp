@@ -121,9 +121,17 @@ void frmKVX_COM::cmdOK_Click() {
     return;
   }
   cmdCancel.SetEnabled(false);
-  IndexChosenTerms();
   // An error before the dialog was hidden leaves it to the user, who must have a way out.
-  if (Visible()) cmdCancel.SetEnabled(true);
+  const auto leaveAWayOut = [this] {
+    if (Visible()) cmdCancel.SetEnabled(true);
+  };
+  try {
+    IndexChosenTerms();
+  } catch (...) {
+    leaveAWayOut();
+    throw;
+  }
+  leaveAWayOut();
 }
 
 void frmKVX_COM::OfferPendingTerm() {

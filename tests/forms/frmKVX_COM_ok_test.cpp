@@ -164,6 +164,15 @@ TEST_F(TermsDialogEnd, AnErrorBeforeTheDialogIsHiddenLeavesAWayOut) {
   EXPECT_EQ(dialog.Tag(), u"Cancel");
 }
 
+TEST_F(TermsDialogEnd, AFurtherErrorBehindItLeavesAWayOutToo) {
+  log.failAt = "Selection.HomeKey 6";
+  log.failOnceAt = "Selection.GoTo 1 1 ";
+  frmKVX_COM& dialog = StepsInTerms(
+      {u"Buyer"}, R"({"set":"chkHighlight","to":0},{"click":"cmdOK"},{"click":"cmdCancel"})",
+      R"({"message":"Error indexing document","press":"OK"},{"message":"Error indexing terms","press":"OK"})");
+  EXPECT_EQ(dialog.Tag(), u"Cancel");
+}
+
 TEST_F(TermsDialogEnd, AnErrorBeforeTheDialogIsHiddenKeepsThePlaceForAnotherOK) {
   log.failAt = "Selection.HomeKey 6";
   StepsInTerms({u"Buyer"}, R"({"click":"cmdOK"},{"click":"cmdCancel"})",
