@@ -165,6 +165,9 @@ class FakeProfile : public os::Profile {
 
   std::u16string Read(std::u16string_view section, std::u16string_view key, std::u16string_view defaultValue, int size,
                       std::u16string_view path) override {
+    if (files_.unreadable.count(FakeFiles::Single(path)) != 0) {
+      throw word::HostError(word::kDeviceError, u"Device I/O error", "Read");
+    }
     if (!files_.FileExists(path)) return std::u16string(defaultValue);
     const auto found = std::find_if(values.begin(), values.end(), [&](const auto& entry) {
       return entry.first.first == section && SameKey(entry.first.second, key);

@@ -96,6 +96,22 @@ TEST_F(FirstRun, WithoutUsableSettingsNoPromptComes) {
   EXPECT_EQ(Shown(), std::vector<std::string>{});
 }
 
+TEST_F(FirstRun, SettingsThatCannotBeReadAfterThePromptsEndTheRun) {
+  host.forms.On("frmKVXSearchChooser", [this](fakes::FormDriver& d) {
+    d.Click("optSearchType", 1);
+    d.Click("cmdOK");
+  });
+  host.forms.On("frmKVXShowHelp", [this](fakes::FormDriver& d) {
+    d.Click("cmdNo");
+    host.files.unreadable.insert(u"C:\\Data\\Brantholt\\Kelvarin\\kvx.ini");
+  });
+  host.messages.Expect(u"Ini file problem");
+  connect.ShowKVXForm();
+  EXPECT_EQ(Shown(), (std::vector<std::string>{"frmKVXSearchChooser", "frmKVXShowHelp"}));
+  EXPECT_EQ(host.log.Count("unload frmKVXOptions"), 1);
+  EXPECT_TRUE(host.word.bookmarks.empty());
+}
+
 TEST_F(FirstRun, CancellingTheChooserGoesOn) {
   host.forms.On("frmKVXSearchChooser", [](fakes::FormDriver& d) { d.Click("cmdCancel"); });
   CancelOptions([](fakes::FormDriver& d) { EXPECT_TRUE(d.At<forms::OptionButton>("optSearchType", 0).Value()); });

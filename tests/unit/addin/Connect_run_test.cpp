@@ -178,6 +178,44 @@ TEST_F(IndexerRun, TheSettingsFileIsLookedForWithTheDialogAsOwner) {
   EXPECT_EQ(host.profile.written.size(), 16u);
 }
 
+TEST_F(IndexerRun, CancelledOptionsOnAnIndexedDocumentLeaveTheCursorWhereItWas) {
+  HaveIndexAt({0, 10, 12});
+  CancelOptions();
+  Run();
+  EXPECT_EQ(host.word.selection.start, 4);
+  EXPECT_EQ(host.word.selection.end, 9);
+  ExpectOnlyTheIndexBookmark();
+}
+
+TEST_F(IndexerRun, SettingsThatCannotBeReadEndTheRunBeforeTheOptionsAreShown) {
+  host.files.unreadable.insert(std::u16string(kIni));
+  host.messages.Expect(u"Ini file problem");
+  Run();
+  EXPECT_EQ(host.messages.shown.at(0).text,
+            u"There is a problem with the ini file. Please reinstall to try to fix the problem.");
+  EXPECT_EQ(host.log.calls, (Calls{"message Ini file problem", "unload frmKVXOptions", "Pane.View.Type = 6",
+                                   "Application.ScreenRefresh"}));
+  EXPECT_TRUE(host.word.bookmarks.empty());
+  EXPECT_EQ(host.word.selection.start, 4);
+  EXPECT_EQ(host.word.selection.end, 9);
+}
+
+TEST_F(IndexerRun, SettingsThatCannotBeReadAnyMoreEndTheRunBeforeTheTermsDialogIsShown) {
+  host.forms.On("frmKVXOptions", [this](fakes::FormDriver& d) {
+    d.Click("cmdOK");
+    host.files.unreadable.insert(std::u16string(kIni));
+  });
+  host.messages.Expect(u"Ini file problem");
+  Run();
+  EXPECT_EQ(From("message Ini file problem"),
+            (Calls{"message Ini file problem", "Pane.View.Type = 6", "Application.ScreenRefresh"}));
+  EXPECT_EQ(host.log.Count("unload frmKVXOptions"), 1);
+  EXPECT_FALSE(host.log.Contains("show frmKVX_COM"));
+  EXPECT_EQ(host.log.CountBeginning("Bookmark"), 0);
+  EXPECT_EQ(host.word.selection.start, 4);
+  EXPECT_EQ(host.word.selection.end, 9);
+}
+
 TEST_F(IndexerRun, AFolderThatCannotBeMadeEndsTheRun) {
   host.files.folders.clear();
   host.messages.Expect(u"Find and index");
@@ -446,6 +484,23 @@ TEST_F(IndexerRun, AnErrorInThePrintViewIsShownTwiceAndTheRunGoesOn) {
   CancelTerms();
   Run();
   EXPECT_TRUE(host.word.pagination);
+  ExpectCursorAt(4);
+}
+
+TEST_F(IndexerRun, AWindowWhoseSplitCannotBeTakenAwayIsShownAndTheRunGoesOn) {
+  host.log.failAt = "Window.SplitVertical = 0";
+  host.messages.Expect(u"Reset doc view");
+  AcceptOptions();
+  CancelTerms();
+  Run();
+  const Calls calls = From("message Reset doc view");
+  ASSERT_GE(calls.size(), 4u);
+  EXPECT_EQ(Calls(calls.begin(), calls.begin() + 4),
+            (Calls{"message Reset doc view", "Application.ScreenUpdating = True", "Application.ScreenRefresh",
+                   "Options.Pagination = True"}));
+  EXPECT_FALSE(host.log.Contains("Pane.View.Type = 3"));
+  EXPECT_EQ(host.word.paneViewType, word::wdWebView);
+  EXPECT_TRUE(host.word.bookmarks.empty());
   ExpectCursorAt(4);
 }
 
