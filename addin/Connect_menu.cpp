@@ -66,7 +66,7 @@ void Connect::FillMenu(office::CommandBarControl& popup) {
 
   const office::CommandBarControlsPtr commands = popup.Controls();
   const auto add = [&commands](std::u16string_view caption, std::u16string_view tag, std::function<void()> command) {
-    const office::CommandBarControlPtr button = commands->Add({.Type = office::msoControlButton});
+    office::CommandBarControlPtr button = commands->Add({.Type = office::msoControlButton});
     button->SetCaption(caption);
     button->SetTag(tag);
     button->SetClickHandler([run = std::move(command)](const office::CommandBarControlPtr&, bool&) { run(); });
