@@ -127,7 +127,7 @@ class Check {
   void CollectTerms(const Candidates& candidates) {
     TextSet known;
     const auto take = [&](std::u16string_view name) {
-      if (known.emplace(name).second)
+      if (known.insert(WithStraightQuotes(name)).second)
         terms_.push_back({.name = std::u16string(name), .definings = {}, .uses = {}, .hidden = false});
     };
     for (const std::u16string& quoted : candidates.quoted) take(WithoutArticle(quoted, characters_));

@@ -24,7 +24,7 @@ class HighlightedEntries {
   std::vector<Stretch> Before(const word::RangePtr& range, word::Position entry, std::u16string_view entryText);
 
  private:
-  /// The spellings an entry may stand behind, without regard to case.
+  /// The spellings an entry may stand behind, folded.
   struct Spellings {
     std::u16string plain;
     std::u16string upper;

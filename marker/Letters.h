@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Quotes.h"
 #include "platform/os/Characters.h"
 
 #include <array>
@@ -16,7 +17,8 @@ class Letters {
   /// @param characters must outlive this object
   explicit Letters(os::Characters& characters);
 
-  /// The text without regard to case, in as many code units as before.
+  /// The text without regard to case and to curly or straight quotation marks and apostrophes, in as many code units
+  /// as before.
   std::u16string Fold(std::u16string_view text) const;
   std::u16string ToUpper(std::u16string_view text) const { return characters_.ToUpper(text); }
 
@@ -42,7 +44,7 @@ class Letters {
   static bool IsHigh(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
   static bool IsLow(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
   char32_t FoldOne(char32_t character) const {
-    return character < kTabled ? folded_[character] : characters_.Fold(character);
+    return character < kTabled ? folded_[character] : characters_.Fold(StraightQuote(character));
   }
 
   static constexpr std::size_t kTabled = 128;

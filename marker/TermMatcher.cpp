@@ -79,12 +79,14 @@ TermMatcher::Node TermMatcher::Child(Node parent, char16_t unit) const {
 }
 
 std::size_t TermMatcher::Choose(const std::vector<std::size_t>& forms, std::u16string_view found) const {
+  std::size_t alike = kNoForm;
   std::size_t first = kNoForm;
   for (const std::size_t form : forms) {
     if (forms_[form].text == found) return form;
+    if (alike == kNoForm && DifferInQuotesAtMost(forms_[form].text, found)) alike = form;
     if (first == kNoForm && !forms_[form].matchCase) first = form;
   }
-  return first;
+  return alike != kNoForm ? alike : first;
 }
 
 void TermMatcher::Collect(std::u16string_view text, std::u16string_view folded, std::size_t begin,

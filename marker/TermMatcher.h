@@ -33,7 +33,9 @@ struct Match {
 ///    or column break, can only be a misread pair of quotes, and has no occurrences;
 ///  - of occurrences that overlap the longest wins, of equally long ones the leftmost: in "Share Purchase Price
 ///    Schedule" the term "Purchase Price Schedule" wins over "Share Purchase", though that one starts first;
-///  - of forms that match the very same stretch the one spelt exactly so wins, otherwise the first given;
+///  - straight and curly quotation marks and apostrophes are the same characters;
+///  - of forms that match the very same stretch the one spelt exactly so wins, then the first that only these tell from
+///    it, otherwise the first given;
 ///  - a possessive ending ('s with a straight or a curly apostrophe) is no part of it, but no other occurrence's
 ///    either. A bare apostrophe behind a plural is left alone: it may as well close a quotation.
 class TermMatcher {

@@ -47,6 +47,20 @@ class Check(program.Case):
         story = self.inspect("contract.docx")["stories"][0]["text"]
         self.assertEqual(story[finding["position"]:][:13], "Notice Period")
 
+    def test_a_use_or_a_definition_with_another_apostrophe_is_of_the_same_term(self):
+        check = self.findings("""
+P “**Seller**” means Acorn.
+P “**Seller’s Knowledge**” means what the Seller knows.
+P “**Sellers' Agent**” means Bramble.
+P To the Seller's Knowledge, to SELLER'S KNOWLEDGE and to Seller’s Knowledge. The Sellers’ Agent acts, and the sellers’ agent signs.
+P The Seller and the Sellers’ Agent meet.
+P “**Sellers’ Agent**” means Cork.
+""")
+        self.assertEqual({item["term"]: item["uses"] for item in check["defined"]},
+                         {"Seller": 2, "Seller’s Knowledge": 3, "Sellers' Agent": 2})
+        self.assertEqual([(finding["kind"], finding["text"]) for finding in check["findings"]],
+                         [("definedTwice", "Sellers’ Agent"), ("otherCase", "sellers’ agent")])
+
     def test_sentences_show_the_numbers_of_clauses_that_are_referred_to(self):
         finding, = self.findings("""
 P “**Buyer**” means Acorn under clause [[ref _Ref1|2.1]].

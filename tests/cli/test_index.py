@@ -23,6 +23,28 @@ class Index(program.Case):
         self.assertEqual(report["messages"], [])
         self.assertGreater(report["seconds"], 0)
 
+    def counts(self, lines, *arguments):
+        """How often each term is marked, when taking it all away again gives the document back."""
+        self.document(lines=lines)
+        report = self.report("index", "contract.docx", "-o", "out.docx", "--force", *arguments)
+        self.check("remove", "out.docx", "-o", "back.docx", "--force")
+        self.assertEqual(program.canonical(self.folder / "back.docx"), program.canonical(self.folder / "contract.docx"))
+        counts = {term["term"]: term["count"] for term in report["terms"]}
+        entries = [entry["text"] for entry in self.inspect(self.folder / "out.docx")["entries"]]
+        self.assertEqual({term: entries.count(term) for term in counts}, counts)
+        return counts, report["notUsed"], report["notFound"]
+
+    def test_a_term_is_found_whatever_its_apostrophe(self):
+        text = "P “Seller” means S. “Seller’s Knowledge” means what it knows.\nP To the Seller's Knowledge, to SELLER'S KNOWLEDGE."
+        for case in ("--case", "--no-case"):
+            self.assertEqual(self.counts(text, case), ({"Seller": 1, "Seller’s Knowledge": 3}, ["Seller"], []))
+        text = 'P "Sellers\' Agent" means R.\nP The Sellers’ Agent acts. SELLERS’ AGENT.'
+        self.assertEqual(self.counts(text), ({"Sellers' Agent": 3}, [], []))
+
+    def test_an_added_term_is_found_as_it_is_typed(self):
+        self.assertEqual(self.counts("P the “Buyer”, to the Seller’s Knowledge, to SELLER’S KNOWLEDGE. A Buyer.", "--not-found",
+                                     "--add", "Seller's Knowledge"), ({"Buyer": 2, "Seller's Knowledge": 2}, [], []))
+
     def test_pages_can_rest_on_the_file_or_on_the_layout(self):
         file = self.document(lines="".join(f"P Line {number} of the agreement.\n" for number in range(200)))
         for source, basis in (("file", "estimate"), ("layout", "layout"), ("auto", "layout")):

@@ -36,6 +36,19 @@ TEST_F(MarkedTerms, APossessivesEntryStandsBehindTheWordWhateverItsApostrophe) {
             u"Buyer\u2019s{Buyer}.");
 }
 
+TEST_F(MarkedTerms, ATermIsIndexedAsChosenWhateverApostropheItsOccurrenceHas) {
+  EXPECT_EQ(
+      Marked(TextRun("Seller's Knowledge, Seller\u2019s Knowledge, Seller's"), {u"Seller", u"Seller\u2019s Knowledge"}),
+      u"Seller's Knowledge{Seller\u2019s Knowledge}, Seller\u2019s Knowledge{Seller\u2019s Knowledge}, "
+      u"Seller's{Seller}");
+}
+
+// What removing takes from it is the whole of the occurrence, not all but a possessive ending.
+TEST_F(MarkedTerms, ATermThatEndsInAPossessiveIsGivenBackWhateverItsApostrophe) {
+  EXPECT_EQ(Marked(TextRun("for the Lloyd\u2019s, the LLOYD\u2018S"), {u"Lloyd's"}),
+            u"for the Lloyd\u2019s{Lloyd's}, the LLOYD\u2018S");
+}
+
 TEST_F(MarkedTerms, PunctuationQuotesBracketsSlashesAndHyphensBoundATerm) {
   EXPECT_EQ(
       Marked(TextRun("(Buyer)[Buyer]Buyer/Buyer-Buyer\u2013Buyer,Buyer;Buyer.\u201CBuyer\u201D'Buyer'"), {u"Buyer"}),

@@ -22,6 +22,12 @@ TEST_F(LettersTest, FoldingReachesBeyondTheBasicPlane) {
   EXPECT_EQ(letters_.Fold(u"\U00010400"), letters_.Fold(u"\U00010428"));
 }
 
+TEST_F(LettersTest, FoldingMakesCurlyQuotationMarksStraightAndLeavesOthers) {
+  EXPECT_EQ(letters_.Fold(u"\u2018\u2019\u201C\u201D"), u"''\"\"");
+  const std::u16string others = u"\u201A\u201B\u201E\u201F\u00AB\u00BB\u2032`";
+  EXPECT_EQ(letters_.Fold(others), others);
+}
+
 TEST_F(LettersTest, AnUnpairedSurrogateFoldsToItself) {
   const std::u16string lone(1, static_cast<char16_t>(0xD801));
   EXPECT_EQ(letters_.Fold(lone), lone);

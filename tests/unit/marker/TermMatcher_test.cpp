@@ -124,6 +124,48 @@ TEST_F(TermMatcherTest, OfEqualFormsTheFirstGivenWins) {
   EXPECT_EQ(Found({u"Lender", u"Lender "}, u"Lender"), Terms{u"0:Lender"});
 }
 
+TEST_F(TermMatcherTest, StraightAndCurlyApostrophesAreTheSameCharacter) {
+  const std::u16string straight = u"Sellers' Agent";
+  const std::u16string curly = u"Sellers\u2019 Agent";
+  const std::u16string text = straight + u", " + curly + u", Sellers\u2018 Agent";
+  for (const bool matchCase : {true, false}) {
+    for (const std::u16string& term : {straight, curly}) {
+      EXPECT_EQ(Found({term}, text, matchCase), (Terms{u"0:" + straight, u"0:" + curly, u"0:Sellers\u2018 Agent"}));
+    }
+  }
+  EXPECT_EQ(Found({straight}, u"SELLERS\u2019 AGENT"), Terms{u"0:SELLERS\u2019 AGENT"});
+  EXPECT_EQ(Found({straight}, u"SELLERS\u2019 AGENT", true), Terms{});
+}
+
+TEST_F(TermMatcherTest, StraightAndCurlyDoubleQuotesAreTheSameCharacterAndOthersAreNot) {
+  EXPECT_EQ(Found({u"6\" Pipe"}, u"6\u201D Pipe, 6\u201C Pipe, 6\u201E Pipe, 6\u00BB Pipe", true),
+            (Terms{u"0:6\u201D Pipe", u"0:6\u201C Pipe"}));
+  EXPECT_EQ(Found({u"6\u201D Pipe"}, u"6\" Pipe"), Terms{u"0:6\" Pipe"});
+  EXPECT_EQ(Found({u"6\u201E Pipe"}, u"6\" Pipe"), Terms{});
+}
+
+TEST_F(TermMatcherTest, ALongerTermWinsWhateverItsApostrophe) {
+  EXPECT_EQ(Found({u"Seller", u"Seller\u2019s Knowledge"}, u"to Seller's Knowledge, the Seller's", true),
+            (Terms{u"1:Seller's Knowledge", u"0:Seller"}));
+}
+
+TEST_F(TermMatcherTest, OfTermsThatDifferInTheirApostropheTheExactOneWinsAndOtherwiseTheFirst) {
+  const Terms terms{u"Sellers' Agent", u"Sellers\u2019 Agent"};
+  const std::u16string text = u"Sellers\u2019 Agent, Sellers' Agent, Sellers\u2018 Agent";
+  for (const bool matchCase : {true, false}) {
+    EXPECT_EQ(Found(terms, text, matchCase),
+              (Terms{u"1:Sellers\u2019 Agent", u"0:Sellers' Agent", u"0:Sellers\u2018 Agent"}));
+  }
+}
+
+TEST_F(TermMatcherTest, AFormInCapitalsWinsWhateverItsApostrophe) {
+  const TermMatcher matcher(letters_, {{u"Sellers' Agent", false}, {u"SELLERS' AGENT", true}});
+  const std::vector<Match> matches = matcher.Find(u"SELLERS\u2019 AGENT, sellers\u2019 agent");
+  ASSERT_EQ(matches.size(), 2U);
+  EXPECT_EQ(matches[0].form, 1U);
+  EXPECT_EQ(matches[1].form, 0U);
+}
+
 TEST_F(TermMatcherTest, PunctuationQuotesBracketsSlashesAndHyphensBoundAWord) {
   EXPECT_EQ(Found({u"Buyer"}, u"(Buyer) [Buyer] \u201CBuyer\u201D Buyer/Buyer non-Buyer Buyer-led Buyer, Buyer; Buyer")
                 .size(),
