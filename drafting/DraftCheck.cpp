@@ -444,7 +444,7 @@ class Check {
           use.spelling == spelling && use.capitals != CapitalUse::kHeading &&
           (spelling == Spelling::kOtherCase || (use.capitals == CapitalUse::kOfItsOwn && !IsInName(use.stand)));
       if (!counts || IsPlainHeading(use) || IsBesideItsDefinition(term, use)) continue;
-      const auto [way, isNew] = ways.try_emplace(Read(use.stand), use.stand, 0);
+      const auto [way, isNew] = ways.try_emplace(WithStraightQuotes(Read(use.stand)), use.stand, 0);
       ++way->second.second;
     }
     for (const auto& [text, way] : ways) Add(kind, term, way.first, way.second, &term.Home()->stand);

@@ -53,13 +53,13 @@ P “**Seller**” means Acorn.
 P “**Seller’s Knowledge**” means what the Seller knows.
 P “**Sellers' Agent**” means Bramble.
 P To the Seller's Knowledge, to SELLER'S KNOWLEDGE and to Seller’s Knowledge. The Sellers’ Agent acts, and the sellers’ agent signs.
-P The Seller and the Sellers’ Agent meet.
+P The Seller and the Sellers’ Agent meet. The sellers' agent pays.
 P “**Sellers’ Agent**” means Cork.
 """)
         self.assertEqual({item["term"]: item["uses"] for item in check["defined"]},
                          {"Seller": 2, "Seller’s Knowledge": 3, "Sellers' Agent": 2})
-        self.assertEqual([(finding["kind"], finding["text"]) for finding in check["findings"]],
-                         [("definedTwice", "Sellers’ Agent"), ("otherCase", "sellers’ agent")])
+        self.assertEqual([(finding["kind"], finding["text"], finding["count"]) for finding in check["findings"]],
+                         [("definedTwice", "Sellers’ Agent", 1), ("otherCase", "sellers’ agent", 2)])
 
     def test_sentences_show_the_numbers_of_clauses_that_are_referred_to(self):
         finding, = self.findings("""
