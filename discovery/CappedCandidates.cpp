@@ -3,14 +3,13 @@
 #include <algorithm>
 
 #include "discovery/Like.h"
+#include "discovery/LineText.h"
 #include "platform/Text.h"
 
 namespace {
 
 /// What no term holds: codes 13, 11, 10, 9 and 8.
 constexpr std::u16string_view kControls = u"\r\v\n\t\b";
-
-bool Holds(std::u16string_view text, std::u16string_view part) { return text.find(part) != std::u16string_view::npos; }
 
 }  // namespace
 
@@ -38,9 +37,10 @@ bool CappedCandidates::PassesTests(std::u16string_view candidate) const {
 }
 
 void CappedCandidates::Store(std::u16string_view candidate) {
-  if (Holds(candidate, u"(") && !Holds(candidate, u")")) return;
-  if (Holds(candidate, u"[") && !Holds(candidate, u"]")) return;
-  const auto isInside = [candidate](std::u16string_view separator) { return Holds(candidate, separator); };
+  if (OpensBracketOnly(candidate)) return;
+  const auto isInside = [candidate](std::u16string_view separator) {
+    return candidate.find(separator) != std::u16string_view::npos;
+  };
   if (std::any_of(separators_.begin(), separators_.end(), isInside)) return;
   if (!stored_.emplace(candidate).second) return;
   if (!found_.back().empty()) found_.emplace_back();

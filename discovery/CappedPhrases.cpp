@@ -140,7 +140,8 @@ void CappedPhrases::TakeQuoted(Span inside) {
   if (last == std::u16string_view::npos) return;
   text = text.substr(0, last + 1);
   inside.end = inside.begin + text.size();
-  if (EndsSentenceInside(text) || std::count(text.begin(), text.end(), u' ') >= kMostQuotedWords) return;
+  if (EndsSentenceInside(text) || OpensBracketOnly(text)) return;
+  if (std::count(text.begin(), text.end(), u' ') >= kMostQuotedWords) return;
   const auto word = std::find_if(words_.begin(), words_.end(),
                                  [&](const Word& candidate) { return candidate.begin == inside.begin; });
   if (word == words_.end() || (ignoreNumbers_ && HoldsDigit(inside))) return;
@@ -175,6 +176,8 @@ std::size_t CappedPhrases::PhraseEnd(std::size_t first) const {
   std::size_t next = first + 1;
   bool connected = false;
   while (true) {
+    // No term holds a full stop and a blank.
+    if (At(end - 1) == u'.' && At(end) == u' ') return end;
     if (const std::size_t number = AfterNumber(end); number != end) end = number;
     while (next < words_.size() && words_[next].begin < end) ++next;
     if (next == words_.size()) return end;

@@ -73,6 +73,11 @@ bool EndsSentenceInside(std::u16string_view text) {
   return false;
 }
 
+bool OpensBracketOnly(std::u16string_view text) {
+  const auto holds = [text](char16_t bracket) { return text.find(bracket) != std::u16string_view::npos; };
+  return (holds(u'(') && !holds(u')')) || (holds(u'[') && !holds(u']'));
+}
+
 bool IsWordUnit(os::Characters& characters, char16_t unit) {
   constexpr char16_t kBeyondAscii = 0x80;
   if (unit >= kBeyondAscii) return IsSurrogate(unit) || characters.IsWordCharacter(unit);

@@ -22,6 +22,9 @@ void AppendAsRead(std::u16string_view text, std::u16string& line);
 /// Whether a sentence ends within a text, or a separator of phrases stands in it.
 bool EndsSentenceInside(std::u16string_view text);
 
+/// Whether a text holds an opening bracket, round or square, and no closing one of its kind.
+bool OpensBracketOnly(std::u16string_view text);
+
 /// Whether a code unit belongs to a word: a letter, a digit or a mark on one, or half of a character beyond the first
 /// 65,536.
 bool IsWordUnit(os::Characters& characters, char16_t unit);

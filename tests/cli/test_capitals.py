@@ -58,11 +58,21 @@ class Capitals(program.Case):
         self.assertEqual(self.terms(text), ["Agreement"])
         self.assertEqual(self.described(text)["Agreement"]["occurrences"], 3)
 
-    def test_brackets_and_separators_are_never_offered(self):
-        text = "P see Schedule (Part two) and Schedule [Part; “Buyer; Seller” “Saint: Ives” near St. Ives at Rock.\nP Part) Rock"
-        for term in self.terms(text):
-            for part in ("(", "[", ". ", ";", ":"):
-                self.assertNotIn(part, term)
+    def test_an_opening_bracket_without_a_closing_one_is_never_offered(self):
+        self.assertEqual(self.terms("P see “Schedule (Part” and “Annex [Rule” here, as in “Form (One]” and Deed (Recital"),
+                         ["Annex", "Deed", "Form", "One", "Part", "Recital", "Rule", "Schedule"])
+
+    def test_a_closing_bracket_alone_or_a_pair_stays_in_a_term_in_quotes(self):
+        self.assertEqual(self.terms("P a “Part)” of “B] Rule” under “Schedule (Two)” and “Deed [Recital]” (Annex)."),
+                         ["Annex", "B] Rule", "Deed [Recital]", "Part)", "Schedule (Two)"])
+
+    def test_a_separator_is_never_offered_and_what_stands_round_it_is(self):
+        self.assertEqual(self.terms("P the “Buyer; Seller” and “Saint: Ives” near St. Malo at Rock; Bay: Cape"),
+                         ["Bay", "Buyer", "Cape", "Ives", "Malo", "Rock", "Saint", "Seller", "St"])
+
+    def test_words_behind_initials_are_offered_by_themselves(self):
+        self.assertEqual(self.terms("P a “U.S. Person” under the U.S. Bankruptcy Code, with J.P. Morgan Chase Bank\nP E.U. Duties"),
+                         ["Bankruptcy Code", "Duties", "E.U.", "J.P.", "Morgan Chase Bank", "Person", "U.S."])
 
     def test_a_word_with_a_tab_or_line_break_is_never_offered(self):
         text = ('X <w:p><w:r><w:t>a Stock</w:t><w:tab/><w:t>Purchase</w:t><w:br/><w:t>Agreement Agree</w:t><w:tab/><w:t>ment</w:t>'

@@ -116,7 +116,16 @@ TEST_F(PhrasesOfWords, APossessiveEndingEndsAPhrase) {
 
 TEST_F(PhrasesOfWords, InitialsAreOneWord) {
   EXPECT_EQ(Of(u"the U.S. Government, a Non-U.S. Member and C.F.R. rules\r"),
-            (Phrases{u"U.S. Government", u"Non-U.S. Member", u"C.F.R."}));
+            (Phrases{u"U.S.", u"Government", u"Non-U.S.", u"Member", u"C.F.R."}));
+}
+
+TEST_F(PhrasesOfWords, AWordWithInitialsEndsAPhrase) {
+  EXPECT_EQ(Of(u"a U.S. Bankruptcy Code, Form A.B. Smith, J.P.  Morgan Chase Bank, U.S. of America\r"),
+            (Phrases{u"U.S.", u"Bankruptcy Code", u"Form A.B.", u"Smith", u"J.P.", u"Morgan Chase Bank", u"U.S.",
+                     u"America"}));
+  EXPECT_EQ(Of(u"\u201CU.S. Person\u201D, U.S. 5 Form, Act of U.S. Congress, U.S. & Sons, U.S.-Canada Treaty\r", false),
+            (Phrases{u"U.S.", u"Person", u"U.S.", u"Form", u"Act of U.S.", u"Congress", u"U.S.", u"Sons", u"U.S.",
+                     u"Canada Treaty"}));
 }
 
 TEST_F(PhrasesOfWords, AnAmpersandJoins) {
@@ -150,6 +159,13 @@ TEST_F(PhrasesOfWords, AQuotedSentenceIsNoPhrase) {
             (Phrases{u"Pay Buyer", u"Then", u"Buyer", u"Parent"}));
   EXPECT_EQ(Of(u"\u201COne two three four five six seven eight nine ten eleven Buyer\u201D\r"),
             (Phrases{u"One", u"Buyer"}));
+}
+
+TEST_F(PhrasesOfWords, AQuotedTextThatOpensABracketOnlyIsTakenApart) {
+  EXPECT_EQ(Of(u"\u201CSchedule (Part\u201D, \u201CAnnex [Rule\u201D, \u201CForm (Two]\u201D\r"),
+            (Phrases{u"Schedule", u"Part", u"Annex", u"Rule", u"Form", u"Two"}));
+  EXPECT_EQ(Of(u"\u201CSchedule (Part)\u201D, \u201CPart)\u201D, \u201CB] Rule\u201D\r"),
+            (Phrases{u"Schedule (Part)", u"Part)", u"B] Rule"}));
 }
 
 TEST_F(PhrasesOfWords, AQuotedPhraseWithADigitIsTakenApart) {
