@@ -46,16 +46,18 @@ std::u16string ChooseName(os::FileDialogs& dialogs, std::intptr_t hwnd, const st
 
 DocumentCheck SaveSomewhere(const word::DocumentPtr& document, std::intptr_t hwnd, const Host& host) {
   while (true) {
-    std::u16string proposed = u"NewDocument";
-    if (document->Path().empty()) {
-      proposed = document->Name();
-    } else if (IsReadOnly(document, host.files)) {
+    const bool isNew = document->Path().empty();
+    const std::u16string proposed = isNew ? document->Name() : u"NewDocument";
+    // What was new may have been saved while its name was asked for.
+    const bool canSave = isNew ? !document->Path().empty() : !IsReadOnly(document, host.files);
+    if (canSave) {
+      document->Save();
+      return DocumentCheck::kSaved;
+    }
+    if (!isNew) {
       host.messages.Show(u"Read only document",
                          u"Your source document is read only.  You must save it under a new name to continue.",
                          os::Icon::kInformation, os::Buttons::kOk);
-    } else {
-      document->Save();
-      return DocumentCheck::kSaved;
     }
     const std::u16string name = ChooseName(host.fileDialogs, hwnd, proposed);
     if (name.empty()) {

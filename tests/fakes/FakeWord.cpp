@@ -504,7 +504,11 @@ class FakeDocument : public word::Document {
  public:
   explicit FakeDocument(FakeWord& word) : word_(word) {}
   std::u16string Name() const override { return word_.name; }
-  std::u16string Path() const override { return word_.path; }
+  std::u16string Path() const override {
+    if (word_.readsAsNew == 0) return word_.path;
+    --word_.readsAsNew;
+    return {};
+  }
   word::StoryRangesPtr StoryRanges() const override { return std::make_shared<FakeStoryRanges>(word_); }
   word::BookmarksPtr Bookmarks() const override { return std::make_shared<FakeBookmarks>(word_); }
   word::FieldsPtr Fields() const override { return std::make_shared<FakeFields>(word_); }

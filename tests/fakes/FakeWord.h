@@ -63,6 +63,8 @@ class FakeWord {
   bool findFails{false};
   std::u16string name{u"contract.docx"};
   std::u16string path{u"C:\\Contracts"};
+  /// So many times Path is read as that of a new document before it is the one above.
+  int readsAsNew{0};
   std::vector<Story> stories{{word::wdMainTextStory, u"\r", {}, {}}};
   std::map<std::u16string, Place> bookmarks;
   /// What was highlighted, in that order.

@@ -93,6 +93,14 @@ TEST_F(DocumentBeforeSearch, ANewDocumentIsSavedUnderTheNameOfItsChoice) {
   EXPECT_EQ(host.fileDialogs.asked.at(0).fileName, u"Document1");
 }
 
+TEST_F(DocumentBeforeSearch, ANewDocumentThatHasAPathByTheTimeItsNameIsReadIsSavedInPlace) {
+  host.word.readsAsNew = 1;
+  host.messages.Expect(u"Save document");
+  EXPECT_EQ(Check(), DocumentCheck::kSaved);
+  EXPECT_EQ(host.log.calls, (Calls{"message Save document", "Document.Save"}));
+  EXPECT_TRUE(host.fileDialogs.asked.empty());
+}
+
 TEST_F(DocumentBeforeSearch, CancellingTheNameStopsTheSearch) {
   BeNew();
   host.messages.Expect(u"Save document");
