@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <optional>
+
 #include "addin/Connect.h"
+#include "addin/frmProgressForm.h"
 #include "dialogs/frmKVX_COM.h"
 #include "settings/Defaults.h"
 #include "tests/fakes/FakeHost.h"
@@ -9,16 +12,17 @@ namespace {
 
 using Calls = std::vector<std::string>;
 
-/// An add-in whose search for capitalised words answers as a test says.
+/// An add-in whose search for capitalised words answers as a test says, where it says so.
 class TestConnect : public Connect {
  public:
   using Connect::Connect;
-  SearchResult cappedResult{SearchResult::kGoOn};
+  std::optional<SearchResult> cappedResult{SearchResult::kGoOn};
 
  protected:
-  SearchResult SearchCappedTerms(const word::DocumentPtr&, frmKVX_COM& dialog) override {
+  SearchResult SearchCappedTerms(const word::DocumentPtr& document, frmKVX_COM& dialog) override {
+    if (!cappedResult) return Connect::SearchCappedTerms(document, dialog);
     dialog.lstTermsInDoc.AddItem(u"Seller");
-    return cappedResult;
+    return *cappedResult;
   }
 };
 
@@ -675,15 +679,56 @@ TEST_F(IndexerRun, AQuietStopOfTheSearchShowsNothing) {
 
 TEST_F(IndexerRun, WithoutLeaveToSaveTheSearchForCapitalisedWordsStopsQuietly) {
   Set(u"SearchType", u"SearchInitCaps");
+  connect.cappedResult.reset();
   AcceptOptions();
   host.messages.Expect(u"Save document", os::Pressed::kCancel);
-  Connect plain(host.Make());
-  plain.OnConnection(host.word.MakeApplication(), ConnectMode::kStartup);
-  plain.OnStartupComplete();
-  plain.ShowKVXForm();
+  Run();
   EXPECT_EQ(host.messages.shown.size(), 1u);
   EXPECT_FALSE(host.log.Contains("Document.Save"));
   EXPECT_TRUE(host.word.bookmarks.empty());
+}
+
+TEST_F(IndexerRun, AFailedSearchForCapitalisedWordsGoesOnWithWhatWasFound) {
+  Set(u"SearchType", u"SearchInitCaps");
+  connect.cappedResult.reset();
+  host.word.stories[0] = {word::wdMainTextStory, u"a Seller\ra Buyer\ra Parent\r", {}, {9, 17}};
+  host.forms.onRepaint = [this](forms::Form& painted) {
+    const auto* shown = dynamic_cast<const frmProgressForm*>(&painted);
+    if (shown != nullptr && shown->Lines()[0] == u"Searching page:  3") host.word.findFails = true;
+  };
+  host.messages.Expect(u"Save document");
+  host.messages.Expect(u"Build capped terms array failed");
+  AcceptOptions();
+  InTermsDialog([](fakes::FormDriver& d) {
+    auto& list = d.At<forms::ListBox>("lstTermsInDoc");
+    ASSERT_EQ(list.ListCount(), 2);
+    EXPECT_EQ(list.List(0), u"Seller");
+    EXPECT_EQ(list.List(1), u"Buyer");
+    EXPECT_EQ(list.SelCount(), 2);
+    EXPECT_TRUE(d.At<forms::Label>("lblTermsInDoc").Caption().starts_with(u"The following capitalized words"));
+    d.Click("cmdOK");
+  });
+  Run();
+  EXPECT_TRUE(host.log.Contains("BuildTermTable True Seller Buyer"));
+  EXPECT_EQ(host.log.CountBeginning("InsertIndex"), 1);
+}
+
+TEST_F(IndexerRun, AFailedSearchForCapitalisedWordsThatFoundNothingShowsNoTerms) {
+  Set(u"SearchType", u"SearchInitCaps");
+  connect.cappedResult.reset();
+  host.word.findFails = true;
+  host.messages.Expect(u"Save document");
+  host.messages.Expect(u"Build capped terms array failed");
+  AcceptOptions();
+  InTermsDialog([](fakes::FormDriver& d) {
+    EXPECT_EQ(d.At<forms::ListBox>("lstTermsInDoc").ListCount(), 0);
+    EXPECT_TRUE(d.At<forms::Label>("lblTermsInDoc").Caption().starts_with(u"No defined terms were found"));
+    d.Click("cmdCancel");
+  });
+  Run();
+  EXPECT_EQ(host.log.Count("show frmKVX_COM"), 1);
+  EXPECT_TRUE(host.word.bookmarks.empty());
+  ExpectCursorAt(4);
 }
 
 TEST_F(IndexerRun, QuotesThatDoNotPairUpStopTheRunQuietly) {

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <tuple>
 
 #include "addin/clsProgForm.h"
+#include "addin/frmProgressForm.h"
 #include "platform/forms/Form.h"
 #include "tests/fakes/FakeFormHost.h"
 #include "tests/fakes/FakeServices.h"
@@ -51,8 +53,10 @@ class Engine : public testing::Test {
  protected:
   Engine() {
     host.onRepaint = [this](forms::Form& form) {
-      const auto* label = dynamic_cast<forms::Label*>(form.Find("lblLabel1"));
-      if (label != nullptr) progressLines.push_back(fakes::Plain(label->Caption()));
+      const auto* shown = dynamic_cast<const frmProgressForm*>(&form);
+      if (shown == nullptr) return;
+      progressLines.push_back(fakes::Plain(shown->Lines()[0]));
+      steps.push_back({progressLines.back(), shown->Completed(), shown->Total()});
     };
   }
   bool Run(const std::vector<std::u16string>& chosen, const IndexingOptions& options = {}) {
@@ -80,6 +84,8 @@ class Engine : public testing::Test {
   LoggingDialog dialog{log};
   modKVX engine{marker, progress, characters, messages};
   std::vector<std::string> progressLines;
+  /// What the progress says and how far, of how much, each time that it is drawn.
+  std::vector<std::tuple<std::string, std::int32_t, std::int32_t>> steps;
 };
 
 }  // namespace
@@ -129,6 +135,19 @@ TEST_F(Engine, TextAndNotesAreMarkedAndCountsCarryFromStoryToStory) {
   EXPECT_TRUE(log.Contains("GetUnusedAndMissing Seller=6"));
   EXPECT_TRUE(ProgressSaid("Indexing footnotes:  Seller"));
   EXPECT_TRUE(ProgressSaid("Indexing endnotes:  Seller"));
+}
+
+TEST_F(Engine, TheProgressTellsEachTermAndItsNumberOfTheLastOnesInEachStory) {
+  word.stories = {{1, u"Seller\r", {}}, {2, u"Seller\r", {}}};
+  ASSERT_TRUE(Run({u"Seller", u"Buyer", u"Agent"}));
+  EXPECT_EQ(steps, (decltype(steps){{"Indexing document", 0, 0},
+                                    {"Indexing document:  Seller", 0, 2},
+                                    {"Indexing document:  Buyer", 1, 2},
+                                    {"Indexing document:  Agent", 2, 2},
+                                    {"Indexing footnotes", 0, 0},
+                                    {"Indexing footnotes:  Seller", 0, 2},
+                                    {"Indexing footnotes:  Buyer", 1, 2},
+                                    {"Indexing footnotes:  Agent", 2, 2}}));
 }
 
 TEST_F(Engine, EmptyStoriesAndOtherKindsAreSkipped) {
