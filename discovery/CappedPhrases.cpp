@@ -5,6 +5,7 @@
 
 #include "discovery/LineText.h"
 #include "discovery/SmallWords.h"
+#include "platform/Quotes.h"
 
 namespace {
 
@@ -63,9 +64,10 @@ void CappedPhrases::EndLine() {
   for (std::size_t i = 0; i < words_.size();) {
     const Word& word = words_[i];
     std::size_t end = QuotedEnd(word.begin);
-    if (end == 0) end = KnownEnd(word);
+    const std::u16string_view known = end == 0 ? KnownAt(word) : std::u16string_view();
+    if (!known.empty()) end = word.begin + known.size();
     if (end == 0 && !(word.digits && ignoreNumbers_)) end = word.small ? word.end : PhraseEnd(i);
-    if (end != 0) take_(Text({word.begin, end}));
+    if (end != 0) take_(known.empty() ? Text({word.begin, end}) : known);
     do {
       ++i;
     } while (i < words_.size() && words_[i].begin < end);
@@ -149,8 +151,8 @@ void CappedPhrases::TakeQuoted(Span inside) {
   inside.end = std::max(inside.end, word->end);
   quoted_.push_back(inside);
   if (inside.end == word->end) return;
-  KnownPhrases& phrases = known_[std::u16string(Text(*word))];
-  phrases.texts.emplace(text);
+  KnownPhrases& phrases = known_[WithStraightQuotes(Text(*word))];
+  phrases.texts.try_emplace(WithStraightQuotes(text), text);
   phrases.lengths.insert(text.size());
 }
 
@@ -160,15 +162,20 @@ std::size_t CappedPhrases::QuotedEnd(std::size_t begin) const {
   return found == quoted_.end() ? 0 : found->end;
 }
 
-std::size_t CappedPhrases::KnownEnd(const Word& word) const {
-  const auto phrases = known_.find(Text(word));
-  if (phrases == known_.end()) return 0;
-  const std::u16string_view rest = std::u16string_view(line_).substr(word.begin);
+std::u16string_view CappedPhrases::KnownAt(const Word& word) const {
+  const std::u16string_view first = Text(word);
+  // Nearly every word is straight as it stands.
+  const bool curly = first.find(u'\u2019') != std::u16string_view::npos;
+  const auto phrases = curly ? known_.find(WithStraightQuotes(first)) : known_.find(first);
+  if (phrases == known_.end()) return {};
   const auto& [texts, lengths] = phrases->second;
-  const auto longest = std::find_if(lengths.begin(), lengths.end(), [&, &known = texts](std::size_t length) {
-    return length <= rest.size() && !IsLetterAt(word.begin + length) && known.contains(rest.substr(0, length));
-  });
-  return longest == lengths.end() ? 0 : word.begin + *longest;
+  const std::u16string rest = WithStraightQuotes(std::u16string_view(line_).substr(word.begin, *lengths.begin()));
+  for (const std::size_t length : lengths) {
+    if (length > rest.size() || IsLetterAt(word.begin + length)) continue;
+    const auto text = texts.find(std::u16string_view(rest).substr(0, length));
+    if (text != texts.end()) return text->second;
+  }
+  return {};
 }
 
 std::size_t CappedPhrases::PhraseEnd(std::size_t first) const {

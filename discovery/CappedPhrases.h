@@ -45,7 +45,7 @@ class CappedPhrases {
   };
 
   struct KnownPhrases {
-    TextSet texts;
+    TextMap<std::u16string> texts;                  ///< by what they are with straight apostrophes
     std::set<std::size_t, std::greater<>> lengths;  ///< those that occur among them
   };
 
@@ -55,7 +55,8 @@ class CappedPhrases {
   void ReadQuotes();
   void TakeQuoted(Span inside);
   std::size_t QuotedEnd(std::size_t begin) const;
-  std::size_t KnownEnd(const Word& word) const;
+  /// The known phrase that begins with a word, as it was quoted; empty when there is none.
+  std::u16string_view KnownAt(const Word& word) const;
   std::size_t PhraseEnd(std::size_t first) const;
   std::size_t AfterNumber(std::size_t end) const;
   std::size_t AfterConnector(Span gap) const;
@@ -80,6 +81,6 @@ class CappedPhrases {
   std::vector<Span> hits_;
   std::vector<Word> words_;
   std::vector<Span> quoted_;
-  /// Phrases that stood in quotes, by their first word.
+  /// Phrases that stood in quotes, by their first word with straight apostrophes.
   TextMap<KnownPhrases> known_;
 };

@@ -66,6 +66,11 @@ class Capitals(program.Case):
         self.assertEqual(self.terms("P a “Part)” of “B] Rule” under “Schedule (Two)” and “Deed [Recital]” (Annex)."),
                          ["Annex", "B] Rule", "Deed [Recital]", "Part)", "Schedule (Two)"])
 
+    def test_a_quoted_phrase_is_one_term_whatever_its_apostrophe(self):
+        text = "P “Seller’s Knowledge” is what it knows. It is right to Seller's Knowledge."
+        found = self.described(text)
+        self.assertEqual({term: found[term]["occurrences"] for term in found}, {"Seller’s Knowledge": 2, "It": 1})
+
     def test_a_separator_is_never_offered_and_what_stands_round_it_is(self):
         self.assertEqual(self.terms("P the “Buyer; Seller” and “Saint: Ives” near St. Malo at Rock; Bay: Cape"),
                          ["Bay", "Buyer", "Cape", "Ives", "Malo", "Rock", "Saint", "Seller", "St"])

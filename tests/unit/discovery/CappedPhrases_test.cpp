@@ -154,6 +154,13 @@ TEST_F(PhrasesOfWords, AQuotedPhraseIsKnownFromThereOn) {
             (Phrases{u"Terms and Conditions", u"Terms and Conditions", u"Terms"}));
 }
 
+TEST_F(PhrasesOfWords, AQuotedPhraseIsKnownByTheSpellingInQuotesWhateverItsApostrophe) {
+  EXPECT_EQ(Of(u"\u201CSeller\u2019s Knowledge\u201D and \"O'Brien Shares\"\r"
+               u"to Seller's Knowledge, the O\u2019Brien Shares, Seller\u2019s Counsel\r"),
+            (Phrases{u"Seller\u2019s Knowledge", u"O'Brien Shares", u"Seller\u2019s Knowledge", u"O'Brien Shares",
+                     u"Seller", u"Counsel"}));
+}
+
 TEST_F(PhrasesOfWords, AQuotedSentenceIsNoPhrase) {
   EXPECT_EQ(Of(u"\u201CPay Buyer. Then go.\u201D and \u201CBuyer: the Parent\u201D\r"),
             (Phrases{u"Pay Buyer", u"Then", u"Buyer", u"Parent"}));
