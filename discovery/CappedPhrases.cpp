@@ -58,7 +58,8 @@ void CappedPhrases::Append(std::u16string_view piece) { AppendAsRead(piece, line
 void CappedPhrases::EndLine() {
   words_.clear();
   for (const Span& hit : hits_) {
-    if (words_.empty() || hit.begin >= words_.back().end) words_.push_back(WholeWord(hit));
+    const bool isNew = words_.empty() || hit.begin >= words_.back().end;
+    if (isNew && !EndsWordBefore(hit)) words_.push_back(WholeWord(hit));
   }
   ReadQuotes();
   for (std::size_t i = 0; i < words_.size();) {
@@ -74,6 +75,11 @@ void CappedPhrases::EndLine() {
   }
   line_.clear();
   hits_.clear();
+}
+
+bool CappedPhrases::EndsWordBefore(Span hit) const {
+  return hit.begin > 1 && IsApostrophe(At(hit.begin - 1)) && IsLetterAt(hit.begin - 2) &&
+         IsTiedOn(Text({hit.begin, AfterLetters(hit.end)}));
 }
 
 CappedPhrases::Word CappedPhrases::WholeWord(Span hit) const {

@@ -51,6 +51,8 @@ class CappedPhrases {
 
   void Append(std::u16string_view piece);
   void EndLine();
+  /// Whether a hit is but the possessive ending of the word before it: "BUYER'S".
+  bool EndsWordBefore(Span hit) const;
   Word WholeWord(Span hit) const;
   void ReadQuotes();
   void TakeQuoted(Span inside);

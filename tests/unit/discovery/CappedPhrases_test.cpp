@@ -114,6 +114,12 @@ TEST_F(PhrasesOfWords, APossessiveEndingEndsAPhrase) {
             (Phrases{u"Company", u"Board", u"Investors", u"Shares", u"John O\u2019Brien"}));
 }
 
+TEST_F(PhrasesOfWords, APossessiveEndingInCapitalsIsNoWord) {
+  EXPECT_EQ(Of(u"THE BUYER\u2019S OBLIGATIONS, SELLER'S S CORPORATION STATUS and \u2018S Corporation\u2019\r"),
+            (Phrases{u"THE", u"BUYER", u"OBLIGATIONS", u"SELLER", u"S CORPORATION STATUS", u"S Corporation"}));
+  EXPECT_EQ(Of(Phrases{u"the BUYER\u2019", u"S OBLIGATIONS\r"}), (Phrases{u"BUYER", u"OBLIGATIONS"}));
+}
+
 TEST_F(PhrasesOfWords, InitialsAreOneWord) {
   EXPECT_EQ(Of(u"the U.S. Government, a Non-U.S. Member and C.F.R. rules\r"),
             (Phrases{u"U.S.", u"Government", u"Non-U.S.", u"Member", u"C.F.R."}));
