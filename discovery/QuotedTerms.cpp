@@ -1,6 +1,7 @@
 #include "discovery/QuotedTerms.h"
 
 #include "addin/clsProgForm.h"
+#include "discovery/TermRange.h"
 #include "platform/AnsiText.h"
 #include "platform/word/Application.h"
 #include "platform/word/Find.h"
@@ -15,6 +16,11 @@
 namespace {
 
 bool IsBold(const word::RangePtr& character) { return character->Font()->Bold() == -1; }
+
+bool IsBoldAtBothEnds(const word::RangePtr& quoted) {
+  const word::CharactersPtr characters = TermRange(quoted)->Characters();
+  return IsBold(characters->First()) && IsBold(characters->Last());
+}
 
 void ShowStep(const TermSearch& search, std::u16string_view inWindow, std::u16string_view inStatusBar) {
   if (search.progressMode == ProgressMode::kWindow) {
@@ -37,8 +43,7 @@ FoundTerms ScanStory(const TermSearch& search, const word::RangePtr& story, std:
     story->SetStart(story->Start() + 1);
     const word::Position end = story->End();
     story->SetEnd(end - 1);
-    const bool accepted = !bold || (IsBold(story->Characters()->First()) && IsBold(story->Characters()->Last()));
-    if (accepted) search.termMarker.AddTerm(story, terms);
+    if (!bold || IsBoldAtBothEnds(story)) search.termMarker.AddTerm(story, terms);
     story->SetEnd(end);
     story->Collapse(word::wdCollapseEnd);
   } while (find->Found());

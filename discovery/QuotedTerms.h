@@ -46,7 +46,7 @@ using FoundTerms = std::vector<std::u16string>;
 
 /// Finds the texts between an open and a close quotation mark in one story, which is left collapsed behind
 /// the last of them. Word's quote conversion is switched off where it matters and stays off: the run puts it back.
-/// @param bold only texts whose first and last characters are bold
+/// @param bold only terms whose first and last characters are bold
 /// @param found what earlier stories gave
 /// @return found with this story's terms behind it. From the first term on that found holds already, no
 /// term of this story is taken.

@@ -8,6 +8,7 @@
 #include "marker/PlainText.h"
 #include "marker/StoryText.h"
 #include "platform/BookmarkNames.h"
+#include "platform/TermText.h"
 #include "platform/word/Application.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Constants.h"
@@ -64,7 +65,7 @@ void KvxTermMarker::WriteEntries() {
 }
 
 void KvxTermMarker::AddTerm(const word::RangePtr& range, std::vector<std::u16string>& terms) {
-  std::u16string text = range->Text();
+  std::u16string text = TermText(range->Text());
   if (terms.empty()) terms.emplace_back();
   const std::size_t last = terms.size() - 1;
   const bool goesOn =

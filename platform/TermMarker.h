@@ -30,8 +30,8 @@ class TermMarker {
   TermMarker(const TermMarker&) = delete;
   TermMarker& operator=(const TermMarker&) = delete;
 
-  /// Appends the range's text to a story's found terms, unless it stands there already: the text goes into
-  /// the array's last, empty element and one empty element is added behind it.
+  /// Appends the term in a range between quotes to a story's found terms, unless it stands there already: its text goes
+  /// into the array's last, empty element and one empty element is added behind it.
   virtual void AddTerm(const word::RangePtr& range, std::vector<std::u16string>& terms) = 0;
 
   /// Told after Options.AutoFormatAsYouTypeReplaceQuotes was put, and before each highlighting of quotation marks.

@@ -206,6 +206,24 @@ class Index(program.Case):
         self.document(lines="P “**Buyer**” is bold and “Seller” is not.")
         self.assertEqual(self.report("index", "contract.docx", "-o", "out.docx", "--bold")["found"], ["Buyer"])
 
+    def test_bold_finds_the_same_terms_in_the_result(self):
+        self.document(lines="P “**Buyer**” and “**Seller**” are bold and “Agent” is not. The Buyer pays the Seller.")
+        first = self.report("index", "contract.docx", "-o", "out.docx", "--bold")
+        again = self.report("index", "out.docx", "-o", "again.docx", "--bold")
+        self.assertEqual(first["found"], ["Buyer", "Seller"])
+        self.assertEqual(again["found"], first["found"])
+        self.assertEqual(program.canonical(self.folder / "again.docx"), program.canonical(self.folder / "out.docx"))
+
+    def test_a_term_with_the_mark_of_a_note_or_comment_behind_it_is_no_other_term(self):
+        mark = '<w:r><w:commentReference w:id="0"/></w:r>'
+        self.document(lines=f'X <w:p><w:r><w:t>The “Bank</w:t></w:r>{mark}<w:r><w:t>” lends.</w:t></w:r></w:p>\n'
+                            "P See “Bank”, “Bank[[fn: note.]]”. The Bank pays.")
+        report = self.report("index", "contract.docx", "-o", "out.docx")
+        self.assertEqual(report["found"], ["Bank"])
+        self.assertEqual([term["count"] for term in report["terms"]], [4])
+        self.assertEqual(report["notFound"], [])
+        self.check("index", "contract.docx", "-o", "none.docx", "--exclude", "Bank", status=1)
+
     def test_terms_used_once_and_terms_not_found_are_reported(self):
         self.document(lines="P “Buyer” is defined. “Seller” is defined, and the Seller sells.")
         report = self.report("index", "contract.docx", "-o", "out.docx", "--add", "Wombat")
