@@ -1,5 +1,7 @@
 #include "discovery/modQuickSort.h"
 
+#include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <utility>
 
@@ -11,9 +13,15 @@ int Middle(int lo, int hi) {
   return (lo + hi) % 2 != 0 && half % 2 != 0 ? half + 1 : half;
 }
 
-}  // namespace
+using Items = std::vector<std::u16string>;
 
-void QuickSort(std::vector<std::u16string>& items, int lo, int hi) {
+struct Parts {
+  int endOfFirst;
+  int startOfSecond;
+};
+
+/// Puts what is not above the middle element before what is not below it.
+Parts Partition(Items& items, int lo, int hi) {
   const auto at = [&items](int index) -> std::u16string& { return items[static_cast<std::size_t>(index)]; };
   const std::u16string pivot = at(Middle(lo, hi));
   int i = lo;
@@ -27,6 +35,29 @@ void QuickSort(std::vector<std::u16string>& items, int lo, int hi) {
       --j;
     }
   }
-  if (lo < j) QuickSort(items, lo, j);
-  if (i < hi) QuickSort(items, i, hi);
+  return {.endOfFirst = j, .startOfSecond = i};
+}
+
+/// @param levels how often a part may be divided again. Whoever writes a document chooses the order of its terms, and
+///     with it how unequal the parts are.
+void Sort(Items& items, int lo, int hi, int levels) {
+  while (lo < hi && levels > 0) {
+    --levels;
+    const auto [endOfFirst, startOfSecond] = Partition(items, lo, hi);
+    if (endOfFirst - lo < hi - startOfSecond) {
+      Sort(items, lo, endOfFirst, levels);
+      lo = startOfSecond;
+    } else {
+      Sort(items, startOfSecond, hi, levels);
+      hi = endOfFirst;
+    }
+  }
+  if (lo < hi) std::sort(items.begin() + lo, items.begin() + hi + 1);
+}
+
+}  // namespace
+
+void QuickSort(std::vector<std::u16string>& items, int lo, int hi) {
+  const int evenLevels = std::bit_width(static_cast<unsigned>(hi - lo));
+  Sort(items, lo, hi, 2 * evenLevels);
 }
