@@ -6,7 +6,8 @@ namespace {
 
 constexpr char kEndOfText = 0x1A;
 
-/// Reads one item after the other. Only a carriage return ends a line, with the line feed that follows it, if any.
+/// Reads one item after the other. A line ends as in any editor's file: with a carriage return and a line feed or with
+/// either.
 class ItemReader {
  public:
   explicit ItemReader(std::string_view text) : text_(text) {}
@@ -31,10 +32,10 @@ class ItemReader {
   void SkipDelimiter() {
     if (Is(',')) {
       ++place_;
-    } else if (Is('\r')) {
-      ++place_;
-      if (Is('\n')) ++place_;
+      return;
     }
+    if (Is('\r')) ++place_;
+    if (Is('\n')) ++place_;
   }
 
   std::string_view Quoted() {
@@ -46,7 +47,7 @@ class ItemReader {
 
   std::string_view Plain() {
     const std::size_t start = place_;
-    while (!AtEnd() && !Is(',') && !Is('\r')) ++place_;
+    while (!AtEnd() && !Is(',') && !Is('\r') && !Is('\n')) ++place_;
     std::string_view item = text_.substr(start, place_ - start);
     while (item.ends_with(' ')) item.remove_suffix(1);
     return item;

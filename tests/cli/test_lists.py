@@ -44,6 +44,12 @@ class Lists(program.Case):
         texts = {entry["text"] for entry in self.inspect(self.folder / "out.docx")["entries"]}
         self.assertEqual(texts, {"Buyer", "Seller", "money", "Last words"})
 
+    def test_a_list_that_an_editor_on_linux_wrote_is_one_term_a_line(self):
+        self.list.write_bytes(b"money\nLast words\nzebra\n")
+        report = self.report("index", "contract.docx", "-o", "out.docx", "--load", "terms.txt")
+        self.assertEqual(sorted(report["chosen"]), ["Buyer", "Last words", "Seller", "money", "zebra"])
+        self.assertEqual(report["notFound"], ["zebra"])
+
     def test_a_loaded_list_goes_with_added_and_without_found_terms(self):
         self.list.write_bytes(b"money\r\n")
         report = self.report("index", "contract.docx", "-o", "out.docx", "--load", self.list, "--add", "good",

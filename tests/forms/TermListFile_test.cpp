@@ -35,8 +35,11 @@ TEST(TermListFile, EmptyLinesAndNeighbouringCommasAreEmptyItems) {
 
 TEST(TermListFile, TheLastLineNeedsNoEnd) { EXPECT_EQ(ReadTermItems("a\r\nb"), (Items{u"a", u"b"})); }
 
-TEST(TermListFile, ACarriageReturnAloneEndsALineAndALineFeedAloneDoesNot) {
-  EXPECT_EQ(ReadTermItems("a\rb\nc\r\n"), (Items{u"a", u"b\nc"}));
+TEST(TermListFile, ACarriageReturnALineFeedOrBothEndALine) {
+  EXPECT_EQ(ReadTermItems("a\rb\nc\r\nd"), (Items{u"a", u"b", u"c", u"d"}));
+  EXPECT_EQ(ReadTermItems("\"Acme, Inc.\"\nBuyer , Seller\n\nlast\n"),
+            (Items{u"Acme, Inc.", u"Buyer", u"Seller", u"", u"last"}));
+  EXPECT_EQ(ReadTermItems("a\n\rb"), (Items{u"a", u"", u"b"}));
 }
 
 TEST(TermListFile, NothingBehindCtrlZCounts) { EXPECT_EQ(ReadTermItems("a\r\nb\x1A\r\nc"), (Items{u"a", u"b"})); }
