@@ -67,6 +67,14 @@ FoundTerms Merge(FoundTerms found, const FoundTerms& story) {
 
 }  // namespace
 
+void EndProgress(const TermSearch& search) {
+  if (search.progressMode == ProgressMode::kWindow) {
+    search.progress.CloseProgress();
+  } else {
+    search.controls.StatusBar1.SetSimpleText(u"");
+  }
+}
+
 FoundTerms FindQuotedTerms(const TermSearch& search, const word::RangePtr& story, QuoteCodes codes, bool bold,
                            FoundTerms found) {
   search.controls.lstTermsInDoc.Clear();
@@ -85,10 +93,6 @@ FoundTerms FindQuotedTerms(const TermSearch& search, const word::RangePtr& story
   ShowStep(search, u"Restoring user options", u"Please wait:  restoring user options");
   found = Merge(std::move(found), terms);
   ShowStep(search, u"Sorting", u"Please wait:  sorting");
-  if (search.progressMode == ProgressMode::kWindow) {
-    search.progress.CloseProgress();
-  } else {
-    search.controls.StatusBar1.SetSimpleText(u"");
-  }
+  EndProgress(search);
   return found;
 }

@@ -41,6 +41,9 @@ struct TermSearch {
   ProgressMode progressMode{ProgressMode::kWindow};
 };
 
+/// Takes away what a search showed of its progress.
+void EndProgress(const TermSearch& search);
+
 /// Found terms are an array that is never empty: a single empty element means that nothing was found.
 using FoundTerms = std::vector<std::u16string>;
 

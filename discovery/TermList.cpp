@@ -37,7 +37,7 @@ bool BuildQuotedTermList(const TermSearch& search, const Host& host, QuoteCodes 
     const TermKind kind = bold ? TermKind::kBoldQuoted : TermKind::kQuoted;
     search.controls.lblTermsInDoc.SetCaption(FoundTermsLabel(kind, AnyFound(terms)));
   });
-  if (!done) search.progress.CloseProgress();
+  if (!done) EndProgress(search);
   return done;
 }
 

@@ -88,6 +88,8 @@ TEST_F(Refresh, AFailedSearchIsReportedAndLeavesTheList) {
       StepsThatSearch({u"a"}, R"({"click":"cmdRefresh"})", R"({"message":"Get list of terms failed","press":"OK"})");
   EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*a"}));
   EXPECT_FALSE(dialog.lblLabel1.Visible());
+  EXPECT_EQ(Events("status").at(0)["text"], "Please wait: Finding defined terms in document");
+  EXPECT_EQ(dialog.StatusBar1.SimpleText(), u"");
 }
 
 TEST_F(Refresh, TheStatusLinesAreDrawnBeforeTheSearch) {
