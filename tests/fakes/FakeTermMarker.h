@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <vector>
@@ -19,12 +20,11 @@ class FakeTermMarker : public TermMarker {
  public:
   explicit FakeTermMarker(CallLog& log) : log_(log) {}
 
+  /// Takes an empty text for a term, as a companion may.
   void AddTerm(const word::RangePtr& range, std::vector<std::u16string>& terms) override {
     const std::u16string text = range->Text();
     log_.Add("AddTerm " + Plain(text));
-    for (const std::u16string& term : terms) {
-      if (term == text) return;
-    }
+    if (std::find(terms.begin(), terms.end() - 1, text) != terms.end() - 1) return;
     terms.back() = text;
     terms.emplace_back();
   }
