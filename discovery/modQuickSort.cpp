@@ -58,6 +58,6 @@ void Sort(Items& items, int lo, int hi, int levels) {
 }  // namespace
 
 void QuickSort(std::vector<std::u16string>& items, int lo, int hi) {
-  const int evenLevels = std::bit_width(static_cast<unsigned>(hi - lo));
+  const auto evenLevels = static_cast<int>(std::bit_width(static_cast<unsigned>(hi - lo)));
   Sort(items, lo, hi, 2 * evenLevels);
 }
