@@ -6,6 +6,7 @@
 #include "discovery/LineText.h"
 #include "discovery/SmallWords.h"
 #include "platform/Quotes.h"
+#include "platform/word/Constants.h"
 
 namespace {
 
@@ -144,7 +145,9 @@ void CappedPhrases::TakeQuoted(Span inside) {
     inside.begin += article.size();
     break;
   }
-  const std::size_t last = text.find_last_not_of(u" ,.;:!?");
+  constexpr std::u16string_view kNoPartAtTheEnd{u" ,.;:!?\u0002"};
+  static_assert(kNoPartAtTheEnd.back() == word::kNoteReference);
+  const std::size_t last = text.find_last_not_of(kNoPartAtTheEnd);
   if (last == std::u16string_view::npos) return;
   text = text.substr(0, last + 1);
   inside.end = inside.begin + text.size();

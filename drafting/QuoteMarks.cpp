@@ -2,6 +2,7 @@
 
 #include "discovery/LineText.h"
 #include "platform/Quotes.h"
+#include "platform/word/Constants.h"
 
 #include <algorithm>
 #include <array>
@@ -81,6 +82,7 @@ std::u16string_view WithoutPunctuation(std::u16string_view term) {
 
 std::size_t ClosingMark(std::u16string_view text, std::size_t end) {
   if (end < text.size() && kPunctuation.find(text[end]) != std::u16string_view::npos) ++end;
+  while (end < text.size() && text[end] == word::kNoteReference) ++end;
   return end < text.size() && IsDoubleQuote(text[end]) ? end : text.size();
 }
 

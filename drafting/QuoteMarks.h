@@ -16,8 +16,8 @@ QuoteStyle StyleOf(char16_t open, char16_t close);
 /// “Parties.” The stop of an abbreviation stays: “Acorn Inc.”
 std::u16string_view WithoutPunctuation(std::u16string_view term);
 
-/// Index of the quotation mark behind a term that ends at an index, which punctuation may come before; the text's
-/// length when there is none.
+/// Index of the quotation mark behind a term that ends at an index, which punctuation and the marks of notes may come
+/// before; the text's length when there is none.
 std::size_t ClosingMark(std::u16string_view text, std::size_t end);
 
 /// The lines in which a quotation mark has no partner, of those texts in which the marks do not pair up on the whole: a

@@ -2,6 +2,7 @@
 
 #include "marker/PlainText.h"
 #include "platform/Quotes.h"
+#include "platform/word/Constants.h"
 
 #include <algorithm>
 #include <array>
@@ -28,6 +29,7 @@ bool EndsWithQuote(std::u16string_view text) { return !text.empty() && IsDoubleQ
 }  // namespace
 
 bool StandsInQuotes(const Letters& letters, std::u16string_view text, std::size_t begin, std::size_t end) {
+  while (end < text.size() && text[end] == word::kNoteReference) ++end;
   if (end >= text.size() || !IsDoubleQuote(text[end])) return false;
   const std::u16string_view before = text.substr(0, begin);
   if (EndsWithQuote(before)) return true;

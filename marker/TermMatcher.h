@@ -76,7 +76,8 @@ class TermMatcher {
   std::array<Node, 128> roots_;  ///< where a form begins: at every word of a text, so it is told at once for ASCII
 };
 
-/// Whether a stretch of a text stands directly in double quotes, or behind an article in them.
+/// Whether a stretch of a text stands directly in double quotes, or behind an article in them. The mark of a note may
+/// stand before the closing one.
 bool StandsInQuotes(const Letters& letters, std::u16string_view text, std::size_t begin, std::size_t end);
 
 /// Where the possessive ending behind a word ends; `end` itself when there is none.

@@ -37,6 +37,11 @@ class Check(program.Case):
             "usedBefore": ["Notice Period"], "otherCase": ["business day"], "otherNumber": ["Business Days"],
             "article": ["the Depot"], "mixedQuotes": ['"Vendor"']})
 
+    def test_a_definition_may_have_a_note_before_its_closing_mark(self):
+        check = self.findings("P “Bank[[fn: Or its successor.]]” means Acorn and “Sum,[[fn: In pounds.]]” means five.\n"
+                              "P The Bank pays the Sum.")
+        self.assertEqual([(term["term"], term["uses"]) for term in check["defined"]], [("Bank", 1), ("Sum", 1)])
+
     def test_a_finding_says_where_it_is_and_what_is_said_there(self):
         finding, = [finding for finding in self.findings(FAULTS)["findings"] if finding["kind"] == "usedBefore"]
         self.assertEqual(finding["sentence"], "The Buyer signs in the Notice Period.")

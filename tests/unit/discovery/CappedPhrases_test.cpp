@@ -155,6 +155,11 @@ TEST_F(PhrasesOfWords, ATextInQuotesIsOnePhraseAsItStands) {
       (Phrases{u"Terms and Conditions", u"Seller\u2019s Knowledge", u"Notice of default", u"Change in Control Date"}));
 }
 
+TEST_F(PhrasesOfWords, TheMarkOfANoteIsNoPartOfAQuotedPhrase) {
+  EXPECT_EQ(Of(u"the \u201CBank\u0002\u201D and the \u201CTerms and Conditions,\u0002\u201D\r"),
+            (Phrases{u"Bank", u"Terms and Conditions"}));
+}
+
 TEST_F(PhrasesOfWords, AQuotedPhraseIsKnownFromThereOn) {
   EXPECT_EQ(Of(u"\u201CTerms and Conditions\u201D\rthe Terms and Conditions. Terms and conditions\r"),
             (Phrases{u"Terms and Conditions", u"Terms and Conditions", u"Terms"}));

@@ -20,3 +20,9 @@ TEST(QuoteMarks, TheClosingMarkMayStandBehindPunctuation) {
   EXPECT_EQ(ClosingMark(u"Buyer, \u201D", 5), 8U) << "a blank parts them";
   EXPECT_EQ(ClosingMark(u"Buyer", 5), 5U);
 }
+
+TEST(QuoteMarks, TheClosingMarkMayStandBehindThatOfANote) {
+  EXPECT_EQ(ClosingMark(u"Buyer\u0002\u201D", 5), 6U);
+  EXPECT_EQ(ClosingMark(u"Buyer,\u0002\u0002\u201D", 5), 8U);
+  EXPECT_EQ(ClosingMark(u"Buyer\u0002", 5), 6U);
+}

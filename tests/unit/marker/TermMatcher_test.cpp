@@ -249,6 +249,13 @@ TEST_F(TermMatcherTest, OnlyAnArticleMayStandBetweenTheOpeningQuoteAndADefinitio
   }
 }
 
+TEST_F(TermMatcherTest, TheMarkOfANoteMayStandBetweenADefinitionAndItsClosingQuote) {
+  EXPECT_TRUE(Find({u"Buyer"}, u"\u201CBuyer\u0002\u201D")[0].definition);
+  EXPECT_TRUE(Find({u"Buyer"}, u"\"the Buyer\u0002\u0002\"")[0].definition);
+  EXPECT_FALSE(Find({u"Buyer"}, u"\u201CBuyer\u0002 \u201D")[0].definition);
+  EXPECT_FALSE(Find({u"Buyer"}, u"\u201CBuyer\u0002")[0].definition);
+}
+
 TEST_F(TermMatcherTest, ATermRunsAcrossNoBreakUnlessItHoldsOne) {
   EXPECT_TRUE(Found({u"Net Income"}, u"Net\rIncome Net\tIncome Net\u000BIncome").empty());
   EXPECT_EQ(Found({u"Net\tIncome"}, u"Net\tIncome"), Terms{u"0:Net\tIncome"});
