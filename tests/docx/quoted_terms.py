@@ -26,6 +26,7 @@ from xml.etree import ElementTree
 from count_occurrences import child, is_on, local, related, value
 
 CELL = "\x07"
+NOTE_OR_COMMENT = "\x02\x05"  # at its ends no part of a term
 CHARACTERS = {"tab": "\t", "ptab": "\t", "cr": "\v", "noBreakHyphen": "\x1e", "softHyphen": "\x1f", "sym": "(",
               "footnoteReference": "\x02", "endnoteReference": "\x02", "footnoteRef": "\x02", "endnoteRef": "\x02",
               "commentReference": "\x05"}
@@ -121,14 +122,14 @@ def readers_list(texts):
     terms = set()
     for text in texts:
         for paragraph in re.split(f"[\r{CELL}]", text):
-            terms.update(re.findall("“([^“”]+)”", paragraph))
-            terms.update(re.findall('"([^"]+)"', paragraph))
-    return terms
+            for quoted in re.findall("“([^“”]+)”", paragraph) + re.findall('"([^"]+)"', paragraph):
+                terms.add(quoted.strip(NOTE_OR_COMMENT))
+    return terms - {""}
 
 
 def next_quote_closes(text):
     found = re.findall(f'["“”]([^"“”{CELL}]*)["“”]', text)
-    return list(dict.fromkeys(term for term in found if term))
+    return [term for term in dict.fromkeys(text.strip(NOTE_OR_COMMENT) for text in found) if term]
 
 
 def merge(lists):
