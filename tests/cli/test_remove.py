@@ -217,6 +217,20 @@ class Update(program.Case):
         events = self.run_update(file, self.YES, {"message": "No defined terms index found", "press": "OK"})
         self.assertEqual([event for event in events if event["event"] == "message"][-1]["icon"], "exclamation")
 
+    def test_an_index_stored_as_one_element_is_updated_replaced_and_removed(self):
+        for result in ("", "<w:r><w:t>Old</w:t></w:r>"):
+            self.document()
+            self.edit("contract.docx", ("<w:sectPr", '<w:p><w:fldSimple w:instr=" INDEX \\f &quot;DefinedTermsIndex&quot; ">'
+                                        f"{result}</w:fldSimple></w:p><w:sectPr"))
+            for command in ("update", "index", "remove"):
+                self.check(command, "contract.docx", "-o", f"{command}.docx", "--force")
+            indexes = {command: [field["result"] for field in self.inspect(self.folder / f"{command}.docx")["fields"]
+                                 if field["kind"] == "INDEX"] for command in ("update", "index", "remove")}
+            self.assertEqual(indexes["update"], ["No index entries found.\r"])
+            self.assertEqual(len(indexes["index"]), 1)
+            self.assertIn("Buyer", indexes["index"][0])
+            self.assertEqual(indexes["remove"], [])
+
     def test_a_field_that_says_index_in_small_letters_does_not_count(self):
         self.indexed("--columns", "1")
         self.edit("indexed.docx", (" INDEX ", " index "))

@@ -24,6 +24,10 @@ inline std::string Field(const std::string& code, const std::string& result) {
   return FieldMark("begin") + Code(code) + FieldMark("separate") + TextRun(result) + FieldMark("end");
 }
 
+inline std::string SimpleField(const std::string& code, const std::string& content) {
+  return "<w:fldSimple w:instr=\"" + code + "\">" + content + "</w:fldSimple>";
+}
+
 inline std::string EntryField(const std::string& code) { return FieldMark("begin") + Code(code) + FieldMark("end"); }
 
 inline std::string Note(const std::string& kind, const std::string& content) {

@@ -305,6 +305,7 @@ void WriteResult(OpenDocument& document, const FieldSpan& field, const IndexOpti
 void UpdateIndexField(OpenDocument& document, const FieldSpan& given) {
   constexpr const char* kMember = "Field.Update";
   Story& main = document.Parts().Main();
+  main.ResolveSimpleField(given.begin);
   const OpeningParagraph opening(main, given);
   const std::vector<std::u16string> behind = BookmarksFrom(document, main, given.end);
   const auto written = [&](Position begin) { return *FieldAt(main.Atoms(), main.Atoms().At(begin)); };
@@ -333,6 +334,7 @@ void UpdateIndexField(OpenDocument& document, const FieldSpan& given) {
 
 void DeleteIndexField(OpenDocument& document, const FieldSpan& given) {
   Story& main = document.Parts().Main();
+  main.ResolveSimpleField(given.begin);
   const FieldSpan field = RemoveResult(main, given);
   main.Erase(field.begin, field.Behind());
   document.Parts().RemoveAddedIndexStyles();

@@ -26,6 +26,11 @@ struct Story::InsertionPoint {
   }
 };
 
+/// The text of an element that was just made, as an atom.
+inline Atom MakeAtom(XmlNode element, AtomKind kind, std::size_t length) {
+  return {element.Data(), static_cast<std::uint32_t>(length), kind, false};
+}
+
 /// Whether an element follows in the same container; white space between elements is nothing.
 bool HasElementBehind(XmlNode node);
 /// Whether an element is a tracked insertion, deletion or move of what it holds.

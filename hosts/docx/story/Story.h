@@ -70,6 +70,9 @@ class Story {
                        Containers containers = Containers::kHold);
   /// Puts the separator mark into a field that has none. @param tracked as above
   void InsertFieldSeparator(Position at, const Tracking* tracked = nullptr);
+  /// Gives a simple field, one element, the marks of a complex one, which may hold paragraphs. Positions stay. Any
+  /// other field stays as it is. @pre a field begins at the position
+  void ResolveSimpleField(Position begin);
   /// Exchanges the character of a paragraph mark: 12 once its paragraph has got section properties, 13 when it lost
   /// them.
   void SetMarkCharacter(Position mark, char16_t character);

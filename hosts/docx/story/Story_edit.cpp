@@ -22,11 +22,6 @@ bool IsText(const Atom& atom) { return atom.kind == AtomKind::kText || atom.kind
 
 bool IsJoinable(const Atom& atom) { return IsText(atom) || atom.kind == AtomKind::kCharacter; }
 
-/// The text of an element of run content that was just made, as an atom.
-Atom MakeAtom(XmlNode element, AtomKind kind, std::size_t length) {
-  return {element.Data(), static_cast<std::uint32_t>(length), kind, false};
-}
-
 }  // namespace
 
 void Story::DivideAt(Position position) {
@@ -171,54 +166,6 @@ void Story::InsertRunText(Position at, std::u16string_view text, const Tracking*
   }
   atoms_.Insert(point.before, atoms, text);
   MoveAnchors(at, 0, static_cast<Position>(text.size()));
-  part_->Touch();
-}
-
-Position Story::InsertField(Position at, std::u16string_view code, const RevisionStamp* tracked,
-                            Containers containers) {
-  InsertionPoint point = PrepareInsertion(at, containers);
-  if (tracked != nullptr) point = TrackInsertion(point, *tracked);
-  std::vector<Atom> atoms;
-  atoms.reserve(3);
-  const auto mark = [&](const char* type, AtomKind kind) {
-    XmlNode element = point.Add(*part_, "r").AppendChild(part_->Name("fldChar"));
-    part_->SetAttribute(element, "fldCharType", type);
-    atoms.push_back(MakeAtom(element, kind, 1));
-  };
-  mark("begin", AtomKind::kFieldBegin);
-  XmlNode run = point.Add(*part_, "r");
-  for (std::size_t from = 0; from < code.size();) {
-    const std::size_t tab = std::min(code.find(word::kTab, from), code.size());
-    if (tab > from) {
-      XmlNode element = run.AppendChild(part_->Name("instrText"));
-      SetText(element, ToUtf8(code.substr(from, tab - from)));
-      atoms.push_back(MakeAtom(element, AtomKind::kCode, tab - from));
-    }
-    if (tab < code.size()) {
-      atoms.push_back(MakeAtom(run.AppendChild(part_->Name("tab")), AtomKind::kCharacter, 1));
-    }
-    from = tab + 1;
-  }
-  mark("end", AtomKind::kFieldEnd);
-  std::u16string text;
-  text.reserve(code.size() + 2);
-  text += word::kFieldBegin;
-  text += code;
-  text += word::kFieldEnd;
-  atoms_.Insert(point.before, atoms, text);
-  MoveAnchors(at, 0, static_cast<Position>(text.size()));
-  part_->Touch();
-  return static_cast<Position>(text.size());
-}
-
-void Story::InsertFieldSeparator(Position at, const Tracking* tracked) {
-  InsertionPoint point = PrepareInsertion(at);
-  if (tracked != nullptr) point = TrackInsertion(point, *tracked);
-  XmlNode element = point.Add(*part_, "r").AppendChild(part_->Name("fldChar"));
-  part_->SetAttribute(element, "fldCharType", "separate");
-  atoms_.Insert(point.before, {MakeAtom(element, AtomKind::kFieldSeparator, 1)},
-                std::u16string_view(&word::kFieldSeparator, 1));
-  MoveAnchors(at, 0, 1);
   part_->Touch();
 }
 
@@ -382,32 +329,6 @@ void Story::Erase(Position start, Position end) {
   }
   part_->Touch();
   RejoinAt(start);
-}
-
-bool Story::EraseSimpleField(const AtomSequence::Place& begin, Position& left) {
-  // The element goes with its end mark, and only when that is erased too.
-  XmlNode field = atoms_.Get(begin).Node();
-  AtomSequence::Place place = atoms_.Next(begin);
-  const Position limit = place.start + left;
-  while (!atoms_.IsEnd(place) && place.start < limit) {
-    const Atom& atom = atoms_.Get(place);
-    if (atom.kind == AtomKind::kSimpleEnd && atom.Node() == field) {
-      XmlNode after = field;
-      for (XmlNode child = field.FirstChild(); child;) {
-        const XmlNode next = child.NextSibling();
-        after = field.Parent().InsertMoveAfter(child, after);
-        child = next;
-      }
-      const Position at = place.start;
-      atoms_.Remove(place);
-      MoveAnchors(at, 1, 0);
-      field.Parent().RemoveChild(field);
-      --left;
-      return true;
-    }
-    place = atoms_.Next(place);
-  }
-  return false;
 }
 
 std::vector<XmlNode> Story::IsolateRuns(Position start, Position end) {

@@ -257,6 +257,36 @@ TEST(Story, ASimpleFieldGoesWhole) {
   f.ExpectFresh();
 }
 
+TEST(Story, ASimpleFieldBecomesAComplexOneInItsPlace) {
+  StoryFixture f(P(R("a") +
+                   "<w:bookmarkStart w:id=\"1\" w:name=\"x\"/><w:fldSimple w:instr=\"A&#9;B\" w:fldLock=\"1\">"
+                   "<w:fldData>AA</w:fldData>" +
+                   R("3") + "<w:bookmarkStart w:id=\"2\" w:name=\"y\"/>" + R("4") +
+                   "<w:bookmarkEnd w:id=\"2\"/></w:fldSimple><w:bookmarkEnd w:id=\"1\"/>" + R("b")));
+  const std::string text = f.Text();
+  docx::Anchor inside(*f.story, 6, 7);
+  f.story->ResolveSimpleField(1);
+  EXPECT_EQ(f.Text(), text);
+  EXPECT_EQ(
+      f.Body(),
+      P(R("a") +
+        "<w:bookmarkStart w:id=\"1\" w:name=\"x\"/><w:r><w:fldChar w:fldCharType=\"begin\" w:fldLock=\"1\"/></w:r>"
+        "<w:r><w:instrText>A</w:instrText><w:tab/><w:instrText>B</w:instrText></w:r>"
+        "<w:r><w:fldChar w:fldCharType=\"separate\"/></w:r>" +
+        R("3") + "<w:bookmarkStart w:id=\"2\" w:name=\"y\"/>" + R("4") +
+        "<w:bookmarkEnd w:id=\"2\"/><w:r><w:fldChar w:fldCharType=\"end\"/></w:r>"
+        "<w:bookmarkEnd w:id=\"1\"/>" +
+        R("b")));
+  EXPECT_EQ(inside.start, 6);
+  EXPECT_EQ(inside.end, 7);
+  f.ExpectFresh();
+  f.story->ResolveSimpleField(1);
+  EXPECT_EQ(f.Text(), text);
+  f.story->Erase(1, 9);
+  EXPECT_EQ(f.Text(), "ab\r");
+  f.ExpectFresh();
+}
+
 TEST(Story, SurrogatePairsAreNotDivided) {
   StoryFixture f(P(R("a\xF0\x9D\x94\xB8z")));
   f.story->InsertText(3, u"-");
