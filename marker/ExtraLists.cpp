@@ -10,22 +10,40 @@
 #include "platform/word/Range.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace marker {
 namespace {
 
+/// Where what stands in front of a list in the range of its bookmark ends, as far as the index tells.
+std::optional<std::size_t> BehindIndex(const word::BookmarksPtr& bookmarks, const word::RangePtr& list) {
+  if (!bookmarks->Exists(kIndexBookmark)) return std::nullopt;
+  const word::RangePtr index = bookmarks->Item(kIndexBookmark)->Range();
+  if (index->StoryType() != list->StoryType() || index->End() > list->End()) return std::nullopt;
+  return static_cast<std::size_t>(std::max(index->End() - list->Start(), 0));
+}
+
+/// Where a list begins in the text of its bookmark's range: at the paragraph mark before its heading, but that line may
+/// have been deleted and the heading rewritten since.
+std::size_t ListBegin(std::u16string_view text, std::u16string_view heading, std::optional<std::size_t> behindIndex) {
+  const std::u16string opening = std::u16string(1, word::kParagraphMark).append(heading);
+  for (const std::u16string_view wanted : {std::u16string_view(opening), heading}) {
+    const std::size_t found = text.find(wanted, behindIndex.value_or(0));
+    if (found != std::u16string_view::npos) return found;
+  }
+  return behindIndex ? *behindIndex : std::min(text.find(word::kParagraphMark), text.size());
+}
+
 void RemoveList(const word::DocumentPtr& document, std::u16string_view name, std::u16string_view heading) {
   const word::BookmarksPtr bookmarks = document->Bookmarks();
   if (!bookmarks->Exists(name)) return;
   const word::RangePtr range = bookmarks->Item(name)->Range();
   const std::u16string text = TextByPosition(range);
-  const std::u16string opening = std::u16string(1, word::kParagraphMark).append(heading);
-  std::size_t mark = text.find(opening);
-  if (mark == std::u16string::npos) mark = text.find(word::kParagraphMark);
-  if (mark != std::u16string::npos) {
-    range->SetStart(range->Start() + static_cast<word::Position>(mark));
+  const std::size_t begin = ListBegin(text, heading, BehindIndex(bookmarks, range));
+  if (begin < text.size()) {
+    range->SetStart(range->Start() + static_cast<word::Position>(begin));
     range->Delete();
   }
   if (bookmarks->Exists(name)) bookmarks->Item(name)->Delete();

@@ -128,6 +128,40 @@ TEST_F(TermListsOnDocx, TheListsGoWithTheIndexWhereverItStands) {
   }
 }
 
+TEST_F(TermListsOnDocx, TheListsGoWholeThoughTheLinesAboveThemWereDeleted) {
+  for (const word::Position at : {0, 2, 4, 7, 13}) {
+    for (const int columns : {1, 2}) {
+      Index({.body = kTwoParagraphs, .section = "<w:pgSz w:w=\"11906\" w:h=\"16838\"/>"}, at, columns);
+      WriteLists();
+      for (const std::u16string heading : {u"\rDEFINED BUT", u"\rNOT FOUND"}) {
+        const word::Position line = Place(heading)->Start();
+        docx_->Document()->Range(line, line + 1)->Delete();
+      }
+      ExpectGivenBack();
+    }
+  }
+}
+
+TEST_F(TermListsOnDocx, TheListsGoWholeThoughTheirHeadingsWereRewritten) {
+  for (const bool isLineDeleted : {false, true}) {
+    Index({.body = kTwoParagraphs}, 4, 1);
+    WriteLists();
+    for (const auto& [heading, other] :
+         {std::pair{u"DEFINED BUT NOT USED", u"Never used"}, {u"NOT FOUND", u"Missing"}}) {
+      const word::RangePtr place = Place(heading);
+      place->SetText(other);
+      if (isLineDeleted) docx_->Document()->Range(place->Start() - 1, place->Start())->Delete();
+    }
+    ExpectGivenBack();
+  }
+}
+
+TEST_F(TermListsOnDocx, AnAuthorsTextThatReadsAsAHeadingStays) {
+  Index({.body = Paragraph(TextRun("one")) + Paragraph(TextRun("NOT FOUND, he said"))}, 4, 1);
+  WriteNotFoundList(docx_->Application(), docx_->Document(), u"Gone");
+  ExpectGivenBack();
+}
+
 TEST_F(TermListsOnDocx, AlignmentsInAnyWordsComeBack) {
   for (const std::string value : {"both", "start", "end", "distribute", "numTab", "nonsense", "left"}) {
     const std::string properties = "<w:pPr><w:jc w:val=\"" + value + "\"/></w:pPr>";
