@@ -25,7 +25,8 @@ bool IsOurIndexField(const word::FieldPtr& field) {
 bool IsParagraphStart(const word::DocumentPtr& document, word::Position position) {
   if (position == 0) return true;
   const std::u16string before = document->Range(position - 1, position)->Text();
-  return !before.empty() && (before.back() == word::kParagraphMark || before.back() == word::kPageBreak);
+  constexpr std::u16string_view kEnds{u"\r\f\a"};  // of paragraphs, sections, cells and rows
+  return !before.empty() && kEnds.find(before.back()) != std::u16string_view::npos;
 }
 
 /// An entry written right at the place has come to stand behind it: the index shall not part it from its word.

@@ -146,10 +146,18 @@ class Entries {
   std::vector<Entry> entries_;
 };
 
+/// Where no section can begin, and a row may move as a whole.
+bool IsInTable(const Story& main, Position position) {
+  XmlNode up = main.ParagraphAt(position);
+  while (up && !main.Part().Is(up, Tag::kTc)) up = up.Parent();
+  return !up.Empty();
+}
+
 /// Whether the result of an index will leave the pages of its entries as they are.
 bool PagesHold(OpenDocument& document, const FieldSpan& field, const IndexOptions& options, const Entries& entries) {
   if (!document.Pages().HoldsBefore()) return false;
   const Story& main = document.Parts().Main();
+  if (IsInTable(main, field.begin)) return false;
   if (options.columns == 0) return entries.StandBefore(main.ParagraphStart(field.begin));
   // Only there a section of its own ends what stood before it, and leaves that its properties.
   if (!main.Part().Is(main.ParagraphAt(field.begin).Parent(), Tag::kBody)) return false;
@@ -271,13 +279,14 @@ void WriteResult(OpenDocument& document, const FieldSpan& field, const IndexOpti
                  const std::vector<IndexParagraph>& content) {
   Story& main = document.Parts().Main();
   XmlPart& part = main.Part();
-  const bool ownSection = options.columns > 0;
+  const bool ownParagraphs = options.columns > 0;
+  const bool ownSection = ownParagraphs && !IsInTable(main, field.begin);
   const Tracking* tracked = TrackingOf(document, main, field);
 
   main.InsertFieldSeparator(field.end, tracked);
   Position at = field.end + 1;
   const Position firstMark = at;
-  if (ownSection) main.InsertText(at++, std::u16string_view(&word::kParagraphMark, 1), tracked);
+  if (ownParagraphs) main.InsertText(at++, std::u16string_view(&word::kParagraphMark, 1), tracked);
   std::vector<Written> written;
   for (const IndexParagraph& paragraph : content) {
     const std::u16string text = TextOf(paragraph) + word::kParagraphMark;
@@ -287,7 +296,7 @@ void WriteResult(OpenDocument& document, const FieldSpan& field, const IndexOpti
   }
   if (ownSection && !written.empty()) EncloseInSection(main, firstMark, at - 1, options.columns, tracked);
 
-  const int columns = std::max(options.columns, 1);
+  const int columns = ownSection ? options.columns : 1;
   const int tab = MeasureColumns(part, SectionAt(main, written.front().start)).Column(columns) - kTabInset;
   for (const Written& each : written) {
     const bool heading = each.paragraph->heading;
