@@ -49,6 +49,14 @@ bool IsMarked(const word::DocumentPtr& document) {
   });
 }
 
+/// They were written between the index and the record of an index at the document's start, and may go with it.
+void KeepRecordApartFromLists(const word::DocumentPtr& document) {
+  const word::BookmarksPtr bookmarks = document->Bookmarks();
+  for (const std::u16string_view name : {kNotUsedListBookmark, kNotFoundListBookmark}) {
+    if (bookmarks->Exists(name)) HighlightRecord(document).KeepApartFrom(bookmarks->Item(name)->Range());
+  }
+}
+
 /// A term that holds a mark or a break is a line nevertheless.
 void AppendLine(std::u16string& lines, std::u16string_view line) {
   if (!lines.empty()) lines.append(u"\r\n");
@@ -98,6 +106,7 @@ void KvxTermMarker::BeginIndexing(const word::DocumentPtr& document) {
 void KvxTermMarker::EndIndexing(const word::DocumentPtr& document) {
   WriteEntries();
   run_.reset();
+  KeepRecordApartFromLists(document);
   if (HaveListsMovedEntries(document)) UpdateIndexField(document);
 }
 

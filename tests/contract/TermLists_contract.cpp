@@ -162,6 +162,30 @@ TEST_F(TermListsOnDocx, AnAuthorsTextThatReadsAsAHeadingStays) {
   ExpectGivenBack();
 }
 
+TEST_F(TermListsOnDocx, DeletingThemByHandWithAnIndexAtTheStartKeepsTheRecordOfHighlights) {
+  for (const auto& [isNotUsed, isNotFound] : {std::pair{true, true}, {true, false}, {false, true}}) {
+    docx_.emplace(DocxDocument::Parts{.body = Paragraph(TextRun("the Lender")) + Paragraph(TextRun("a Lender"))});
+    before_ = docx_->Canonical();
+    const word::DocumentPtr document = docx_->Document();
+    document->Bookmarks()->Add(u"IndexBKStart", document->Range(0, 0));
+    marker_->BeginIndexing(document);
+    marker_->BuildTermTable(docx_->Application(), document, {u"Lender"}, true);
+    EXPECT_EQ(marker_->MarkTermInStory(document, docx_->Story(), u"Lender", 0, 1, true, false, u"IndexAll", u""), 2);
+    marker_->InsertIndex(docx_->Application(), document, 1, u":  \t");
+    if (isNotUsed) WriteNotUsedList(document, u"Buyer");
+    if (isNotFound) WriteNotFoundList(docx_->Application(), document, u"Gone");
+    marker_->EndIndexing(document);
+    document->Bookmarks()->Item(u"IndexBKStart")->Delete();
+    const word::Position end =
+        document->Bookmarks()->Item(isNotFound ? kNotFoundListBookmark : kNotUsedListBookmark)->Range()->End();
+    document->Range(0, end)->Delete();
+    marker_->RemoveTermHighlighting(document);
+    EXPECT_EQ(docx_->Part("word/document.xml").find("<w:highlight"), std::string::npos);
+    marker_->RemoveIndexEntries(docx_->Application(), document, false);
+    EXPECT_EQ(docx_->Part("word/document.xml"), before_.at("word/document.xml"));
+  }
+}
+
 TEST_F(TermListsOnDocx, AlignmentsInAnyWordsComeBack) {
   for (const std::string value : {"both", "start", "end", "distribute", "numTab", "nonsense", "left"}) {
     const std::string properties = "<w:pPr><w:jc w:val=\"" + value + "\"/></w:pPr>";
