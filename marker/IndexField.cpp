@@ -8,6 +8,7 @@
 #include "platform/word/Constants.h"
 #include "platform/word/Document.h"
 #include "platform/word/Fields.h"
+#include "platform/word/HostError.h"
 #include "platform/word/Range.h"
 
 #include <algorithm>
@@ -59,7 +60,12 @@ word::Position BehindFieldsAround(const word::DocumentPtr& document, word::Posit
 word::RangePtr InsertIndexField(const word::DocumentPtr& document, int columns, std::u16string_view separator) {
   const word::BookmarksPtr bookmarks = document->Bookmarks();
   // An empty range: a bookmark over text must not cost that text.
-  const word::Position start = bookmarks->Item(kIndexStartBookmark)->Range()->Start();
+  const word::RangePtr place = bookmarks->Item(kIndexStartBookmark)->Range();
+  if (place->StoryType() != word::wdMainTextStory) {
+    throw word::HostError(word::kCommandFailed,
+                          u"Your defined terms index has to be in the main body of your document.", "Fields.Add");
+  }
+  const word::Position start = place->Start();
   const word::Position at = BehindEntriesAt(document, BehindFieldsAround(document, start));
   const int wanted = std::clamp(columns, 1, kMostColumns);
   const bool isPlain = wanted == 1 && IsParagraphStart(document, at);

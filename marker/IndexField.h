@@ -11,7 +11,7 @@ namespace marker {
 /// gets a section of its own, since its entries need paragraphs of their own.
 /// @param columns brought into 1 to 4
 /// @return the range of the index
-/// @throws HostError kMemberDoesNotExist without the bookmark
+/// @throws HostError kMemberDoesNotExist without the bookmark, kCommandFailed when that is not in the main text
 word::RangePtr InsertIndexField(const word::DocumentPtr& document, int columns, std::u16string_view separator);
 
 /// Updates the first index of ours; none is no error.

@@ -283,6 +283,23 @@ TEST_F(TermMarkerOnDocx, UpdatingBringsANewOccurrencesPageIn) {
   EXPECT_NE(docx_->Text().find(u"Buyer:  \t1"), std::u16string::npos);
 }
 
+TEST_F(TermMarkerOnDocx, AnIndexDoesNotGoIntoANote) {
+  Open({.body = Paragraph(TextRun("Lender") + "<w:r><w:footnoteReference w:id=\"2\"/></w:r>"),
+        .footnotes = Note("footnote", TextRun(" the Lender"))});
+  const word::DocumentPtr document = docx_->Document();
+  const word::RangePtr place = docx_->Story(word::wdFootnotesStory);
+  place->Collapse(word::wdCollapseStart);
+  document->Bookmarks()->Add(u"IndexBKStart", place);
+  const auto before = docx_->Canonical();
+  try {
+    marker_->InsertIndex(docx_->Application(), document, 1, u", ");
+    ADD_FAILURE() << "it went in";
+  } catch (const word::HostError& error) {
+    EXPECT_EQ(error.Description(), u"Your defined terms index has to be in the main body of your document.");
+  }
+  ExpectSameParts(before);
+}
+
 TEST_F(TermMarkerOnDocx, AProtectedDocumentIsLeftAlone) {
   Open({.body = Paragraph(TextRun("Lender")),
         .settings = "<w:documentProtection w:edit=\"readOnly\" w:enforcement=\"1\"/>"});
