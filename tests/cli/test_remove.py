@@ -36,14 +36,26 @@ class Remove(program.Case):
         self.document()
         self.check("index", "contract.docx", "-o", "indexed.docx")
         result = self.check("remove", "indexed.docx", "-o", "out.docx", "--transcript", "log.jsonl", "--progress")
+        self.assertIn("Removing index entries", result.err)
+        self.check_steps(self.without_menu(self.events(self.folder / "log.jsonl")))
+
+    def test_all_steps_run_on_a_document_that_was_never_indexed_and_the_cursor_ends_on_the_first_page(self):
+        self.document(lines="P The Buyer pays.\nN\nP The second page.\n")
+        (self.folder / "answers.json").write_text('{"state":{"cursor":{"story":1,"start":22,"end":25}},"answers":[]}')
+        self.check("run", "remove", "contract.docx", "-o", "out.docx", "--answers", "answers.json", "--transcript",
+                   "log.jsonl")
         events = self.without_menu(self.events(self.folder / "log.jsonl"))
+        self.check_steps(events)
+        self.assertEqual((self.folder / "contract.docx").read_bytes(), (self.folder / "out.docx").read_bytes())
+
+    def check_steps(self, events):
+        """All steps of a removal, one after the other, and the cursor at the document's start."""
         self.assertEqual([event["operation"] for event in events if event["event"] == "marker"],
                          ["RemoveIndexEntries", "RemoveIndex", "RemoveTermHighlighting"])
         steps = [event for event in events if event["event"] == "progress" and "shown" not in event]
         self.assertEqual([event["lines"][0] for event in steps],
                          ["Removing index entries", "Removing index", "Removing highlighting from indexed terms"])
         self.assertEqual({event["caption"] for event in steps}, {"Please wait"})
-        self.assertIn("Removing index entries", result.err)
         calls = [event["member"] for event in events if event["event"] == "word"]
         self.assertEqual(calls, ["Application.ScreenUpdating", "UndoClear", "UndoClear", "UndoClear", "Selection.GoTo",
                                  "Application.ScreenUpdating", "ScreenRefresh", "Selection.GoTo"])
