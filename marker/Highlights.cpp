@@ -141,8 +141,10 @@ void HighlightRecord::KeepQuotes(const word::RangePtr& story, char16_t quote) {
 
 std::vector<Stretch> HighlightRecord::Authors(int storyType) const { return AuthorsIn(Records(), storyType); }
 
+// Of a text box or header, of which there may be many, the type does not say which it is.
 std::vector<Stretch> HighlightRecord::AuthorsIn(const std::vector<Record>& records, int storyType) {
   std::vector<Stretch> authors;
+  if (storyType >= word::wdCommentsStory) return authors;
   for (const Record& record : records) {
     if (record.colour == word::wdNoHighlight) continue;
     const word::RangePtr range = record.bookmark->Range();
@@ -174,14 +176,19 @@ void HighlightRecord::PutBack() {
                                       [](const Record& record) { return record.colour != word::wdNoHighlight; });
   std::map<int, std::vector<Stretch>> authors;
   for (const Record& record : records) {
+    if (record.colour != word::wdNoHighlight) continue;
     const word::RangePtr range = record.bookmark->Range();
-    if (!hasAuthors || record.colour != word::wdNoHighlight) {
-      range->SetHighlightColorIndex(record.colour);
+    if (!hasAuthors) {
+      range->SetHighlightColorIndex(word::wdNoHighlight);
       continue;
     }
     const auto [ofStory, isNew] = authors.try_emplace(range->StoryType());
     if (isNew) ofStory->second = AuthorsIn(records, range->StoryType());
     TakeHighlightOff(range, {range->Start(), range->End()}, ofStory->second);
+  }
+  // Last, since nothing told which of them lie in a text box or header.
+  for (const Record& record : records) {
+    if (record.colour != word::wdNoHighlight) record.bookmark->Range()->SetHighlightColorIndex(record.colour);
   }
   for (const Record& record : records) record.bookmark->Delete();
   if (IsLaidOn()) bookmarks_->Item(kLaidOnName)->Delete();

@@ -2,6 +2,7 @@
 
 #include "marker/Entries.h"
 #include "marker/FieldScan.h"
+#include "marker/Stories.h"
 #include "marker/StoryText.h"
 #include "platform/BookmarkNames.h"
 #include "platform/word/Bookmarks.h"
@@ -93,10 +94,12 @@ void UpdateIndexField(const word::DocumentPtr& document) {
 }
 
 void RemoveIndexFields(const word::DocumentPtr& document) {
-  const word::FieldsPtr fields = document->Fields();
-  for (int index = fields->Count(); index >= 1; --index) {
-    const word::FieldPtr field = fields->Item(index);
-    if (IsOurIndexField(field)) field->Delete();
+  for (const word::RangePtr& story : AllStories(document)) {
+    const word::FieldsPtr fields = story->Fields();
+    for (int index = fields->Count(); index >= 1; --index) {
+      const word::FieldPtr field = fields->Item(index);
+      if (IsOurIndexField(field)) field->Delete();
+    }
   }
   const word::BookmarksPtr bookmarks = document->Bookmarks();
   if (bookmarks->Exists(kIndexBookmark)) bookmarks->Item(kIndexBookmark)->Delete();

@@ -17,7 +17,7 @@ word::RangePtr InsertIndexField(const word::DocumentPtr& document, int columns, 
 /// Updates the first index of ours; none is no error.
 void UpdateIndexField(const word::DocumentPtr& document);
 
-/// Removes every index of ours with the bookmark over it.
+/// Removes every index of ours, wherever it was moved to, with the bookmark over it.
 void RemoveIndexFields(const word::DocumentPtr& document);
 
 }  // namespace marker

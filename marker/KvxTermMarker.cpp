@@ -6,6 +6,7 @@
 #include "marker/IndexField.h"
 #include "marker/KeptPlaces.h"
 #include "marker/PlainText.h"
+#include "marker/Stories.h"
 #include "marker/StoryText.h"
 #include "platform/BookmarkNames.h"
 #include "platform/TermText.h"
@@ -23,18 +24,6 @@ namespace marker {
 namespace {
 
 constexpr std::u16string_view kDefinitionsOnly = u"IndexDefs";
-
-/// The stories that are marked: main text, footnotes and endnotes.
-std::vector<word::RangePtr> MarkedStories(const word::DocumentPtr& document) {
-  std::vector<word::RangePtr> stories;
-  const word::StoryRangesPtr all = document->StoryRanges();
-  const int count = all->Count();
-  for (int index = 1; index <= count; ++index) {
-    word::RangePtr story = all->Item(index);
-    if (story->StoryType() < word::wdCommentsStory) stories.push_back(std::move(story));
-  }
-  return stories;
-}
 
 /// Whether the document holds anything that an earlier run put there.
 bool IsMarked(const word::DocumentPtr& document) {
@@ -165,7 +154,7 @@ void KvxTermMarker::RemoveIndexEntries(const word::ApplicationPtr& /*application
   const KeptPlaces places(document);
   HighlightRecord record(document);
   const bool isHighlighted = record.IsLaidOn();
-  for (const word::RangePtr& story : MarkedStories(document)) {
+  for (const word::RangePtr& story : AllStories(document)) {
     RemoveEntriesOf(document, story, record, isHighlighted);
   }
   places.PutBack();
@@ -211,14 +200,14 @@ void KvxTermMarker::RemoveIndex(const word::ApplicationPtr& /*application*/, con
 void KvxTermMarker::RemoveTermHighlighting(const word::DocumentPtr& document) {
   HighlightRecord record(document);
   if (record.IsLaidOn()) {
-    for (const word::RangePtr& story : MarkedStories(document)) RemoveHighlightsOf(document, story, record);
+    for (const word::RangePtr& story : AllStories(document)) RemoveHighlightsOf(document, story, record);
   }
   record.PutBack();
 }
 
 void KvxTermMarker::RemoveHighlightsOf(const word::DocumentPtr& document, const word::RangePtr& story,
                                        const HighlightRecord& record) {
-  if (story->HighlightColorIndex() == word::wdNoHighlight) return;
+  if (story->Fields()->Count() == 0 || story->HighlightColorIndex() == word::wdNoHighlight) return;
   const StoryText text(document, story, StoryText::Hidden::kKept);
   HighlightedEntries highlighted(letters_, text);
   const word::RangePtr range = story->Duplicate();

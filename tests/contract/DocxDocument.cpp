@@ -71,8 +71,10 @@ std::unique_ptr<docx::Package> Pack(const DocxDocument::Parts& parts) {
               "</w:style>" +
                   parts.styles));
   add("settings", "settings", Element("settings", parts.settings));
+  if (!parts.header.empty()) add("header", "header", Element("hdr", parts.header));
   if (!parts.footnotes.empty()) add("footnotes", "footnotes", Element("footnotes", parts.footnotes));
   if (!parts.endnotes.empty()) add("endnotes", "endnotes", Element("endnotes", parts.endnotes));
+  if (!parts.comments.empty()) add("comments", "comments", Element("comments", parts.comments));
   files.emplace_back("[Content_Types].xml", types + "</Types>");
   files.emplace_back("word/_rels/document.xml.rels", relations + "</Relationships>");
   files.emplace_back("_rels/.rels",

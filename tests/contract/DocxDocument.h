@@ -19,6 +19,8 @@ class DocxDocument {
     std::string section{};    ///< the content of the last w:sectPr
     std::string styles{};     ///< w:style elements beside the default paragraph style
     std::string settings{};   ///< the content of w:settings
+    std::string comments{};   ///< w:comment elements
+    std::string header{};     ///< the blocks of a header, which section properties refer to as "rId3"
   };
 
   explicit DocxDocument(const Parts& parts, docx::PageSource pages = docx::PageSource::kFile);

@@ -106,6 +106,16 @@ const std::vector<std::unique_ptr<Story>>& DocumentParts::Stories(int type) {
   return stories_[type];
 }
 
+Story* DocumentParts::StoryBehind(const Story& story) {
+  const std::vector<std::unique_ptr<Story>>& stories = Stories(story.Type());
+  if (behind_ >= stories.size() || stories[behind_].get() != &story) {
+    const auto found =
+        std::find_if(stories.begin(), stories.end(), [&](const auto& one) { return one.get() == &story; });
+    behind_ = static_cast<std::size_t>(found - stories.begin());
+  }
+  return ++behind_ < stories.size() ? stories[behind_].get() : nullptr;
+}
+
 void DocumentParts::LoadNotes(int type) {
   const bool foot = type == word::wdFootnotesStory;
   const Tag referenceTag = foot ? Tag::kFootnoteReference : Tag::kEndnoteReference;
@@ -152,10 +162,40 @@ void DocumentParts::LoadTextBoxes() {
   ForEachElement(mainPart_->Root(), [&](XmlNode node) {
     const Tag tag = mainPart_->TagOf(node);
     if (tag == Tag::kTxbxContent) boxes.push_back(node);
+    if (tag == Tag::kAlternateContent) CollectTextBoxTwins(node);
     // The same box stands in every branch of an alternate content; the branch that is shown counts.
     return tag != Tag::kFallback || !mainPart_->Child(node.Parent(), Tag::kChoice);
   });
   for (const XmlNode box : boxes) AddStory(mainPart_, word::wdTextFrameStory, {box});
+  if (!twins_.empty()) twinsEqualSince_ = mainPart_->BeginPeriod();
+}
+
+void DocumentParts::CollectTextBoxTwins(XmlNode alternate) {
+  const auto boxesIn = [this](XmlNode branch) {
+    std::vector<XmlNode> boxes;
+    ForEachElement(branch, [&](XmlNode node) {
+      const bool isBox = mainPart_->Is(node, Tag::kTxbxContent);
+      if (isBox) boxes.push_back(node);
+      return !isBox;
+    });
+    return boxes;
+  };
+  const std::vector<XmlNode> shown = boxesIn(mainPart_->Child(alternate, Tag::kChoice));
+  const std::vector<XmlNode> other = boxesIn(mainPart_->Child(alternate, Tag::kFallback));
+  if (shown.size() != other.size()) return;
+  for (std::size_t i = 0; i < shown.size(); ++i) twins_.push_back({shown[i], other[i]});
+}
+
+void DocumentParts::SettleTextBoxTwins() {
+  bool isAnyChanged = false;
+  // A box in a box comes behind it, and is copied with it.
+  for (auto twin = twins_.rbegin(); twin != twins_.rend(); ++twin) {
+    if (!twin->shown.ChangedSince(twinsEqualSince_)) continue;
+    isAnyChanged = true;
+    while (const XmlNode child = twin->other.FirstChild()) twin->other.RemoveChild(child);
+    for (const XmlNode child : twin->shown.Children()) twin->other.AppendCopy(child);
+  }
+  if (isAnyChanged) twinsEqualSince_ = mainPart_->BeginPeriod();
 }
 
 void DocumentParts::LoadHeadersAndFooters() {
@@ -167,6 +207,8 @@ void DocumentParts::LoadHeadersAndFooters() {
       targets[relationship.id] = relationship.target;
     }
   }
+  // One that several sections refer to is one story: two would not know of each other's changes.
+  std::set<const XmlPart*> known;
   ForEachElement(mainPart_->Root(), [&](XmlNode node) {
     const Tag tag = mainPart_->TagOf(node);
     if (tag != Tag::kSectPr) return tag != Tag::kR && tag != Tag::kRPr && tag != Tag::kTbl;
@@ -178,6 +220,7 @@ void DocumentParts::LoadHeadersAndFooters() {
           const auto target = targets.find(attribute.Value());
           if (target == targets.end()) continue;
           const std::shared_ptr<XmlPart> part = Load(target->second);
+          if (!known.insert(part.get()).second) continue;
           AddStory(part, HeaderStoryType(header, mainPart_->Attribute(reference, "type").Value()), {part->Root()});
         }
       }
@@ -287,6 +330,7 @@ void DocumentParts::Settle() {
   for (const auto& [type, stories] : stories_) {
     for (const auto& story : stories) story->DropApartMarks();
   }
+  SettleTextBoxTwins();
 }
 
 const Package& DocumentParts::Updated() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -31,6 +33,8 @@ class DocumentParts {
   /// any number for text boxes, headers and footers. Empty when there is none.
   /// @throws PackageError when their part cannot be read
   const std::vector<std::unique_ptr<Story>>& Stories(int type);
+  /// The story behind another among those of its type; nullptr behind the last.
+  Story* StoryBehind(const Story& story);
   /// The types of which a document can have stories, in ascending order.
   static constexpr int kLastStoryType = 11;
 
@@ -73,6 +77,15 @@ class DocumentParts {
   void LoadHeadersAndFooters();
   void AddStory(std::shared_ptr<XmlPart> part, int type, const std::vector<XmlNode>& containers);
 
+  void CollectTextBoxTwins(XmlNode alternate);
+  void SettleTextBoxTwins();
+
+  /// A text box in the branch of an alternate content that is shown, and the same box in the other branch.
+  struct TextBoxTwins {
+    XmlNode shown;
+    XmlNode other;
+  };
+
   std::unique_ptr<Package> package_;
   std::map<std::string, std::shared_ptr<XmlPart>> parts_;
   std::shared_ptr<XmlPart> mainPart_;
@@ -83,6 +96,9 @@ class DocumentParts {
   std::map<const XmlPart*, Highlighter> highlights_;
   Story* main_{nullptr};
   std::map<int, std::vector<std::unique_ptr<Story>>> stories_;
+  std::size_t behind_{0};  // where the next look-up of StoryBehind most likely finds its story
+  std::vector<TextBoxTwins> twins_;
+  std::uint32_t twinsEqualSince_{0};  // a period of XmlNode::ChangedSince
 };
 
 }  // namespace docx

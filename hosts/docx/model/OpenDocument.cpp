@@ -10,7 +10,7 @@ namespace docx {
 
 OpenDocument::OpenDocument(std::unique_ptr<Package> package, DocumentSettings settings, DocumentFile& file)
     : settings_(std::move(settings)), file_(file), parts_(std::move(package)), revisions_(parts_) {
-  for (const int type : {word::wdMainTextStory, word::wdFootnotesStory, word::wdEndnotesStory}) {
+  for (int type = word::wdMainTextStory; type <= DocumentParts::kLastStoryType; ++type) {
     for (const auto& story : parts_.Stories(type)) bookmarks_.Read(*story);
   }
   Select(parts_.Main(), 0, 0);

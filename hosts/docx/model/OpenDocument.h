@@ -19,7 +19,7 @@ class OpenDocument {
   OpenDocument(std::unique_ptr<Package> package, DocumentSettings settings, DocumentFile& file);
 
   DocumentParts& Parts() { return parts_; }
-  /// The bookmarks of main text and notes.
+  /// The bookmarks of all stories.
   BookmarkIndex& Bookmarks() { return bookmarks_; }
   RevisionMarks& Revisions() { return revisions_; }
   Anchor& Selection() { return *selection_; }

@@ -156,11 +156,8 @@ Position RangeProxy::StoryLength() const { return StoryOf("Range.StoryLength").L
 
 word::RangePtr RangeProxy::NextStoryRange() const {
   const std::shared_ptr<OpenDocument> document = Lock(document_, "Range.NextStoryRange");
-  const auto& stories = document->Parts().Stories(anchor_.Of()->Type());
-  for (std::size_t i = 0; i + 1 < stories.size(); ++i) {
-    if (stories[i].get() == anchor_.Of()) return Make(document, *stories[i + 1], 0, stories[i + 1]->Length());
-  }
-  return nullptr;
+  Story* behind = document->Parts().StoryBehind(*anchor_.Of());
+  return behind == nullptr ? nullptr : Make(document, *behind, 0, behind->Length());
 }
 
 word::RangePtr RangeProxy::Duplicate() const {
