@@ -3,6 +3,8 @@
 #include "platform/word/Document.h"
 #include "platform/word/Range.h"
 
+#include <utility>
+
 namespace marker {
 
 std::vector<word::RangePtr> MarkedStories(const word::DocumentPtr& document) {

@@ -2,6 +2,7 @@
 
 #include "platform/word/Fields.h"
 
+#include <iterator>
 #include <regex>
 
 namespace {
