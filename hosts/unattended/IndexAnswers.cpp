@@ -63,9 +63,11 @@ class Steps {
     for (int i = 0; i < box.ListCount(); ++i) entries.push_back(box.List(i));
     return entries;
   }
-  bool Holds(const char* list, const std::u16string& item) {
-    const std::vector<std::u16string> entries = Entries(list);
-    return std::find(entries.begin(), entries.end(), item) != entries.end();
+  /// The entries of a list that are a term, as the dialog compares them: whatever blanks stand around them.
+  std::vector<std::u16string> EntriesOf(const char* list, const std::u16string& term) {
+    std::vector<std::u16string> entries = Entries(list);
+    std::erase_if(entries, [&](const std::u16string& entry) { return TrimBlanks(entry) != term; });
+    return entries;
   }
 
  private:
@@ -184,14 +186,15 @@ void IndexAnswers::ChooseTerms(forms::Form& form, const std::function<void()>& s
   Steps steps(form, stepDone);
   if (options_.onlyAdded) steps.Click("cmdDeselectAllTermsInDoc");
   for (const std::string& term : options_.exclude) {
-    const std::u16string text = Trimmed(term);
-    if (steps.Holds("lstTermsInDoc", text)) steps.Select("lstTermsInDoc", text, false);
+    for (const std::u16string& entry : steps.EntriesOf("lstTermsInDoc", Trimmed(term))) {
+      steps.Select("lstTermsInDoc", entry, false);
+    }
   }
   for (const std::string& term : options_.add) {
     const std::u16string text = Trimmed(term);
-    if (steps.Holds("lstTermsInDoc", text)) {
-      steps.Select("lstTermsInDoc", text, true);
-    } else if (!text.empty() && !steps.Holds("lstAddTerms", text)) {
+    const std::vector<std::u16string> found = steps.EntriesOf("lstTermsInDoc", text);
+    for (const std::u16string& entry : found) steps.Select("lstTermsInDoc", entry, true);
+    if (found.empty() && !text.empty() && steps.EntriesOf("lstAddTerms", text).empty()) {
       steps.Type("txtAddTerm", ToUtf8(text));
       steps.Click("cmdAddTerm");
     }

@@ -119,6 +119,16 @@ class Index(program.Case):
         self.assertEqual(chosen("--add", "Wombat", "--add", "Last"), (["Buyer", "Seller", "Wombat", "Last"], ["Wombat"]))
         self.assertEqual(chosen("--only-added", "--add", "Seller"), (["Seller"], []))
 
+    def test_a_found_term_with_blanks_in_its_quotes_is_selected_and_deselected_without_them(self):
+        self.document(lines="P “ Buyer ” means Acorn and “Seller” means Bramble.\nP The Buyer pays the Seller.")
+        def chosen(*arguments):
+            report = self.report("index", "contract.docx", "-o", "out.docx", "--force", *arguments)
+            return report["chosen"], report["notFound"], report["messages"]
+        self.assertEqual(chosen("--add", "Buyer"), ([" Buyer ", "Seller"], [], []))
+        self.assertEqual(chosen("--only-added", "--add", "Buyer"), ([" Buyer "], [], []))
+        self.assertEqual(chosen("--exclude", "Buyer"), (["Seller"], [], []))
+        self.assertEqual(chosen("--exclude", " Buyer "), (["Seller"], [], []))
+
     def test_no_term_chosen_stops_the_run(self):
         self.document()
         result = self.check("index", "contract.docx", "-o", "out.docx", "--only-added", status=1)

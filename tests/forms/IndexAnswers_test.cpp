@@ -122,6 +122,49 @@ TEST_F(Index, ExcludedTermsAreDeselectedAndAddedOnesTypedOrSelected) {
   EXPECT_TRUE(log.Contains("BuildTermTable True Buyer Closing Date"));
 }
 
+TEST_F(Index, AFoundTermWithBlanksAroundItIsTheAddedOne) {
+  IndexOptions wanted;
+  wanted.onlyAdded = true;
+  wanted.add = {"Buyer", " Seller"};
+  frmKVX_COM& dialog = ShowTerms(wanted, {u" Buyer ", u"Agent", u"Seller ", u"Seller"});
+  EXPECT_EQ(source->Failure(), "");
+  EXPECT_TRUE(shown.empty());
+  EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"* Buyer ", u"Agent", u"*Seller ", u"*Seller"}));
+  EXPECT_EQ(Entries(dialog.lstAddTerms), Texts{});
+}
+
+TEST_F(Index, AFoundTermWithBlanksAroundItIsExcluded) {
+  for (const char* term : {"Buyer", " Buyer "}) {
+    IndexOptions wanted;
+    wanted.exclude = {term};
+    frmKVX_COM& dialog = ShowTerms(wanted, {u" Buyer ", u"Buyer", u"Seller"});
+    EXPECT_EQ(source->Failure(), "");
+    EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u" Buyer ", u"Buyer", u"*Seller"}));
+  }
+}
+
+TEST_F(Index, OnlyBlanksAreLookedPast) {
+  IndexOptions wanted;
+  wanted.add = {"Buyer"};
+  frmKVX_COM& dialog = ShowTerms(wanted, {u"\u00A0Buyer"});
+  EXPECT_TRUE(shown.empty());
+  EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*\u00A0Buyer"}));
+  EXPECT_EQ(Entries(dialog.lstAddTerms), (Texts{u"*Buyer"}));
+}
+
+TEST_F(Index, ALoadedTermWithBlanksBehindItIsNotAddedAgain) {
+  files.folders = {u"C:", u"C:\\Data"};
+  files.files.insert(u"C:\\Data\\my.txt");
+  files.contents[u"C:\\Data\\my.txt"] = "\"Agent \"\r\n";
+  IndexOptions wanted;
+  wanted.load = "C:\\Data\\my.txt";
+  wanted.add = {"Agent"};
+  frmKVX_COM& dialog = ShowTerms(wanted, {u"Buyer"});
+  EXPECT_EQ(source->Failure(), "");
+  EXPECT_TRUE(shown.empty());
+  EXPECT_EQ(Entries(dialog.lstAddTerms), (Texts{u"*Agent "}));
+}
+
 TEST_F(Index, OnlyAddedLeavesTheFoundTermsThatAreAdded) {
   IndexOptions wanted;
   wanted.onlyAdded = true;
