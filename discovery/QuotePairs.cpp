@@ -60,15 +60,25 @@ QuoteCount Judge(QuoteCodes codes, int open, int close) {
 
 /// The first story whose quotation marks do not pair up; empty: none, or it cannot be told.
 word::RangePtr FirstUnbalanced(const QuoteCheck& check, QuoteCodes codes) {
-  clsProgForm& progress = check.search.progress;
-  progress.ShowProgress(0);
-  progress.UpdateProgress(u"Checking quotation marks", u"", u"", 0, 0, u"Please wait");
-  word::RangePtr unbalanced;
   for (const word::RangePtr& story : SearchedStories(check.search.document)) {
     const QuoteCount count = CountQuotes(check.search.document, story, codes, check.host.messages);
     if (count == QuoteCount::kBalanced) continue;
-    if (count == QuoteCount::kUnbalanced) unbalanced = story;
-    break;
+    return count == QuoteCount::kUnbalanced ? story : nullptr;
+  }
+  return nullptr;
+}
+
+/// The same under progress, which goes whatever comes of it.
+word::RangePtr FirstUnbalancedWithProgress(const QuoteCheck& check, QuoteCodes codes) {
+  clsProgForm& progress = check.search.progress;
+  word::RangePtr unbalanced;
+  try {
+    progress.ShowProgress(0);
+    progress.UpdateProgress(u"Checking quotation marks", u"", u"", 0, 0, u"Please wait");
+    unbalanced = FirstUnbalanced(check, codes);
+  } catch (...) {
+    progress.CloseProgress();
+    throw;
   }
   progress.CloseProgress();
   return unbalanced;
@@ -147,7 +157,7 @@ QuoteCount CountQuotes(const word::DocumentPtr& document, const word::RangePtr& 
 
 bool CheckQuotePairs(const QuoteCheck& check, QuoteCodes& codes) {
   while (true) {
-    const word::RangePtr unbalanced = FirstUnbalanced(check, codes);
+    const word::RangePtr unbalanced = FirstUnbalancedWithProgress(check, codes);
     if (!unbalanced) return false;
     const std::u16string story(StoryName(unbalanced->StoryType()));
     if (OfferHighlighting(check, story)) {

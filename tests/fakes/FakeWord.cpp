@@ -509,7 +509,10 @@ class FakeDocument : public word::Document {
     --word_.readsAsNew;
     return {};
   }
-  word::StoryRangesPtr StoryRanges() const override { return std::make_shared<FakeStoryRanges>(word_); }
+  word::StoryRangesPtr StoryRanges() const override {
+    if (word_.storiesFail) throw word::HostError(word::kCommandFailed, u"Command failed", "Document.StoryRanges");
+    return std::make_shared<FakeStoryRanges>(word_);
+  }
   word::BookmarksPtr Bookmarks() const override { return std::make_shared<FakeBookmarks>(word_); }
   word::FieldsPtr Fields() const override { return std::make_shared<FakeFields>(word_); }
   word::WindowPtr ActiveWindow() const override { return std::make_shared<FakeWindow>(word_); }

@@ -61,6 +61,8 @@ class FakeWord {
   bool hasDocument{true};
   /// Every search is an error.
   bool findFails{false};
+  /// Asking for the stories is an error.
+  bool storiesFail{false};
   std::u16string name{u"contract.docx"};
   std::u16string path{u"C:\\Contracts"};
   /// So many times Path is read as that of a new document before it is the one above.

@@ -86,6 +86,13 @@ TEST_F(QuotePairs, AnEmptyStoryIsNotCounted) {
   EXPECT_EQ(host.log.CountBeginning("Find.Text"), 2) << "the main text's only";
 }
 
+TEST_F(QuotePairs, AnErrorOfWordLeavesNoProgressBehind) {
+  host.word.storiesFail = true;
+  EXPECT_THROW(CannotIndex(u"text\r"), word::HostError);
+  EXPECT_EQ(host.log.CountBeginning("show frmProgressForm"), 1);
+  EXPECT_EQ(progress.Current(), nullptr);
+}
+
 TEST_F(QuotePairs, TheStoryAtFaultIsNamed) {
   const std::pair<int, std::u16string> stories[] = {{word::wdFootnotesStory, u"footnotes"},
                                                     {word::wdEndnotesStory, u"endnotes"}};
