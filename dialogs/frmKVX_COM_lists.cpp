@@ -74,12 +74,12 @@ void frmKVX_COM::cmdAddTerm_Click() {
     for (int i = 0; i < lstAddTerms.ListCount(); ++i) {
       if (lstAddTerms.List(i) == term) lstAddTerms.SetSelected(i, true);
     }
-    forms::FormHost& windows = Services().forms;
-    int extent = WidestEntry(lstAddTerms);
-    const int typed = windows.TextWidth(*this, text);
-    if (typed > extent) extent = typed + windows.TextWidth(*this, u"W");
-    windows.SetHorizontalExtent(*this, lstAddTerms.Name(), extent);
   }
+  forms::FormHost& windows = Services().forms;
+  int extent = WidestEntry(lstAddTerms);
+  const int typed = windows.TextWidth(*this, text);
+  if (typed > extent) extent = typed + windows.TextWidth(*this, u"W");
+  windows.SetHorizontalExtent(*this, lstAddTerms.Name(), extent);
   txtAddTerm.SetText(u"");
   txtAddTerm.SetFocus();
 }

@@ -6,6 +6,7 @@
 #include <optional>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "addin/clsProgForm.h"
@@ -46,6 +47,18 @@ class FakeAddIn : public KVXAddIn {
   clsProgForm& progress_;
 };
 
+/// Remembers how far lists scroll; a character is ten pixels wide.
+class MeasuringHost : public unattended::UnattendedHost {
+ public:
+  using UnattendedHost::UnattendedHost;
+  int TextWidth(forms::Form&, std::u16string_view text) override { return 10 * static_cast<int>(text.size()); }
+  void SetHorizontalExtent(forms::Form&, std::string_view list, int width) override {
+    extents.emplace_back(list, width);
+  }
+  /// In the order in which they were set.
+  std::vector<std::pair<std::string, int>> extents;
+};
+
 /// Dialogs that a script answers, over a Word and a system in memory. A step that cannot be done, and a dialog that
 /// comes out of turn or not at all, fail the test.
 class Dialogs : public ::testing::Test, public unattended::UnattendedObserver {
@@ -78,7 +91,7 @@ class Dialogs : public ::testing::Test, public unattended::UnattendedObserver {
     addIn.reset();
     engine.reset();
     progress.reset();
-    host = std::make_unique<unattended::UnattendedHost>(source, &transcript, this);
+    host = std::make_unique<MeasuringHost>(source, &transcript, this);
     desktop = std::make_unique<unattended::UnattendedServices>(source, &transcript, AsTheyAre());
     services.emplace(Host{*host,
                           *host,
@@ -156,6 +169,8 @@ class Dialogs : public ::testing::Test, public unattended::UnattendedObserver {
     shown.push_back({std::u16string(title), std::u16string(text), icon});
   }
 
+  using Extents = std::vector<std::pair<std::string, int>>;
+
   fakes::CallLog log;
   fakes::FakeWord word{log};
   fakes::FakeTermMarker marker{log};
@@ -172,7 +187,7 @@ class Dialogs : public ::testing::Test, public unattended::UnattendedObserver {
   std::vector<Message> shown;
 
   std::unique_ptr<unattended::FileAnswers> answers;
-  std::unique_ptr<unattended::UnattendedHost> host;
+  std::unique_ptr<MeasuringHost> host;
   std::unique_ptr<unattended::UnattendedServices> desktop;
   std::optional<Host> services;
   std::unique_ptr<clsProgForm> progress;

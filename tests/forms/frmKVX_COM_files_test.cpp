@@ -34,6 +34,12 @@ TEST_F(TermListFiles, LoadingAddsEachItemUnselected) {
   EXPECT_TRUE(shown.empty());
 }
 
+TEST_F(TermListFiles, AfterLoadingTheListScrollsAsFarAsItsWidestEntry) {
+  PutFile(u"C:\\Data\\my.txt", "Buyer\r\nSeller, Group\r\n");
+  StepsInTerms({u"Purchase Price"}, kLoad, Load(R"(C:\\Data\\my.txt)"));
+  EXPECT_EQ(host->extents, (Extents{{"lstAddTerms", 60}}));
+}
+
 TEST_F(TermListFiles, LoadingTheSameFileTwiceAddsNothingTheSecondTime) {
   PutFile(u"C:\\Data\\my.txt", "Buyer\r\n\r\nbuyer\r\n Buyer \r\n\r\n");
   frmKVX_COM& dialog =

@@ -126,35 +126,45 @@ TEST_F(TermLists, EachSelectButtonActsOnItsOwnList) {
   EXPECT_EQ(Entries(dialog.lstAddTerms), (Texts{u"b"}));
 }
 
-/// Remembers how far lists scroll; a character is ten pixels wide.
-class ExtentHost : public unattended::UnattendedHost {
- public:
-  using UnattendedHost::UnattendedHost;
-  int TextWidth(forms::Form&, std::u16string_view text) override { return 10 * static_cast<int>(text.size()); }
-  void SetHorizontalExtent(forms::Form&, std::string_view list, int width) override {
-    extents.emplace_back(list, width);
+TEST_F(TermLists, AfterAddingTheListScrollsAsFarAsItsWidestEntry) {
+  Answer("");
+  frmKVX_COM& dialog = MakeTerms();
+  host->ShowModeless(dialog);
+  // The third is wider with its blanks than any entry: its own width and that of one "W".
+  for (const char16_t* text : {u"abcd", u"ab", u" xyz  "}) {
+    EXPECT_TRUE(dialog.txtAddTerm.UserSetText(text));
+    EXPECT_TRUE(dialog.cmdAddTerm.UserClick());
   }
-  std::vector<std::pair<std::string, int>> extents;
-};
-
-TEST_F(TermLists, TheListScrollsAsFarAsItsWidestEntry) {
-  unattended::FileAnswers none({}, false);
-  ExtentHost wide(none, nullptr, nullptr);
-  desktop = std::make_unique<unattended::UnattendedServices>(none, nullptr, AsTheyAre());
-  const Host widely{wide,         wide,     profile,  files,    folders, characters, processes,
-                    userSettings, *desktop, *desktop, *desktop, locale,  u"",        {}};
-  frmKVX_COM dialog(widely, ini);
-  wide.ShowModeless(dialog);
-  EXPECT_TRUE(dialog.txtAddTerm.UserSetText(u"abcd"));
-  EXPECT_TRUE(dialog.cmdAddTerm.UserClick());
-  EXPECT_TRUE(dialog.txtAddTerm.UserSetText(u"ab"));
-  EXPECT_TRUE(dialog.cmdAddTerm.UserClick());
-  // Wider with its blanks than any entry: its own width and that of one "W".
-  EXPECT_TRUE(dialog.txtAddTerm.UserSetText(u" xyz  "));
-  EXPECT_TRUE(dialog.cmdAddTerm.UserClick());
-  using Extents = std::vector<std::pair<std::string, int>>;
-  EXPECT_EQ(wide.extents, (Extents{{"lstAddTerms", 40}, {"lstAddTerms", 40}, {"lstAddTerms", 70}}));
+  EXPECT_EQ(host->extents, (Extents{{"lstAddTerms", 40}, {"lstAddTerms", 40}, {"lstAddTerms", 70}}));
   dialog.Hide();
+}
+
+TEST_F(TermLists, ABlankTermSetsHowFarTheListScrollsLikeAnyOther) {
+  Answer("");
+  frmKVX_COM& dialog = MakeTerms();
+  dialog.lstAddTerms.AddItem(u"abcd");
+  host->ShowModeless(dialog);
+  for (const char16_t* text : {u"", u"  ", u"      "}) {
+    EXPECT_TRUE(dialog.txtAddTerm.UserSetText(text));
+    EXPECT_TRUE(dialog.cmdAddTerm.UserClick());
+  }
+  EXPECT_EQ(host->extents, (Extents{{"lstAddTerms", 40}, {"lstAddTerms", 40}, {"lstAddTerms", 70}}));
+  EXPECT_EQ(dialog.lstAddTerms.ListCount(), 1);
+  dialog.Hide();
+}
+
+TEST_F(TermLists, ARefusedTermLeavesHowFarTheListScrolls) {
+  StepsInTerms({u"Buyer"}, R"({"set":"txtAddTerm","to":"Buyer"},{"click":"cmdAddTerm"})", kAlready);
+  EXPECT_EQ(host->extents, Extents{});
+}
+
+TEST_F(TermLists, AfterDeletingTheListScrollsAsFarAsWhatIsLeft) {
+  Answer(R"({"form":"frmKVX_COM","do":[{"click":["lstAddTerms",0]},{"click":"cmdDeleteTerm"}]},
+            {"message":"Confirm delete","press":"Yes"})");
+  frmKVX_COM& dialog = MakeTerms();
+  for (const char16_t* text : {u"abcdef", u"abc"}) dialog.lstAddTerms.AddItem(text);
+  ShowToItsEnd(dialog);
+  EXPECT_EQ(host->extents, (Extents{{"lstAddTerms", 30}}));
 }
 
 }  // namespace

@@ -100,6 +100,7 @@ TEST_F(TermsDialogEnd, ATermStillInTheBoxIsAddedOnYes) {
   EXPECT_EQ(shown.at(0).text, u"Do you want to add \"Closing Date\" to the list of terms for indexing?");
   EXPECT_EQ(shown.at(0).icon, os::Icon::kQuestion);
   EXPECT_EQ(Entries(dialog.lstAddTerms), (Texts{u"*Closing Date"}));
+  EXPECT_EQ(host->extents, (Extents{{"lstAddTerms", 120}}));
   EXPECT_EQ(dialog.txtAddTerm.Text(), u"");
   EXPECT_EQ(Marked(), "BuildTermTable True Buyer Closing Date");
 }
