@@ -118,6 +118,8 @@ class frmKVX_COM : public HelpedForm, public OptionPanel, public IndexingDialog 
 
   void ShowStatusLines();
   void HideStatusLines();
+  /// Searches with the status lines shown, which go whatever comes of it.
+  void UnderStatusLines(const std::function<void()>& search);
   void SearchAgain();
   bool FindTerms(FoundTerms& terms);
   void ShowFoundTerms(const FoundTerms& terms);

@@ -123,22 +123,35 @@ void frmKVX_COM::ShowStatusLines() {
 void frmKVX_COM::HideStatusLines() {
   lblLabel1.SetVisible(false);
   lblLabel2.SetVisible(false);
+  // A search that an error ended has left its last step there.
+  SetStatusText(u"");
   Repaint();
 }
 
-void frmKVX_COM::cmdRefresh_Click() {
-  ShowStatusLines();
-  if (optSearchType.Selected() != -1) ApplySearchTypeRule(Options(), optSearchType[0].Value());
-  SearchAgain();
+void frmKVX_COM::UnderStatusLines(const std::function<void()>& search) {
+  try {
+    ShowStatusLines();
+    search();
+  } catch (...) {
+    HideStatusLines();
+    throw;
+  }
   HideStatusLines();
 }
 
+void frmKVX_COM::cmdRefresh_Click() {
+  UnderStatusLines([this] {
+    if (optSearchType.Selected() != -1) ApplySearchTypeRule(Options(), optSearchType[0].Value());
+    SearchAgain();
+  });
+}
+
 void frmKVX_COM::cmdSetDefaults_Click() {
-  ShowStatusLines();
-  // Written first, so that the search type chosen here is the one that runs.
-  SaveOptionsToIni(Ini(), Services().messages, Options());
-  SearchAgain();
-  HideStatusLines();
+  UnderStatusLines([this] {
+    // Written first, so that the search type chosen here is the one that runs.
+    SaveOptionsToIni(Ini(), Services().messages, Options());
+    SearchAgain();
+  });
 }
 
 void frmKVX_COM::SearchAgain() {

@@ -39,6 +39,11 @@ TEST_F(Refresh, TheFoundTermsReplaceTheListSortedAndSelected) {
   EXPECT_EQ(dialog.DefaultButton(), &dialog.cmdOK);
 }
 
+TEST_F(Refresh, AfterRefreshingTheListScrollsAsFarAsItsWidestEntry) {
+  StepsThatSearch({u"something wide"}, R"({"click":"cmdRefresh"})");
+  EXPECT_EQ(host->extents, (Extents{{"lstTermsInDoc", 60}}));
+}
+
 TEST_F(Refresh, ItEnablesOKAndCancel) {
   Answer(R"({"form":"frmKVX_COM","do":[{"click":"cmdRefresh"},{"focus":"cmdOK"},{"click":"cmdCancel"}]})" +
          ("," + kSave));
@@ -65,10 +70,26 @@ TEST_F(Refresh, TheChosenQuotesAreSearchedFor) {
 }
 
 TEST_F(Refresh, TheSavedSearchTypeIsTheOneThatRuns) {
+  word.stories[0].text = u"The \"Seller\" sells to the \"Buyer\" on Closing.\r";
   frmKVX_COM& dialog = StepsInTerms({}, R"({"click":["optSearchType",1]},{"click":"cmdRefresh"})",
                                     R"({"message":"Refresh terms list","press":"OK"},)" + kSave);
   EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*Buyer", u"*Seller"}));
+  EXPECT_FALSE(log.Contains("Find.Text = <[A-Z]*>"));
   EXPECT_FALSE(dialog.cmbOpenQuote.Enabled());
+}
+
+TEST_F(Refresh, ASavedSearchTypeThatIsNoneSearchesNothing) {
+  Answer(R"({"form":"frmKVX_COM","do":[{"click":["lstTermsInDoc",1]},{"click":"cmdRefresh"}]})" + ("," + kSave));
+  frmKVX_COM& dialog = MakeTerms({u"a", u"b"});
+  profile[u"SearchType"] = u"SearchEverything";
+  dialog.cmdOK.SetEnabled(false);
+  ShowToItsEnd(dialog);
+  EXPECT_EQ(log.CountBeginning("Find.Text"), 0);
+  EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*a", u"b"}));
+  EXPECT_EQ(dialog.lstTermsInDoc.ListIndex(), 1);
+  EXPECT_FALSE(dialog.cmdOK.Enabled());
+  EXPECT_TRUE(dialog.cmdCancel.Enabled());
+  EXPECT_FALSE(dialog.lblLabel1.Visible());
 }
 
 TEST_F(Refresh, AnEmptySearchLeavesListAndButtonsAsTheyWere) {
@@ -90,6 +111,22 @@ TEST_F(Refresh, AFailedSearchIsReportedAndLeavesTheList) {
   EXPECT_FALSE(dialog.lblLabel1.Visible());
   EXPECT_EQ(Events("status").at(0)["text"], "Please wait: Finding defined terms in document");
   EXPECT_EQ(dialog.StatusBar1.SimpleText(), u"");
+}
+
+TEST_F(Refresh, AnErrorEndsWhatShowsThatASearchRuns) {
+  for (const auto& [button, title] :
+       {std::pair("cmdRefresh", "Error refreshing list"), std::pair("cmdSetDefaults", "Error setting defaults")}) {
+    Answer(R"({"form":"frmKVX_COM","do":[{"click":")" + std::string(button) + R"("}]},)" + kSave + R"(,{"message":")" +
+           title + R"(","press":"OK"})");
+    frmKVX_COM& dialog = MakeTerms({u"a", u"b"});
+    word.storiesFail = true;
+    ShowToItsEnd(dialog);
+    EXPECT_EQ(shown.back().text, u"Error: 4198 Command failed");
+    EXPECT_EQ(Entries(dialog.lstTermsInDoc), (Texts{u"*a", u"*b"}));
+    EXPECT_FALSE(dialog.lblLabel1.Visible());
+    EXPECT_FALSE(dialog.lblLabel2.Visible());
+    EXPECT_EQ(progress->Current(), nullptr);
+  }
 }
 
 TEST_F(Refresh, TheStatusLinesAreDrawnBeforeTheSearch) {
