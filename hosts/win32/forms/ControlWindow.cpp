@@ -119,6 +119,15 @@ FormFont::~FormFont() { DeleteObject(font_); }
 
 SIZE FormFont::TextSize(std::u16string_view text) const { return WrappedSize(text, 0); }
 
+int FormFont::EntryWidth(std::u16string_view text) const {
+  const Canvas canvas(font_);
+  const std::wstring wide = ToWide(text);
+  RECT place{};
+  DrawTextW(canvas.Context(), wide.c_str(), static_cast<int>(wide.size()), &place,
+            DT_CALCRECT | DT_SINGLELINE | DT_NOPREFIX);
+  return place.right;
+}
+
 SIZE FormFont::WrappedSize(std::u16string_view text, int width) const {
   if (text.empty()) return {0, lineHeight_};
   const Canvas canvas(font_);
@@ -216,12 +225,8 @@ void ControlWindow::MirrorList() {
   if (!same) {
     SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
     Send(window_, LB_RESETCONTENT);
-    int widest = 0;
-    for (int i = 0; i < list.ListCount(); ++i) {
-      Send(window_, LB_ADDSTRING, 0, Pointer(ToWide(list.List(i))));
-      widest = std::max<int>(widest, font_.TextSize(list.List(i)).cx);
-    }
-    Send(window_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + font_.CharWidth()));
+    for (int i = 0; i < list.ListCount(); ++i) Send(window_, LB_ADDSTRING, 0, Pointer(ToWide(list.List(i))));
+    Send(window_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extent_ ? *extent_ : ExtentOfEntries()));
     SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(window_, nullptr, TRUE);
   }
@@ -235,6 +240,18 @@ void ControlWindow::MirrorList() {
     Send(window_, LB_SETCARETINDEX, static_cast<WPARAM>(current), FALSE);
   }
   if (!same) Send(window_, LB_SETTOPINDEX);
+}
+
+int ControlWindow::ExtentOfEntries() const {
+  const auto& list = static_cast<const forms::ListBox&>(control_);
+  int widest = 0;
+  for (int i = 0; i < list.ListCount(); ++i) widest = std::max(widest, font_.EntryWidth(list.List(i)));
+  return widest + font_.CharWidth();
+}
+
+void ControlWindow::SetHorizontalExtent(int width) {
+  extent_ = width;
+  Send(window_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(width));
 }
 
 void ControlWindow::MirrorCombo() {

@@ -4,6 +4,8 @@
 
 #include "platform/forms/Control.h"
 
+#include <optional>
+
 namespace win32 {
 
 /// The font of a form and the lengths that come of it, in pixels of the screen that it is shown on.
@@ -17,6 +19,8 @@ class FormFont {
   HFONT Handle() const { return font_; }
   /// Of the widest line, "&" being no character.
   SIZE TextSize(std::u16string_view text) const;
+  /// Of a text on one line as an entry of a list shows it, where "&" is a character.
+  int EntryWidth(std::u16string_view text) const;
   /// As it breaks into lines of at most this width.
   SIZE WrappedSize(std::u16string_view text, int width) const;
   int LineHeight() const { return lineHeight_; }
@@ -50,6 +54,8 @@ class ControlWindow {
   /// The least that shows all of it.
   SIZE Wanted() const;
   void Place(const RECT& place);
+  /// A list scrolls sideways as far as this from now on, whatever its entries. @param width in pixels
+  void SetHorizontalExtent(int width);
   /// It is drawn as a part of a bar, as wide as its control says; its form draws it.
   void MakeBarPart();
   bool IsBarPart() const { return isBarPart_; }
@@ -66,6 +72,7 @@ class ControlWindow {
   bool MirrorText(std::u16string_view text);
   void MirrorList();
   void MirrorCombo();
+  int ExtentOfEntries() const;
   bool ShowsUp() const;
   SIZE WantedOfLabel() const;
 
@@ -73,6 +80,8 @@ class ControlWindow {
   const FormFont& font_;
   HWND window_;
   bool isBarPart_{false};
+  /// Empty: a list scrolls as far as its entries ask.
+  std::optional<int> extent_;
   /// As wide as it was placed.
   int width_{0};
 };

@@ -266,8 +266,7 @@ void FormWindow::RefreshFocus() {
 
 void FormWindow::SetHorizontalExtent(std::string_view list, int width) {
   for (const auto& control : controls_) {
-    if (control->Of().Name() != list) continue;
-    SendMessageW(control->Handle(), LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(width), 0);
+    if (control->Of().Name() == list) control->SetHorizontalExtent(width);
   }
 }
 

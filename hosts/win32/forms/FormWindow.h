@@ -31,7 +31,7 @@ class FormWindow : private forms::Form::Listener {
   void Disappear();
   /// Brings the window to the form's state.
   void Refresh();
-  int TextWidth(std::u16string_view text) const { return font_.TextSize(text).cx; }
+  int TextWidth(std::u16string_view text) const { return font_.EntryWidth(text); }
   void SetHorizontalExtent(std::string_view list, int width);
   /// Takes the close box away, and with it Alt+F4.
   void TakeCloseBoxAway();

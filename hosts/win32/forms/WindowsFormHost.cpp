@@ -118,7 +118,7 @@ void WindowsFormHost::DoEvents() {
 
 int WindowsFormHost::TextWidth(forms::Form& form, std::u16string_view text) {
   const FormWindow* const window = WindowOf(form);
-  return window == nullptr ? static_cast<int>(FormFont().TextSize(text).cx) : window->TextWidth(text);
+  return window == nullptr ? FormFont().EntryWidth(text) : window->TextWidth(text);
 }
 
 void WindowsFormHost::SetHorizontalExtent(forms::Form& form, std::string_view list, int width) {

@@ -150,6 +150,39 @@ TEST_F(WindowsForms, SelectingInAListIsTheFormsSelection) {
   EXPECT_EQ(form.list.ListIndex(), 1);
 }
 
+/// Keeps how far the list scrolls.
+Steps::Step Extent(std::vector<LRESULT>& extents) {
+  return [&extents](HWND window) {
+    const HWND list = FindWindowExW(window, nullptr, L"ListBox", nullptr);
+    extents.push_back(SendMessageW(list, LB_GETHORIZONTALEXTENT, 0, 0));
+  };
+}
+
+TEST_F(WindowsForms, AListScrollsAsFarAsTheFormSays) {
+  form.Load();
+  host.SetHorizontalExtent(form, "lstList", 777);
+  form.box.onClick = [this] {
+    form.list.AddItem(u"three");
+    host.SetHorizontalExtent(form, "lstList", 333);
+  };
+  std::vector<LRESULT> extents;
+  Work({Extent(extents), Accelerator(L'b'), Extent(extents), [this](HWND) { form.list.AddItem(u"four"); },
+        Extent(extents), Key(VK_ESCAPE)});
+  EXPECT_EQ(extents, (std::vector<LRESULT>{777, 333, 333}));
+}
+
+TEST_F(WindowsForms, AListOfWhichTheFormSaysNothingScrollsAsFarAsItsEntries) {
+  form.list.AddItem(u"Research && Development && Marketing");
+  std::vector<LRESULT> extents;
+  Work({Extent(extents), Key(VK_ESCAPE)});
+  EXPECT_GT(extents.at(0), host.TextWidth(form, u"Research && Development && Marketing"));
+}
+
+TEST_F(WindowsForms, AnAmpersandIsMeasuredAsTheCharacterThatAListShows) {
+  EXPECT_GT(host.TextWidth(form, u"R&D"), host.TextWidth(form, u"RD"));
+  EXPECT_GT(host.TextWidth(form, u"R&&D"), host.TextWidth(form, u"R&D"));
+}
+
 TEST_F(WindowsForms, WhatAHandlerThrowsLeavesThroughTheShow) {
   form.ok.onClick = [] { throw std::runtime_error("handler"); };
   EXPECT_THROW(Work({Key(VK_RETURN)}), std::runtime_error);
