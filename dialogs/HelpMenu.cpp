@@ -9,7 +9,8 @@ HelpMenu::HelpMenu(HelpedForm& form, std::u16string_view gettingStarted)
       cmdUpdate(form, "cmdUpdate", mnuHelp),
       cmdLists(form, "cmdLists", mnuHelp),
       cmdOptions(form, "cmdOptions", mnuHelp),
-      cmdInstructions(form, "cmdInstructions", mnuHelp),
+      cmdInstructionsA4(form, "cmdInstructionsA4", mnuHelp),
+      cmdInstructionsLetter(form, "cmdInstructionsLetter", mnuHelp),
       cmdFAQ(form, "cmdFAQ", mnuHelp),
       cmdAbout(form, "cmdAbout", mnuHelp) {
   mnuHelp.SetCaption(u"&Help");
@@ -20,7 +21,8 @@ HelpMenu::HelpMenu(HelpedForm& form, std::u16string_view gettingStarted)
   cmdUpdate.SetCaption(u"Update index");
   cmdLists.SetCaption(u"Save and load lists");
   cmdOptions.SetCaption(u"Options");
-  cmdInstructions.SetCaption(u"Instructions");
+  cmdInstructionsA4.SetCaption(u"Instructions (A4)");
+  cmdInstructionsLetter.SetCaption(u"Instructions (Letter)");
   cmdFAQ.SetCaption(u"FAQ");
   cmdAbout.SetCaption(u"&About");
 
@@ -31,7 +33,8 @@ HelpMenu::HelpMenu(HelpedForm& form, std::u16string_view gettingStarted)
   cmdUpdate.onClick = form.ShowsTopic(kHelpUpdateIndex);
   cmdLists.onClick = form.ShowsTopic(kHelpTermLists);
   cmdOptions.onClick = form.ShowsTopic(kHelpOptions);
-  cmdInstructions.onClick = form.ShowsInstructions();
+  cmdInstructionsA4.onClick = form.ShowsInstructions(PaperSize::kA4);
+  cmdInstructionsLetter.onClick = form.ShowsInstructions(PaperSize::kLetter);
   cmdFAQ.onClick = form.ShowsFAQ();
   cmdAbout.onClick = form.ShowsAbout();
 }

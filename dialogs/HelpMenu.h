@@ -16,8 +16,8 @@ struct HelpMenu {
   forms::MenuItem cmdUpdate;
   forms::MenuItem cmdLists;
   forms::MenuItem cmdOptions;
-  /// The instructions, for the paper of the user's country.
-  forms::MenuItem cmdInstructions;
+  forms::MenuItem cmdInstructionsA4;
+  forms::MenuItem cmdInstructionsLetter;
   forms::MenuItem cmdFAQ;
   forms::MenuItem cmdAbout;
 };

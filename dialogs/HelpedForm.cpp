@@ -14,9 +14,8 @@ std::function<void()> HelpedForm::ShowsTopic(HelpTopic topic) {
   return Trapped(u"Error showing help", [this, topic] { OpenHelpTopic(services_, kHelpFile, topic, *this); });
 }
 
-std::function<void()> HelpedForm::ShowsInstructions() {
-  return Trapped(u"Error opening instructions",
-                 [this] { OpenInstructions(services_, services_.locale.Paper(), *this); });
+std::function<void()> HelpedForm::ShowsInstructions(PaperSize paper) {
+  return Trapped(u"Error opening instructions", [this, paper] { OpenInstructions(services_, paper, *this); });
 }
 
 std::function<void()> HelpedForm::ShowsFAQ() {

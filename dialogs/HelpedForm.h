@@ -13,7 +13,7 @@ class HelpedForm : public forms::Form {
  public:
   /// What a button, link or menu entry of the form does that shows help.
   std::function<void()> ShowsTopic(HelpTopic topic);
-  std::function<void()> ShowsInstructions();
+  std::function<void()> ShowsInstructions(PaperSize paper);
   std::function<void()> ShowsFAQ();
   std::function<void()> ShowsAbout();
 

@@ -31,9 +31,9 @@ void OpenFAQ(const Host& host, forms::Form& form) {
   StartBrowser(host, u"Open", host.files.FileExists(file) ? std::u16string_view(file) : kFaqAddress, form);
 }
 
-void OpenInstructions(const Host& host, os::PaperSize paper, forms::Form& form) {
+void OpenInstructions(const Host& host, PaperSize paper, forms::Form& form) {
   const std::u16string file =
-      Beside(host, paper == os::PaperSize::kLetter ? u"\\KVX Instructions LTR.pdf" : u"\\KVX Instructions A4.pdf");
+      Beside(host, paper == PaperSize::kLetter ? u"\\KVX Instructions LTR.pdf" : u"\\KVX Instructions A4.pdf");
   if (host.files.FileExists(file)) return StartBrowser(host, u"open", file, form);
   host.messages.Show(u"File not found",
                      u"The instructions file could not be found.  "

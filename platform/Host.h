@@ -16,7 +16,6 @@ class FileDialogs;
 class Files;
 class Folders;
 class Help;
-class Locale;
 class Messages;
 class Processes;
 class Profile;
@@ -38,7 +37,6 @@ struct Host {
   os::FileDialogs& fileDialogs;
   os::Shell& shell;
   os::Help& help;
-  os::Locale& locale;
   /// Where the add-in itself lies, with its help and its instructions: a path in Windows form, without a separator at
   /// its end.
   std::u16string addInFolder;

@@ -15,7 +15,6 @@ Host AddInServices::Services(std::u16string addInFolder,
           .fileDialogs = fileDialogs_,
           .shell = shell_,
           .help = help_,
-          .locale = locale_,
           .addInFolder = std::move(addInFolder),
           .createTermMarker = std::move(createTermMarker)};
 }

@@ -30,5 +30,4 @@ class AddInServices {
   win32::WindowsFileDialogs fileDialogs_;
   win32::WindowsShell shell_;
   win32::WindowsHelp help_;
-  win32::WindowsLocale locale_;
 };

@@ -72,7 +72,6 @@ Desktop::Desktop(qt::DocumentWindow& window)
           .fileDialogs = fileDialogs_,
           .shell = shell_,
           .help = help_,
-          .locale = locale_,
           .addInFolder = os::ToWindowsPath(os::ProgramFolder()),
           .createTermMarker = [this] { return MakeTermMarker(characters_, EntryWriting::kByPosition); },
       },

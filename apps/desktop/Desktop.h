@@ -54,7 +54,6 @@ class Desktop : public qt::DesktopProgram {
   os::IcuCharacters characters_;
   os::LinuxShell shell_;
   os::LinuxHelp help_;
-  os::LinuxLocale locale_;
   std::unique_ptr<DesktopDocument> file_;
   docx::WordProcessor processor_;
   menus::MenuBars menus_;

@@ -175,7 +175,6 @@ void Session::Command(const std::function<void(Connect&)>& command) {
       .fileDialogs = services_,
       .shell = services_,
       .help = services_,
-      .locale = locale_,
       .addInFolder = os::ToWindowsPath(AddInFolder()),
       .createTermMarker = [this] { return MakeMarker(); },
   };

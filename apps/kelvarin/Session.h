@@ -82,7 +82,6 @@ class Session {
   os::LinuxProcesses processes_;
   os::LinuxUserSettings userSettings_;
   os::IcuCharacters characters_;
-  os::LinuxLocale locale_;
 
   std::optional<unattended::Transcript> transcript_;
   RunLog log_;

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <system_error>
 #include <thread>
 
@@ -20,9 +19,6 @@ namespace fs = std::filesystem;
 
 /// What is shown and never run.
 constexpr std::array<std::string_view, 3> kShownKinds = {".htm", ".html", ".pdf"};
-
-constexpr std::array<std::string_view, 14> kLetterTerritories = {"BZ", "CA", "CL", "CO", "CR", "DO", "GT",
-                                                                 "MX", "NI", "PA", "PH", "PR", "SV", "US"};
 
 bool IsWebPage(std::u16string_view path) { return path.starts_with(u"https://"); }
 
@@ -68,21 +64,6 @@ void LinuxHelp::Show(std::u16string_view file, int command, int data, std::intpt
   if (shell_.Open(u"open", ToWindowsPath(page.string()), owner)) return;
   messages_.Show(u"Help", u"The help page could not be opened:\r\n\r\n" + ToWindowsPath(page.string()),
                  Icon::kExclamation, Buttons::kOk);
-}
-
-PaperSize LinuxLocale::Paper() {
-  for (const char* name : {"LC_ALL", "LC_PAPER", "LANG"}) {
-    const char* value = std::getenv(name);
-    if (value == nullptr || *value == '\0') continue;
-    // Such as "en_US.UTF-8".
-    const std::string_view locale = value;
-    const std::size_t mark = locale.find('_');
-    const std::string_view territory = mark == std::string_view::npos ? "" : locale.substr(mark + 1, 2);
-    const bool letter =
-        std::find(kLetterTerritories.begin(), kLetterTerritories.end(), territory) != kLetterTerritories.end();
-    return letter ? PaperSize::kLetter : PaperSize::kA4;
-  }
-  return PaperSize::kA4;
 }
 
 }  // namespace os

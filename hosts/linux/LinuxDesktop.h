@@ -4,7 +4,6 @@
 #include <string>
 
 #include "platform/os/Help.h"
-#include "platform/os/Locale.h"
 #include "platform/os/Messages.h"
 #include "platform/os/Shell.h"
 
@@ -36,12 +35,6 @@ class LinuxHelp : public Help {
  private:
   Shell& shell_;
   Messages& messages_;
-};
-
-class LinuxLocale : public Locale {
- public:
-  /// By the country in the environment's LC_ALL, LC_PAPER or LANG, the first that is set.
-  PaperSize Paper() override;
 };
 
 }  // namespace os

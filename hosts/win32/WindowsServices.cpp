@@ -193,11 +193,4 @@ void WindowsHelp::Show(std::u16string_view file, int command, int data, std::int
   show(reinterpret_cast<HWND>(owner), ToWide(file).c_str(), display, static_cast<DWORD_PTR>(data));
 }
 
-os::PaperSize WindowsLocale::Paper() {
-  // "1" is Letter, "5" Legal, "8" A3, "9" A4.
-  std::array<wchar_t, 4> paper{};
-  GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, LOCALE_IPAPERSIZE, paper.data(), static_cast<int>(paper.size()));
-  return paper[0] == L'1' || paper[0] == L'5' ? os::PaperSize::kLetter : os::PaperSize::kA4;
-}
-
 }  // namespace win32

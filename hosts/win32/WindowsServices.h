@@ -2,7 +2,6 @@
 
 #include "platform/os/FileDialogs.h"
 #include "platform/os/Help.h"
-#include "platform/os/Locale.h"
 #include "platform/os/Messages.h"
 #include "platform/os/Processes.h"
 #include "platform/os/Shell.h"
@@ -48,11 +47,6 @@ class WindowsHelp : public os::Help {
 
  private:
   void* viewer_{nullptr};
-};
-
-class WindowsLocale : public os::Locale {
- public:
-  os::PaperSize Paper() override;
 };
 
 }  // namespace win32

@@ -93,16 +93,17 @@ class Prompts(program.Case):
         self.assertTrue(opened[0].startswith("https://"))
 
     def test_missing_instructions_are_reported(self):
-        events = self.run_index([{"form": "frmKVXOptions", "do": [{"menu": "cmdInstructions"}, {"click": "cmdCancel"}]}],
-                                state={"addInFolder": str(self.folder)})
-        self.assertEqual([event["title"] for event in events if event["event"] == "message"], ["File not found"])
+        steps = [{"menu": "cmdInstructionsA4"}, {"menu": "cmdInstructionsLetter"}, {"click": "cmdCancel"}]
+        events = self.run_index([{"form": "frmKVXOptions", "do": steps}], state={"addInFolder": str(self.folder)})
+        self.assertEqual([event["title"] for event in events if event["event"] == "message"], ["File not found"] * 2)
 
     def test_the_program_comes_with_its_help_and_instructions(self):
         folder = pathlib.Path(program.KELVARIN).resolve().parent
-        steps = [{"menu": "cmdFAQ"}, {"menu": "cmdInstructions"}, {"click": "cmdCancel"}]
+        steps = [{"menu": "cmdFAQ"}, {"menu": "cmdInstructionsA4"}, {"menu": "cmdInstructionsLetter"}, {"click": "cmdCancel"}]
         events = self.run_index([{"form": "frmKVXOptions", "do": steps}])
         self.assertEqual([event["path"] for event in events if event["event"] == "open"],
-                         [str(folder / "kvxfaq.htm"), str(folder / "KVX Instructions A4.pdf")])
+                         [str(folder / name)
+                          for name in ("kvxfaq.htm", "KVX Instructions A4.pdf", "KVX Instructions LTR.pdf")])
         for name in ("KVX Instructions A4.pdf", "KVX Instructions LTR.pdf"):
             self.assertTrue((folder / name).read_bytes().startswith(b"%PDF-"), name)
         boxes = {name: re.search(rb"/MediaBox \[0 0 (\d+)", (folder / name).read_bytes()).group(1)

@@ -18,8 +18,19 @@ class FakeHost {
   Host Make() { return Make(forms, messages); }
   /// The same with windows and messages of another host.
   Host Make(forms::FormHost& windows, os::Messages& boxes) {
-    return {windows,      boxes,       profile, files, folders, characters,      processes,
-            userSettings, fileDialogs, shell,   help,  locale,  u"C:\\Kelvarin", [this] { return MakeTermMarker(); }};
+    return {windows,
+            boxes,
+            profile,
+            files,
+            folders,
+            characters,
+            processes,
+            userSettings,
+            fileDialogs,
+            shell,
+            help,
+            u"C:\\Kelvarin",
+            [this] { return MakeTermMarker(); }};
   }
 
   CallLog log;
@@ -34,7 +45,6 @@ class FakeHost {
   FakeFileDialogs fileDialogs;
   FakeShell shell;
   FakeHelp help;
-  FakeLocale locale;
   FakeWord word{log};
   /// Given to each companion that is made.
   std::function<int(std::u16string_view text, int storyType)> found;

@@ -16,7 +16,6 @@
 #include "platform/os/Files.h"
 #include "platform/os/Folders.h"
 #include "platform/os/Help.h"
-#include "platform/os/Locale.h"
 #include "platform/os/Messages.h"
 #include "platform/os/Processes.h"
 #include "platform/os/Profile.h"
@@ -149,12 +148,6 @@ class FakeHelp : public os::Help {
     std::intptr_t owner;
   };
   std::vector<Call> shown;
-};
-
-class FakeLocale : public os::Locale {
- public:
-  os::PaperSize Paper() override { return paper; }
-  os::PaperSize paper{os::PaperSize::kA4};
 };
 
 /// One settings file in memory; writing makes it. Values lose one enclosing pair of quotes on reading. Reading compares

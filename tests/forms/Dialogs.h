@@ -104,7 +104,6 @@ class Dialogs : public ::testing::Test, public unattended::UnattendedObserver {
                           *desktop,
                           *desktop,
                           *desktop,
-                          locale,
                           u"C:\\Kelvarin",
                           {}});
     progress = std::make_unique<clsProgForm>(*host);
@@ -180,7 +179,6 @@ class Dialogs : public ::testing::Test, public unattended::UnattendedObserver {
   fakes::FakeCharacters characters;
   fakes::FakeProcesses processes;
   fakes::FakeUserSettings userSettings;
-  fakes::FakeLocale locale;
   modIniFile ini{profile, files};
   std::ostringstream transcriptText;
   unattended::Transcript transcript{transcriptText};

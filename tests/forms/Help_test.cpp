@@ -98,21 +98,30 @@ TEST_F(Help, TheQuestionsAndAnswersAreElseTheMakersPage) {
   EXPECT_EQ(Opened(), (std::vector<std::string>{page, page}));
 }
 
-TEST_F(Help, TheInstructionsAreThoseForThePaperOfTheCountry) {
+TEST_F(Help, EachEntryOpensTheInstructionsForItsPaper) {
   files.files.insert(u"C:\\Kelvarin\\KVX Instructions A4.pdf");
   files.files.insert(u"C:\\Kelvarin\\KVX Instructions LTR.pdf");
-  StepsInTerms({}, R"({"menu":"cmdInstructions"})");
-  locale.paper = os::PaperSize::kLetter;
-  StepsInOptions(R"({"menu":"cmdInstructions"},{"click":"cmdCancel"})");
-  EXPECT_EQ(Opened(), (std::vector<std::string>{Opening("open", R"(C:\\Kelvarin\\KVX Instructions A4.pdf)"),
-                                                Opening("open", R"(C:\\Kelvarin\\KVX Instructions LTR.pdf)")}));
+  const std::string a4 = Opening("open", R"(C:\\Kelvarin\\KVX Instructions A4.pdf)");
+  const std::string letter = Opening("open", R"(C:\\Kelvarin\\KVX Instructions LTR.pdf)");
+  StepsInTerms({}, R"({"menu":"cmdInstructionsA4"},{"menu":"cmdInstructionsLetter"})");
+  StepsInOptions(R"({"menu":"cmdInstructionsLetter"},{"menu":"cmdInstructionsA4"},{"click":"cmdCancel"})");
+  EXPECT_EQ(Opened(), (std::vector<std::string>{a4, letter, letter, a4}));
 }
 
-TEST_F(Help, MissingInstructionsAreReported) {
-  StepsInTerms({}, R"({"menu":"cmdInstructions"})", R"({"message":"File not found","press":"OK"})");
+TEST_F(Help, InstructionsThatAreMissingAreReportedWhereTheOthersAreThere) {
+  const std::pair<const char16_t*, const char*> cases[] = {
+      {u"C:\\Kelvarin\\KVX Instructions LTR.pdf", "cmdInstructionsA4"},
+      {u"C:\\Kelvarin\\KVX Instructions A4.pdf", "cmdInstructionsLetter"}};
+  for (const auto& [others, entry] : cases) {
+    files.files.insert(others);
+    StepsInTerms({}, R"({"menu":")" + std::string(entry) + "\"}", R"({"message":"File not found","press":"OK"})");
+    files.files.erase(others);
+    ASSERT_FALSE(shown.empty());
+    EXPECT_TRUE(shown.back().text.starts_with(u"The instructions file could not be found.  "));
+    EXPECT_EQ(shown.back().icon, os::Icon::kExclamation);
+  }
+  EXPECT_EQ(shown.size(), 2U);
   EXPECT_EQ(Opened(), std::vector<std::string>{});
-  EXPECT_TRUE(shown.at(0).text.starts_with(u"The instructions file could not be found.  "));
-  EXPECT_EQ(shown.at(0).icon, os::Icon::kExclamation);
 }
 
 TEST_F(Help, WhatNoProgramOpensIsReported) {
@@ -121,8 +130,8 @@ TEST_F(Help, WhatNoProgramOpensIsReported) {
   } none;
   Answer(R"({"message":"Cannot open","press":"OK"})");
   frmKVX_COM& dialog = MakeTerms();
-  const Host bare{*host,        *host,    profile, files,    folders, characters,      processes,
-                  userSettings, *desktop, none,    *desktop, locale,  u"C:\\Kelvarin", {}};
+  const Host bare{*host,        *host,    profile, files,    folders,         characters, processes,
+                  userSettings, *desktop, none,    *desktop, u"C:\\Kelvarin", {}};
   OpenFAQ(bare, dialog);
   EXPECT_EQ(shown.at(0).text, u"https://kelvarin.example/faq\r\n\r\ncould not be opened.");
 }

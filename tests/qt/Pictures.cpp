@@ -65,6 +65,15 @@ TEST_F(Pictures, OfMessages) {
   }
 }
 
+TEST_F(Pictures, OfTheHelpMenu) {
+  Show(MakeOptions(), [](QWidget& window) {
+    auto& menu = Person::At<QMenu>(window, "mnuHelp");
+    menu.popup(window.mapToGlobal(QPoint(0, 30)));
+    Keep(menu, "options_help");
+    menu.hide();
+  });
+}
+
 /// Follows one run on a sample, and takes the window at each step.
 TEST(WindowPictures, OfARun) {
   QTemporaryDir home;

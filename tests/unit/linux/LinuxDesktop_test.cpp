@@ -104,27 +104,4 @@ TEST_F(LinuxDesktop, MissingHelpIsReported) {
   EXPECT_NE(boxes.shown[0].find(u"Other"), std::u16string::npos);
 }
 
-TEST(LinuxLocale, TheCountryChoosesThePaper) {
-  const Environment all("LC_ALL", {});
-  const Environment paper("LC_PAPER", {});
-  os::LinuxLocale locale;
-  for (const auto& [name, size] :
-       {std::pair("en_US.UTF-8", os::PaperSize::kLetter), std::pair("fr_CA", os::PaperSize::kLetter),
-        std::pair("en_GB.UTF-8", os::PaperSize::kA4), std::pair("C.UTF-8", os::PaperSize::kA4),
-        std::pair("de", os::PaperSize::kA4)}) {
-    const Environment language("LANG", name);
-    EXPECT_EQ(locale.Paper(), size) << name;
-  }
-}
-
-TEST(LinuxLocale, TheMoreSpecialVariableWins) {
-  const Environment language("LANG", "en_US.UTF-8");
-  const Environment all("LC_ALL", {});
-  os::LinuxLocale locale;
-  const Environment paper("LC_PAPER", "de_DE.UTF-8");
-  EXPECT_EQ(locale.Paper(), os::PaperSize::kA4);
-  const Environment everything("LC_ALL", "en_US.UTF-8");
-  EXPECT_EQ(locale.Paper(), os::PaperSize::kLetter);
-}
-
 }  // namespace
