@@ -246,8 +246,12 @@ int ControlWindow::ExtentOfEntries() const {
   const auto& list = static_cast<const forms::ListBox&>(control_);
   int widest = 0;
   for (int i = 0; i < list.ListCount(); ++i) widest = std::max(widest, font_.EntryWidth(list.List(i)));
-  return widest + font_.CharWidth();
+  return widest + font_.CharWidth() + (list.HasCheckBoxes() ? BesideBox(BoxSide(Send(window_, LB_GETITEMHEIGHT))) : 0);
 }
+
+int ControlWindow::BoxSide(int lineHeight) const { return std::min(lineHeight, font_.Scaled(14)); }
+
+int ControlWindow::BesideBox(int side) const { return 1 + side + font_.Scaled(4); }
 
 void ControlWindow::SetHorizontalExtent(int width) {
   extent_ = width;
@@ -332,12 +336,12 @@ void ControlWindow::Place(const RECT& place) {
 void ControlWindow::DrawEntry(const DRAWITEMSTRUCT& entry) const {
   if (entry.itemID == static_cast<UINT>(-1)) return;
   FillRect(entry.hDC, &entry.rcItem, GetSysColorBrush(COLOR_WINDOW));
-  const int side = std::min<int>(entry.rcItem.bottom - entry.rcItem.top, font_.Scaled(14));
+  const int side = BoxSide(entry.rcItem.bottom - entry.rcItem.top);
   RECT box{entry.rcItem.left + 1, entry.rcItem.top + 1, entry.rcItem.left + 1 + side, entry.rcItem.top + 1 + side};
   const bool ticked = (entry.itemState & ODS_SELECTED) != 0;
   DrawFrameControl(entry.hDC, &box, DFC_BUTTON, static_cast<UINT>(DFCS_BUTTONCHECK | (ticked ? DFCS_CHECKED : 0)));
   RECT text = entry.rcItem;
-  text.left = box.right + font_.Scaled(4);
+  text.left += BesideBox(side);
   SetTextColor(entry.hDC, GetSysColor(COLOR_WINDOWTEXT));
   const std::wstring caption = EntryOf(window_, static_cast<int>(entry.itemID));
   DrawTextW(entry.hDC, caption.c_str(), static_cast<int>(caption.size()), &text, DT_SINGLELINE | DT_NOPREFIX);

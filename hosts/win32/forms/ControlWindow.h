@@ -73,6 +73,10 @@ class ControlWindow {
   void MirrorList();
   void MirrorCombo();
   int ExtentOfEntries() const;
+  /// Of the box of an entry.
+  int BoxSide(int lineHeight) const;
+  /// Where the text of an entry begins beside its box.
+  int BesideBox(int side) const;
   bool ShowsUp() const;
   SIZE WantedOfLabel() const;
 

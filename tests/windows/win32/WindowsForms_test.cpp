@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <functional>
 
+#include "hosts/win32/forms/ControlWindow.h"
 #include "hosts/win32/forms/WindowsFormHost.h"
 #include "platform/forms/Form.h"
 
@@ -176,6 +178,25 @@ TEST_F(WindowsForms, AListOfWhichTheFormSaysNothingScrollsAsFarAsItsEntries) {
   std::vector<LRESULT> extents;
   Work({Extent(extents), Key(VK_ESCAPE)});
   EXPECT_GT(extents.at(0), host.TextWidth(form, u"Research && Development && Marketing"));
+}
+
+class TicksForm : public forms::Form {
+ public:
+  explicit TicksForm(forms::FormHost& host) : Form(host, "frmTicks") { list.AddItem(u"the Bank"); }
+  forms::ListBox list{*this, "lstTicks", true};
+
+ private:
+  forms::Layout MakeLayout() override { return forms::Item(list); }
+};
+
+TEST_F(WindowsForms, AListWithBoxesScrollsAsFarAsItsEntriesBehindThem) {
+  TicksForm ticks(host);
+  host.ShowModeless(ticks);
+  const HWND list = FindWindowExW(reinterpret_cast<HWND>(host.WindowHandle(ticks)), nullptr, L"ListBox", nullptr);
+  const win32::FormFont font;
+  const int box = std::min(static_cast<int>(SendMessageW(list, LB_GETITEMHEIGHT, 0, 0)), font.Scaled(14));
+  EXPECT_GT(SendMessageW(list, LB_GETHORIZONTALEXTENT, 0, 0), box + font.Scaled(4) + font.EntryWidth(u"the Bank"));
+  ticks.Hide();
 }
 
 TEST_F(WindowsForms, AnAmpersandIsMeasuredAsTheCharacterThatAListShows) {
