@@ -53,6 +53,16 @@ TEST_F(TermMarkerOnDocx, TwoTextsOfOneRunStayTwo) {
   ExpectMarkedAndGivenBack(u"Lender", 1);
 }
 
+TEST_F(TermMarkerOnDocx, TextsOfOneRunStayApartWhereOneOfThemIsDivided) {
+  const auto text = [](const std::string& content) { return "<w:t xml:space=\"preserve\">" + content + "</w:t>"; };
+  OpenParagraph("<w:r>" + text("the Buyer") + text(", Buyer") + "</w:r>");
+  ExpectMarkedAndGivenBack(u"Buyer", 2);
+  OpenParagraph("<w:r>" + text("the Buyer") + text(", Buyer, ") + text("Buyer and ") + "</w:r>");
+  ExpectMarkedAndGivenBack(u"Buyer", 3);
+  OpenParagraph("<w:r>" + text("the Buyer") + "<w:t> (Buyer) </w:t>" + text("Buyer ") + "<w:t>(Buyer) </w:t></w:r>");
+  ExpectMarkedAndGivenBack(u"Buyer", 4);
+}
+
 TEST_F(TermMarkerOnDocx, BookmarksProofingMarksAndCommentsDoNotBreakATerm) {
   OpenParagraph(TextRun("Stock ") + "<w:bookmarkStart w:id=\"5\" w:name=\"mine\"/>" +
                 "<w:proofErr w:type=\"spellStart\"/>" + TextRun("Pur") + "<w:bookmarkEnd w:id=\"5\"/>" +

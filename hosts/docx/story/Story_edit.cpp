@@ -62,10 +62,10 @@ void Story::DivideRunsAt(Position position) {
   const XmlNode before = previous.Node().Parent();
   const XmlNode after = next.Node().Parent();
   if (before == after) {
-    const bool areNeighbours =
-        isBoundary && IsText(previous) && IsText(next) && previous.Node().NextSibling() == next.Node();
+    const XmlNode first = WithItsMark(next.Node());
+    const bool areNeighbours = isBoundary && IsText(previous) && IsText(next) && previous.Node().NextSibling() == first;
     DivideRun(place);
-    if (areNeighbours) PutApartMarkBefore(atoms_.Get(place).Node());
+    if (areNeighbours) PutApartMarkBefore(first);
   } else if (before.NextSibling() == after && IsJoinable(previous) && IsJoinable(next) &&
              !inserted_.contains(before.Data()) && !inserted_.contains(after.Data()) &&
              SameRunFormatting(*part_, before, after)) {
@@ -374,7 +374,7 @@ void Story::RejoinAt(Position position) {
   run.Parent().RemoveChild(other);
   const XmlNode text = first.Node();
   const XmlNode next = text.NextSibling();
-  if (IsApartMark(next) && next.NextSibling() == second.Node()) run.RemoveChild(next);
+  if (IsApartMark(next) && next.NextSibling() == WithItsMark(second.Node())) run.RemoveChild(next);
   if (IsText(first) && IsText(second) && next == second.Node() && text.Name() == next.Name()) {
     JoinText(text, next);
     atoms_.Join(before);

@@ -18,7 +18,15 @@ std::string RandomBody(std::mt19937& random) {
       const std::string text = "<w:r><w:t>" +
                                std::string(static_cast<std::size_t>(1 + below(6)), static_cast<char>('a' + below(26))) +
                                "</w:t></w:r>";
-      switch (below(7)) {
+      const auto texts = [&] {
+        std::string run;
+        for (int t = 2 + below(2); t > 0; --t) {
+          run += std::string("<w:t") + (below(2) == 0 ? " xml:space=\"preserve\">" : ">") +
+                 std::string(static_cast<std::size_t>(1 + below(4)), static_cast<char>('a' + below(26))) + "</w:t>";
+        }
+        return "<w:r>" + run + "</w:r>";
+      };
+      switch (below(8)) {
         case 0:
           body += "<w:del>" + text + "</w:del>";
           break;
@@ -35,6 +43,9 @@ std::string RandomBody(std::mt19937& random) {
           body += "<w:r><w:t>x</w:t><w:tab/><w:t>y</w:t></w:r>";
           break;
         case 4:
+          body += texts();
+          break;
+        case 5:
           // All say the same of themselves.
           body += "<w:ins w:id=\"50\" w:author=\"A\">" + text + "</w:ins>";
           break;
