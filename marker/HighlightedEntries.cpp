@@ -80,20 +80,30 @@ std::vector<Stretch> HighlightedEntries::YellowTail(const word::RangePtr& range,
   return yellow;
 }
 
-std::vector<Stretch> HighlightedEntries::Before(const word::RangePtr& range, word::Position entry,
-                                                std::u16string_view entryText) {
-  const Spellings& spellings = SpellingsOf(entryText);
-  const std::size_t end = text_.PlainAt(entry);
+std::size_t HighlightedEntries::WordEnd(std::size_t end) const {
   constexpr std::size_t kPossessive = 2;
   const bool isPossessive = end > kPossessive && PossessiveEnd(letters_, text_.Plain(), end - kPossessive) == end;
+  return isPossessive ? end - kPossessive : end;
+}
+
+std::optional<std::vector<Stretch>> HighlightedEntries::Exactly(const word::RangePtr& range, word::Position entry,
+                                                                std::u16string_view entryText) {
+  const Spellings& spellings = SpellingsOf(entryText);
+  const std::size_t end = text_.PlainAt(entry);
   if (const std::size_t length = LengthBefore(end, spellings)) return Yellow(range, end - length, end);
-  const std::size_t wordEnd = isPossessive ? end - kPossessive : end;
+  const std::size_t wordEnd = WordEnd(end);
   if (const std::size_t length = LengthBefore(wordEnd, spellings)) return Yellow(range, wordEnd - length, wordEnd);
   // An entry that was cut says how its occurrence begins; the cut may have spared half a surrogate pair.
   if (entryText.size() + 1 >= kLongestEntry) {
     if (const std::size_t length = LengthOfCutBefore(end, spellings)) return Yellow(range, end - length, end);
   }
-  return wordEnd == 0 ? std::vector<Stretch>{} : YellowTail(range, wordEnd, entryText.size());
+  return std::nullopt;
+}
+
+std::vector<Stretch> HighlightedEntries::Roughly(const word::RangePtr& range, word::Position entry,
+                                                 std::u16string_view entryText) const {
+  const std::size_t end = WordEnd(text_.PlainAt(entry));
+  return end == 0 ? std::vector<Stretch>{} : YellowTail(range, end, entryText.size());
 }
 
 }  // namespace marker

@@ -4,6 +4,7 @@
 #include "marker/StoryText.h"
 #include "platform/word/Types.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -19,9 +20,13 @@ class HighlightedEntries {
   HighlightedEntries(const Letters& letters, const StoryText& text);
 
   /// @param range a range of the story, which is moved about
-  /// @return the yellow stretches of the entry's occurrence. Where the text was edited since and no longer agrees
-  ///     with the entry, the yellow text that ends there, up to the entry's length
-  std::vector<Stretch> Before(const word::RangePtr& range, word::Position entry, std::u16string_view entryText);
+  /// @return the yellow stretches of the entry's occurrence; nothing where the text does not agree with the entry
+  std::optional<std::vector<Stretch>> Exactly(const word::RangePtr& range, word::Position entry,
+                                              std::u16string_view entryText);
+  /// For a text that was edited since.
+  /// @param range a range of the story, which is moved about
+  /// @return the yellow text that ends there, up to the entry's length
+  std::vector<Stretch> Roughly(const word::RangePtr& range, word::Position entry, std::u16string_view entryText) const;
 
  private:
   /// The spellings an entry may stand behind, folded.
@@ -30,6 +35,8 @@ class HighlightedEntries {
     std::u16string upper;
   };
 
+  /// Where the word in front of an entry ends: before its possessive ending.
+  std::size_t WordEnd(std::size_t end) const;
   const Spellings& SpellingsOf(std::u16string_view entryText);
   std::u16string Shown(std::size_t begin, std::size_t end) const;
   std::size_t LengthBefore(std::size_t end, const Spellings& spellings) const;

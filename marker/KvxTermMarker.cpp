@@ -2,11 +2,11 @@
 
 #include "marker/Entries.h"
 #include "marker/ExtraLists.h"
-#include "marker/HighlightedEntries.h"
 #include "marker/IndexField.h"
 #include "marker/KeptPlaces.h"
 #include "marker/PlainText.h"
 #include "marker/Stories.h"
+#include "marker/StoryHighlights.h"
 #include "marker/StoryText.h"
 #include "platform/BookmarkNames.h"
 #include "platform/TermText.h"
@@ -165,11 +165,9 @@ void KvxTermMarker::RemoveEntriesOf(const word::DocumentPtr& document, const wor
   const word::FieldsPtr fields = story->Fields();
   const int count = fields->Count();
   if (count == 0) return;
-  std::optional<StoryText> text;
-  std::optional<HighlightedEntries> highlighted;
+  std::optional<StoryHighlights> highlighted;
   if (isHighlighted && story->HighlightColorIndex() != word::wdNoHighlight) {
-    text.emplace(document, story, StoryText::Hidden::kKept);
-    highlighted.emplace(letters_, *text);
+    highlighted.emplace(letters_, document, story);
   }
   const word::RangePtr range = story->Duplicate();
   // From the last to the first: the numbers and positions of those before stay as they are.
@@ -208,11 +206,10 @@ void KvxTermMarker::RemoveTermHighlighting(const word::DocumentPtr& document) {
 void KvxTermMarker::RemoveHighlightsOf(const word::DocumentPtr& document, const word::RangePtr& story,
                                        const HighlightRecord& record) {
   if (story->Fields()->Count() == 0 || story->HighlightColorIndex() == word::wdNoHighlight) return;
-  const StoryText text(document, story, StoryText::Hidden::kKept);
-  HighlightedEntries highlighted(letters_, text);
+  StoryHighlights highlighted(letters_, document, story);
   const word::RangePtr range = story->Duplicate();
   const std::vector<Stretch> authors = record.Authors(story->StoryType());
-  for (const OurEntry& entry : text.Entries()) {
+  for (const OurEntry& entry : highlighted.Entries()) {
     for (const Stretch& stretch : highlighted.Before(range, entry.begin, entry.text)) {
       TakeHighlightOff(range, stretch, authors);
     }

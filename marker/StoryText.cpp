@@ -135,7 +135,8 @@ StoryText::StoryText(const word::DocumentPtr& document, const word::RangePtr& st
             [](const OurEntry& left, const OurEntry& right) { return left.begin < right.begin; });
   CollectOurOwn(document, story, barriers);
   CollectDeleted(story, gaps);
-  if (hidden == Hidden::kLeftOut && story->Font()->Hidden() != 0) {
+  hasHidden_ = hidden == Hidden::kLeftOut && story->Font()->Hidden() != 0;
+  if (hasHidden_) {
     CollectHidden(story->Duplicate(), start, story->End(), gaps);
   }
   SortByBegin(barriers);

@@ -54,6 +54,9 @@ class StoryText {
   /// The positions that make up a part of Plain(), without what was left out between them.
   std::vector<Stretch> Stretches(std::size_t begin, std::size_t end) const;
 
+  /// Whether hidden text was left out.
+  bool HasHidden() const { return hasHidden_; }
+
   /// In order of their position.
   const std::vector<OurEntry>& Entries() const { return entries_; }
 
@@ -75,6 +78,7 @@ class StoryText {
   std::u16string plain_;
   std::vector<Piece> pieces_;
   std::vector<OurEntry> entries_;
+  bool hasHidden_{false};
 };
 
 }  // namespace marker

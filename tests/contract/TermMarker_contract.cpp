@@ -138,6 +138,42 @@ TEST_F(TermMarkerOnDocx, HiddenTextIsNotMarked) {
   ExpectMarkedAndGivenBack(u"Lender", 2);
 }
 
+TEST_F(TermMarkerOnDocx, TheHighlightGoesWhereHiddenTextStandsInATermOrBehindIt) {
+  const std::string hidden = TextRun("zz", "<w:vanish/>");
+  OpenParagraph(TextRun("the Len") + hidden + TextRun("der x"));
+  ExpectMarkedAndGivenBack(u"Lender", 1);
+  OpenParagraph(TextRun("the Stock ") + TextRun("(hidden) ", "<w:vanish/>") + TextRun("Purchase x"));
+  ExpectMarkedAndGivenBack(u"Stock Purchase", 1);
+  OpenParagraph(TextRun("the Lender\u2019s") + hidden + TextRun(" fees, Lender") + hidden + TextRun("\u2019s fees"));
+  ExpectMarkedAndGivenBack(u"Lender", 2);
+}
+
+TEST_F(TermMarkerOnDocx, TheHighlightGoesWithoutItsEntryWhereHiddenTextStandsInATerm) {
+  OpenParagraph(TextRun("the Len") + TextRun("zz", "<w:vanish/>") + TextRun("der x"));
+  Mark({u"Lender"});
+  marker_->RemoveTermHighlighting(docx_->Document());
+  EXPECT_EQ(docx_->Story()->HighlightColorIndex(), word::wdNoHighlight);
+}
+
+TEST_F(TermMarkerOnDocx, TheAuthorsHighlightOfHiddenTextInATermStays) {
+  const std::string yellow = "<w:highlight w:val=\"yellow\"/>";
+  OpenParagraph(TextRun("the Len") + TextRun("zz", "<w:vanish/>" + yellow) + TextRun("der x"));
+  ExpectMarkedAndGivenBack(u"Lender", 1);
+}
+
+TEST_F(TermMarkerOnDocx, TheHighlightGoesFromATermThatWasHiddenSince) {
+  const auto marked = [](const std::string& properties) {
+    const std::string yellow = "<w:highlight w:val=\"yellow\"/>";
+    return "<w:bookmarkStart w:id=\"7\" w:name=\"_KVXHighlighting\"/><w:bookmarkEnd w:id=\"7\"/>" + TextRun("the ") +
+           TextRun("Len", properties + yellow) + TextRun("der", yellow) +
+           EntryField(" XE \"Lender\" \\f \"DefinedTermsIndex\" ");
+  };
+  OpenParagraph(marked("<w:vanish/>"));
+  RemoveAll();
+  EXPECT_EQ(docx_->Story()->HighlightColorIndex(), word::wdNoHighlight);
+  EXPECT_EQ(docx_->Text(), u"the Lender\r");
+}
+
 TEST_F(TermMarkerOnDocx, CodesAndResultsOfFieldsAreNotMarked) {
   OpenWithIndexStyle(TextRun("Lender ") + Field(" REF Lender ", "Lender") + TextRun(" ") +
                      Field(" TOC \\o ", "Lender 1") + "<w:fldSimple w:instr=\" TITLE \">" + TextRun("Lender") +
