@@ -13,6 +13,7 @@
 #include "marker/MakeTermMarker.h"
 #include "platform/word/Application.h"
 #include "platform/word/Document.h"
+#include "platform/word/Range.h"
 #include "settings/Defaults.h"
 
 namespace {
@@ -136,13 +137,19 @@ bool Session::ApplyOption(const std::string& name, const RunStateOptions::Option
 }
 
 void Session::PlaceCursor() {
-  docx::SelectionState selection;
+  const auto require = [](bool exists) {
+    if (!exists) throw Failure(kStopped, "the document has no such place for the cursor");
+  };
   if (!options_.at && state_.cursor) {
-    selection = {.story = state_.cursor->story, .start = state_.cursor->start, .end = state_.cursor->end};
-  } else {
-    selection = FindPlace(processor_.Application()->ActiveDocument(), options_.at.value_or(CursorPlace{}));
+    const auto& [story, start, end] = *state_.cursor;
+    require(processor_.Select({.story = story, .start = start, .end = end}));
+    return;
   }
-  if (!processor_.Select(selection)) throw Failure(kStopped, "the document has no such place for the cursor");
+  const word::RangePtr place =
+      FindPlace(processor_.Application()->ActiveDocument(), options_.at.value_or(CursorPlace{}));
+  // No insertion point stands behind a story's last mark.
+  require(place->Start() < place->StoryLength());
+  place->Select();
 }
 
 std::unique_ptr<TermMarker> Session::MakeMarker() {

@@ -84,6 +84,12 @@ class Index(program.Case):
             self.assertTrue(shown["stories"][0]["text"].startswith("A "))
             self.assertLessEqual(field["start"], 4, place)
 
+    def test_a_bookmark_in_a_header_is_no_place_for_an_index(self):
+        self.document(lines="P “Buyer” is the Buyer.\nSECTION header=The_[[bm_Head|head]]\nP Last.")
+        result = self.check("index", "contract.docx", "-o", "out.docx", "--at", "bookmark:Head", status=1)
+        self.assertIn("Your defined terms index has to be in the main body of your document.", result.err)
+        self.assertFalse((self.folder / "out.docx").exists())
+
     def test_the_pages_are_those_of_the_document_with_its_index(self):
         terms = [f"Term {chr(65 + one)}{chr(97 + other)}" for one in range(5) for other in range(26)]
         self.document(lines="\nN\n".join(f"P “{term}” is the {term}." for term in terms))

@@ -28,6 +28,11 @@ class Inspect(program.Case):
         self.assertEqual(shown["pages"], 1)
         self.assertIsNone(shown["index"])
 
+    def test_bookmarks_outside_of_the_text_are_shown(self):
+        shown = self.inspect(self.document(lines="P The [[bm Here|place]].\nSECTION header=The_[[bm_Head|head]]\nP Last."))
+        self.assertEqual([(mark["name"], mark["story"], mark["start"], mark["end"]) for mark in shown["bookmarks"]],
+                         [("Head", 7, 4, 8), ("Here", 1, 4, 9)])
+
     def test_pages_count_through_the_whole_document(self):
         shown = self.inspect(self.document(lines="P [[bm One|first]]\nN\nP [[bm Two|second]]\nN\nP [[bm Three|third]]"))
         pages = {bookmark["name"]: bookmark["page"] for bookmark in shown["bookmarks"]}

@@ -1,10 +1,10 @@
 #include "hosts/docx/model/BookmarkIndex.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "hosts/docx/find/FindCharacters.h"
 #include "hosts/docx/xml/Utf.h"
+#include "hosts/docx/xml/XmlWalk.h"
 
 namespace docx {
 
@@ -33,14 +33,16 @@ void BookmarkIndex::Read(Story& story) {
   std::unordered_map<std::string, const XmlNodeData*> open;  // the last of them with an id that has not ended
   const AtomSequence& atoms = story.Atoms();
   const XmlPart& part = story.Part();
+  parts_.insert(&part);
   // Most stories have none, and are not walked through.
   const AtomSequence::Place begin = atoms.HasBookmarks() ? atoms.Begin() : atoms.End();
   for (AtomSequence::Place place = begin; !atoms.IsEnd(place); place = atoms.Next(place)) {
     const Atom& atom = atoms.Get(place);
     if (atom.kind != AtomKind::kBookmarkStart && atom.kind != AtomKind::kBookmarkEnd) continue;
     const std::string id(part.Attribute(atom.Node(), "id").Value());
-    ids_.insert(std::atoi(id.c_str()));
     if (atom.kind == AtomKind::kBookmarkStart) {
+      // A part is the header of all sections that have none of their own, and a story of each.
+      if (keys_.contains(atom.element)) continue;
       Mark mark{&story, ToUtf16(part.Attribute(atom.Node(), "name").Value()), atom.Node(), {}};
       const std::u16string key = Key(mark.name);
       const auto earlier = marks_.find(key);
@@ -66,7 +68,7 @@ void BookmarkIndex::Read(Story& story) {
   }
   story.bookmarkRemoved = [this, &part](XmlNode start) {
     const int id = part.Attribute(start, "id").AsInt();
-    ids_.erase(id);
+    if (const auto known = ids_.find(id); known != ids_.end()) ids_.erase(known);
     lowestFree_ = std::min(lowestFree_, id);
     const auto found = keys_.find(start.Data());
     if (found == keys_.end()) return;
@@ -115,12 +117,30 @@ void BookmarkIndex::Remove(std::u16string_view name) {
   if (const Mark* mark = Find(name)) mark->story->RemoveBookmark(mark->first, mark->last);
 }
 
+int BookmarkIndex::NewId() {
+  if (!knowsIds_) ReadIds();
+  while (ids_.contains(lowestFree_)) ++lowestFree_;
+  ids_.insert(lowestFree_);
+  return lowestFree_;
+}
+
+void BookmarkIndex::ReadIds() {
+  knowsIds_ = true;
+  for (const XmlPart* part : parts_) {
+    if (!part->Has(Tag::kBookmarkStart) && !part->Has(Tag::kBookmarkEnd)) continue;
+    ForEachElement(part->Root(), [&](XmlNode node) {
+      const Tag tag = part->TagOf(node);
+      if (tag != Tag::kBookmarkStart && tag != Tag::kBookmarkEnd) return true;
+      const int id = part->Attribute(node, "id").AsInt();
+      if (tag == Tag::kBookmarkStart || !ids_.contains(id)) ids_.insert(id);
+      return true;
+    });
+  }
+}
+
 void BookmarkIndex::Add(Story& story, Position start, Position end, std::u16string_view name) {
   Remove(name);
-  while (ids_.contains(lowestFree_)) ++lowestFree_;
-  const int id = lowestFree_;
-  ids_.insert(id);
-  const Story::BookmarkElements elements = story.InsertBookmark(start, end, ToUtf8(name), id);
+  const Story::BookmarkElements elements = story.InsertBookmark(start, end, ToUtf8(name), NewId());
   const std::u16string key = Key(name);
   keys_[elements.first.Data()] = key;
   Put(key, {&story, std::u16string(name), elements.first, elements.last});

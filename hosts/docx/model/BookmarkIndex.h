@@ -47,15 +47,20 @@ class BookmarkIndex {
   void Put(const std::u16string& key, Mark mark);
   void Erase(const Marks::iterator& mark);
   void Forget(const std::u16string& key);
+  int NewId();
+  void ReadIds();
 
   Marks marks_;
   int hidden_{0};  // of them
   std::unordered_map<const XmlNodeData*, std::u16string> keys_;
   mutable std::vector<const Marks::value_type*> order_;  // of marks_, by the keys; empty while it has to be made anew
   // A new bookmark gets the lowest free id, so that the same steps on a document that was marked before, or never, give
-  // the same ids.
-  std::set<int> ids_;
+  // the same ids. Those that stand where no story comes to, such as in the other branch of an alternate content, are
+  // not free either.
+  std::multiset<int> ids_;  // of bookmarks' beginnings, and of ends without one; empty until one is added
+  bool knowsIds_{false};
   int lowestFree_{0};
+  std::set<const XmlPart*> parts_;
 };
 
 }  // namespace docx

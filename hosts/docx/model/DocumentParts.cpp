@@ -9,6 +9,7 @@
 
 #include "hosts/docx/story/StoryBuilder.h"
 #include "hosts/docx/styles/IndexStyles.h"
+#include "hosts/docx/xml/XmlWalk.h"
 #include "platform/word/Constants.h"
 
 namespace docx {
@@ -27,20 +28,6 @@ int HeaderStoryType(bool header, std::string_view type) {
   if (type == "even") return header ? 6 : 8;
   if (type == "first") return header ? 10 : 11;
   return header ? 7 : 9;
-}
-
-/// Calls visit for every element below a node, in document order.
-template <typename Visit>
-void ForEachElement(XmlNode root, Visit visit) {
-  for (XmlNode node = root.FirstChild(); node && node != root;) {
-    const bool deeper = node.Type() != XmlType::kElement || visit(node);
-    if (deeper && node.FirstChild()) {
-      node = node.FirstChild();
-      continue;
-    }
-    while (node != root && !node.NextSibling()) node = node.Parent();
-    if (node != root) node = node.NextSibling();
-  }
 }
 
 }  // namespace

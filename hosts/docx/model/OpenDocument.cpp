@@ -10,9 +10,12 @@ namespace docx {
 
 OpenDocument::OpenDocument(std::unique_ptr<Package> package, DocumentSettings settings, DocumentFile& file)
     : settings_(std::move(settings)), file_(file), parts_(std::move(package)), revisions_(parts_) {
-  for (int type = word::wdMainTextStory; type <= DocumentParts::kLastStoryType; ++type) {
+  const auto read = [this](int type) {
     for (const auto& story : parts_.Stories(type)) bookmarks_.Read(*story);
-  }
+  };
+  // Of bookmarks of one name the last counts: what is outside of the text does not outdo what is in it.
+  for (int type = word::wdCommentsStory; type <= DocumentParts::kLastStoryType; ++type) read(type);
+  for (const int type : {word::wdMainTextStory, word::wdFootnotesStory, word::wdEndnotesStory}) read(type);
   Select(parts_.Main(), 0, 0);
   protected_ = ReadProtection();
 }

@@ -7,6 +7,7 @@
 #include <ctime>
 #include <string_view>
 
+#include "hosts/docx/xml/XmlWalk.h"
 #include "platform/word/Constants.h"
 
 namespace docx {
@@ -45,13 +46,6 @@ bool SaysTracking(XmlPart* settings) {
   return settings->Attribute(protection, "edit").Value() == "trackedChanges" && !enforced.empty() && !isOff(enforced);
 }
 
-/// The node behind another in document order, its children first; none at the end.
-XmlNode Following(XmlNode node) {
-  if (node.IsElement() && node.FirstChild()) return node.FirstChild();
-  while (node && !node.NextSibling()) node = node.Parent();
-  return node.NextSibling();
-}
-
 }  // namespace
 
 RevisionMarks::RevisionMarks(DocumentParts& parts)
@@ -64,10 +58,10 @@ void RevisionMarks::CollectIds() {
   for (const int type : {word::wdMainTextStory, word::wdFootnotesStory, word::wdEndnotesStory}) {
     for (const auto& story : parts_.Stories(type)) {
       const XmlPart& part = story->Part();
-      for (XmlNode node = part.Root(); node; node = Following(node)) {
-        if (!node.IsElement()) continue;
+      ForEachElement(part.Root(), [&](XmlNode node) {
         if (const XmlAttribute id = part.Attribute(node, "id")) ids_.insert(id.AsInt());
-      }
+        return true;
+      });
     }
   }
 }

@@ -1,0 +1,103 @@
+#include "DocxDocument.h"
+#include "Markup.h"
+
+#include "platform/word/Bookmarks.h"
+#include "platform/word/Document.h"
+#include "platform/word/Range.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <regex>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr int kPrimaryHeader = 7;
+const std::string kHasHeader = "<w:headerReference w:type=\"default\" r:id=\"rId3\"/>";
+
+std::string Marked(int id, const std::string& name, const std::string& text) {
+  const std::string number = "w:id=\"" + std::to_string(id) + "\"";
+  return "<w:bookmarkStart " + number + " w:name=\"" + name + "\"/>" + TextRun(text) + "<w:bookmarkEnd " + number +
+         "/>";
+}
+
+std::string TextBox(const std::string& shown, const std::string& passedOver) {
+  const auto box = [](const std::string& content) {
+    return "<w:pict><w:txbxContent>" + Paragraph(content) + "</w:txbxContent></w:pict>";
+  };
+  return "<w:r><mc:AlternateContent xmlns:mc=\"http://schemas.openxmlformats.org/markup-compatibility/2006\">"
+         "<mc:Choice Requires=\"wps\">" +
+         box(shown) + "</mc:Choice><mc:Fallback>" + box(passedOver) + "</mc:Fallback></mc:AlternateContent></w:r>";
+}
+
+/// Of all elements that begin a bookmark in a part.
+std::vector<int> Ids(const DocxDocument& document, const std::string& part) {
+  const std::string xml = document.Part(part);
+  const std::regex start("<w:bookmarkStart[^>]* w:id=\"(\\d+)\"");
+  std::vector<int> ids;
+  for (std::sregex_iterator match(xml.begin(), xml.end(), start); match != std::sregex_iterator(); ++match) {
+    ids.push_back(std::stoi((*match)[1]));
+  }
+  std::sort(ids.begin(), ids.end());
+  return ids;
+}
+
+void Add(const DocxDocument& document, const char16_t* name) {
+  document.Document()->Bookmarks()->Add(name, document.Document()->Range(0, 1));
+}
+
+TEST(Bookmarks, OfTextBoxesAndHeadersBelongToTheDocument) {
+  const DocxDocument document(
+      {.body = Paragraph(Marked(0, "text", "The Buyer") + TextBox(Marked(1, "Box", "in box"), "")),
+       .section = kHasHeader,
+       .header = Paragraph(TextRun("the ") + Marked(2, "head", "head"))});
+  const word::BookmarksPtr bookmarks = document.Document()->Bookmarks();
+  ASSERT_EQ(bookmarks->Count(), 3);
+  EXPECT_EQ(bookmarks->Item(1)->Name(), u"Box");
+  EXPECT_EQ(bookmarks->Item(1)->Range()->StoryType(), word::wdTextFrameStory);
+  EXPECT_EQ(bookmarks->Item(1)->Range()->Text(), u"in box");
+  ASSERT_TRUE(bookmarks->Exists(u"HEAD"));
+  EXPECT_EQ(static_cast<int>(bookmarks->Item(u"head")->Range()->StoryType()), kPrimaryHeader);
+  EXPECT_EQ(bookmarks->Item(u"head")->Range()->Start(), 4);
+  bookmarks->Item(u"head")->Delete();
+  EXPECT_FALSE(bookmarks->Exists(u"head"));
+  EXPECT_EQ(document.Part("word/header.xml").find("bookmark"), std::string::npos);
+}
+
+TEST(Bookmarks, OfOneNameTheOneInTheTextCounts) {
+  const DocxDocument document(
+      {.body = Paragraph(TextBox(Marked(1, "place", "box"), "") + TextRun("the ") + Marked(0, "place", "text")),
+       .section = kHasHeader,
+       .header = Paragraph(Marked(2, "place", "head"))});
+  EXPECT_EQ(document.Document()->Bookmarks()->Count(), 1);
+  EXPECT_EQ(document.Document()->Bookmarks()->Item(u"place")->Range()->Text(), u"text");
+}
+
+TEST(Bookmarks, HaveNumbersThatNoOtherHasWhereverItStands) {
+  const DocxDocument document(
+      {.body = Paragraph(TextRun("The ") + TextBox(Marked(1, "box", "in box"), Marked(3, "passed", "in box")) +
+                         TextRun("Buyer")),
+       .footnotes = "<w:footnote w:id=\"2\">" + Paragraph("") + "</w:footnote>",
+       .section = kHasHeader,
+       .header = Paragraph(Marked(2, "head", "head"))});
+  Add(document, u"first");
+  Add(document, u"second");
+  EXPECT_EQ(Ids(document, "word/document.xml"), (std::vector<int>{0, 1, 3, 4}));
+}
+
+TEST(Bookmarks, LeaveTheirNumbersOnlyWhereNoOtherHasThem) {
+  const DocxDocument document({.body = Paragraph(Marked(0, "text", "The Buyer")),
+                               .section = kHasHeader,
+                               .header = Paragraph(Marked(0, "head", "head"))});
+  Add(document, u"first");
+  document.Document()->Bookmarks()->Item(u"text")->Delete();
+  Add(document, u"second");
+  EXPECT_EQ(Ids(document, "word/document.xml"), (std::vector<int>{1, 2}));
+  document.Document()->Bookmarks()->Item(u"head")->Delete();
+  Add(document, u"third");
+  EXPECT_EQ(Ids(document, "word/document.xml"), (std::vector<int>{0, 1, 2}));
+}
+
+}  // namespace
