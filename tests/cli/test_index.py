@@ -90,6 +90,21 @@ class Index(program.Case):
         self.assertIn("Your defined terms index has to be in the main body of your document.", result.err)
         self.assertFalse((self.folder / "out.docx").exists())
 
+    def test_a_place_inside_a_character_is_the_one_behind_it(self):
+        self.document(lines="P 😀 “Buyer” is the Buyer and Buyer.\nP Last.")
+        cursor = {"story": 1, "start": 1, "end": 1}
+        (self.folder / "answers.json").write_text(json.dumps({"state": {"cursor": cursor}, "answers": []}))
+        for command, place in ((("index",), ("--at", "char:1")), (("run", "index"), ("--answers", "answers.json"))):
+            self.check(*command, "contract.docx", "-o", "out.docx", "--force", *place)
+            shown = self.inspect(self.folder / "out.docx")
+            text = shown["stories"][0]["text"]
+            entries = [entry["start"] for entry in shown["entries"]]
+            units = text.encode("utf-16-le")
+            self.assertEqual([units[2 * start - 10:2 * start].decode("utf-16-le") for start in entries], ["Buyer"] * 3)
+            self.assertTrue(text.startswith("😀\x13 INDEX"), text)
+            self.check("remove", "out.docx", "-o", "removed.docx", "--force")
+            self.assertEqual(program.canonical(self.folder / "removed.docx"), program.canonical(self.folder / "contract.docx"))
+
     def test_the_pages_are_those_of_the_document_with_its_index(self):
         terms = [f"Term {chr(65 + one)}{chr(97 + other)}" for one in range(5) for other in range(26)]
         self.document(lines="\nN\n".join(f"P “{term}” is the {term}." for term in terms))

@@ -21,7 +21,7 @@ OpenDocument::OpenDocument(std::unique_ptr<Package> package, DocumentSettings se
 }
 
 void OpenDocument::Select(Story& story, Position start, Position end) {
-  selection_ = std::make_unique<Anchor>(story, start, end);
+  selection_ = std::make_unique<Anchor>(story, story.BetweenCharacters(start), story.BetweenCharacters(end));
 }
 
 void OpenDocument::Save() {

@@ -23,6 +23,7 @@ class OpenDocument {
   BookmarkIndex& Bookmarks() { return bookmarks_; }
   RevisionMarks& Revisions() { return revisions_; }
   Anchor& Selection() { return *selection_; }
+  /// An edge inside of a surrogate pair goes behind it: no cursor comes there.
   void Select(Story& story, Position start, Position end);
 
   const std::u16string& Name() const { return settings_.name; }

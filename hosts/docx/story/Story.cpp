@@ -89,6 +89,16 @@ Position Story::ParagraphEnd(Position position) const {
   return place.start;
 }
 
+Position Story::BetweenCharacters(Position position) const {
+  const auto [text, start] = atoms_.BlockAt(position);
+  const auto at = static_cast<std::size_t>(position - start);
+  // A pair stands in one text, and that in one block.
+  if (at == 0 || at >= text.size()) return position;
+  const auto isIn = [](char16_t unit, char16_t first, char16_t last) { return unit >= first && unit <= last; };
+  const bool isInside = isIn(text[at - 1], 0xD800, 0xDBFF) && isIn(text[at], 0xDC00, 0xDFFF);
+  return isInside ? position + 1 : position;
+}
+
 XmlNode Story::RunAt(Position position) const {
   const AtomSequence::Place place = atoms_.At(position);
   if (atoms_.IsEnd(place) || !atoms_.Get(place).InRun()) return {};

@@ -113,6 +113,8 @@ class Story {
   /// Where the paragraph that the position is in begins and where it ends, its mark included.
   Position ParagraphStart(Position position) const;
   Position ParagraphEnd(Position position) const;
+  /// The position, or the one behind the character that it is inside of: a surrogate pair has two.
+  Position BetweenCharacters(Position position) const;
   /// The run that holds the character at the position; empty for marks of paragraphs, cells and rows.
   XmlNode RunAt(Position position) const;
 

@@ -31,6 +31,9 @@ void Story::DivideAt(Position position) {
   if (!IsText(atom)) {
     throw word::HostError(word::kCommandFailed, u"This place in a field cannot be edited.", "Range");
   }
+  if (BetweenCharacters(position) != position) {
+    throw word::HostError(word::kCommandFailed, u"A character cannot be divided.", "Range");
+  }
   const auto units = static_cast<std::uint32_t>(position - place.start);
   atoms_.Divide(place, units, DivideText(atom.Node(), units));
   part_->Touch();

@@ -102,6 +102,18 @@ TEST(Edits, AStoryAlwaysSaysWhatItsXmlSays) {
   }
 }
 
+TEST(Edits, ACharacterOfTwoUnitsIsNotDivided) {
+  StoryFixture f("<w:p><w:r><w:t>a\U0001F600b</w:t></w:r></w:p>");
+  EXPECT_THROW(f.story->InsertField(2, u" XE "), word::HostError);
+  EXPECT_THROW(f.story->InsertText(2, u"x"), word::HostError);
+  EXPECT_THROW(f.story->IsolateRuns(0, 2), word::HostError);
+  EXPECT_EQ(f.Body(), f.before);
+  f.story->InsertText(f.story->BetweenCharacters(2), u"x");
+  EXPECT_EQ(f.Text(), "a\U0001F600xb\r");
+  EXPECT_EQ(f.story->BetweenCharacters(1), 1);
+  EXPECT_EQ(f.story->BetweenCharacters(3), 3);
+}
+
 // Fields come and go without a trace, wherever they were put.
 void ExpectFieldsLeaveNoTrace(bool tracked) {
   for (unsigned seed = 1; seed <= 300; ++seed) {
