@@ -23,17 +23,6 @@ bool IsSameFile(const fs::path& one, const fs::path& other) {
   return fs::equivalent(one, other, error) && !error;
 }
 
-/// Empty where there is no file.
-std::optional<FileStamp> StampOf(const fs::path& file) {
-  constexpr std::int64_t kNanoseconds = 1'000'000'000;
-  struct stat status {};
-  if (stat(file.c_str(), &status) != 0) return {};
-  return FileStamp{.device = status.st_dev,
-                   .number = status.st_ino,
-                   .size = status.st_size,
-                   .changed = status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec};
-}
-
 std::span<const std::byte> Bytes(const std::string& text) { return std::as_bytes(std::span(text.data(), text.size())); }
 
 /// Does work on a target's new content.
@@ -55,6 +44,16 @@ void Replace(const fs::path& target, Fill fill) {
 }
 
 }  // namespace
+
+std::optional<FileStamp> StampOf(const fs::path& file) {
+  constexpr std::int64_t kNanoseconds = 1'000'000'000;
+  struct stat status {};
+  if (stat(file.c_str(), &status) != 0) return {};
+  return FileStamp{.device = status.st_dev,
+                   .number = status.st_ino,
+                   .size = status.st_size,
+                   .changed = status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec};
+}
 
 std::optional<fs::path> ResultOf(const OutputOptions& output, const Input& input) {
   if (output.inPlace) return input.file;

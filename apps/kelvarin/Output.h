@@ -27,6 +27,9 @@ struct FileStamp {
   bool operator==(const FileStamp&) const = default;
 };
 
+/// Empty where there is no file.
+std::optional<FileStamp> StampOf(const std::filesystem::path& file);
+
 /// Where a result goes.
 struct Target {
   std::filesystem::path file;

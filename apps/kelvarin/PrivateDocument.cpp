@@ -1,9 +1,10 @@
 #include "apps/kelvarin/PrivateDocument.h"
 
+#include <algorithm>
+#include <optional>
 #include <system_error>
 #include <utility>
 
-#include "apps/kelvarin/Output.h"
 #include "apps/kelvarin/Status.h"
 #include "hosts/linux/Paths.h"
 #include "hosts/unattended/Text.h"
@@ -22,7 +23,13 @@ void PrivateDocument::SaveAs(std::u16string_view fileName, const docx::Package& 
   }
   try {
     WriteDocument(package, target);
+    if (const std::optional<FileStamp> written = StampOf(target)) written_.push_back(*written);
   } catch (const Failure& failure) {
     throw word::HostError(word::kCannotSaveFile, unattended::FromUtf8(failure.what()), "Document.SaveAs");
   }
+}
+
+void PrivateDocument::AcceptOwn(Target& target) const {
+  const std::optional<FileStamp> now = StampOf(target.file);
+  if (now && std::find(written_.begin(), written_.end(), *now) != written_.end()) target.before = now;
 }

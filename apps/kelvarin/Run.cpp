@@ -20,7 +20,7 @@ unattended::AnswersFile ReadAnswers(const Options& options) {
 
 FileResult RunCommand(const Options& options, const std::filesystem::path& input) {
   return RunOnFile(options, input, [&](FileRecord& record) {
-    const std::optional<Target> target = ChooseTarget(options.output, input);
+    std::optional<Target> target = ChooseTarget(options.output, input);
     unattended::AnswersFile file = ReadAnswers(options);
     unattended::FileAnswers answers(std::move(file.answers), options.strict);
     Session session(input, options, answers, file.state, record.transcript);
@@ -29,6 +29,7 @@ FileResult RunCommand(const Options& options, const std::filesystem::path& input
     const Status status = CommandStatus(options.runCommand, finished, session, answers.Failure());
     TellRun(options, input, session, status, answers.Failure(), record.report);
     if (target && session.HasDocument()) {
+      session.Document().AcceptOwn(*target);
       WriteDocument(session.Processor().Updated(), *target);
       record.report.SetOutput(target->file);
     }

@@ -48,6 +48,7 @@ class Session {
 
   bool HasDocument() const { return processor_.Document() != nullptr; }
   docx::WordProcessor& Processor() { return processor_; }
+  const PrivateDocument& Document() const { return file_; }
   const RunLog& Log() const { return log_; }
   const RunWatch& Watch() const { return watch_; }
   /// "SearchFlagged" or "SearchInitCaps", as the settings have it after the run.

@@ -93,6 +93,12 @@ class Saving(program.Case):
         self.assertTrue((self.folder / "first.docx").exists())
         self.assertNotIn("new", events[-1])
 
+    def test_the_result_may_go_where_the_document_was_saved(self):
+        (self.folder / "answers.json").write_text(json.dumps(
+            {"state": {"new": True}, "answers": [OPTIONS, REFRESH, SAVE, save_as("out.docx")]}))
+        self.check("run", "index", "contract.docx", "--answers", "answers.json", "--strict", "-o", "out.docx")
+        self.assertIsNotNone(self.inspect(self.folder / "out.docx")["index"])
+
     def test_cancelling_the_name_stops_the_search_and_leaves_the_document_new(self):
         events = self.refresh(SAVE, save_as(""), NOT_SAVED, state={"new": True})
         self.assertEqual(self.calls(events), [])
