@@ -247,6 +247,27 @@ TEST_F(TermMarkerOnDocx, AnIndexFitsThePageWhateverUnitsThePageIsMeasuredIn) {
   }
 }
 
+TEST_F(TermMarkerOnDocx, AnIndexOfOneColumnFitsTheColumnsOfItsSection) {
+  const auto tabIn = [this](const std::string& columns) {
+    Open({.body = Paragraph("") + Paragraph(TextRun("one Lender")),
+          .section = "<w:pgSz w:w=\"12240\" w:h=\"15840\"/><w:pgMar w:top=\"1440\" w:right=\"1440\" w:bottom=\"1440\" "
+                     "w:left=\"1440\"/>" +
+                     columns});
+    Mark({u"Lender"});
+    InsertIndexAt(0, 1);
+    const std::string xml = docx_->Part("word/document.xml");
+    std::smatch tab;
+    return std::regex_search(xml, tab, std::regex("<w:tab w:val=[^>]* w:pos=\"(-?\\d+)\"")) ? tab[1].str() : "none";
+  };
+  EXPECT_EQ(tabIn(""), "9350");
+  EXPECT_EQ(tabIn("<w:cols w:num=\"1\" w:space=\"720\"/>"), "9350");
+  EXPECT_EQ(tabIn("<w:cols w:num=\"2\" w:space=\"720\"/>"), "4310");
+  EXPECT_EQ(tabIn("<w:cols w:num=\"3\"/>"), "2630");
+  const std::string different = "<w:col w:w=\"5640\" w:space=\"720\"/><w:col w:w=\"3000\"/></w:cols>";
+  EXPECT_EQ(tabIn("<w:cols w:num=\"2\" w:equalWidth=\"0\">" + different), "2990");
+  EXPECT_EQ(tabIn("<w:cols w:num=\"2\" w:space=\"720\">" + different), "4310");
+}
+
 TEST_F(TermMarkerOnDocx, SectionsAroundAnIndexHaveWholeTwips) {
   Open({.body = Paragraph(TextRun("one Lender")), .section = "<w:pgSz w:w=\"11906.4\" w:h=\"16837.6\"/>"});
   Mark({u"Lender"});

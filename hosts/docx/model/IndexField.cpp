@@ -296,8 +296,7 @@ void WriteResult(OpenDocument& document, const FieldSpan& field, const IndexOpti
   }
   if (ownSection && !written.empty()) EncloseInSection(main, firstMark, at - 1, options.columns, tracked);
 
-  const int columns = ownSection ? options.columns : 1;
-  const int tab = MeasureColumns(part, SectionAt(main, written.front().start)).Column(columns) - kTabInset;
+  const int tab = ColumnWidth(part, SectionAt(main, written.front().start)) - kTabInset;
   for (const Written& each : written) {
     const bool heading = each.paragraph->heading;
     // What follows a heading, which the heading's style names, has to be there first.

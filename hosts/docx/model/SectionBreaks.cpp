@@ -19,6 +19,7 @@ namespace {
 constexpr int kDefaultWidth = 12240;
 constexpr int kDefaultMargin = 1440;
 constexpr int kDefaultSpacing = 720;
+constexpr int kMostColumns = 45;  // Word's limit
 
 /// The section properties that follow an element in document order, its own included.
 XmlNode NextSection(const XmlPart& part, XmlNode node) {
@@ -38,6 +39,18 @@ XmlNode NextSection(const XmlPart& part, XmlNode node) {
 
 int Twips(const XmlPart& part, XmlNode node, const char* attribute, int missing) {
   return ReadTwips(part.Attribute(node, attribute)).value_or(missing);
+}
+
+/// Of columns that each have a width of their own.
+std::optional<int> NarrowestColumn(const XmlPart& part, XmlNode columns) {
+  const std::string_view equal = part.Attribute(columns, "equalWidth").Value();
+  if (equal != "0" && equal != "false" && equal != "off") return {};
+  std::optional<int> narrowest;
+  for (const XmlNode column : columns.Children(part.Name("col"))) {
+    const std::optional<int> width = ReadTwips(part.Attribute(column, "w"));
+    if (width) narrowest = std::min(*width, narrowest.value_or(*width));
+  }
+  return narrowest;
 }
 
 void RemoveAll(XmlPart& part, XmlNode section, const char* local) {
@@ -142,15 +155,15 @@ void NoteChange(XmlPart& part, XmlNode section, XmlNode original, const Revision
 
 XmlNode SectionAt(const Story& main, Position position) { return NextSection(main.Part(), main.ParagraphAt(position)); }
 
-ColumnMeasure MeasureColumns(const XmlPart& part, XmlNode section) {
+int ColumnWidth(const XmlPart& part, XmlNode section) {
   const XmlNode size = section.Child(part.Name("pgSz"));
   const XmlNode margins = section.Child(part.Name("pgMar"));
   const XmlNode columns = section.Child(part.Name("cols"));
-  ColumnMeasure measure;
-  measure.textWidth = Twips(part, size, "w", kDefaultWidth) - Twips(part, margins, "left", kDefaultMargin) -
-                      Twips(part, margins, "right", kDefaultMargin) - Twips(part, margins, "gutter", 0);
-  measure.spacing = Twips(part, columns, "space", kDefaultSpacing);
-  return measure;
+  if (const std::optional<int> narrowest = NarrowestColumn(part, columns)) return *narrowest;
+  const int text = Twips(part, size, "w", kDefaultWidth) - Twips(part, margins, "left", kDefaultMargin) -
+                   Twips(part, margins, "right", kDefaultMargin) - Twips(part, margins, "gutter", 0);
+  const int count = std::clamp(part.Attribute(columns, "num").AsInt(1), 1, kMostColumns);
+  return (text - (count - 1) * Twips(part, columns, "space", kDefaultSpacing)) / count;
 }
 
 void EncloseInSection(Story& main, Position firstMark, Position secondMark, int columns, const Tracking* tracked) {
@@ -170,7 +183,7 @@ void EncloseInSection(Story& main, Position firstMark, Position secondMark, int 
   XmlNode own = CopyInto(part, main.ParagraphAt(secondMark), around);
   XmlNode cols = InsertOrdered(part, own, "cols");
   while (cols.FirstChild()) cols.RemoveChild(cols.FirstChild());
-  const std::string space = std::to_string(MeasureColumns(part, own).spacing);
+  const std::string space = std::to_string(Twips(part, cols, "space", kDefaultSpacing));
   part.RemoveAttribute(cols, "equalWidth");
   part.SetAttribute(cols, "num", std::to_string(columns).c_str());
   part.SetAttribute(cols, "space", space.c_str());

@@ -4,17 +4,11 @@
 
 namespace docx {
 
-/// How wide text runs in a section, in twips.
-struct ColumnMeasure {
-  int textWidth{0};  ///< between the margins
-  int spacing{0};    ///< between columns that are made now
-  int Column(int columns) const { return (textWidth - (columns - 1) * spacing) / columns; }
-};
-
 /// The properties of the section that a position of the main text is in.
 XmlNode SectionAt(const Story& main, Position position);
+/// How wide text runs in a section, in twips: in the narrowest of its columns.
 /// @param section may be missing, which is a section of Word's defaults
-ColumnMeasure MeasureColumns(const XmlPart& part, XmlNode section);
+int ColumnWidth(const XmlPart& part, XmlNode section);
 
 /// Makes a continuous section with columns of its own out of two neighbouring stretches' ends: the section up to the
 /// first mark keeps what the section was; the one up to the second mark gets the columns; the rest goes on as before.
