@@ -48,6 +48,14 @@ TEST_F(TermMarkerOnDocx, WhatATextSaidOfItsBlanksWithoutNeedComesBack) {
   ExpectMarkedAndGivenBack(u"Lender", 1);
 }
 
+TEST_F(TermMarkerOnDocx, CommentsAndSectionsOfCharactersInATextStayWhereTheyAre) {
+  OpenParagraph(
+      "<w:r><w:t xml:space=\"preserve\">a <![CDATA[Len]]><!-- c -->der, <![CDATA[the Lender ]]><!-- d --></w:t></w:r>");
+  ExpectMarkedAndGivenBack(u"Lender", 2);
+  OpenParagraph("<w:r><w:t>the <!-- b -->Lender<!-- c --><![CDATA[]]> and the Lender<?p i?></w:t><w:t>!</w:t></w:r>");
+  ExpectMarkedAndGivenBack(u"Lender", 2);
+}
+
 TEST_F(TermMarkerOnDocx, TwoTextsOfOneRunStayTwo) {
   OpenParagraph("<w:r><w:t>Lender</w:t><w:t xml:space=\"preserve\"> pays</w:t></w:r>");
   ExpectMarkedAndGivenBack(u"Lender", 1);

@@ -58,6 +58,37 @@ void ReplaceText(XmlNode element, std::string_view utf8) {
   }
 }
 
+/// Gives another element what stands behind some bytes of a text of several nodes.
+void MoveNodesBehind(XmlNode element, std::size_t bytes, XmlNode other) {
+  XmlNode child = element.FirstChild();
+  for (; bytes > 0; child = child.NextSibling()) {
+    if (!IsText(child)) continue;
+    const std::string text(child.Value());
+    if (text.size() > bytes) {
+      XmlNode rest = element.InsertChildAfter(child.Type(), child);
+      rest.SetValue(std::string_view(text).substr(bytes));
+      child.SetValue(std::string_view(text).substr(0, bytes));
+      bytes = text.size();
+    }
+    bytes -= text.size();
+  }
+  while (child) {
+    const XmlNode next = child.NextSibling();
+    other.AppendMove(child);
+    child = next;
+  }
+}
+
+/// Undoes it.
+void MoveNodesBack(XmlNode element, XmlNode other) {
+  XmlNode last = element.LastChild();
+  if (XmlNode next = other.FirstChild(); IsText(last) && last.Type() == next.Type()) {
+    last.SetValue(std::string(last.Value()).append(next.Value()));
+    other.RemoveChild(next);
+  }
+  while (const XmlNode child = other.FirstChild()) element.AppendMove(child);
+}
+
 void Preserve(XmlNode element) { element.SetAttribute(kSpace, "preserve"); }
 
 // Parts of a divided text say "preserve" where they need it. Where joining them would not give back what was there, an
@@ -181,6 +212,12 @@ XmlNode DivideText(XmlNode element, std::size_t units) {
   XmlNode second = element.Parent().InsertChildAfter(element.Entry(), element);
   second.CopyAttributes(element);
   const bool isOneText = isPlain || element.OnlyText().has_value();
+  if (!isOneText && text.size() == all.size()) {
+    MoveNodesBehind(element, bytes, second);
+    PreserveWhereNeeded(second, text.substr(bytes));
+    PreserveWhereNeeded(element, text.substr(0, bytes));
+    return second;
+  }
   const auto fill = [isPlain, isOneText](XmlNode part, std::string_view piece) {
     if (isPlain) {
       part.SharePlainText(piece);
@@ -203,11 +240,17 @@ XmlNode WithItsMark(XmlNode element) {
 
 void JoinText(XmlNode first, XmlNode second) {
   std::string joined;
-  std::string text(Counted(first, AllText(first, joined)));
-  joined.clear();
-  text += Counted(second, AllText(second, joined));
+  const std::string_view all = AllText(first, joined);
+  std::string text(Counted(first, all));
+  std::string joinedBehind;
+  const std::string_view allBehind = AllText(second, joinedBehind);
+  const std::string_view behind = Counted(second, allBehind);
+  const bool isOneText = first.OnlyText() && second.OnlyText();
+  const bool keepsNodes = !isOneText && text.size() == all.size() && behind.size() == allBehind.size();
+  text += behind;
+  if (keepsNodes) MoveNodesBack(first, second);
   first.Parent().RemoveChild(second);
-  ReplaceText(first, text);
+  if (!keepsNodes) ReplaceText(first, text);
   PreserveWhereNeeded(first, text);
   RecallWhole(first, text);
 }

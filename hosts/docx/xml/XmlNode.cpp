@@ -205,9 +205,10 @@ void XmlNode::SetValue(std::string_view value) {
     AttributesChanged({" ", value});
     return;
   }
-  data_->type = XmlType::kText;
+  const bool staysCData = data_->type == XmlType::kCData && value.find("]]>") == std::string_view::npos;
+  if (!staysCData) data_->type = XmlType::kText;
   data_->flags &= static_cast<std::uint8_t>(~XmlNodeData::kDecoded);
-  SetContent(*data_, Document().Keep({EscapedText(value)}));
+  SetContent(*data_, Document().Keep({staysCData ? std::string(value) : EscapedText(value)}));
   Changed();
 }
 

@@ -184,7 +184,7 @@ class XmlNode {
   void RemoveAttribute(std::string_view name);
   /// Gives it the attributes of another element of the document in the place of its own.
   void CopyAttributes(XmlNode other);
-  /// Of an instruction or text.
+  /// Of an instruction or text. CDATA stays that where it can hold the value.
   void SetValue(std::string_view value);
   void SetTarget(std::string_view target);
   /// Of an element. @param name of the same document

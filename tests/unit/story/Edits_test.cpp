@@ -26,7 +26,7 @@ std::string RandomBody(std::mt19937& random) {
         }
         return "<w:r>" + run + "</w:r>";
       };
-      switch (below(8)) {
+      switch (below(9)) {
         case 0:
           body += "<w:del>" + text + "</w:del>";
           break;
@@ -46,6 +46,9 @@ std::string RandomBody(std::mt19937& random) {
           body += texts();
           break;
         case 5:
+          body += "<w:r><w:t>ab<!-- c -->cd<![CDATA[<e>]]><?p i?>fg</w:t></w:r>";
+          break;
+        case 6:
           // All say the same of themselves.
           body += "<w:ins w:id=\"50\" w:author=\"A\">" + text + "</w:ins>";
           break;

@@ -273,6 +273,17 @@ TEST(XmlNode, OnlyTextIsNothingWhereThereIsMore) {
   EXPECT_EQ(nodes[3].OnlyText(), std::nullopt);
 }
 
+TEST(XmlDocument, CDataStaysThatWhereItCanHoldTheText) {
+  XmlDocument document("<a><![CDATA[x]]></a>", "part.xml");
+  XmlNode data = document.Root().FirstChild();
+  data.SetValue("<&]]");
+  EXPECT_EQ(data.Value(), "<&]]");
+  EXPECT_EQ(document.Serialize(), "<a><![CDATA[<&]]]]></a>");
+  data.SetValue("a]]>b");
+  EXPECT_EQ(data.Value(), "a]]>b");
+  EXPECT_EQ(document.Serialize(), "<a>a]]&gt;b</a>");
+}
+
 TEST(XmlNode, ATextsValueIsEscapedWhenItIsWritten) {
   XmlDocument document("<a>old<b/></a>", "part.xml");
   document.Root().FirstChild().SetValue("a & b\r");
