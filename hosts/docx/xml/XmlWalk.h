@@ -4,8 +4,8 @@
 
 namespace docx {
 
-/// Calls visit for every element below a node, in document order. @param visit returns whether what is below its element
-/// is visited too
+/// Calls visit for every element below a node, in document order.
+/// @param visit returns whether what is below its element is visited too
 template <typename Visit>
 void ForEachElement(XmlNode root, Visit visit) {
   for (XmlNode node = root.FirstChild(); node && node != root;) {
