@@ -97,7 +97,7 @@ TEST_F(FirstRun, WithoutUsableSettingsNoPromptComes) {
 }
 
 TEST_F(FirstRun, SettingsThatCannotBeReadAfterThePromptsEndTheRun) {
-  host.forms.On("frmKVXSearchChooser", [this](fakes::FormDriver& d) {
+  host.forms.On("frmKVXSearchChooser", [](fakes::FormDriver& d) {
     d.Click("optSearchType", 1);
     d.Click("cmdOK");
   });
