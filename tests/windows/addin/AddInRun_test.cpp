@@ -108,8 +108,26 @@ TEST_F(AddInRun, RemovingGivesTheDocumentBackThatItBeganWith) {
   AnswerWholeRun();
   EXPECT_TRUE(word.Click(u"&Find and index"));
   EXPECT_NE(word.Parts(), before);
+  const std::uint64_t calls = word.context->count;
   EXPECT_TRUE(word.Click(u"&Remove indexing"));
   EXPECT_EQ(word.Parts().at("word/document.xml"), before.at("word/document.xml"));
+  std::cout << "  " << word.context->count - calls << " calls into Word\n";
+}
+
+TEST_F(AddInRun, RemovingTheHighlightingLeavesTheEntries) {
+  AddInSession word(kSample);
+  word.Start();
+  AnswerWholeRun();
+  EXPECT_TRUE(word.Click(u"&Find and index"));
+  const std::string indexed = word.Parts().at("word/document.xml");
+  const std::uint64_t calls = word.context->count;
+  person.Expect(L"Done", &Person::GoOn);
+  EXPECT_TRUE(word.Click(u"Remove &highlighting only"));
+  const std::string left = word.Parts().at("word/document.xml");
+  EXPECT_NE(indexed.find("<w:highlight "), std::string::npos);
+  EXPECT_EQ(left.find("<w:highlight "), std::string::npos);
+  EXPECT_EQ(EntriesIn(left), EntriesIn(indexed));
+  std::cout << "  " << word.context->count - calls << " calls into Word\n";
 }
 
 TEST_F(AddInRun, CancelledInItsFirstDialogChangesNothing) {
