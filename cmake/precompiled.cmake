@@ -2,6 +2,7 @@
 # two fifths of the core for Windows, and would hide an include that is missing: other builds go without.
 option(KVX_PRECOMPILED "Read the headers of the C++ library once for each library" OFF)
 
+# precompile_library_headers(TARGET...), for those that there are; with json.hpp for those that link with it.
 function(precompile_library_headers)
   if(NOT KVX_PRECOMPILED)
     return()
@@ -11,6 +12,10 @@ function(precompile_library_headers)
       target_precompile_headers(${target} PRIVATE
         <algorithm> <array> <filesystem> <functional> <map> <memory> <optional> <sstream> <string> <string_view>
         <unordered_map> <utility> <vector>)
+      get_target_property(libraries ${target} LINK_LIBRARIES)
+      if("nlohmann_json::nlohmann_json" IN_LIST libraries)
+        target_precompile_headers(${target} PRIVATE <nlohmann/json.hpp>)
+      endif()
     endif()
   endforeach()
 endfunction()
