@@ -30,6 +30,12 @@ int HeaderStoryType(bool header, std::string_view type) {
   return header ? 7 : 9;
 }
 
+bool EndsWithAParagraph(const Story& story) {
+  if (story.Length() == 0) return false;
+  const AtomSequence& atoms = story.Atoms();
+  return atoms.Get(atoms.At(story.Length() - 1)).kind != AtomKind::kRowMark;
+}
+
 }  // namespace
 
 DocumentParts::DocumentParts(std::unique_ptr<Package> package) : package_(std::move(package)) {
@@ -40,11 +46,12 @@ DocumentParts::DocumentParts(std::unique_ptr<Package> package) : package_(std::m
   styles_ = std::make_unique<Styles>(stylesPart_.get());
   AddStory(mainPart_, word::wdMainTextStory, {body});
   main_ = stories_[word::wdMainTextStory].front().get();
-  if (main_->Length() > 0) return;
-  if (mainPart_->Child(body, "altChunk")) {
+  if (EndsWithAParagraph(*main_)) return;
+  if (main_->Length() == 0 && mainPart_->Child(body, "altChunk")) {
     throw PackageError("keeps its text in another format, which Word takes in when it opens and saves the document");
   }
-  // Where a body holds nothing Word shows an empty paragraph. It is not written unless something is put into it.
+  // Where a body holds nothing, or ends with a table, Word shows an empty paragraph. It is not written unless the part
+  // is.
   const XmlNode section = mainPart_->Child(body, Tag::kSectPr);
   if (section) {
     body.InsertChildBefore(mainPart_->Name("p"), section);
