@@ -57,6 +57,18 @@ void CollectOurOwn(const word::DocumentPtr& document, const word::RangePtr& stor
   }
 }
 
+/// What of a stretch is left out when the characters that part its neighbours stay.
+template <typename Parts>
+void CollectBetween(Parts parts, std::u16string_view text, word::Position start, const Stretch& stretch,
+                    std::vector<Stretch>& gaps) {
+  const auto end = static_cast<std::size_t>(stretch.end - start);
+  for (auto from = static_cast<std::size_t>(stretch.begin - start); from < end; ++from) {
+    const std::size_t to = std::min(word::FindUnit(text, from, parts), end);
+    if (to > from) gaps.push_back({start + static_cast<word::Position>(from), start + static_cast<word::Position>(to)});
+    from = to;
+  }
+}
+
 /// Where the index will go: no occurrence is to be torn apart by it. -1 when that is not in the story.
 word::Position IndexPlace(const word::DocumentPtr& document, const word::RangePtr& story) {
   const word::BookmarksPtr bookmarks = document->Bookmarks();
@@ -134,10 +146,15 @@ StoryText::StoryText(const word::DocumentPtr& document, const word::RangePtr& st
   std::sort(entries_.begin(), entries_.end(),
             [](const OurEntry& left, const OurEntry& right) { return left.begin < right.begin; });
   CollectOurOwn(document, story, barriers);
-  CollectDeleted(story, gaps);
+  std::vector<Stretch> unseen;
+  CollectDeleted(story, unseen);
+  const auto isCellMark = [](char16_t unit) { return unit == word::kCellMark; };
+  for (const Stretch& stretch : unseen) CollectBetween(isCellMark, text, start, stretch, gaps);
   hasHidden_ = hidden == Hidden::kLeftOut && story->Font()->Hidden() != 0;
   if (hasHidden_) {
-    CollectHidden(story->Duplicate(), start, story->End(), gaps);
+    unseen.clear();
+    CollectHidden(story->Duplicate(), start, story->End(), unseen);
+    for (const Stretch& stretch : unseen) CollectBetween(PartsTerms, text, start, stretch, gaps);
   }
   SortByBegin(barriers);
   SortByBegin(gaps);

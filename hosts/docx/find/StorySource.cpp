@@ -49,8 +49,9 @@ TextSource::Stretch StorySource::StretchAt(Position position) {
     if (position == separator) return {separator, stretch.text.substr(stretch.text.size() - 1), Treatment::kPassedOver};
     stretch.text.remove_suffix(1);
   }
-  // A deletion is as good as gone, so what stands on both sides of it is one text.
-  if (atom.deleted || !ShownByFields(place_.start)) return stretch;
+  // A deletion is as good as gone, so what stands on both sides of it is one text; cells are two all the same.
+  const bool gone = atom.deleted && stretch.text.front() != word::kCellMark;
+  if (gone || !ShownByFields(place_.start)) return stretch;
   if (!scope_.showHidden && InHiddenRun(atom)) return stretch;
   stretch.treatment = Treatment::kSearched;
   if (open_.empty() && (scope_.showHidden || !scope_.hidden)) Extend(stretch);

@@ -38,7 +38,8 @@ class FontProxy : public word::Font {
   int Common(Value value, std::string_view member) const {
     Story& story = range_->StoryOf(member);
     const Formatting& formats = range_->Document(member)->Parts().Formats(story.Part());
-    return CommonRunValue(story, range_->Start(), range_->End(), [&](XmlNode run) { return value(formats, run); });
+    return CommonValue(story, range_->Start(), range_->End(), Marks::kCount,
+                       [&](XmlNode node) { return value(formats, node); });
   }
 
   template <typename Setter>

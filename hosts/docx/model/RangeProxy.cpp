@@ -223,7 +223,8 @@ word::ParagraphFormatPtr RangeProxy::ParagraphFormat() const {
 int RangeProxy::HighlightColorIndex() const {
   const std::shared_ptr<OpenDocument> document = Lock(document_, "Range.HighlightColorIndex");
   const Formatting& formats = document->Parts().Formats(anchor_.Of()->Part());
-  return CommonRunValue(*anchor_.Of(), anchor_.start, anchor_.end, [&](XmlNode run) { return formats.Highlight(run); });
+  return CommonValue(*anchor_.Of(), anchor_.start, anchor_.end, Marks::kPassOver,
+                     [&](XmlNode run) { return formats.Highlight(run); });
 }
 
 void RangeProxy::SetHighlightColorIndex(int value) {

@@ -85,7 +85,8 @@ std::u16string ShownText(const Story& story, const Formatting& formats, Position
   return WithCellMarks(std::move(text));
 }
 
-int CommonRunValue(const Story& story, Position start, Position end, const std::function<int(XmlNode run)>& value) {
+int CommonValue(const Story& story, Position start, Position end, Marks marks,
+                const std::function<int(XmlNode node)>& value) {
   const AtomSequence& atoms = story.Atoms();
   if (start == end && start > 0) --start;
   if (start == end) ++end;
@@ -95,11 +96,12 @@ int CommonRunValue(const Story& story, Position start, Position end, const std::
   for (AtomSequence::Place place = atoms.At(start); !atoms.IsEnd(place) && place.start < end;
        place = atoms.Next(place)) {
     const Atom& atom = atoms.Get(place);
-    if (!atom.InRun() || atom.deleted) continue;
-    const XmlNode run = atom.Node().Parent();
-    if (run == last) continue;
-    last = run;
-    const int here = value(run);
+    const bool mark = atom.kind == AtomKind::kParagraphMark && marks == Marks::kCount;
+    if ((!atom.InRun() && !mark) || atom.deleted) continue;
+    const XmlNode node = mark ? atom.Node() : atom.Node().Parent();
+    if (node == last) continue;
+    last = node;
+    const int here = value(node);
     if (common && *common != here) return word::wdUndefined;
     common = here;
   }

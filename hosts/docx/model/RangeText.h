@@ -17,8 +17,13 @@ std::u16string AllText(const Story& story, Position start, Position end);
 std::u16string ShownText(const Story& story, const Formatting& formats, Position start, Position end, bool fieldCodes,
                          bool hidden);
 
-/// The value that all runs with text in the stretch have, or wdUndefined. An empty stretch has that of the character
-/// before it, as text typed there would. No run at all: the value of an empty run node.
-int CommonRunValue(const Story& story, Position start, Position end, const std::function<int(XmlNode run)>& value);
+/// Whether paragraph marks are asked for a value, too.
+enum class Marks { kPassOver, kCount };
+
+/// The value that all runs with text in the stretch have, and the paragraph marks if those count, or wdUndefined. An
+/// empty stretch has that of the character before it, as text typed there would. Nothing to ask: the value of an empty
+/// node.
+int CommonValue(const Story& story, Position start, Position end, Marks marks,
+                const std::function<int(XmlNode node)>& value);
 
 }  // namespace docx
