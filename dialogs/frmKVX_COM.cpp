@@ -12,13 +12,15 @@
 #include "platform/word/Selection.h"
 #include "settings/OptionSettings.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
 
-/// The number that a text begins with; 0 when it begins with none. Long ones stop growing.
+/// The number that a text begins with, blanks aside; 0 when it begins with none. Long ones stop growing.
 int LeadingNumber(std::u16string_view text) {
   constexpr int kLargest = 100000;
+  text.remove_prefix(std::min(text.find_first_not_of(u' '), text.size()));
   int number = 0;
   for (const char16_t unit : text) {
     if (unit < u'0' || unit > u'9' || number > kLargest) break;

@@ -1,5 +1,7 @@
 #include "apps/kelvarin/RunWatch.h"
 
+#include <algorithm>
+
 #include "apps/kelvarin/Messages.h"
 #include "hosts/unattended/Text.h"
 #include "platform/forms/Control.h"
@@ -31,6 +33,11 @@ void RunWatch::MessageShown(std::u16string_view title, std::u16string_view text,
                             os::Pressed pressed) {
   const bool asked = icon == os::Icon::kQuestion || (buttons == os::Buttons::kOkCancel && pressed == os::Pressed::kOk);
   messages_.push_back({std::u16string(title), std::u16string(text), icon, asked});
+}
+
+bool RunWatch::ToldAnError() const {
+  return std::any_of(messages_.begin(), messages_.end(),
+                     [](const ShownMessage& message) { return message.icon == os::Icon::kCritical; });
 }
 
 void RunWatch::ProgressShown(const unattended::ProgressState& state, unattended::Transcript::Phase phase) {

@@ -31,6 +31,8 @@ class RunWatch : public unattended::UnattendedObserver {
   /// The terms that it offered, as its last search found them.
   const std::vector<std::u16string>& Found() const { return found_; }
   const std::vector<ShownMessage>& Messages() const { return messages_; }
+  /// One of the messages said that something failed.
+  bool ToldAnError() const;
 
  private:
   void ReadFound(const forms::Form& form);

@@ -91,7 +91,8 @@ void Session::Conduct(Work work) try {
 void Session::Open(const fs::path& input) {
   std::error_code error;
   const fs::path absolute = fs::absolute(input, error);
-  docx::DocumentSettings settings{.name = {}, .path = {}, .pages = options_.pages};
+  docx::DocumentSettings settings{
+      .name = {}, .path = {}, .pages = options_.pages, .readOnly = options_.command == Options::Command::kTerms};
   if (settings.pages == docx::PageSource::kPdf) settings.pdfMaker = &libreOffice_.emplace();
   if (state_.newDocument) {
     settings.name = kNewDocumentName;

@@ -32,9 +32,11 @@ FileResult ListTerms(const Options& options, const std::filesystem::path& input)
     unattended::IndexAnswers answers(search);
     Session session(input, options, answers, {}, record.transcript);
     session.Run([](Connect& addIn) { addIn.ShowKVXForm(); });
-    const Status status = session.Watch().TermsShown() && answers.Failure().empty() ? kDone : kStopped;
+    const RunWatch& watch = session.Watch();
+    const bool searched = watch.TermsShown() && !watch.ToldAnError();
+    const Status status = searched && answers.Failure().empty() ? kDone : kStopped;
     TellRun(options, input, session, status, answers.Failure(), record.report);
-    const std::vector<std::u16string>& found = session.Watch().Found();
+    const std::vector<std::u16string>& found = watch.Found();
     if (status == kDone) WriteText(options.json ? Described(options, input, found) : Lines(found), "-");
     return status;
   });

@@ -76,6 +76,7 @@ struct DocumentSettings {
   PageSource pages{PageSource::kFile};
   PdfMaker* pdfMaker{nullptr};  ///< for kPdf; outlives the document
   bool drawn{false};            ///< its pages will be drawn
+  bool readOnly{false};  ///< nothing is kept of it, so that its protection against changes has nothing to protect
 };
 
 /// A word processor in memory over one document: the object model's root, and what its owner needs beside it.

@@ -108,6 +108,33 @@ class Hostile(program.Case):
             self.check("index", "empty.docx", "-o", "out.docx", "--force", "--add", "Buyer")
             self.assertIn("NOT FOUND\rBuyer", self.inspect(self.folder / "out.docx")["stories"][0]["text"])
 
+    def test_a_body_that_ends_with_a_table_has_a_paragraph_behind_it(self):
+        table = "<w:tbl><w:tr><w:tc><w:p><w:r><w:t>“Buyer” is the Buyer.</w:t></w:r></w:p></w:tc></w:tr></w:tbl>"
+        for end in ("", "<w:sectPr/>", '<w:bookmarkStart w:id="0" w:name="b"/><w:bookmarkEnd w:id="0"/><w:sectPr/>'):
+            (self.folder / "table.docx").write_bytes(package(body(table + end)))
+            text = "“Buyer” is the Buyer.\a\a"
+            self.assertEqual(self.inspect(self.folder / "table.docx")["stories"][0]["text"], text + "\r")
+            self.assertEqual(self.check("terms", "table.docx").out, "Buyer\n")
+            for command in ("remove", "update", "unhighlight"):
+                self.check(command, "table.docx", "-o", "out.docx", "--force")
+                self.assertEqual(program.parts(self.folder / "out.docx"), program.parts(self.folder / "table.docx"))
+            self.check("index", "table.docx", "-o", "out.docx", "--force")
+            shown = self.inspect(self.folder / "out.docx")
+            self.assertEqual(shown["index"]["paragraphs"], ["Buyer:  \t1"])
+            self.check("remove", "out.docx", "-o", "removed.docx", "--force")
+            self.assertEqual(self.inspect(self.folder / "removed.docx")["stories"][0]["text"], text + "\r")
+
+    def test_terms_that_a_damaged_part_hides_are_not_listed_as_none(self):
+        relations = RELATIONS.replace("officeDocument\" Target=\"word/document.xml", "theme\" Target=\"theme/theme1.xml")
+        document = package(GOOD, {"word/_rels/document.xml.rels": relations, "word/theme/theme1.xml": "<a>" + "theme" * 9 + "</a>"})
+        with zipfile.ZipFile(io.BytesIO(document)) as archive:
+            theme = archive.getinfo("word/theme/theme1.xml")
+        crc = theme.CRC.to_bytes(4, "little")
+        (self.folder / "damaged.docx").write_bytes(document.replace(crc, bytes(4)))
+        result = self.check("terms", "damaged.docx", "--search", "capitals", status=1)
+        self.assertEqual(result.out, "")
+        self.assertIn("CRC error", result.err)
+
     def test_malformed_xml(self):
         for document in ("", "no xml", GOOD[:-20], GOOD.replace("</w:r>", "</w:x>"), GOOD.replace("Buyer", "Bu&yer;"),
                          GOOD.replace("Buyer", "Bu\x01yer")):

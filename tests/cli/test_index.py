@@ -4,6 +4,18 @@ import program
 
 
 class Index(program.Case):
+    def test_hidden_text_at_the_edge_of_a_paragraph_hides_no_occurrence(self):
+        hidden = "<w:r><w:rPr><w:vanish/></w:rPr><w:t>note</w:t></w:r>"
+        for width in range(16):
+            self.document(lines=f"""
+P “**Buyer**” and “**Seller**” mean what they mean.{"x" * width}
+P Paid by the Buyer
+X <w:p>{hidden}<w:r><w:t>Seller pays the Buyer</w:t></w:r>{hidden}</w:p>
+P Seller.
+""")
+            report = self.report("index", "contract.docx", "-o", "out.docx", "--force")
+            self.assertEqual({term["term"]: term["count"] for term in report["terms"]}, {"Buyer": 3, "Seller": 3}, width)
+
     def test_the_report_says_what_was_done(self):
         file = self.document()
         report = self.report("index", file, "-o", "out.docx", "--columns", "1")

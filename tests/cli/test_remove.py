@@ -77,6 +77,13 @@ class Remove(program.Case):
             self.assertIn("Error: 4605", result.err, command)
             self.assertFalse((self.folder / "out.docx").exists(), command)
 
+    def test_the_terms_of_a_protected_document_are_listed(self):
+        self.document()
+        for kind in ("readOnly", "comments", "forms"):
+            self.set("contract.docx", f'<w:documentProtection w:edit="{kind}" w:enforcement="1"/>')
+            self.assertEqual(self.check("terms", "contract.docx").out, "Buyer\nSeller\n")
+            self.document()
+
     def test_a_read_only_file_is_not_changed_in_place_and_said_to_be_so(self):
         file = self.document()
         before = file.read_bytes()

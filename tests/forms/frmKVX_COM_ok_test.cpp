@@ -141,6 +141,8 @@ TEST_F(TermsDialogEnd, TheSeparatorMayBeASingleTabAndTheColumnsAreReadAsANumber)
   EXPECT_TRUE(log.Contains("InsertIndex 1 \"\t\""));
   StepsInTerms({u"Buyer"}, R"({"tab":1},{"set":"chkTabSep","to":0},{"set":"txtCols","to":""},{"click":"cmdOK"})");
   EXPECT_TRUE(log.Contains("InsertIndex 0 \"\""));
+  StepsInTerms({u"Buyer"}, R"({"tab":1},{"set":"txtCols","to":" 3 "},{"click":"cmdOK"})");
+  EXPECT_TRUE(log.Contains("InsertIndex 3 \"\""));
 }
 
 TEST_F(TermsDialogEnd, UpdatingOnlyAsksTheCompanionToUpdate) {

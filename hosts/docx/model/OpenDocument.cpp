@@ -17,7 +17,7 @@ OpenDocument::OpenDocument(std::unique_ptr<Package> package, DocumentSettings se
   for (int type = word::wdCommentsStory; type <= DocumentParts::kLastStoryType; ++type) read(type);
   for (const int type : {word::wdMainTextStory, word::wdFootnotesStory, word::wdEndnotesStory}) read(type);
   Select(parts_.Main(), 0, 0);
-  protected_ = ReadProtection();
+  protected_ = !settings_.readOnly && ReadProtection();
 }
 
 void OpenDocument::Select(Story& story, Position start, Position end) {

@@ -215,6 +215,14 @@ void ExpectKeptSearchToFindTheSame(const Story& story, const SearchScope& scope,
   }
 }
 
+TEST(StorySearch, NoMatchCrossesADeletedCellMark) {
+  const std::string deleted = "<w:pPr><w:rPr><w:del w:id=\"1\" w:author=\"a\"/></w:rPr></w:pPr>";
+  const auto story = Body("<w:tbl><w:tr><w:tc>" + P(deleted + Text("Pur")) + "</w:tc><w:tc>" + P(Text("chase")) +
+                          "</w:tc></w:tr></w:tbl>");
+  EXPECT_EQ(Found(*story, ScopeOf(*story), {.text = u"Purchase"}), Texts());
+  EXPECT_EQ(Found(*story, ScopeOf(*story), {.text = u"chase"}), Texts{u"chase"});
+}
+
 TEST(StorySearch, GoingOnFindsWhatSearchingAfreshFinds) {
   const auto story = Body(P(Text("a Buy") + Hidden("secret ") + Text("er and ") + Deleted("Seller ") +
                             Field(" REF X ", "Bob") + Text(" \"B\" A")) +

@@ -140,13 +140,15 @@ TEST(DrawnPages, HaveTextThatRunsUpBesideAllRowsOfAMergedCell) {
 }
 
 TEST(DrawnPages, HaveLinesThatRunUpInTheOrderOfTheText) {
-  Document document(Lines("x", 1) + Table(Tall(Cell(Lines("a", 1)) + Cell(InParagraph(Typed("up")), Sideways("btLr"))) +
-                                              Tall(Cell(Lines("c", 1)) + Cell(Lines("d", 1))),
-                                          kTwoColumns));
+  Document document(Lines("x", 1) +
+                    Table(Tall(Cell(Lines("a", 1)) + Cell(InParagraph(Typed("up")), Sideways("btLr"))) +
+                              Tall(Cell(Lines("c", 1)) + Cell(Lines("d", 1))),
+                          kTwoColumns) +
+                    Lines("y", 1));
   const Drawn page(document);
   std::u16string order;
   for (const page::Line& line : page.Display().lines) order += laid::TextOf(line) + u" ";
-  EXPECT_EQ(order, u"x1 a1 up c1 d1 ");
+  EXPECT_EQ(order, u"x1 a1 up c1 d1 y1 ");
 }
 
 TEST(DrawnPages, CountTextThatRunsUpInARepeatedHeadingWhereItStandsFirst) {

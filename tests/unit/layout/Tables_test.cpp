@@ -70,11 +70,11 @@ TEST(LayoutTables, TakeTheHeightThatARowStates) {
 
 TEST(LayoutTables, RepeatTheirHeadings) {
   std::string rows = Row(Cell(Lines("h", 2)), "<w:tblHeader/>");
-  for (int i = 1; i <= 32; ++i) rows += Row(Cell(Lines("r" + std::to_string(i) + "x", 1)));
-  Document document(Table(rows));
+  for (int i = 1; i <= 31; ++i) rows += Row(Cell(Lines("r" + std::to_string(i) + "x", 1)));
+  Document document(Table(rows) + Lines("a", 1));
   EXPECT_EQ(document.PageOf(u"r16x1"), 1);
   EXPECT_EQ(document.PageOf(u"r17x1"), 2);
-  EXPECT_EQ(document.PageOf(u"r32x1"), 2);
+  EXPECT_EQ(document.PageOf(u"r31x1"), 2);
   EXPECT_EQ(document.Count(), 2);
 }
 

@@ -53,6 +53,18 @@ TEST(StoryText, LeavesOutHiddenText) {
   EXPECT_EQ(PlainOf(document), u"one two\r");
 }
 
+TEST(StoryText, KeepsTheMarksBetweenWordsOnBothSidesOfHiddenText) {
+  const auto document = Of(u"Buyer\rhidden\rSeller");
+  document->Format(u"\rhidden\r", [](fake::Character& one) { one.hidden = true; });
+  EXPECT_EQ(PlainOf(document), u"Buyer\r\rSeller\r");
+}
+
+TEST(StoryText, KeepsTheMarksOfDeletedCells) {
+  const auto document = Of(u"Buyer\agone\rSeller");
+  document->Format(u"\agone\r", [](fake::Character& one) { one.deleted = true; });
+  EXPECT_EQ(PlainOf(document), u"Buyer\aSeller\r");
+}
+
 TEST(StoryText, AsksOnceForAStoryWithoutHiddenText) {
   const auto document = Of(u"one two");
   PlainOf(document);
