@@ -1,4 +1,5 @@
 import json
+import zipfile
 
 import program
 
@@ -248,6 +249,24 @@ P Seller.
     def test_bold_takes_only_bold_terms(self):
         self.document(lines="P “**Buyer**” is bold and “Seller” is not.")
         self.assertEqual(self.report("index", "contract.docx", "-o", "out.docx", "--bold")["found"], ["Buyer"])
+
+    def test_bold_takes_terms_that_the_style_of_their_table_makes_bold(self):
+        def cell(text):
+            return f"<w:tc><w:p><w:r><w:t>{text}</w:t></w:r></w:p></w:tc>"
+
+        rows = "".join(f"<w:tr>{cell(f'“{term}”')}{cell(f'means an “{other}”.')}</w:tr>"
+                       for term, other in [("Buyer", "Acorn"), ("Seller", "Bramble")])
+        table = ('<w:tbl><w:tblPr><w:tblStyle w:val="Definitions"/><w:tblLook w:val="0080"/></w:tblPr>'
+                 f"<w:tblGrid/>{rows}</w:tbl>")
+        file = self.document(lines=f"X {table}\nP The Buyer pays the Seller.")
+        content = program.parts(file)
+        style = ('<w:style w:type="table" w:styleId="Definitions"><w:tblStylePr w:type="firstCol"><w:rPr><w:b/></w:rPr>'
+                 "</w:tblStylePr></w:style></w:styles>")
+        content["word/styles.xml"] = content["word/styles.xml"].replace(b"</w:styles>", style.encode())
+        with zipfile.ZipFile(file, "w") as package:
+            for name, data in content.items():
+                package.writestr(name, data)
+        self.assertEqual(self.report("index", "contract.docx", "-o", "out.docx", "--bold")["found"], ["Buyer", "Seller"])
 
     def test_bold_finds_the_same_terms_in_the_result(self):
         self.document(lines="P “**Buyer**” and “**Seller**” are bold and “Agent” is not. The Buyer pays the Seller.")

@@ -13,6 +13,7 @@
 #include "hosts/docx/layout/Content.h"
 #include "hosts/docx/layout/NoteNumbers.h"
 #include "hosts/docx/story/Story.h"
+#include "hosts/docx/styles/TablePlaces.h"
 
 namespace docx::layout {
 
@@ -59,10 +60,9 @@ class BlockReader {
   /// Where a row that is read next stands.
   Position RowStart() const { return atoms_ == nullptr ? 0 : place_.start; }
   void ReadRow(XmlNode row, bool deleted, const SheetStyle* style, Table& table, int rows);
-  void ReadCells(XmlNode parent, bool deleted, const SheetStyle* style, const std::vector<const char*>& rowPlaces,
-                 Row& row, int& column);
-  void ReadCell(XmlNode cell, bool deleted, const SheetStyle* style, std::vector<const char*> places, Row& row,
-                int& column);
+  /// @param ofRow where each cell stands, as far as its row says
+  void ReadCells(XmlNode parent, bool deleted, const SheetStyle* style, const CellPlace& ofRow, Row& row, int& column);
+  void ReadCell(XmlNode cell, bool deleted, const SheetStyle* style, CellPlace place, Row& row, int& column);
   /// Moves on when the next atom is that element's. @return where it stands
   Position Meet(XmlNode element);
   void FollowField(XmlNode element, bool deleted);

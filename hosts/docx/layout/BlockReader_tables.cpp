@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <charconv>
 #include <utility>
 
 #include "hosts/docx/layout/BlockReader.h"
@@ -15,33 +14,6 @@ namespace {
 constexpr int kDeepest = 40;
 constexpr int kMostColumns = 200;
 constexpr int kDefaultSideMargin = 115;
-
-/// Which of a table style's conditional formats a w:tblLook asks for.
-struct TableLook {
-  bool firstRow{false};
-  bool lastRow{false};
-  bool firstColumn{false};
-  bool lastColumn{false};
-  bool rowBands{true};
-};
-
-TableLook ReadLook(const XmlPart& part, XmlNode tblLook) {
-  TableLook look;
-  if (!tblLook) return look;
-  int bits = 0;
-  const std::string_view value = ValueOf(part, tblLook);
-  std::from_chars(value.data(), value.data() + value.size(), bits, 16);
-  const auto flag = [&](const char* name, int bit) {
-    const std::string_view text = part.Attribute(tblLook, name).Value();
-    return text.empty() ? (bits & bit) != 0 : text == "1" || text == "true" || text == "on";
-  };
-  look.firstRow = flag("firstRow", 0x20);
-  look.lastRow = flag("lastRow", 0x40);
-  look.firstColumn = flag("firstColumn", 0x80);
-  look.lastColumn = flag("lastColumn", 0x100);
-  look.rowBands = !flag("noHBand", 0x200);
-  return look;
-}
 
 /// A preferred width: twips, or a share of the room.
 void ReadWidth(const XmlPart& part, XmlNode width, double& twips, double& share) {
@@ -72,12 +44,6 @@ int CountRows(const XmlPart& part, XmlNode parent) {
   return rows;
 }
 
-/// The table that a row or cell, or what wraps it, stands in.
-XmlNode TableAround(const XmlPart& part, XmlNode node) {
-  while (node && !part.Is(node, Tag::kTbl)) node = node.Parent();
-  return node;
-}
-
 /// What a row says of itself, without its cells. @param tblPr of its table
 Row ReadRowFormat(const XmlPart& part, XmlNode trPr, XmlNode tblPr) {
   Row row;
@@ -91,20 +57,6 @@ Row ReadRowFormat(const XmlPart& part, XmlNode trPr, XmlNode tblPr) {
   if (!spacing) spacing = part.Child(tblPr, "tblCellSpacing");
   row.gap = 2 * std::max(0, TwipsOf(part, spacing, "w").value_or(0));
   return row;
-}
-
-/// The conditional formats of its table's style that a row gets, the weaker ones behind.
-/// @param rows how many the table has
-std::vector<const char*> PlacesOf(const TableLook& look, const SheetStyle* style, int index, int rows) {
-  std::vector<const char*> places;
-  const bool first = look.firstRow && index == 0;
-  if (first) places.push_back("firstRow");
-  if (look.lastRow && index == rows - 1) places.push_back("lastRow");
-  if (look.rowBands && !first && style != nullptr) {
-    const int band = (index - (look.firstRow ? 1 : 0)) / style->rowBand;
-    places.push_back(band % 2 == 0 ? "band1Horz" : "band2Horz");
-  }
-  return places;
 }
 
 /// What a cell says of itself, without its content. @param tblPr of its table @param values of its table's style, if
@@ -193,7 +145,7 @@ void BlockReader::ReadRows(XmlNode parent, bool deleted, const SheetStyle* style
         Row row;
         row.start = RowStart();
         int column = 0;
-        ReadCell(child, deleted, style, {}, row, column);
+        ReadCell(child, deleted, style, {.row = static_cast<int>(table.rows.size())}, row, column);
         if (!row.cells.empty()) table.rows.push_back(std::move(row));
         break;
       }
@@ -217,9 +169,8 @@ void BlockReader::ReadRow(XmlNode element, bool deleted, const SheetStyle* style
   Row row = ReadRowFormat(part_, properties, tblPr);
   row.start = RowStart();
   const int index = static_cast<int>(table.rows.size());
-  const TableLook look = ReadLook(part_, part_.Child(tblPr, "tblLook"));
   int column = std::max(0, NumberOf(part_, part_.Child(properties, "gridBefore")).value_or(0));
-  ReadCells(element, gone, style, PlacesOf(look, style, index, rows), row, column);
+  ReadCells(element, gone, style, {.row = index, .inLastRow = index == rows - 1}, row, column);
   const XmlNode borders = part_.Child(tblPr, "tblBorders");
   const auto width = [&](const char* name, std::optional<int> ofStyle) {
     return BorderWidth(part_, part_.Child(borders, name)).value_or(ofStyle.value_or(0));
@@ -237,17 +188,16 @@ void BlockReader::ReadRow(XmlNode element, bool deleted, const SheetStyle* style
   if (!gone && !row.cells.empty()) table.rows.push_back(std::move(row));
 }
 
-void BlockReader::ReadCells(XmlNode parent, bool deleted, const SheetStyle* style,
-                            const std::vector<const char*>& rowPlaces, Row& row, int& column) {
+void BlockReader::ReadCells(XmlNode parent, bool deleted, const SheetStyle* style, const CellPlace& ofRow, Row& row,
+                            int& column) {
   for (const XmlNode child : parent.Children()) {
     switch (part_.TagOf(child)) {
       case Tag::kTc:
-        ReadCell(child, deleted, style, rowPlaces, row, column);
+        ReadCell(child, deleted, style, ofRow, row, column);
         break;
       case Tag::kTr:
         // The same of a row in a row.
-        ReadCells(child, deleted || part_.Child(part_.Child(child, Tag::kTrPr), Tag::kDel), style, rowPlaces, row,
-                  column);
+        ReadCells(child, deleted || part_.Child(part_.Child(child, Tag::kTrPr), Tag::kDel), style, ofRow, row, column);
         Meet(child);
         break;
       case Tag::kBookmarkStart:
@@ -256,19 +206,23 @@ void BlockReader::ReadCells(XmlNode parent, bool deleted, const SheetStyle* styl
         break;
       default: {
         const Wrapped wrapped = WrappedBy(part_, child, Within::kRows);
-        if (wrapped.content) ReadCells(wrapped.content, deleted || wrapped.deleted, style, rowPlaces, row, column);
+        if (wrapped.content) ReadCells(wrapped.content, deleted || wrapped.deleted, style, ofRow, row, column);
         break;
       }
     }
   }
 }
 
-void BlockReader::ReadCell(XmlNode element, bool deleted, const SheetStyle* style, std::vector<const char*> places,
-                           Row& row, int& column) {
+void BlockReader::ReadCell(XmlNode element, bool deleted, const SheetStyle* style, CellPlace place, Row& row,
+                           int& column) {
   const XmlNode tblPr = part_.Child(TableAround(part_, element), "tblPr");
-  const TableLook look = ReadLook(part_, part_.Child(tblPr, "tblLook"));
-  if (look.firstColumn && column == 0) places.insert(places.begin(), "firstCol");
-  const TableValues* values = formats_.CellValues(style, places);
+  const TableValues* values = nullptr;
+  if (style != nullptr) {
+    place.column = column;
+    place.inLastColumn = EndsRow(part_, element);
+    const TableLook look = ReadTableLook(part_, tblPr);
+    values = formats_.CellValues(*style, TablePlaces(look, place, style->rowBand, style->columnBand));
+  }
   Cell cell = ReadCellFormat(part_, part_.Child(element, "tcPr"), tblPr, values);
   cell.column = column;
   column += cell.span;

@@ -43,18 +43,17 @@ void AppendKey(std::string& key, const void* pointer) {
 
 }  // namespace
 
-const TableValues* Formats::CellValues(const SheetStyle* style, const std::vector<const char*>& places) {
-  if (style == nullptr) return nullptr;
+const TableValues* Formats::CellValues(const SheetStyle& style, const std::vector<const char*>& places) {
   std::string key;
-  AppendKey(key, style);
+  AppendKey(key, &style);
   for (const char* place : places) key += place;
   const auto [known, isNew] = cellValues_.try_emplace(std::move(key));
   if (isNew) {
     for (const char* place : places) {
-      const auto values = style->places.find(place);
-      if (values != style->places.end()) known->second.Inherit(values->second);
+      const auto values = style.places.find(place);
+      if (values != style.places.end()) known->second.Inherit(values->second);
     }
-    known->second.Inherit(style->table);
+    known->second.Inherit(style.table);
   }
   return &known->second;
 }

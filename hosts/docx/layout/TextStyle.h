@@ -58,8 +58,8 @@ class Formats {
   FontLibrary& Fonts() { return fonts_; }
 
   /// What a table style says of a cell. @param places such as "firstRow", the strongest first @return valid as long
-  /// as this; nullptr without a style
-  const TableValues* CellValues(const SheetStyle* style, const std::vector<const char*>& places);
+  /// as this
+  const TableValues* CellValues(const SheetStyle& style, const std::vector<const char*>& places);
   /// @param pPr may be empty @param table nullptr outside of tables; outlives what is returned
   ParagraphLook Paragraph(const XmlPart& part, XmlNode pPr, const TableValues* table) const;
   /// @param rPr may be empty @return valid as long as this

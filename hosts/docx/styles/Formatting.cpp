@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "hosts/docx/styles/TablePlaces.h"
 #include "platform/word/Constants.h"
 
 namespace docx {
@@ -13,22 +14,14 @@ const ParagraphValues kNoParagraphValues;
 
 const RunValues& RunOf(const Style* style) { return style == nullptr ? kNoRunValues : style->run; }
 
-/// Toggle properties: paragraph and character style cancel each other out, and the document's defaults win over both.
-bool Toggle(std::optional<bool> defaults, std::optional<bool> paragraph, std::optional<bool> character) {
-  return defaults.value_or(false) || paragraph.value_or(false) != character.value_or(false);
-}
-
-template <typename T>
-T First(std::optional<T> a, std::optional<T> b, std::optional<T> c, T otherwise) {
-  return a ? *a : b ? *b : c ? *c : otherwise;
-}
-
 }  // namespace
 
 int Formatting::Bold(XmlNode node) const {
   const std::optional<bool> direct = ReadOnOff(part_, part_.Child(DirectRun(node), "b"));
-  return (direct ? *direct : InheritedRun(node).bold) ? -1 : 0;
+  return (direct ? *direct : InheritedBold(node)) ? -1 : 0;
 }
+
+bool Formatting::InheritedBold(XmlNode node) const { return InheritedToggle(node, &RunValues::bold); }
 
 bool Formatting::MayHide() const { return part_.Has("vanish") || part_.Has("specVanish") || styles_.AnyHidden(); }
 
@@ -38,10 +31,11 @@ bool Formatting::Hidden(XmlNode node) const {
   if (part_.Is(node, Tag::kP)) {
     const std::optional<bool> separator = ReadOnOff(part_, part_.Child(rPr, "specVanish"));
     const RunValues& style = RunOf(ParagraphStyle(node));
-    if (First(separator, style.specHidden, styles_.RunDefaults().specHidden, false)) return true;
+    const bool inherited = style.specHidden.value_or(styles_.RunDefaults().specHidden.value_or(false));
+    if (separator.value_or(inherited)) return true;
   }
   const std::optional<bool> direct = ReadOnOff(part_, part_.Child(rPr, "vanish"));
-  return direct ? *direct : InheritedRun(node).hidden;
+  return direct ? *direct : InheritedToggle(node, &RunValues::hidden);
 }
 
 int Formatting::Highlight(XmlNode node) const {
@@ -53,35 +47,61 @@ int Formatting::Highlight(XmlNode node) const {
 }
 
 int Formatting::InheritedHighlight(XmlNode node) const {
-  return styles_.AnyHighlight() ? InheritedRun(node).highlight : word::wdNoHighlight;
+  return styles_.AnyHighlight() ? InheritedValue(node, &RunValues::highlight, word::wdNoHighlight)
+                                : word::wdNoHighlight;
 }
 
 int Formatting::Color(XmlNode node) const {
   const std::optional<int> direct = ReadColor(part_, part_.Child(DirectRun(node), "color"));
-  return direct ? *direct : InheritedRun(node).color;
+  return direct ? *direct : InheritedColor(node);
+}
+
+int Formatting::InheritedColor(XmlNode node) const {
+  return InheritedValue(node, &RunValues::color, word::wdColorAutomatic);
 }
 
 double Formatting::FontSize(XmlNode node) const {
   constexpr int kPlainSize = 20;
-  const XmlNode rPr = DirectRun(node);
-  const std::optional<int> direct = ReadSize(part_, part_.Child(rPr, "sz"));
-  const int halfPoints =
-      direct ? *direct
-             : First<int>(RunOf(CharacterStyle(rPr)).size, RunOf(ParagraphStyle(ParagraphOf(node))).size,
-                          styles_.RunDefaults().size, kPlainSize);
-  return halfPoints / 2.0;
+  const std::optional<int> direct = ReadSize(part_, part_.Child(DirectRun(node), "sz"));
+  return (direct ? *direct : InheritedValue(node, &RunValues::size, kPlainSize)) / 2.0;
 }
 
-RunFormat Formatting::InheritedRun(XmlNode node) const {
-  const RunValues& character = RunOf(CharacterStyle(DirectRun(node)));
-  const RunValues& paragraph = RunOf(ParagraphStyle(ParagraphOf(node)));
-  const RunValues& defaults = styles_.RunDefaults();
-  RunFormat format;
-  format.bold = Toggle(defaults.bold, paragraph.bold, character.bold);
-  format.hidden = Toggle(defaults.hidden, paragraph.hidden, character.hidden);
-  format.highlight = First<int>(character.highlight, paragraph.highlight, defaults.highlight, word::wdNoHighlight);
-  format.color = First<int>(character.color, paragraph.color, defaults.color, word::wdColorAutomatic);
-  return format;
+// Toggle properties: the styles of table, paragraph and character cancel each other out, and the document's defaults
+// win over them.
+bool Formatting::InheritedToggle(XmlNode node, std::optional<bool> RunValues::*value) const {
+  if ((styles_.RunDefaults().*value).value_or(false)) return true;
+  const XmlNode p = ParagraphOf(node);
+  const bool character = (RunOf(CharacterStyle(DirectRun(node))).*value).value_or(false);
+  const bool paragraph = (RunOf(ParagraphStyle(p)).*value).value_or(false);
+  return (character != paragraph) != OfTable(p, value).value_or(false);
+}
+
+int Formatting::InheritedValue(XmlNode node, std::optional<int> RunValues::*value, int otherwise) const {
+  const XmlNode p = ParagraphOf(node);
+  if (const std::optional<int> character = RunOf(CharacterStyle(DirectRun(node))).*value) return *character;
+  if (const std::optional<int> paragraph = RunOf(ParagraphStyle(p)).*value) return *paragraph;
+  if (const std::optional<int> table = OfTable(p, value)) return *table;
+  return (styles_.RunDefaults().*value).value_or(otherwise);
+}
+
+template <typename T>
+std::optional<T> Formatting::OfTable(XmlNode p, std::optional<T> RunValues::*value) const {
+  if (!(styles_.InTables().*value)) return {};
+  const XmlNode cell = CellAround(part_, p);
+  if (!cell) return {};
+  const XmlNode tblPr = part_.Child(TableAround(part_, cell), "tblPr");
+  const Style* style = styles_.Table(part_.Attribute(part_.Child(tblPr, "tblStyle"), "val").Value());
+  if (style == nullptr) return {};
+  const auto ofPlace = [&](const std::string_view place) {
+    const auto found = style->places.find(place);
+    return found == style->places.end() ? std::optional<T>() : found->second.*value;
+  };
+  const bool bands = ofPlace("band1Horz") || ofPlace("band2Horz") || ofPlace("band1Vert") || ofPlace("band2Vert");
+  const CellPlace place = PlaceOfCell(part_, cell, bands);
+  for (const char* each : TablePlaces(ReadTableLook(part_, tblPr), place, style->rowBand, style->columnBand)) {
+    if (const std::optional<T> stated = ofPlace(each)) return stated;
+  }
+  return style->run.*value;
 }
 
 int Formatting::Alignment(XmlNode p) const {

@@ -2,22 +2,16 @@
 
 #include "hosts/docx/xml/XmlNode.h"
 
+#include <optional>
+
 #include "hosts/docx/styles/PropertyValues.h"
 #include "hosts/docx/styles/Styles.h"
 #include "hosts/docx/xml/XmlPart.h"
 
 namespace docx {
 
-/// Formatting of characters as it shows.
-struct RunFormat {
-  bool bold{false};
-  bool hidden{false};
-  int highlight{0};  ///< WdColorIndex
-  int color{0};      ///< WdColor
-};
-
-/// Formatting of one part's text as it shows: direct formatting, then styles, then the document's defaults. What table
-/// styles and numbering add is left out, conditional formatting of tables included.
+/// Formatting of one part's text as it shows: direct formatting, then the styles of character, paragraph and
+/// table, then the document's defaults. What numbering adds is left out, and what table styles say of paragraphs.
 ///
 /// Where characters are asked for, the node is a w:r, or a w:p for its paragraph mark.
 class Formatting {
@@ -31,6 +25,8 @@ class Formatting {
 
   /// Word's -1 or 0. Bold for complex scripts is not looked at.
   int Bold(XmlNode node) const;
+  /// What Bold would say without direct formatting.
+  bool InheritedBold(XmlNode node) const;
   /// Whether any text could be hidden, by its formatting or a style.
   bool MayHide() const;
   /// Hidden text; for a paragraph mark also one that a style separator hides. A document in which nothing is hidden
@@ -42,10 +38,9 @@ class Formatting {
   int InheritedHighlight(XmlNode node) const;
   /// A WdColor: red lowest, wdColorAutomatic for none. Of a theme colour, the value that the file has beside it.
   int Color(XmlNode node) const;
+  int InheritedColor(XmlNode node) const;
   /// In points.
   double FontSize(XmlNode node) const;
-  /// What the characters would show without direct formatting.
-  RunFormat InheritedRun(XmlNode node) const;
 
   /// A WdParagraphAlignment.
   int Alignment(XmlNode p) const;
@@ -58,6 +53,11 @@ class Formatting {
   ParagraphValues InheritedParagraph(XmlNode p) const;
 
  private:
+  bool InheritedToggle(XmlNode node, std::optional<bool> RunValues::*value) const;
+  int InheritedValue(XmlNode node, std::optional<int> RunValues::*value, int otherwise) const;
+  /// What the style of a paragraph's table, if it stands in any, says of a value of its characters there.
+  template <typename T>
+  std::optional<T> OfTable(XmlNode p, std::optional<T> RunValues::*value) const;
   XmlNode DirectRun(XmlNode node) const;
   XmlNode ParagraphOf(XmlNode node) const;
   const Style* ParagraphStyle(XmlNode p) const;

@@ -129,7 +129,7 @@ bool SetBold(const Formatting& formatting, XmlNode node, bool bold) {
   if ((formatting.Bold(node) != 0) == bold) return false;
   XmlPart& part = formatting.Part();
   PropertyContainer rPr = PropertyContainer::OfRun(part, node);
-  if (formatting.InheritedRun(node).bold == bold) {
+  if (formatting.InheritedBold(node) == bold) {
     rPr.Remove(rPr.Find("b"));
   } else if (bold) {
     XmlNode b = rPr.Ensure("b");
@@ -145,7 +145,7 @@ bool SetColor(const Formatting& formatting, XmlNode node, int color) {
   if (formatting.Color(node) == color) return false;
   XmlPart& part = formatting.Part();
   PropertyContainer rPr = PropertyContainer::OfRun(part, node);
-  if (formatting.InheritedRun(node).color == color) {
+  if (formatting.InheritedColor(node) == color) {
     rPr.Remove(rPr.Find("color"));
   } else {
     std::array<char, 8> text{"auto"};

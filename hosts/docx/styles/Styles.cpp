@@ -1,5 +1,7 @@
 #include "hosts/docx/styles/Styles.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cstdint>
 
 namespace docx {
@@ -16,10 +18,18 @@ std::string FoldName(std::string_view name) {
 
 StyleType TypeOf(std::string_view type) {
   if (type.empty() || type == "paragraph") return StyleType::kParagraph;
-  return type == "character" ? StyleType::kCharacter : StyleType::kOther;
+  if (type == "character") return StyleType::kCharacter;
+  return type == "table" ? StyleType::kTable : StyleType::kOther;
 }
 
 bool Hides(const RunValues& run) { return run.hidden.value_or(false) || run.specHidden.value_or(false); }
+
+int ReadBand(const XmlPart& part, XmlNode style, const char* local) {
+  int size = 1;
+  const std::string_view text = part.Attribute(part.Child(part.Child(style, "tblPr"), local), "val").Value();
+  std::from_chars(text.data(), text.data() + text.size(), size);
+  return std::max(1, size);
+}
 
 }  // namespace
 
@@ -29,7 +39,9 @@ void Styles::Read(const XmlPart* part) {
   byName_.clear();
   defaultParagraph_.reset();
   defaultCharacter_.reset();
+  defaultTable_.reset();
   runDefaults_ = {};
+  inTables_ = {};
   paragraphDefaults_ = {};
   anyHidden_ = false;
   anyHighlight_ = false;
@@ -50,6 +62,7 @@ void Styles::Read(const XmlPart* part) {
     style.type = TypeOf(part->Attribute(node, "type").Value());
     style.run = ReadRunValues(*part, part->Child(node, Tag::kRPr));
     style.paragraph = ReadParagraphValues(*part, part->Child(node, Tag::kPPr));
+    if (style.type == StyleType::kTable) ReadPlaces(*part, node, style);
     anyHidden_ = anyHidden_ || Hides(style.run);
     anyHighlight_ = anyHighlight_ || style.run.highlight.has_value();
 
@@ -60,11 +73,25 @@ void Styles::Read(const XmlPart* part) {
     if (isDefault == "1" || isDefault == "true" || isDefault == "on") {
       if (style.type == StyleType::kParagraph) defaultParagraph_ = index;
       if (style.type == StyleType::kCharacter) defaultCharacter_ = index;
+      if (style.type == StyleType::kTable) defaultTable_ = index;
     }
     basedOn.emplace_back(part->Attribute(part->Child(node, "basedOn"), "val").Value());
     styles_.push_back(std::move(style));
   }
   Resolve(basedOn);
+}
+
+void Styles::ReadPlaces(const XmlPart& part, XmlNode node, Style& style) {
+  style.rowBand = ReadBand(part, node, "tblStyleRowBandSize");
+  style.columnBand = ReadBand(part, node, "tblStyleColBandSize");
+  inTables_.Inherit(style.run);
+  for (const XmlNode each : node.Children(part.Name("tblStylePr"))) {
+    const RunValues values = ReadRunValues(part, part.Child(each, Tag::kRPr));
+    inTables_.Inherit(values);
+    anyHidden_ = anyHidden_ || Hides(values);
+    anyHighlight_ = anyHighlight_ || values.highlight.has_value();
+    style.places[std::string(part.Attribute(each, "type").Value())] = values;
+  }
 }
 
 void Styles::Resolve(const std::vector<std::string>& basedOn) {
@@ -93,6 +120,7 @@ void Styles::Resolve(const std::vector<std::string>& basedOn) {
       if (base != nullptr) {
         style.run.Inherit(base->run);
         style.paragraph.Inherit(base->paragraph);
+        for (const auto& [place, values] : base->places) style.places[place].Inherit(values);
       }
       states[chain.back()] = State::kDone;
       chain.pop_back();

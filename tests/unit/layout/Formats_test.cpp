@@ -68,6 +68,27 @@ TEST(LayoutFormats, ComeFromTheTablesStyleInCells) {
   EXPECT_DOUBLE_EQ(second(table("1", Styled("Own"))), 500);
 }
 
+TEST(LayoutFormats, ComeFromTheStrongestPlaceInTheTableThatIsTheCells) {
+  std::string places;
+  int height = 400;
+  for (const std::string place : {"band1Vert", "band1Horz", "firstRow", "lastCol", "neCell"}) {
+    places += "<w:tblStylePr w:type=\"" + place + "\">" + InPPr(Exact(height += 10)) + "</w:tblStylePr>";
+  }
+  const auto heightWith = [&](const std::string& look) {
+    Document document("<w:tbl><w:tblPr><w:tblStyle w:val=\"T\"/><w:tblLook " + look +
+                      "/></w:tblPr><w:tblGrid><w:gridCol w:w=\"4000\"/></w:tblGrid>" +
+                      laid::Row(laid::Cell(P(Text("x")))) + "</w:tbl>" + P(""));
+    document.WithStyles(Style("table", "T", InPPr(Exact(400)) + places));
+    return document.Lines()[1].height;
+  };
+  EXPECT_DOUBLE_EQ(heightWith("w:val=\"0600\""), 400);
+  EXPECT_DOUBLE_EQ(heightWith("w:val=\"0200\""), 410);
+  EXPECT_DOUBLE_EQ(heightWith("w:val=\"0000\""), 420);
+  EXPECT_DOUBLE_EQ(heightWith("w:val=\"0020\""), 430);
+  EXPECT_DOUBLE_EQ(heightWith("w:val=\"0100\""), 440);
+  EXPECT_DOUBLE_EQ(heightWith("w:val=\"0120\""), 450);
+}
+
 /// The height of a line in a run's format; its paragraph is of the style "Large" with the default font at 20 points.
 double HeightInRun(const std::string& runProperties, const std::string& more = {}) {
   const std::string size = "<w:rPr><w:rFonts w:ascii=\"Arial\" w:hAnsi=\"Arial\"/><w:sz w:val=\"40\"/></w:rPr>";

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "platform/word/Constants.h"
 #include "tests/unit/styles/Parts.h"
@@ -103,6 +104,120 @@ TEST(Formatting, HiddenOfParagraphAndCharacterStyleCancelOut) {
   EXPECT_FALSE(both.formatting.Hidden(both.run));
   const Sample one("", "<w:rStyle w:val=\"Hid\"/>");
   EXPECT_TRUE(one.formatting.Hidden(one.run));
+}
+
+/// A table in which each cell holds one run, row by row; the style says something in some places.
+struct TableSample {
+  /// @param rows each with the content of its cells
+  TableSample(const std::string& look, const std::string& style, const std::vector<std::vector<std::string>>& rows)
+      : styles(kStyles + "<w:style w:type=\"table\" w:styleId=\"Base\">" + style +
+               "</w:style><w:style w:type=\"table\" w:styleId=\"T\"><w:basedOn w:val=\"Base\"/></w:style>"),
+        part("word/document.xml", Document(Table(look, rows))),
+        formatting(part, styles.styles) {}
+
+  static std::string Table(const std::string& look, const std::vector<std::vector<std::string>>& rows) {
+    std::string xml = "<w:tbl><w:tblPr><w:tblStyle w:val=\"T\"/>" + look + "</w:tblPr>";
+    for (const auto& row : rows) {
+      xml += "<w:tr>";
+      for (const std::string& cell : row) xml += "<w:tc>" + cell + "</w:tc>";
+      xml += "</w:tr>";
+    }
+    return xml + "</w:tbl>";
+  }
+
+  /// Of each run, "b" for bold and "." for not.
+  std::string Bold() const {
+    std::string bold;
+    for (int n = 1; Nth(part, "r", n); ++n) bold += formatting.Bold(Nth(part, "r", n)) != 0 ? 'b' : '.';
+    return bold;
+  }
+
+  StylesOf styles;
+  XmlPart part;
+  Formatting formatting;
+};
+
+std::string InPlace(const std::string& type, const std::string& rPr) {
+  return "<w:tblStylePr w:type=\"" + type + "\"><w:rPr>" + rPr + "</w:rPr></w:tblStylePr>";
+}
+
+const std::string kBold = "<w:rPr><w:b/></w:rPr>";
+const std::string kCell = "<w:p><w:r><w:t>a</w:t></w:r></w:p>";
+const std::vector<std::vector<std::string>> kThreeByThree(3, {kCell, kCell, kCell});
+
+TEST(Formatting, ATablesStyleMakesItsTextBold) {
+  EXPECT_EQ(TableSample("", kBold, {{kCell, kCell}}).Bold(), "bb");
+  EXPECT_EQ(TableSample("", "", {{kCell, kCell}}).Bold(), "..");
+}
+
+TEST(Formatting, ATablesStyleIsBoldInThePlacesThatTheTableAsksFor) {
+  const auto bold = [](const std::string& place, const std::string& look) {
+    return TableSample("<w:tblLook " + look + "/>", InPlace(place, "<w:b/>"), kThreeByThree).Bold();
+  };
+  EXPECT_EQ(bold("firstRow", "w:val=\"0020\""), "bbb......");
+  EXPECT_EQ(bold("firstRow", "w:val=\"0000\""), ".........");
+  EXPECT_EQ(bold("firstRow", "w:val=\"0020\" w:firstRow=\"0\""), ".........");
+  EXPECT_EQ(bold("lastRow", "w:lastRow=\"1\""), "......bbb");
+  EXPECT_EQ(bold("firstCol", "w:val=\"04A0\""), "b..b..b..");
+  EXPECT_EQ(bold("lastCol", "w:val=\"0100\""), "..b..b..b");
+  EXPECT_EQ(bold("band1Horz", "w:val=\"0000\""), "bbb...bbb");
+  EXPECT_EQ(bold("band1Horz", "w:val=\"0020\""), "...bbb...");
+  EXPECT_EQ(bold("band1Horz", "w:val=\"0200\""), ".........");
+  EXPECT_EQ(bold("band2Vert", "w:val=\"0000\""), ".b..b..b.");
+  EXPECT_EQ(bold("nwCell", "w:val=\"00A0\""), "b........");
+  EXPECT_EQ(bold("seCell", "w:val=\"0140\""), "........b");
+}
+
+TEST(Formatting, TheColumnWinsOverTheRowAndThatOverTheWholeTable) {
+  EXPECT_EQ(
+      TableSample("<w:tblLook w:val=\"00A0\"/>",
+                  kBold + InPlace("firstRow", "<w:b w:val=\"0\"/>") + InPlace("firstCol", "<w:b/>"), kThreeByThree)
+          .Bold(),
+      "b..bbbbbb");
+}
+
+TEST(Formatting, WhatWrapsRowsAndCellsDoesNotMakeThemTheFirst) {
+  const std::string wrapped = "<w:sdt><w:sdtPr><w:id w:val=\"1\"/></w:sdtPr><w:sdtContent>";
+  const std::string row = "<w:tr><w:trPr/><w:tc>" + kCell + "</w:tc>" + wrapped + "<w:tc>" + kCell +
+                          "</w:tc></w:sdtContent></w:sdt></w:tr>";
+  const StylesOf styles("<w:style w:type=\"table\" w:default=\"1\" w:styleId=\"T\">" + InPlace("firstRow", "<w:b/>") +
+                        InPlace("lastCol", "<w:b/>") + "</w:style>");
+  XmlPart part("word/document.xml", Document("<w:tbl><w:tblPr><w:tblLook w:val=\"0120\"/></w:tblPr>" + row + wrapped +
+                                             row + "</w:sdtContent></w:sdt></w:tbl>"));
+  const Formatting formatting(part, styles.styles);
+  std::string bold;
+  for (int n = 1; n <= 4; ++n) bold += formatting.Bold(Nth(part, "r", n)) != 0 ? 'b' : '.';
+  EXPECT_EQ(bold, "bb.b");
+}
+
+TEST(Formatting, BoldOfTableAndOtherStylesCancelsOut) {
+  const std::string heavy = "<w:p><w:pPr>" + kHeavy + "</w:pPr><w:r><w:t>a</w:t></w:r></w:p>";
+  const std::string strong = "<w:p><w:r><w:rPr>" + kStrong + "</w:rPr><w:t>a</w:t></w:r></w:p>";
+  const std::string direct = "<w:p><w:r><w:rPr><w:b/></w:rPr><w:t>a</w:t></w:r></w:p>";
+  EXPECT_EQ(TableSample("", kBold, {{heavy, strong, direct}}).Bold(), "..b");
+}
+
+TEST(Formatting, ATablesStyleSaysNothingOfATableInACellOrOfATextBox) {
+  const std::string inner = "<w:tbl><w:tblPr/><w:tr><w:tc>" + kCell + "</w:tc></w:tr></w:tbl><w:p/>";
+  const std::string box = "<w:p><w:r><w:pict><w:txbxContent>" + kCell + "</w:txbxContent></w:pict></w:r></w:p>";
+  EXPECT_EQ(TableSample("", kBold, {{kCell, inner}}).Bold(), "b.");
+  // The run that holds the box stands in the cell.
+  EXPECT_EQ(TableSample("", kBold, {{box}}).Bold(), "b.");
+}
+
+TEST(Formatting, ATablesStyleColoursAndHidesUnlessTheParagraphsStyleSaysOtherwise) {
+  const std::string heavy = "<w:p><w:pPr>" + kHeavy + "</w:pPr><w:r><w:t>a</w:t></w:r></w:p>";
+  const TableSample table("<w:tblLook w:val=\"0020\"/>",
+                          InPlace("firstRow", "<w:vanish/><w:color w:val=\"0000FF\"/><w:sz w:val=\"40\"/>"),
+                          {{kCell, heavy}, {kCell}});
+  const auto run = [&](int n) { return Nth(table.part, "r", n); };
+  EXPECT_TRUE(table.formatting.Hidden(run(1)));
+  EXPECT_FALSE(table.formatting.Hidden(run(2)));
+  EXPECT_FALSE(table.formatting.Hidden(run(3)));
+  EXPECT_EQ(table.formatting.Color(run(1)), 0xFF0000);
+  EXPECT_EQ(table.formatting.Color(run(3)), word::wdColorAutomatic);
+  EXPECT_EQ(table.formatting.FontSize(run(1)), 20);
+  EXPECT_EQ(table.formatting.FontSize(run(3)), 10);
 }
 
 TEST(Formatting, BoldDefaultsAreNotCancelledByStyles) {
