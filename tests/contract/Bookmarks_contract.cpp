@@ -3,11 +3,13 @@
 
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Document.h"
+#include "platform/word/HostError.h"
 #include "platform/word/Range.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 #include <regex>
 #include <string>
 #include <vector>
@@ -98,6 +100,32 @@ TEST(Bookmarks, LeaveTheirNumbersOnlyWhereNoOtherHasThem) {
   document.Document()->Bookmarks()->Item(u"head")->Delete();
   Add(document, u"third");
   EXPECT_EQ(Ids(document, "word/document.xml"), (std::vector<int>{0, 1, 2}));
+}
+
+TEST(Bookmarks, MayTakeInTheLastParagraphMarkAndThatOfARow) {
+  const DocxDocument document({.body = "<w:tbl><w:tblPr/><w:tblGrid/><w:tr><w:tc>" + Paragraph(TextRun("cell")) +
+                                       "</w:tc></w:tr></w:tbl>" + Paragraph(TextRun("The Buyer"))});
+  const std::map<std::string, std::string> before = document.Canonical();
+  const word::BookmarksPtr bookmarks = document.Document()->Bookmarks();
+  const int length = document.Story()->StoryLength();
+  bookmarks->Add(u"all", document.Document()->Range(0, length));
+  EXPECT_EQ(bookmarks->Item(u"all")->Range()->End(), length - 1);
+  bookmarks->Add(u"behind", document.Document()->Range(length, length));
+  EXPECT_EQ(bookmarks->Item(u"behind")->Range()->Start(), length - 1);
+  // The cell with its mark, as far as that of the row.
+  bookmarks->Add(u"cell", document.Document()->Range(0, 5));
+  EXPECT_EQ(bookmarks->Item(u"cell")->Range()->End(), 4);
+  for (const char16_t* name : {u"all", u"behind", u"cell"}) bookmarks->Item(name)->Delete();
+  EXPECT_EQ(document.Canonical(), before);
+}
+
+TEST(Bookmarks, ThatCannotBeAddedLeaveNothingBehind) {
+  const DocxDocument document({.body = Paragraph(TextRun("The Buyer \xF0\x9F\x98\x80."))});
+  const std::map<std::string, std::string> before = document.Canonical();
+  const word::BookmarksPtr bookmarks = document.Document()->Bookmarks();
+  EXPECT_THROW(bookmarks->Add(u"half", document.Document()->Range(2, 11)), word::HostError);
+  EXPECT_FALSE(bookmarks->Exists(u"half"));
+  EXPECT_EQ(document.Canonical(), before);
 }
 
 }  // namespace

@@ -99,6 +99,7 @@ class Story {
     XmlNode first;
     XmlNode last;
   };
+  /// A place behind the last paragraph mark, or before a row's, counts as the one before the mark in front of it.
   BookmarkElements InsertBookmark(Position start, Position end, std::string_view name, int id);
   /// Moves a bookmark's start to a position not behind its end.
   void MoveBookmarkStart(XmlNode startElement, Position to);
@@ -125,6 +126,8 @@ class Story {
   XmlNode ParagraphOf(const AtomSequence::Place& place) const;
   InsertionPoint PrepareInsertion(Position at, Containers containers = Containers::kHold);
   XmlNode FormattingRun(const AtomSequence::Place& at) const;
+  /// @throws word::HostError where no text can be divided
+  void RequireDivisible(Position position) const;
   void DivideAt(Position position);
   void DivideRunsAt(Position position);
   XmlNode DivideRun(const AtomSequence::Place& firstOfSecond);

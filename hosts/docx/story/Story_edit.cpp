@@ -24,16 +24,22 @@ bool IsJoinable(const Atom& atom) { return IsText(atom) || atom.kind == AtomKind
 
 }  // namespace
 
-void Story::DivideAt(Position position) {
+void Story::RequireDivisible(Position position) const {
   const AtomSequence::Place place = atoms_.At(position);
   if (place.start == position) return;
-  const Atom& atom = atoms_.Get(place);
-  if (!IsText(atom)) {
+  if (!IsText(atoms_.Get(place))) {
     throw word::HostError(word::kCommandFailed, u"This place in a field cannot be edited.", "Range");
   }
   if (BetweenCharacters(position) != position) {
     throw word::HostError(word::kCommandFailed, u"A character cannot be divided.", "Range");
   }
+}
+
+void Story::DivideAt(Position position) {
+  RequireDivisible(position);
+  const AtomSequence::Place place = atoms_.At(position);
+  if (place.start == position) return;
+  const Atom& atom = atoms_.Get(place);
   const auto units = static_cast<std::uint32_t>(position - place.start);
   atoms_.Divide(place, units, DivideText(atom.Node(), units));
   part_->Touch();
@@ -399,6 +405,11 @@ void Story::DropApartMarks() {
 }
 
 Story::BookmarkElements Story::InsertBookmark(Position start, Position end, std::string_view name, int id) {
+  // The last mark of a story and that of a row belong to no text that a bookmark could begin or end in.
+  for (Position* at : {&start, &end}) {
+    while (*at > 0 && !ParagraphAt(*at)) --*at;
+    RequireDivisible(*at);
+  }
   const std::string number = std::to_string(id);
   const auto add = [&](Position at, const char* local, AtomKind kind) {
     InsertionPoint point = PrepareInsertion(at);
