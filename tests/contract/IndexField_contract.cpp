@@ -1,9 +1,11 @@
 #include "DocxDocument.h"
 
 #include "platform/word/Bookmarks.h"
+#include "platform/word/Constants.h"
 #include "platform/word/Document.h"
 #include "platform/word/Fields.h"
 #include "platform/word/Find.h"
+#include "platform/word/Format.h"
 #include "platform/word/Range.h"
 
 #include <gtest/gtest.h>
@@ -110,6 +112,28 @@ TEST_F(IndexFieldOnDocx, HeadingsHaveTheirStyleAndStayWithTheirEntries) {
   const word::FieldsPtr fields = docx_->Document()->Fields();
   fields->Item(fields->Count())->Delete();
   EXPECT_EQ(docx_->Canonical().at("word/styles.xml"), before.at("word/styles.xml"));
+}
+
+TEST_F(IndexFieldOnDocx, TheResultHasNothingOfTheFormatOfTheFieldsMarks) {
+  const std::string colour = "<w:rPr><w:b/><w:color w:val=\"FF0000\"/></w:rPr>";
+  const auto mark = [&](const std::string& type) {
+    return "<w:r>" + colour + "<w:fldChar w:fldCharType=\"" + type + "\"/></w:r>";
+  };
+  for (const std::string columns : {"", " \\c \"2\""}) {
+    const std::string index = mark("begin") + "<w:r><w:instrText>INDEX" + columns + "</w:instrText></w:r>" +
+                              mark("separate") + TextRun("old") + mark("end");
+    docx_.emplace(DocxDocument::Parts{.body = Paragraph(Entry("Buyer") + Entry("Seller")) + Paragraph(index)});
+    Updated();
+    const word::RangePtr result = docx_->Document()->Fields()->Item(3)->Result();
+    const std::u16string text = result->Text();
+    const auto term = static_cast<int>(text.find(u"Buyer"));
+    ASSERT_GE(term, 0);
+    for (const int at : {term, static_cast<int>(text.find(u"Seller"))}) {
+      const word::FontPtr font = docx_->Document()->Range(result->Start() + at, result->Start() + at + 5)->Font();
+      EXPECT_EQ(font->Bold(), 0) << columns;
+      EXPECT_EQ(font->Color(), word::wdColorAutomatic) << columns;
+    }
+  }
 }
 
 TEST_F(IndexFieldOnDocx, ReplacingKeepsWhatTheSearchPassedOver) {

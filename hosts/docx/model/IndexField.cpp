@@ -190,8 +190,11 @@ std::u16string TextOf(const IndexParagraph& paragraph) {
   return text;
 }
 
+/// What stands beside it, such as the field's end mark, lends it nothing.
 void FormatRuns(Story& main, const Written& written) {
   Position at = written.start;
+  const auto length = static_cast<Position>(TextOf(*written.paragraph).size());
+  for (XmlNode run : main.IsolateRuns(at, at + length)) run.RemoveChild(main.Part().Name("rPr"));
   for (const IndexRun& run : written.paragraph->runs) {
     const Position end = at + static_cast<Position>(run.text.size());
     if (run.bold || run.italic) {
