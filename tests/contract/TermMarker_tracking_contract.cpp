@@ -232,6 +232,19 @@ TEST_F(TrackedMarking, UnhighlightingLeavesNoChangeOfFormatting) {
   EXPECT_NE(Content().find(none), std::string::npos) << Content();
 }
 
+// Laid on before changes were tracked, or accepted since.
+TEST_F(TrackedMarking, PuttingBackTheAuthorsHighlightLeavesNoChangeOfFormatting) {
+  const auto bookmark = [](int id, const std::string& name, const std::string& content) {
+    const std::string number = "w:id=\"" + std::to_string(id) + "\"";
+    return "<w:bookmarkStart " + number + " w:name=\"" + name + "\"/>" + content + "<w:bookmarkEnd " + number + "/>";
+  };
+  OpenTracking(bookmark(7, "_KVXHighlighting", "") + TextRun("The ") +
+               bookmark(8, "_KVXHighlight_4_1", TextRun("Lender", "<w:highlight w:val=\"yellow\"/>")) +
+               TextRun(" pays."));
+  marker_->RemoveTermHighlighting(docx_->Document());
+  ExpectContent(TextRun("The ") + TextRun("Lender", kHighlightGreen) + TextRun(" pays."));
+}
+
 TEST_F(TrackedMarking, AnIndexThatWasPutInUntrackedIsUpdatedUntracked) {
   Open({.body = Paragraph(TextRun("The Lender pays."))});
   Mark({u"Lender"});

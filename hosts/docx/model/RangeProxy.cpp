@@ -236,8 +236,8 @@ void RangeProxy::SetHighlightColorIndex(int value) {
   Story& story = *anchor_.Of();
   const Formatting& formats = document->Parts().Formats(story.Part());
   Highlighter& highlighter = document->Parts().Highlights(story.Part());
-  // Only what was laid on is ever taken away, and that leaves no trace.
-  const Tracking* tracked = value == word::wdNoHighlight ? nullptr : document->Revisions().Wanted();
+  // Only yellow is ever laid on. Any other value puts back what was there before, and that leaves no trace.
+  const Tracking* tracked = value == word::wdYellow ? document->Revisions().Wanted() : nullptr;
   for (const XmlNode run : story.IsolateRuns(anchor_.start, anchor_.end)) {
     if (tracked != nullptr && formats.Highlight(run) != value) NoteFormatting(story.Part(), run, tracked);
     if (highlighter.Set(run, value)) DropNoteOfEqualFormatting(story.Part(), run, document->Revisions().Own());
