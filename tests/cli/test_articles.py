@@ -127,6 +127,24 @@ class Articles(ArticlesCase):
         text = self.texts(self.folder / "out.docx")[1]
         self.assertIn("“the” and a “Borrower”", text)
 
+    def test_a_quote_is_not_moved_into_the_result_of_a_field(self):
+        field = ('<w:r><w:fldChar w:fldCharType="begin"/></w:r><w:r><w:instrText> DOCPROPERTY Bank </w:instrText></w:r>'
+                 '<w:r><w:fldChar w:fldCharType="separate"/></w:r><w:r><w:t>Bank</w:t></w:r>'
+                 '<w:r><w:fldChar w:fldCharType="end"/></w:r>')
+        entry = ('<w:r><w:fldChar w:fldCharType="begin"/></w:r><w:r><w:instrText> XE "Bank" </w:instrText></w:r>'
+                 '<w:r><w:fldChar w:fldCharType="end"/></w:r>')
+        simple = '<w:fldSimple w:instr=" DOCPROPERTY Bank "><w:r><w:t>Bank</w:t></w:r></w:fldSimple>'
+
+        def text(term):
+            return f'X <w:p><w:r><w:t xml:space="preserve">“the </w:t></w:r>{term}<w:r><w:t>” lends.</w:t></w:r></w:p>\n'
+
+        for term, moved in [(field, "the “\x13 DOCPROPERTY Bank \x14Bank\x15”"),
+                            (simple, "the “\x13DOCPROPERTY Bank\x14Bank\x15”"),
+                            (entry + field, "the \x13 XE \"Bank\" \x15“\x13 DOCPROPERTY Bank \x14Bank\x15”"),
+                            (entry + "<w:r><w:t>Bank</w:t></w:r>", "the \x13 XE \"Bank\" \x15“Bank”")]:
+            self.cancelled(text(term))
+            self.assertIn(moved, self.inspect(self.folder / "out.docx")["stories"][0]["text"])
+
     def test_other_quotes_are_never_moved(self):
         codes = {"form": "frmKVXOptions", "do": [{"set": "cmbOpenQuote", "to": 3}, {"set": "cmbCloseQuote", "to": 4},
                                                  {"click": "cmdOK"}]}

@@ -125,18 +125,36 @@ class FindProxy : public word::Find {
     }
   }
 
+  /// The position, or where the outermost of the fields begins that begin behind an earlier place and whose result goes
+  /// on at the position: what stands in a result goes when the field is updated.
+  static Position BeforeFieldsFrom(const AtomSequence& atoms, Position earlier, Position position) {
+    Position before = position;
+    int ended = 0;
+    for (AtomSequence::Place place = atoms.At(position); place.start > earlier && !atoms.IsBegin(place);) {
+      place = atoms.Previous(place);
+      const AtomKind kind = atoms.Get(place).kind;
+      if (kind == AtomKind::kFieldEnd || kind == AtomKind::kSimpleEnd) ++ended;
+      if (kind != AtomKind::kFieldBegin && kind != AtomKind::kSimpleBegin) continue;
+      if (ended == 0) before = place.start;
+      if (ended > 0) --ended;
+    }
+    return before;
+  }
+
   /// @param parts of the match, as far as it was seen @param past so many of the characters behind the first
   static void MoveFirst(OpenDocument& document, Story& story, const std::vector<GroupSpan>& parts, std::size_t past) {
     document.BeforeChange("Find.Execute");
     // Directly before the character that is to follow.
     Position to = parts.back().end;
+    Position seen = parts.front().start;
     auto left = static_cast<Position>(past) + 1;
     for (const GroupSpan& part : parts) {
       if (left < part.end - part.start) {
-        to = part.start + left;
+        to = left > 0 ? part.start + left : BeforeFieldsFrom(story.Atoms(), seen, part.start);
         break;
       }
       left -= part.end - part.start;
+      seen = part.end;
     }
     std::optional<Story::TrackedMove> tracked;
     if (const Tracking* own = document.Revisions().Wanted()) tracked = {own->Next(), own->Next()};
