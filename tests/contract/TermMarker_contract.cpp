@@ -71,6 +71,14 @@ TEST_F(TermMarkerOnDocx, TextsOfOneRunStayApartWhereOneOfThemIsDivided) {
   ExpectMarkedAndGivenBack(u"Buyer", 4);
 }
 
+TEST_F(TermMarkerOnDocx, RunsThatTheHighlightMakesEqualKeepWhatTheirTextsSayOfBlanks) {
+  const std::string yellow = "<w:highlight w:val=\"yellow\"/>";
+  OpenParagraph(TextRun("\"", yellow) + TextRun("Event") + TextRun("\""));
+  ExpectMarkedAndGivenBack(u"Event", 1);
+  OpenParagraph(TextRun("Event") + TextRun("\"", yellow));
+  ExpectMarkedAndGivenBack(u"Event", 1);
+}
+
 TEST_F(TermMarkerOnDocx, BookmarksProofingMarksAndCommentsDoNotBreakATerm) {
   OpenParagraph(TextRun("Stock ") + "<w:bookmarkStart w:id=\"5\" w:name=\"mine\"/>" +
                 "<w:proofErr w:type=\"spellStart\"/>" + TextRun("Pur") + "<w:bookmarkEnd w:id=\"5\"/>" +

@@ -373,6 +373,9 @@ void Story::RejoinAt(Position position) {
   // What was inserted goes again as a whole, and leaves what it stood beside as it is.
   if (inserted_.contains(run.Data()) != inserted_.contains(other.Data())) return;
   if (run.NextSibling() != other || !SameRunFormatting(*part_, run, other)) return;
+  const bool areOneText = IsText(first) && IsText(second) && !IsApartMark(WithItsMark(second.Node()).PreviousSibling());
+  // Neighbours that never were one text may have become equal.
+  if (areOneText && !(ComesBackFromJoining(first.Node()) && ComesBackFromJoining(second.Node()))) return;
   part_->Touch();
   for (XmlNode child = other.FirstChild(); child;) {
     const XmlNode next = child.NextSibling();
@@ -392,11 +395,21 @@ void Story::RejoinAt(Position position) {
 
 void Story::DropApartMarks() {
   const auto holdsMark = [this](XmlNode run) { return !part_->Child(run, Tag::kFldChar).Empty(); };
+  // Which keeps its run apart by itself.
+  const auto isOwnText = [this](XmlNode element) {
+    return (part_->Is(element, Tag::kT) || part_->Is(element, Tag::kInstrText)) && !ComesBackFromJoining(element);
+  };
+  const auto firstOf = [this](XmlNode run) {
+    XmlNode first = run.FirstChild();
+    while (first && (!first.IsElement() || part_->Is(first, Tag::kRPr))) first = first.NextSibling();
+    return first;
+  };
   std::erase_if(apart_, [&](XmlNode mark) {
     const XmlNode before = mark.PreviousSibling();
     const XmlNode after = mark.NextSibling();
-    const bool neighbours = part_->Is(before, Tag::kR) && part_->Is(after, Tag::kR) && !holdsMark(before) &&
-                            !holdsMark(after) && SameRunFormatting(*part_, before, after);
+    const bool neighbours =
+        part_->Is(before, Tag::kR) && part_->Is(after, Tag::kR) && !holdsMark(before) && !holdsMark(after) &&
+        (SameRunFormatting(*part_, before, after) || isOwnText(before.LastChild()) || isOwnText(firstOf(after)));
     if (!neighbours && !AreOneRevision(before, after)) return false;
     mark.Parent().RemoveChild(mark);
     part_->Touch();

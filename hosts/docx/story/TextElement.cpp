@@ -146,12 +146,16 @@ void PutWholeMark(XmlNode element, const std::string& says) {
   mark.SetValue(says);
 }
 
+/// Whether a text says of the blanks at its edges just what the parts of a divided one say.
+bool IsPlain(XmlNode element, std::string_view all, std::string_view counted) {
+  return all.size() == counted.size() && HasBlankEdge(counted) == static_cast<bool>(element.Attribute(kSpace));
+}
+
 /// Puts the instruction in front of a text that is to be divided, where it needs one.
 void RememberWhole(XmlNode element, std::string_view all, std::string_view counted) {
   const XmlAttribute space = element.Attribute(kSpace);
   const bool hasEdges = all.size() != counted.size();
-  const bool isPlain = !hasEdges && HasBlankEdge(counted) == static_cast<bool>(space);
-  if (isPlain || WholeMark(element)) return;
+  if (IsPlain(element, all, counted) || WholeMark(element)) return;
   std::string says(hasEdges ? kEdges : !space ? kSilent : space.Value() == kDefault ? kDefault : kPreserve);
   says += " " + std::to_string(counted.size());
   if (hasEdges) {
@@ -236,6 +240,12 @@ XmlNode DivideText(XmlNode element, std::size_t units) {
 XmlNode WithItsMark(XmlNode element) {
   const XmlNode mark = WholeMark(element);
   return mark ? mark : element;
+}
+
+bool ComesBackFromJoining(XmlNode element) {
+  std::string joined;
+  const std::string_view all = AllText(element, joined);
+  return IsPlain(element, all, Counted(element, all));
 }
 
 void JoinText(XmlNode first, XmlNode second) {

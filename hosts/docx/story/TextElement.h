@@ -23,6 +23,8 @@ void SetText(XmlNode element, std::string_view utf8);
 XmlNode DivideText(XmlNode element, std::size_t units);
 /// The text, or the instruction in front of it that goes wherever the text goes.
 XmlNode WithItsMark(XmlNode element);
+/// Whether a text that was joined to another and divided from it again is as it was.
+bool ComesBackFromJoining(XmlNode element);
 /// Undoes DivideText: the first takes the text of the second, which is removed.
 void JoinText(XmlNode first, XmlNode second);
 
