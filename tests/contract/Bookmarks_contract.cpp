@@ -128,4 +128,18 @@ TEST(Bookmarks, ThatCannotBeAddedLeaveNothingBehind) {
   EXPECT_EQ(document.Canonical(), before);
 }
 
+TEST(Bookmarks, InTheCodeOfASimpleFieldBeginAndEndBehindTheCode) {
+  const DocxDocument document(
+      {.body = Paragraph(TextRun("The ") + SimpleField(" TITLE ", TextRun("Title")) + TextRun("."))});
+  const std::map<std::string, std::string> before = document.Canonical();
+  const word::BookmarksPtr bookmarks = document.Document()->Bookmarks();
+  bookmarks->Add(u"place", document.Document()->Range(7, 7));
+  EXPECT_EQ(bookmarks->Item(u"place")->Range()->Start(), static_cast<int>(document.Text().find(u"Title")));
+  bookmarks->Add(u"both", document.Document()->Range(2, 7));
+  EXPECT_EQ(bookmarks->Item(u"both")->Range()->Start(), 2);
+  EXPECT_EQ(bookmarks->Item(u"both")->Range()->End(), static_cast<int>(document.Text().find(u"Title")));
+  for (const char16_t* name : {u"place", u"both"}) bookmarks->Item(name)->Delete();
+  EXPECT_EQ(document.Canonical(), before);
+}
+
 }  // namespace

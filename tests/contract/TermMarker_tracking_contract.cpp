@@ -305,6 +305,16 @@ TEST_F(TermMarkerOnDocx, AnIndexInTheResultOfASimpleFieldGoesBehindTheField) {
   ExpectSameParts(before);
 }
 
+TEST_F(TermMarkerOnDocx, AnIndexInTheCodeOfASimpleFieldGoesBehindTheField) {
+  OpenParagraph(TextRun("A Lender ") + SimpleField(" REF x ", TextRun("pays")) + TextRun("."));
+  const auto before = docx_->Canonical();
+  Mark({u"Lender"});
+  InsertIndexAt(static_cast<word::Position>(docx_->Text().find(u"REF")), 2);
+  EXPECT_GT(docx_->Part("word/document.xml").find(" INDEX "), docx_->Part("word/document.xml").find("</w:fldSimple>"));
+  RemoveAll();
+  ExpectSameParts(before);
+}
+
 std::string Link(const std::string& content) { return "<w:hyperlink w:anchor=\"x\">" + content + "</w:hyperlink>"; }
 
 std::string ContentControl(const std::string& content) {

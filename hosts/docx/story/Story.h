@@ -99,7 +99,8 @@ class Story {
     XmlNode first;
     XmlNode last;
   };
-  /// A place behind the last paragraph mark, or before a row's, counts as the one before the mark in front of it.
+  /// A place behind the last paragraph mark, or before a row's, counts as the one before the mark in front of it, one
+  /// in a simple field's code as the one behind the code.
   BookmarkElements InsertBookmark(Position start, Position end, std::string_view name, int id);
   /// Moves a bookmark's start to a position not behind its end.
   void MoveBookmarkStart(XmlNode startElement, Position to);

@@ -421,6 +421,9 @@ Story::BookmarkElements Story::InsertBookmark(Position start, Position end, std:
   // The last mark of a story and that of a row belong to no text that a bookmark could begin or end in.
   for (Position* at : {&start, &end}) {
     while (*at > 0 && !ParagraphAt(*at)) --*at;
+    // The code of a simple field is an attribute, which holds no marks.
+    const AtomSequence::Place place = atoms_.At(*at);
+    if (place.start < *at && !IsText(atoms_.Get(place))) *at = atoms_.Next(place).start;
     RequireDivisible(*at);
   }
   const std::string number = std::to_string(id);
