@@ -67,9 +67,13 @@ void CappedPhrases::EndLine() {
     const Word& word = words_[i];
     std::size_t end = QuotedEnd(word.begin);
     const std::u16string_view known = end == 0 ? KnownAt(word) : std::u16string_view();
-    if (!known.empty()) end = word.begin + known.size();
-    if (end == 0 && !(word.digits && ignoreNumbers_)) end = word.small ? word.end : PhraseEnd(i);
-    if (end != 0) take_(known.empty() ? Text({word.begin, end}) : known);
+    const std::size_t knownEnd = word.begin + known.size();
+    if (!known.empty()) {
+      end = PhraseEnd(i, knownEnd);
+    } else if (end == 0 && !(word.digits && ignoreNumbers_)) {
+      end = word.small ? word.end : PhraseEnd(i, word.end);
+    }
+    if (end != 0) take_(std::u16string(known).append(Text({knownEnd, end})));
     do {
       ++i;
     } while (i < words_.size() && words_[i].begin < end);
@@ -187,10 +191,10 @@ std::u16string_view CappedPhrases::KnownAt(const Word& word) const {
   return {};
 }
 
-std::size_t CappedPhrases::PhraseEnd(std::size_t first) const {
-  std::size_t end = words_[first].end;
+std::size_t CappedPhrases::PhraseEnd(std::size_t first, std::size_t end) const {
   std::size_t next = first + 1;
-  bool connected = false;
+  // Whatever "of" leads to from a known phrase, it is not what was quoted.
+  bool connected = end > words_[first].end;
   while (true) {
     // No term holds a full stop and a blank.
     if (At(end - 1) == u'.' && At(end) == u' ') return end;

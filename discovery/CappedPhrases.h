@@ -59,7 +59,8 @@ class CappedPhrases {
   std::size_t QuotedEnd(std::size_t begin) const;
   /// The known phrase that begins with a word, as it was quoted; empty when there is none.
   std::u16string_view KnownAt(const Word& word) const;
-  std::size_t PhraseEnd(std::size_t first) const;
+  /// @param end of the part of the phrase that is certain: its first word, or a known phrase
+  std::size_t PhraseEnd(std::size_t first, std::size_t end) const;
   std::size_t AfterNumber(std::size_t end) const;
   std::size_t AfterConnector(Span gap) const;
   bool IsBlankGap(Span gap) const;

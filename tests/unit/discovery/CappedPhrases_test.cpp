@@ -172,6 +172,23 @@ TEST_F(PhrasesOfWords, AQuotedPhraseIsKnownByTheSpellingInQuotesWhateverItsApost
                      u"Seller", u"Counsel"}));
 }
 
+TEST_F(PhrasesOfWords, AKnownPhraseJoinsWhatFollowsItLikeAWord) {
+  EXPECT_EQ(Of(u"\u201CPurchase Price\u201D and \u201CChange in Control\u201D\r"
+               u"the Purchase Price Adjustment, a Change in Control Payment Date and the Purchase Price & Costs\r"),
+            (Phrases{u"Purchase Price", u"Change in Control", u"Purchase Price Adjustment",
+                     u"Change in Control Payment Date", u"Purchase Price & Costs"}));
+  EXPECT_EQ(Of(u"\u201CSeller\u2019s Knowledge\u201D or Seller's Knowledge Group\r"),
+            (Phrases{u"Seller\u2019s Knowledge", u"Seller\u2019s Knowledge Group"}));
+}
+
+TEST_F(PhrasesOfWords, NothingThatEndsAPhraseJoinsAKnownPhrase) {
+  EXPECT_EQ(
+      Of(u"\u201CPurchase Price\u201D\rthe Purchase Price. Buyer, the Purchase Price The Seller, the Purchase Price of "
+         u"Shares, the Purchase Price \u201CAdjustment\u201D\r"),
+      (Phrases{u"Purchase Price", u"Purchase Price", u"Buyer", u"Purchase Price", u"The", u"Seller", u"Purchase Price",
+               u"Shares", u"Purchase Price", u"Adjustment"}));
+}
+
 TEST_F(PhrasesOfWords, AQuotedSentenceIsNoPhrase) {
   EXPECT_EQ(Of(u"\u201CPay Buyer. Then go.\u201D and \u201CBuyer: the Parent\u201D\r"),
             (Phrases{u"Pay Buyer", u"Then", u"Buyer", u"Parent"}));
