@@ -16,6 +16,7 @@ constexpr std::ptrdiff_t kMostQuotedWords = 10;
 constexpr std::size_t kMostBlanks = 2;
 
 bool IsCapital(char16_t unit) { return unit >= u'A' && unit <= u'Z'; }
+bool IsAsciiLetter(char16_t unit) { return IsCapital(unit) || (unit >= u'a' && unit <= u'z'); }
 bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
 bool IsApostrophe(char16_t unit) { return unit == u'\'' || unit == u'\u2019'; }
 bool IsHyphen(char16_t unit) { return unit == u'-' || unit == u'\u2010'; }
@@ -104,7 +105,7 @@ CappedPhrases::Word CappedPhrases::WholeWord(Span hit) const {
       if (IsTiedOn(tail)) break;
       negation = tail == u"t";
       end = behind;
-    } else if (unit == u'.' && IsCapital(At(end - 1)) && IsCapital(At(end + 1)) && !IsLetterAt(end + 2) &&
+    } else if (unit == u'.' && IsAsciiLetter(At(end - 1)) && IsAsciiLetter(At(end + 1)) && !IsLetterAt(end + 2) &&
                (end - 1 == word.begin || At(end - 2) == u'.' || IsHyphen(At(end - 2)))) {
       initials = true;
       end += 2;

@@ -79,6 +79,11 @@ class Capitals(program.Case):
         self.assertEqual(self.terms("P a “U.S. Person” under the U.S. Bankruptcy Code, with J.P. Morgan Chase Bank\nP E.U. Duties"),
                          ["Bankruptcy Code", "Duties", "E.U.", "J.P.", "Morgan Chase Bank", "Person", "U.S."])
 
+    def test_a_firm_keeps_the_small_initials_behind_its_name(self):
+        found = self.described("P The buyer is Fiat S.p.A. and the seller is Enel S.r.l. of Rome. Fiat S.p.A. pays Enel S.r.l. today.")
+        self.assertEqual({term: item["occurrences"] for term, item in found.items()},
+                         {"Fiat S.p.A.": 2, "Enel S.r.l.": 2, "Rome": 1})
+
     def test_a_word_with_a_tab_or_line_break_is_never_offered(self):
         text = ('X <w:p><w:r><w:t>a Stock</w:t><w:tab/><w:t>Purchase</w:t><w:br/><w:t>Agreement Agree</w:t><w:tab/><w:t>ment</w:t>'
                 '</w:r></w:p>\nP end')

@@ -125,6 +125,11 @@ TEST_F(PhrasesOfWords, InitialsAreOneWord) {
             (Phrases{u"U.S.", u"Government", u"Non-U.S.", u"Member", u"C.F.R."}));
 }
 
+TEST_F(PhrasesOfWords, InitialsMayBeSmall) {
+  EXPECT_EQ(Of(u"Fiat S.p.A. pays Enel S.r.l. of Rome; see Part B.see Schedule A.no\r"),
+            (Phrases{u"Fiat S.p.A.", u"Enel S.r.l.", u"Rome", u"Part B", u"Schedule A"}));
+}
+
 TEST_F(PhrasesOfWords, AWordWithInitialsEndsAPhrase) {
   EXPECT_EQ(Of(u"a U.S. Bankruptcy Code, Form A.B. Smith, J.P.  Morgan Chase Bank, U.S. of America\r"),
             (Phrases{u"U.S.", u"Bankruptcy Code", u"Form A.B.", u"Smith", u"J.P.", u"Morgan Chase Bank", u"U.S.",
