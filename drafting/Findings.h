@@ -23,14 +23,18 @@ enum class Kind {
   kUnpairedQuotes,
 };
 
-/// A stretch of a story, and what is said there.
-struct Place {
-  int story{1};  ///< a WdStoryType
-  word::Position position{0};
+/// What is said somewhere.
+struct Excerpt {
   std::u16string sentence{};
   /// Where the words in question stand in the sentence, which may be cut short around them.
   std::size_t begin{0};
   std::size_t end{0};
+};
+
+/// A stretch of a story, and what is said there.
+struct Place : Excerpt {
+  int story{1};  ///< a WdStoryType
+  word::Position position{0};
 };
 
 struct Finding {

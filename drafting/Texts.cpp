@@ -19,20 +19,22 @@ constexpr std::size_t kMostContext = 160;
 constexpr char16_t kEllipsis = u'\u2026';
 
 /// Cuts a sentence short at blanks.
-void Shorten(Place& place) {
-  std::u16string& sentence = place.sentence;
-  if (sentence.size() > place.end + kMostContext) {
-    const std::size_t cut = sentence.rfind(u' ', place.end + kMostContext);
-    if (cut != std::u16string::npos && cut >= place.end) sentence = sentence.substr(0, cut) + u" " + kEllipsis;
+void Shorten(Excerpt& excerpt) {
+  std::u16string& sentence = excerpt.sentence;
+  if (sentence.size() > excerpt.end + kMostContext) {
+    const std::size_t cut = sentence.rfind(u' ', excerpt.end + kMostContext);
+    if (cut != std::u16string::npos && cut >= excerpt.end) sentence = sentence.substr(0, cut) + u" " + kEllipsis;
   }
-  if (place.begin > kMostContext) {
-    const std::size_t cut = sentence.find(u' ', place.begin - kMostContext);
-    if (cut == std::u16string::npos || cut >= place.begin) return;
+  if (excerpt.begin > kMostContext) {
+    const std::size_t cut = sentence.find(u' ', excerpt.begin - kMostContext);
+    if (cut == std::u16string::npos || cut >= excerpt.begin) return;
     sentence = std::u16string(1, kEllipsis) + sentence.substr(cut);
-    place.begin = place.begin - cut + 1;
-    place.end = place.end - cut + 1;
+    excerpt.begin = excerpt.begin - cut + 1;
+    excerpt.end = excerpt.end - cut + 1;
   }
 }
+
+char16_t Shown(char16_t unit) { return unit == marker::kBarrier ? kEllipsis : marker::ShownAs(unit); }
 
 }  // namespace
 
@@ -65,29 +67,34 @@ const LineCapitals& LinedText::CapitalsOf(const Line& line, os::Characters& char
   return capitals_.try_emplace(line.begin, TextOf(line), characters).first->second;
 }
 
-Place PlaceOf(const Text& text, std::size_t begin, std::size_t end, os::Characters& characters) {
+Excerpt ExcerptOf(std::u16string_view line, const LineCapitals& capitals, std::size_t begin, std::size_t end) {
   // More than is shown, and less than a sentence that is as long as a document.
   constexpr std::size_t kMostRead = 4 * kMostContext;
-  Place place{.story = text.story, .position = text.content.PositionOf(begin), .sentence = {}};
-  const word::Position last = text.content.PositionOf(std::max(begin + 1, end) - 1);
-  begin = text.shown.PlainAt(place.position);
-  end = text.shown.PlainAt(last) + 1;
-  const Line line = text.shown.LineAt(begin);
-  const std::u16string_view whole = text.shown.TextOf(line);
-  std::u16string_view sentence = text.shown.CapitalsOf(line, characters).SentenceAt(begin - line.begin);
-  std::size_t offset = line.begin + (sentence.empty() ? 0 : static_cast<std::size_t>(sentence.data() - whole.data()));
+  std::u16string_view sentence = capitals.SentenceAt(begin);
+  std::size_t offset = sentence.empty() ? 0 : static_cast<std::size_t>(sentence.data() - line.data());
   if (begin > offset + kMostRead) {
     const std::size_t left = std::min(begin - offset - kMostRead, sentence.size());
     sentence.remove_prefix(left);
     offset += left;
   }
   if (offset + sentence.size() > end + kMostRead) sentence = sentence.substr(0, end + kMostRead - offset);
-  place.sentence = sentence;
-  place.begin = std::min(begin - std::min(offset, begin), sentence.size());
-  place.end = std::min(end - std::min(offset, end), sentence.size());
-  std::replace(place.sentence.begin(), place.sentence.end(), marker::kBarrier, kEllipsis);
-  Shorten(place);
-  return place;
+  Excerpt excerpt;
+  std::transform(sentence.begin(), sentence.end(), std::back_inserter(excerpt.sentence), Shown);
+  excerpt.begin = std::min(begin - std::min(offset, begin), sentence.size());
+  excerpt.end = std::min(end - std::min(offset, end), sentence.size());
+  Shorten(excerpt);
+  return excerpt;
+}
+
+Place PlaceOf(const Text& text, std::size_t begin, std::size_t end, os::Characters& characters) {
+  const word::Position position = text.content.PositionOf(begin);
+  const word::Position last = text.content.PositionOf(std::max(begin + 1, end) - 1);
+  begin = text.shown.PlainAt(position);
+  end = text.shown.PlainAt(last) + 1;
+  const Line line = text.shown.LineAt(begin);
+  return {
+      ExcerptOf(text.shown.TextOf(line), text.shown.CapitalsOf(line, characters), begin - line.begin, end - line.begin),
+      text.story, position};
 }
 
 }  // namespace drafting

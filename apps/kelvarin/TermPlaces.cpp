@@ -5,6 +5,7 @@
 
 #include "discovery/LineCapitals.h"
 #include "discovery/LineText.h"
+#include "drafting/Texts.h"
 #include "hosts/unattended/Text.h"
 #include "marker/PlainText.h"
 #include "marker/StoryText.h"
@@ -49,27 +50,28 @@ class Places {
 
  private:
   void Read(const word::DocumentPtr& document, const word::RangePtr& story) {
-    const marker::StoryText text(document, story, marker::StoryText::Hidden::kLeftOut,
-                                 marker::StoryText::Results::kKept);
-    const std::u16string_view plain = text.Plain();
+    const marker::StoryText content(document, story, marker::StoryText::Hidden::kLeftOut,
+                                    marker::StoryText::Results::kKept);
+    const std::u16string_view plain = content.Plain();
     std::size_t line = 0;
+    std::size_t end = LineEnd(plain, line);
     std::optional<LineCapitals> capitals;
     for (const marker::Match& match : matcher_.Find(plain)) {
-      std::size_t end = LineEnd(plain, line);
       while (end < match.begin) {
         line = end + 1;
         end = LineEnd(plain, line);
         capitals.reset();
       }
-      if (!capitals) capitals.emplace(plain.substr(line, end - line), characters_);
+      const std::u16string_view text = plain.substr(line, end - line);
+      if (!capitals) capitals.emplace(text, characters_);
       Findings& findings = findings_[match.form];
       ++findings.occurrences;
       const CapitalUse use = capitals->UseAt(match.begin - line, match.end - line);
       if (use == CapitalUse::kOfItsOwn) ++findings.ofItsOwn;
       if (use == CapitalUse::kSentenceStart) ++findings.sentenceStarts;
       if (findings.first) continue;
-      findings.first = {story->StoryType(), text.PositionOf(match.begin),
-                        ToUtf8(capitals->SentenceAt(match.begin - line))};
+      findings.first = {story->StoryType(), content.PositionOf(match.begin),
+                        ToUtf8(drafting::ExcerptOf(text, *capitals, match.begin - line, match.end - line).sentence)};
     }
   }
 

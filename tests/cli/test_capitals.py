@@ -201,6 +201,16 @@ class Capitals(program.Case):
                           "ARE": "heading", "THEY": "heading", "Make Payment": None, "Payments": None,
                           "Pay Payments": "sentenceStart"})
 
+    def test_json_cuts_a_long_sentence_short_around_the_term(self):
+        names = [f"Name{'abcdefghij'[number % 10]}{'abcdefghij'[number // 10 % 10]}{'abcdefghij'[number // 100]}"
+                 for number in range(1000)]
+        found = self.described("P of " + ", ".join(names) + " and of the end")
+        self.assertEqual(sorted(found), sorted(names))
+        for name in names:
+            self.assertIn(name, found[name]["sentence"])
+            self.assertLess(len(found[name]["sentence"]), 400)
+        self.assertTrue(found[names[500]]["sentence"].startswith("… ") and found[names[500]]["sentence"].endswith(" …"))
+
     def test_json_tells_of_quoted_terms_too(self):
         self.document(lines="P “Buyer” means Acme. The Buyer pays.\nP “seller” sells")
         listed = json.loads(self.check("terms", "contract.docx", "--json").out)
