@@ -33,8 +33,9 @@ bool StandsInTitles(std::u16string_view word) {
   return std::find(kWords.begin(), kWords.end(), word) != kWords.end();
 }
 
-/// Blanks, and the marks of notes and objects, which stand before a text without being part of it.
-bool IsBlank(char16_t unit) { return unit == u' ' || unit == 1 || unit == 2; }
+/// Blanks, the marks of notes and objects, and code 0 where something is left out, such as the index: they stand before
+/// a text without being part of it.
+bool IsBlank(char16_t unit) { return unit == u' ' || unit <= 2; }
 
 constexpr std::u16string_view kOpening = u"\"\u201C\u201D\u201E\u00AB\u2018([";
 constexpr std::u16string_view kClosing = u"\"\u201D\u2019\u00BB)]";

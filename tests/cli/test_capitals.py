@@ -211,6 +211,15 @@ class Capitals(program.Case):
             self.assertLess(len(found[name]["sentence"]), 400)
         self.assertTrue(found[names[500]]["sentence"].startswith("… ") and found[names[500]]["sentence"].endswith(" …"))
 
+    def test_json_holds_nothing_that_does_not_show(self):
+        self.document(lines="P the first Buyer[[fn: A note.]] pays the Seller. All the rest of it goes to the Parent.")
+        self.check("index", "contract.docx", "-o", "indexed.docx", "--add", "first", "--at", "after:Seller.")
+        out = self.check("terms", "indexed.docx", "--search", "capitals", "--json").out
+        found = {item["term"]: item for item in json.loads(out)}
+        self.assertEqual(found["Buyer"]["sentence"], "the first Buyer  pays the Seller.")
+        self.assertEqual(found["Parent"]["sentence"], "All the rest of it goes to the Parent.")
+        self.assertEqual(found["All"]["only"], "sentenceStart")
+
     def test_json_tells_of_quoted_terms_too(self):
         self.document(lines="P “Buyer” means Acme. The Buyer pays.\nP “seller” sells")
         listed = json.loads(self.check("terms", "contract.docx", "--json").out)

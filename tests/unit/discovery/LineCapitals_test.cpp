@@ -34,6 +34,15 @@ TEST_F(CapitalsOfALine, SoDoesTheWordBehindASentenceOrClause) {
   EXPECT_EQ(Use(u"it said \u201Cgo.\u201D Payment shall be made", u"Payment"), CapitalUse::kSentenceStart);
 }
 
+TEST_F(CapitalsOfALine, WhatIsLeftOutBeforeASentenceIsNoPartOfIt) {
+  for (const char16_t mark : {u'\0', u'\1', u'\2'}) {
+    const std::u16string line = std::u16string(1, mark) + u" Payment is due.";
+    EXPECT_EQ(Use(line, u"Payment"), CapitalUse::kSentenceStart) << int{mark};
+    EXPECT_EQ(Use(u"It is due." + line, u"Payment"), CapitalUse::kSentenceStart) << int{mark};
+    EXPECT_EQ(Sentence(line, u"Payment"), u"Payment is due.") << int{mark};
+  }
+}
+
 TEST_F(CapitalsOfALine, AnAbbreviationEndsNoSentence) {
   EXPECT_EQ(Use(u"he and J. Payment met Acme Inc. Payment and no. Payment", u"Payment"), CapitalUse::kOfItsOwn);
   EXPECT_EQ(Use(u"by Acme Inc. Payment is due", u"Payment"), CapitalUse::kOfItsOwn);
