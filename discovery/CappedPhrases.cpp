@@ -129,27 +129,12 @@ CappedPhrases::Word CappedPhrases::WholeWord(Span hit) const {
 
 void CappedPhrases::ReadQuotes() {
   quoted_.clear();
-  const std::u16string_view line = line_;
-  std::size_t open = FindDoubleQuote(line, 0);
-  while (open != std::u16string_view::npos) {
-    std::size_t next = FindDoubleQuote(line, open + 1);
-    const bool opens = IsLetterAt(open + 1) && (open == 0 || !IsLetterAt(open - 1));
-    if (opens && next != std::u16string_view::npos && At(next) != u'\u201C') {
-      TakeQuoted({open + 1, next});
-      next = FindDoubleQuote(line, next + 1);
-    }
-    open = next;
-  }
+  for (const auto& [begin, end] : FindQuotedTexts(line_, characters_)) TakeQuoted({AfterArticle(line_, begin), end});
 }
 
 void CappedPhrases::TakeQuoted(Span inside) {
+  if (inside.begin >= inside.end) return;
   std::u16string_view text = Text(inside);
-  for (const std::u16string_view article : {u"the ", u"a ", u"an ", u"any ", u"The ", u"A ", u"An ", u"Any "}) {
-    if (!text.starts_with(article)) continue;
-    text.remove_prefix(article.size());
-    inside.begin += article.size();
-    break;
-  }
   constexpr std::u16string_view kNoPartAtTheEnd{u" ,.;:!?\u0002"};
   static_assert(kNoPartAtTheEnd.back() == word::kNoteReference);
   const std::size_t last = text.find_last_not_of(kNoPartAtTheEnd);

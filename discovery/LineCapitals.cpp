@@ -38,7 +38,7 @@ bool StandsInTitles(std::u16string_view word) {
 bool IsBlank(char16_t unit) { return unit == u' ' || unit <= 2; }
 
 constexpr std::u16string_view kOpening = u"\"\u201C\u201D\u201E\u00AB\u2018([";
-constexpr std::u16string_view kClosing = u"\"\u201D\u2019\u00BB)]";
+constexpr std::u16string_view kClosing = u"\"\u201C\u201D\u2019\u00AB\u00BB)]";
 constexpr std::u16string_view kBullets = u"\u2022\u25CF\uF0B7-\u2013\u2014*";
 constexpr char16_t kEmDash = u'\u2014';
 constexpr char16_t kEnDash = u'\u2013';
@@ -57,12 +57,16 @@ LineCapitals::LineCapitals(std::u16string_view line, os::Characters& characters)
   ReadWords();
   ReadCapitals();
   ReadSentences();
+  for (const QuotedText& text : FindQuotedTexts(line_, characters_)) {
+    quoted_.push_back(AfterArticle(line_, text.begin));
+  }
 }
 
 CapitalUse LineCapitals::UseAt(std::size_t begin, std::size_t end) const {
   const auto capitals = FirstEndingBehind(capitals_, begin);
   if (capitals != capitals_.end() && capitals->begin <= begin && end <= capitals->end) return CapitalUse::kHeading;
   if (begin > 0 && IsDoubleQuote(line_[begin - 1])) return CapitalUse::kOfItsOwn;
+  if (std::binary_search(quoted_.begin(), quoted_.end(), begin)) return CapitalUse::kOfItsOwn;
   const auto sentence = FirstEndingBehind(sentences_, begin);
   if (sentence == sentences_.end()) return CapitalUse::kOfItsOwn;
   if (sentence->title) return CapitalUse::kHeading;

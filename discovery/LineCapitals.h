@@ -53,6 +53,8 @@ class LineCapitals {
   /// Stretches set in capitals.
   std::vector<Span> capitals_;
   std::vector<Sentence> sentences_;
+  /// Where texts in quotes begin, behind their articles.
+  std::vector<std::size_t> quoted_;
   /// Those that no colon, semicolon or dash ends.
   std::vector<Span> wholeSentences_;
 };

@@ -37,6 +37,11 @@ void AppendUnitAsRead(char16_t unit, std::u16string& line) {
   }
 }
 
+/// Whether a mark that opens may have blanks behind it, as in French; the others may be closing ones.
+bool MayHaveBlanks(char16_t open) { return open == u'\u201C' || open == u'\u201E' || open == u'\u00AB'; }
+
+bool Closes(char16_t open, char16_t close) { return close != u'\u201E' && (close != u'\u201C' || open == u'\u201E'); }
+
 }  // namespace
 
 std::size_t LineEnd(std::u16string_view text, std::size_t index) {
@@ -50,6 +55,31 @@ std::size_t FindDoubleQuote(std::u16string_view text, std::size_t index) {
   const auto found = std::find_if(text.begin() + static_cast<std::ptrdiff_t>(index), text.end(),
                                   [](char16_t unit) { return MayBeDoubleQuote(unit) && IsDoubleQuote(unit); });
   return found == text.end() ? std::u16string_view::npos : static_cast<std::size_t>(found - text.begin());
+}
+
+std::vector<QuotedText> FindQuotedTexts(std::u16string_view line, os::Characters& characters) {
+  std::vector<QuotedText> found;
+  const auto isLetterAt = [&](std::size_t index) { return index < line.size() && IsWordUnit(characters, line[index]); };
+  std::size_t open = FindDoubleQuote(line, 0);
+  while (open != std::u16string_view::npos) {
+    std::size_t next = FindDoubleQuote(line, open + 1);
+    const std::size_t begin = MayHaveBlanks(line[open]) ? line.find_first_not_of(u' ', open + 1) : open + 1;
+    const bool opens = isLetterAt(begin) && (open == 0 || !isLetterAt(open - 1));
+    if (opens && next != std::u16string_view::npos && Closes(line[open], line[next])) {
+      found.push_back({begin, next});
+      next = FindDoubleQuote(line, next + 1);
+    }
+    open = next;
+  }
+  return found;
+}
+
+std::size_t AfterArticle(std::u16string_view text, std::size_t index) {
+  const std::u16string_view behind = text.substr(index);
+  for (const std::u16string_view article : {u"the ", u"a ", u"an ", u"any ", u"The ", u"A ", u"An ", u"Any "}) {
+    if (behind.starts_with(article)) return index + article.size();
+  }
+  return index;
 }
 
 void AppendAsRead(std::u16string_view text, std::u16string& line) {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/os/Characters.h"
 
@@ -11,6 +12,19 @@
 
 /// The first double quotation mark at an index or behind it; npos when there is none.
 std::size_t FindDoubleQuote(std::u16string_view text, std::size_t index);
+
+/// A stretch of a line.
+struct QuotedText {
+  std::size_t begin{0};
+  std::size_t end{0};
+};
+
+/// The texts of a line that begin with a letter or digit and stand in double quotation marks of any style, without the
+/// marks and without blanks behind the first of them. The line is as it reads.
+std::vector<QuotedText> FindQuotedTexts(std::u16string_view line, os::Characters& characters);
+
+/// Behind the article that begins at an index, and its blank; the index when there is none.
+std::size_t AfterArticle(std::u16string_view text, std::size_t index);
 
 /// Where the line that holds an index ends; the text's length when it does not.
 std::size_t LineEnd(std::u16string_view text, std::size_t index);

@@ -71,6 +71,17 @@ class Capitals(program.Case):
         found = self.described(text)
         self.assertEqual({term: found[term]["occurrences"] for term in found}, {"Seller’s Knowledge": 2, "It": 1})
 
+    def test_a_quoted_phrase_is_one_term_whatever_its_quotation_marks(self):
+        for quoted in ("„Terms and Conditions“", "„Terms and Conditions”", "« Terms and Conditions »", "«\u00a0Terms and Conditions\u00a0»",
+                       "»Terms and Conditions«", "”Terms and Conditions”", "“the Terms and Conditions”"):
+            found = self.described(f"P {quoted}\nP these Terms and Conditions apply")
+            self.assertEqual({term: (item["occurrences"], item["only"]) for term, item in found.items()},
+                             {"Terms and Conditions": (2, None)}, quoted)
+
+    def test_a_term_in_quotes_does_not_cut_a_longer_one_apart(self):
+        self.assertEqual(self.terms("P the “Purchase Price” is ten.\nP the Purchase Price Adjustment is final, the Purchase Price is not."),
+                         ["Purchase Price", "Purchase Price Adjustment"])
+
     def test_a_separator_is_never_offered_and_what_stands_round_it_is(self):
         self.assertEqual(self.terms("P the “Buyer; Seller” and “Saint: Ives” near St. Malo at Rock; Bay: Cape"),
                          ["Bay", "Buyer", "Cape", "Ives", "Malo", "Rock", "Saint", "Seller", "St"])

@@ -170,6 +170,23 @@ TEST_F(PhrasesOfWords, AQuotedPhraseIsKnownFromThereOn) {
             (Phrases{u"Terms and Conditions", u"Terms and Conditions", u"Terms"}));
 }
 
+TEST_F(PhrasesOfWords, QuotationMarksOfAnyStylePairUp) {
+  for (const std::u16string quoted :
+       {u"\u201ETerms and Conditions\u201C", u"\u201ETerms and Conditions\u201D", u"\u201DTerms and Conditions\u201D",
+        u"\u00AB Terms and Conditions \u00BB", u"\u00AB\u00A0Terms and Conditions\u202F\u00BB",
+        u"\u00BBTerms and Conditions\u00AB", u"\u201C the Terms and Conditions \u201D"}) {
+    EXPECT_EQ(Of(u"die " + quoted + u" (\u201ESeller\u201C) Buyer, " + quoted + u"\r"),
+              (Phrases{u"Terms and Conditions", u"Seller", u"Buyer", u"Terms and Conditions"}));
+  }
+}
+
+TEST_F(PhrasesOfWords, WhatStandsBetweenTwoQuotedTextsIsNoQuotedText) {
+  EXPECT_EQ(
+      Of(u"\u201EBuyer\u201C And then \u201ESeller\u201C, \"Agent\" Or also \"Lender\", \u201E(a)\u201C Deed and such "
+         u"\u201EPart\u201C\r"),
+      (Phrases{u"Buyer", u"And", u"Seller", u"Agent", u"Or", u"Lender", u"Deed", u"Part"}));
+}
+
 TEST_F(PhrasesOfWords, AQuotedPhraseIsKnownByTheSpellingInQuotesWhateverItsApostrophe) {
   EXPECT_EQ(Of(u"\u201CSeller\u2019s Knowledge\u201D and \"O'Brien Shares\"\r"
                u"to Seller's Knowledge, the O\u2019Brien Shares, Seller\u2019s Counsel\r"),

@@ -55,6 +55,16 @@ TEST_F(CapitalsOfALine, NumbersAndBulletsStandBeforeTheSentence) {
   }
 }
 
+TEST_F(CapitalsOfALine, WhatStandsInQuotesIsCapitalisedForItsOwnSakeBehindBlanksAndAnArticleToo) {
+  for (const std::u16string line :
+       {u"\u201Cthe Purchase Price\u201D", u"\u00AB Purchase Price \u00BB", u"\"A Purchase Price\"",
+        u"\u201EPurchase Price\u201C", u"\u00AB the Purchase Price \u00BB"}) {
+    EXPECT_EQ(Use(line, u"Purchase Price"), CapitalUse::kOfItsOwn) << line.size();
+  }
+  EXPECT_EQ(Use(u"\u201EGo.\u201C The Payment is due", u"The"), CapitalUse::kSentenceStart);
+  EXPECT_EQ(Use(u"\u00ABGo\u00BB. Payment", u"Payment"), CapitalUse::kHeading);
+}
+
 TEST_F(CapitalsOfALine, AnItemOfAListBeginsLikeASentence) {
   EXPECT_EQ(Use(u"the Seller shall (a) Transfer the goods, and (ii) Pay", u"Transfer"), CapitalUse::kSentenceStart);
   EXPECT_EQ(Use(u"the Seller shall (a) Transfer the goods, and (ii) Pay", u"Pay"), CapitalUse::kSentenceStart);
