@@ -35,6 +35,24 @@ bool Connects(std::u16string_view word) { return word == u"of" || word == u"Of" 
 CappedPhrases::CappedPhrases(os::Characters& characters, bool ignoreNumbers, Take take)
     : characters_(characters), ignoreNumbers_(ignoreNumbers), take_(std::move(take)) {}
 
+void CappedPhrases::Learn(std::u16string_view text) {
+  std::size_t end = 0;
+  for (std::size_t begin = 0; begin < text.size(); begin = end + 1) {
+    end = LineEnd(text, begin);
+    const std::u16string_view line = text.substr(begin, end - begin);
+    if (FindDoubleQuote(line, 0) == std::u16string_view::npos) continue;
+    Append(line);
+    ReadQuotes();
+    for (const Quoted& quoted : quoted_) {
+      if (quoted.end == quoted.wordEnd) continue;
+      KnownPhrases& phrases = known_[WithStraightQuotes(Text({quoted.begin, quoted.wordEnd}))];
+      phrases.texts.try_emplace(WithStraightQuotes(Text(quoted)), Text(quoted));
+      phrases.lengths.insert(quoted.end - quoted.begin);
+    }
+    line_.clear();
+  }
+}
+
 void CappedPhrases::Add(std::u16string_view text, const std::vector<CappedWord>& words) {
   std::size_t at = 0;
   auto word = words.begin();
@@ -133,32 +151,24 @@ void CappedPhrases::ReadQuotes() {
 }
 
 void CappedPhrases::TakeQuoted(Span inside) {
-  if (inside.begin >= inside.end) return;
-  std::u16string_view text = Text(inside);
+  if (inside.begin >= inside.end || !IsCapital(At(inside.begin))) return;
   constexpr std::u16string_view kNoPartAtTheEnd{u" ,.;:!?\u0002"};
   static_assert(kNoPartAtTheEnd.back() == word::kNoteReference);
-  const std::size_t last = text.find_last_not_of(kNoPartAtTheEnd);
-  if (last == std::u16string_view::npos) return;
-  text = text.substr(0, last + 1);
+  const std::u16string_view whole = Text(inside);
+  const std::u16string_view text = whole.substr(0, whole.find_last_not_of(kNoPartAtTheEnd) + 1);
   inside.end = inside.begin + text.size();
   if (EndsSentenceInside(text) || OpensBracketOnly(text)) return;
   if (std::count(text.begin(), text.end(), u' ') >= kMostQuotedWords) return;
-  const auto word = std::find_if(words_.begin(), words_.end(),
-                                 [&](const Word& candidate) { return candidate.begin == inside.begin; });
-  if (word == words_.end() || (ignoreNumbers_ && HoldsDigit(inside))) return;
+  if (ignoreNumbers_ && HoldsDigit(inside)) return;
+  const std::size_t wordEnd = WholeWord({inside.begin, inside.begin + 1}).end;
   // A word whose end is cut off, such as one with initials.
-  inside.end = std::max(inside.end, word->end);
-  quoted_.push_back(inside);
-  if (inside.end == word->end) return;
-  KnownPhrases& phrases = known_[WithStraightQuotes(Text(*word))];
-  phrases.texts.try_emplace(WithStraightQuotes(text), text);
-  phrases.lengths.insert(text.size());
+  quoted_.push_back({{inside.begin, std::max(inside.end, wordEnd)}, wordEnd});
 }
 
 std::size_t CappedPhrases::QuotedEnd(std::size_t begin) const {
-  const auto found =
-      std::find_if(quoted_.begin(), quoted_.end(), [begin](const Span& span) { return span.begin == begin; });
-  return found == quoted_.end() ? 0 : found->end;
+  const auto found = std::lower_bound(quoted_.begin(), quoted_.end(), begin,
+                                      [](const Span& span, std::size_t wanted) { return span.begin < wanted; });
+  return found == quoted_.end() || found->begin != begin ? 0 : found->end;
 }
 
 std::u16string_view CappedPhrases::KnownAt(const Word& word) const {

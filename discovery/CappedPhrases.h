@@ -27,6 +27,10 @@ class CappedPhrases {
   /// @param ignoreNumbers a word that holds a digit is no part of a phrase, and none by itself
   CappedPhrases(os::Characters& characters, bool ignoreNumbers, Take take);
 
+  /// Learns the phrases in quotes of a text that no page cuts. All the texts come before the first that is added: terms
+  /// are used before they are defined, too.
+  void Learn(std::u16string_view text);
+
   /// The story goes on. @param words in their order, none overlapping another
   void Add(std::u16string_view text, const std::vector<CappedWord>& words);
   /// The story ends, and its last line with it.
@@ -42,6 +46,10 @@ class CappedPhrases {
   struct Word : Span {
     bool small{false};   ///< one that holds sentences together
     bool digits{false};  ///< holds one
+  };
+
+  struct Quoted : Span {
+    std::size_t wordEnd{0};  ///< of its first word
   };
 
   struct KnownPhrases {
@@ -83,7 +91,7 @@ class CappedPhrases {
   std::u16string line_;
   std::vector<Span> hits_;
   std::vector<Word> words_;
-  std::vector<Span> quoted_;
+  std::vector<Quoted> quoted_;
   /// Phrases that stood in quotes, by their first word with straight apostrophes.
   TextMap<KnownPhrases> known_;
 };

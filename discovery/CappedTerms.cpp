@@ -42,7 +42,7 @@ struct Stretch {
   word::Position end;
 };
 
-/// The places in a story of the index and the lists that an earlier run made.
+/// The places in a story, in their order, of the index and the lists that an earlier run made.
 std::vector<Stretch> OwnText(const word::DocumentPtr& document, word::WdStoryType type) {
   std::vector<Stretch> own;
   const word::BookmarksPtr bookmarks = document->Bookmarks();
@@ -51,6 +51,7 @@ std::vector<Stretch> OwnText(const word::DocumentPtr& document, word::WdStoryTyp
     const word::RangePtr range = bookmarks->Item(name)->Range();
     if (range->StoryType() == type) own.push_back({range->Start(), range->End()});
   }
+  std::sort(own.begin(), own.end(), [](const Stretch& one, const Stretch& other) { return one.begin < other.begin; });
   return own;
 }
 
@@ -112,6 +113,18 @@ class Finder {
         phrases_(scan.characters, scan.ignoreNumbers,
                  [this](std::u16string_view phrase) { candidates_.Offer(phrase); }) {}
 
+  void LearnQuotes(const word::RangePtr& story) {
+    const word::WdStoryType type = story->StoryType();
+    if (StoryLabel(type).empty()) return;
+    const word::RangePtr range = story->Duplicate();
+    word::Position begin = story->Start();
+    for (const Stretch& own : OwnText(scan_.document, type)) {
+      if (own.begin > begin) LearnBetween(range, begin, own.begin);
+      begin = std::max(begin, own.end);
+    }
+    LearnBetween(range, begin, story->End());
+  }
+
   bool SearchStory(const word::RangePtr& story) {
     const word::WdStoryType type = story->StoryType();
     const std::u16string_view label = StoryLabel(type);
@@ -130,6 +143,11 @@ class Finder {
   }
 
  private:
+  void LearnBetween(const word::RangePtr& range, word::Position begin, word::Position end) {
+    range->SetRange(begin, end);
+    phrases_.Learn(range->Text());
+  }
+
   void SearchPage(const word::RangePtr& range, const StoryPages& page, std::u16string_view label) {
     const std::u16string number = Decimal(page.Number());
     ShowStep(u"Searching page:  " + number, page.Number());
@@ -182,6 +200,7 @@ bool FindCappedTerms(const CappedScan& scan, FoundTerms& found) {
   found = FoundTerms(1);
   Finder finder(scan, found);
   const word::StoryRangesPtr stories = scan.document->StoryRanges();
+  for (int i = 1; i <= stories->Count(); ++i) finder.LearnQuotes(stories->Item(i));
   for (int i = 1; i <= stories->Count(); ++i) {
     if (!finder.SearchStory(stories->Item(i))) return false;
   }

@@ -78,6 +78,11 @@ class Capitals(program.Case):
             self.assertEqual({term: (item["occurrences"], item["only"]) for term, item in found.items()},
                              {"Terms and Conditions": (2, None)}, quoted)
 
+    def test_a_term_is_whole_where_it_is_used_before_it_is_quoted(self):
+        self.assertEqual(self.terms("P on a Change in Control[[fn: no Notice of change is made.]] the seller pays.\n"
+                                    "P A “Change in Control” means a sale[[en: a “Notice of change” is one.]]."),
+                         ["A", "Change in Control", "Notice of change"])
+
     def test_a_term_in_quotes_does_not_cut_a_longer_one_apart(self):
         self.assertEqual(self.terms("P the “Purchase Price” is ten.\nP the Purchase Price Adjustment is final, the Purchase Price is not."),
                          ["Purchase Price", "Purchase Price Adjustment"])

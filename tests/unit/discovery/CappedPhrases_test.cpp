@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <numeric>
+
 #include "discovery/LineText.h"
 #include "tests/fakes/FakeServices.h"
 
@@ -29,6 +31,7 @@ class PhrasesOfWords : public testing::Test {
   Phrases Of(const std::vector<std::u16string>& pages, bool ignoreNumbers = true) {
     Phrases found;
     CappedPhrases phrases(characters, ignoreNumbers, [&](std::u16string_view phrase) { found.emplace_back(phrase); });
+    phrases.Learn(std::accumulate(pages.begin(), pages.end(), std::u16string()));
     for (const std::u16string& page : pages) phrases.Add(page, Words(page));
     phrases.EndStory();
     return found;
@@ -165,9 +168,12 @@ TEST_F(PhrasesOfWords, TheMarkOfANoteIsNoPartOfAQuotedPhrase) {
             (Phrases{u"Bank", u"Terms and Conditions"}));
 }
 
-TEST_F(PhrasesOfWords, AQuotedPhraseIsKnownFromThereOn) {
-  EXPECT_EQ(Of(u"\u201CTerms and Conditions\u201D\rthe Terms and Conditions. Terms and conditions\r"),
-            (Phrases{u"Terms and Conditions", u"Terms and Conditions", u"Terms"}));
+TEST_F(PhrasesOfWords, AQuotedPhraseIsKnownWhereverItStands) {
+  EXPECT_EQ(
+      Of(u"a Change in Control\r\u201CTerms and Conditions\u201D\rthe Terms and Conditions. Terms and conditions\r"
+         u"\u201CChange in Control\u201D\r"),
+      (Phrases{u"Change in Control", u"Terms and Conditions", u"Terms and Conditions", u"Terms",
+               u"Change in Control"}));
 }
 
 TEST_F(PhrasesOfWords, QuotationMarksOfAnyStylePairUp) {

@@ -108,6 +108,18 @@ TEST_F(CappedTermsOfADocument, TextOfAnEarlierIndexAndItsListsIsNoCandidate) {
   EXPECT_EQ(Search(), (FoundTerms{u"Buyer", u"Seller"}));
 }
 
+TEST_F(CappedTermsOfADocument, APhraseInQuotesIsKnownInTheStoriesBeforeIt) {
+  host.word.stories = {{word::wdMainTextStory, u"a Change in Control\r", {}, {}},
+                       {word::wdFootnotesStory, u"\u201CChange in Control\u201D\r", {}, {}}};
+  EXPECT_EQ(Search(), FoundTerms{u"Change in Control"});
+}
+
+TEST_F(CappedTermsOfADocument, QuotesInAnEarlierIndexAndItsListsAreNotLearnt) {
+  Text() = u"Buyer of us\r\u201CBuyer of us\u201D\ra \u201CSeller of it\u201D\r\u201CBuyer of us\u201D\rSeller of it\r";
+  host.word.bookmarks = {{u"DefinedTermsIndexNotUsedList", {0, 43, 57}}, {u"DefinedTermsIndex", {0, 12, 26}}};
+  EXPECT_EQ(Search(), (FoundTerms{u"Buyer", u"Seller of it"}));
+}
+
 TEST_F(CappedTermsOfADocument, TheSearchIsSetUpForEachPage) {
   host.word.stories = {{word::wdMainTextStory, u"a Buyer\ra Seller\r", {}, {8}}};
   Search();
