@@ -27,6 +27,14 @@ bool IsTiedOn(std::u16string_view tail) {
          tail == u"m";
 }
 
+/// Whether single letters with a full stop between them stand at the end.
+bool EndsWithInitials(std::u16string_view text) {
+  const auto isLetter = [text](std::size_t fromEnd) {
+    return text.size() >= fromEnd && IsAsciiLetter(text[text.size() - fromEnd]);
+  };
+  return isLetter(1) && isLetter(3) && text[text.size() - 2] == u'.' && !isLetter(4);
+}
+
 /// A small word that may stand inside a phrase.
 bool Connects(std::u16string_view word) { return word == u"of" || word == u"Of" || word == u"OF"; }
 
@@ -44,7 +52,7 @@ void CappedPhrases::Learn(std::u16string_view text) {
     Append(line);
     ReadQuotes();
     for (const Quoted& quoted : quoted_) {
-      if (quoted.end == quoted.wordEnd) continue;
+      if (quoted.end <= quoted.wordEnd) continue;
       KnownPhrases& phrases = known_[WithStraightQuotes(Text({quoted.begin, quoted.wordEnd}))];
       phrases.texts.try_emplace(WithStraightQuotes(Text(quoted)), Text(quoted));
       phrases.lengths.insert(quoted.end - quoted.begin);
@@ -155,14 +163,13 @@ void CappedPhrases::TakeQuoted(Span inside) {
   constexpr std::u16string_view kNoPartAtTheEnd{u" ,.;:!?\u0002"};
   static_assert(kNoPartAtTheEnd.back() == word::kNoteReference);
   const std::u16string_view whole = Text(inside);
-  const std::u16string_view text = whole.substr(0, whole.find_last_not_of(kNoPartAtTheEnd) + 1);
+  std::u16string_view text = whole.substr(0, whole.find_last_not_of(kNoPartAtTheEnd) + 1);
+  if (EndsWithInitials(text) && whole.substr(text.size()).starts_with(u'.')) text = whole.substr(0, text.size() + 1);
   inside.end = inside.begin + text.size();
   if (EndsSentenceInside(text) || OpensBracketOnly(text)) return;
   if (std::count(text.begin(), text.end(), u' ') >= kMostQuotedWords) return;
   if (ignoreNumbers_ && HoldsDigit(inside)) return;
-  const std::size_t wordEnd = WholeWord({inside.begin, inside.begin + 1}).end;
-  // A word whose end is cut off, such as one with initials.
-  quoted_.push_back({{inside.begin, std::max(inside.end, wordEnd)}, wordEnd});
+  quoted_.push_back({inside, WholeWord({inside.begin, inside.begin + 1}).end});
 }
 
 std::size_t CappedPhrases::QuotedEnd(std::size_t begin) const {

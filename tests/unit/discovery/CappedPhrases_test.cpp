@@ -128,6 +128,14 @@ TEST_F(PhrasesOfWords, InitialsAreOneWord) {
             (Phrases{u"U.S.", u"Government", u"Non-U.S.", u"Member", u"C.F.R."}));
 }
 
+TEST_F(PhrasesOfWords, APhraseInQuotesKeepsTheLastFullStopOfInitials) {
+  EXPECT_EQ(Of(u"\u201CFiat S.p.A.\u201D and the \u201CBank of the U.S.,\u201D; Fiat S.p.A. pays the Bank of the U.S. "
+               u"today\r"),
+            (Phrases{u"Fiat S.p.A.", u"Bank of the U.S.", u"Fiat S.p.A.", u"Bank of the U.S."}));
+  EXPECT_EQ(Of(u"\u201CPart B.\u201D, \u201CSchedule 2.1.\u201D, \u201CAnnex No.A.\u201D\r", false),
+            (Phrases{u"Part B", u"Schedule 2.1", u"Annex No.A"}));
+}
+
 TEST_F(PhrasesOfWords, InitialsMayBeSmall) {
   EXPECT_EQ(Of(u"Fiat S.p.A. pays Enel S.r.l. of Rome; see Part B.see Schedule A.no\r"),
             (Phrases{u"Fiat S.p.A.", u"Enel S.r.l.", u"Rome", u"Part B", u"Schedule A"}));
