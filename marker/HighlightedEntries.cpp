@@ -8,6 +8,7 @@
 #include "platform/word/Range.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace marker {
 
@@ -40,44 +41,28 @@ std::size_t HighlightedEntries::LengthBefore(std::size_t end, const Spellings& s
   return 0;
 }
 
-std::size_t HighlightedEntries::LengthOfCutBefore(std::size_t end, const Spellings& spellings) const {
-  std::size_t begin = end;
-  while (begin > 0 && !PartsTerms(text_.Plain()[begin - 1])) --begin;
-  const std::u16string before = Shown(begin, end);
+// Such an entry says how its occurrence begins. A text that repeats itself reads so in many places: the first is meant.
+std::size_t HighlightedEntries::LengthOfCutBefore(const word::RangePtr& range, std::size_t first, std::size_t end,
+                                                  const Spellings& spellings) const {
+  const std::vector<Stretch> yellow = YellowTail(text_, range, first, end);
+  if (yellow.empty()) return 0;
+  const std::u16string before = Shown(text_.PlainAt(yellow.front().begin), end);
   for (const std::u16string& spelling : {spellings.plain, spellings.upper}) {
-    const std::size_t found = before.rfind(spelling);
+    const std::size_t found = before.find(spelling);
     if (!spelling.empty() && found != std::u16string::npos) return before.size() - found;
   }
   return 0;
 }
 
 std::vector<Stretch> HighlightedEntries::Yellow(const word::RangePtr& range, std::size_t begin, std::size_t end) const {
-  std::vector<Stretch> yellow;
-  for (const Stretch& stretch : text_.Stretches(begin, end)) {
-    ForEachColour(range, stretch, [&](Stretch part, int colour) {
-      if (colour != word::wdYellow) return;
-      const bool follows = !yellow.empty() && yellow.back().end == part.begin;
-      if (follows) {
-        yellow.back().end = part.end;
-      } else {
-        yellow.push_back(part);
-      }
-    });
-  }
-  return yellow;
+  return YellowIn(text_, range, begin, end);
 }
 
-std::vector<Stretch> HighlightedEntries::YellowTail(const word::RangePtr& range, std::size_t end,
-                                                    std::size_t longest) const {
-  std::size_t begin = end;
-  while (begin > 0 && end - begin < longest && !PartsTerms(text_.Plain()[begin - 1])) --begin;
-  std::vector<Stretch> yellow = Yellow(range, begin, end);
-  if (yellow.empty() || yellow.back().end != text_.PositionOf(end - 1) + 1) return {};
-  // What lies before a stretch without highlight is not the occurrence any more.
-  std::size_t first = yellow.size() - 1;
-  while (first > 0 && text_.PlainAt(yellow[first].begin) == text_.PlainAt(yellow[first - 1].end)) --first;
-  yellow.erase(yellow.begin(), yellow.begin() + static_cast<std::ptrdiff_t>(first));
-  return yellow;
+std::size_t HighlightedEntries::BehindEntryBefore(word::Position entry) const {
+  const std::vector<OurEntry>& entries = text_.Entries();
+  const auto own = std::lower_bound(entries.begin(), entries.end(), entry,
+                                    [](const OurEntry& one, word::Position position) { return one.begin < position; });
+  return own == entries.begin() ? 0 : text_.PlainAt(std::prev(own)->begin);
 }
 
 std::size_t HighlightedEntries::WordEnd(std::size_t end) const {
@@ -89,21 +74,29 @@ std::size_t HighlightedEntries::WordEnd(std::size_t end) const {
 std::optional<std::vector<Stretch>> HighlightedEntries::Exactly(const word::RangePtr& range, word::Position entry,
                                                                 std::u16string_view entryText) {
   const Spellings& spellings = SpellingsOf(entryText);
+  // The cut may have spared half a surrogate pair.
+  const bool isCut = entryText.size() + 1 >= kLongestEntry;
   const std::size_t end = text_.PlainAt(entry);
-  if (const std::size_t length = LengthBefore(end, spellings)) return Yellow(range, end - length, end);
   const std::size_t wordEnd = WordEnd(end);
-  if (const std::size_t length = LengthBefore(wordEnd, spellings)) return Yellow(range, wordEnd - length, wordEnd);
-  // An entry that was cut says how its occurrence begins; the cut may have spared half a surrogate pair.
-  if (entryText.size() + 1 >= kLongestEntry) {
-    if (const std::size_t length = LengthOfCutBefore(end, spellings)) return Yellow(range, end - length, end);
+  std::optional<std::vector<Stretch>> found;
+  // A possessive ending may itself read as an entry says, as the term "s" does.
+  for (const std::size_t place : {wordEnd, end}) {
+    const std::size_t length =
+        isCut ? LengthOfCutBefore(range, BehindEntryBefore(entry), place, spellings) : LengthBefore(place, spellings);
+    if (length > 0) found = Yellow(range, place - length, place);
+    if (wordEnd == end || (found && !found->empty())) break;
   }
-  return std::nullopt;
+  return found;
 }
 
-std::vector<Stretch> HighlightedEntries::Roughly(const word::RangePtr& range, word::Position entry,
-                                                 std::u16string_view entryText) const {
-  const std::size_t end = WordEnd(text_.PlainAt(entry));
-  return end == 0 ? std::vector<Stretch>{} : YellowTail(range, end, entryText.size());
+std::vector<Stretch> HighlightedEntries::Roughly(const word::RangePtr& range, word::Position entry) const {
+  range->SetRange(entry, entry + 1);
+  if (range->HighlightColorIndex() == word::wdYellow) return {};
+  const std::size_t end = text_.PlainAt(entry);
+  const std::size_t first = BehindEntryBefore(entry);
+  // The ending of a term that ends in a possessive is ours too.
+  const std::vector<Stretch> yellow = YellowTail(text_, range, first, end);
+  return yellow.empty() ? YellowTail(text_, range, first, WordEnd(end)) : yellow;
 }
 
 }  // namespace marker

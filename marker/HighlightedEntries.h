@@ -25,8 +25,9 @@ class HighlightedEntries {
                                               std::u16string_view entryText);
   /// For a text that was edited since.
   /// @param range a range of the story, which is moved about
-  /// @return the yellow text that ends there, up to the entry's length
-  std::vector<Stretch> Roughly(const word::RangePtr& range, word::Position entry, std::u16string_view entryText) const;
+  /// @return the yellow text that ends there, the author's before it included; nothing where the entry is yellow as
+  ///     well: we highlight no entry, so that yellow is somebody else's
+  std::vector<Stretch> Roughly(const word::RangePtr& range, word::Position entry) const;
 
  private:
   /// The spellings an entry may stand behind, folded.
@@ -40,9 +41,11 @@ class HighlightedEntries {
   const Spellings& SpellingsOf(std::u16string_view entryText);
   std::u16string Shown(std::size_t begin, std::size_t end) const;
   std::size_t LengthBefore(std::size_t end, const Spellings& spellings) const;
-  std::size_t LengthOfCutBefore(std::size_t end, const Spellings& spellings) const;
+  std::size_t LengthOfCutBefore(const word::RangePtr& range, std::size_t first, std::size_t end,
+                                const Spellings& spellings) const;
   std::vector<Stretch> Yellow(const word::RangePtr& range, std::size_t begin, std::size_t end) const;
-  std::vector<Stretch> YellowTail(const word::RangePtr& range, std::size_t end, std::size_t longest) const;
+  /// Where the text begins that no entry of ours before this one stands in or behind.
+  std::size_t BehindEntryBefore(word::Position entry) const;
 
   const Letters& letters_;
   const StoryText& text_;

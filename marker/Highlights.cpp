@@ -1,5 +1,6 @@
 #include "marker/Highlights.h"
 
+#include "marker/PlainText.h"
 #include "platform/Text.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Constants.h"
@@ -77,6 +78,35 @@ void ForEachColour(const word::RangePtr& range, Stretch stretch,
   const word::Position middle = stretch.begin + (stretch.end - stretch.begin) / 2;
   ForEachColour(range, {stretch.begin, middle}, visit);
   ForEachColour(range, {middle, stretch.end}, visit);
+}
+
+std::vector<Stretch> YellowIn(const StoryText& text, const word::RangePtr& range, std::size_t begin, std::size_t end) {
+  std::vector<Stretch> yellow;
+  for (const Stretch& stretch : text.Stretches(begin, end)) {
+    ForEachColour(range, stretch, [&](Stretch part, int colour) {
+      if (colour != word::wdYellow) return;
+      const bool follows = !yellow.empty() && yellow.back().end == part.begin;
+      if (follows) {
+        yellow.back().end = part.end;
+      } else {
+        yellow.push_back(part);
+      }
+    });
+  }
+  return yellow;
+}
+
+std::vector<Stretch> YellowTail(const StoryText& text, const word::RangePtr& range, std::size_t first,
+                                std::size_t end) {
+  if (end <= first || YellowIn(text, range, end - 1, end).empty()) return {};
+  std::size_t begin = end;
+  while (begin > first && !PartsTerms(text.Plain()[begin - 1])) --begin;
+  std::vector<Stretch> yellow = YellowIn(text, range, begin, end);
+  if (yellow.empty()) return {};
+  std::size_t last = yellow.size() - 1;
+  while (last > 0 && text.PlainAt(yellow[last].begin) == text.PlainAt(yellow[last - 1].end)) --last;
+  yellow.erase(yellow.begin(), yellow.begin() + static_cast<std::ptrdiff_t>(last));
+  return yellow;
 }
 
 HighlightRecord::HighlightRecord(const word::DocumentPtr& document)

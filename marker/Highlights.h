@@ -13,11 +13,21 @@ namespace marker {
 /// @param range a range of the story, which is moved about
 void ForEachColour(const word::RangePtr& range, Stretch stretch, const std::function<void(Stretch, int colour)>& visit);
 
+/// The yellow stretches of a part of a story's text.
+/// @param range a range of the story, which is moved about
+std::vector<Stretch> YellowIn(const StoryText& text, const word::RangePtr& range, std::size_t begin, std::size_t end);
+
+/// The yellow text that ends at a place without a gap in it, back to the beginning of its paragraph at most.
+/// @param range a range of the story, which is moved about
+/// @param first where it begins at the earliest
+std::vector<Stretch> YellowTail(const StoryText& text, const word::RangePtr& range, std::size_t first, std::size_t end);
+
 /// What marking leaves in a document to take its highlights away again, as hidden bookmarks, so that it follows
 /// every edit and is saved with the document:
 ///  - "_KVXHighlighting" at the main text's start: highlights of ours stand directly before our entries;
 ///  - "_KVXHighlight_<colour>_<number>" over a stretch that is to have that colour again: the author's own below
-///    ours, or none (0) where the entry that told of it is gone, and under a quotation mark.
+///    ours, yellow of the author's that ours touches, or none (0) where the entry that told of it is gone, and under a
+///    quotation mark.
 /// A highlight of ours over none of the author's that still has its entry needs no bookmark of its own.
 class HighlightRecord {
  public:

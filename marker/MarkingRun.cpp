@@ -74,6 +74,11 @@ StoryMarks& MarkingRun::PresentMarksOf(const word::RangePtr& story, int storyTyp
 
 void MarkingRun::LayHighlight(const word::RangePtr& range, const StoryMarks::Occurrence& occurrence, bool overAuthors) {
   record_.NoteLaidOn();
+  // Once the occurrence is edited, nothing else tells our yellow from the author's that it touches.
+  for (const Stretch& stretch : occurrence.before) {
+    range->SetRange(stretch.begin, stretch.end);
+    record_.Keep(range, word::wdYellow);
+  }
   for (const Stretch& stretch : occurrence.stretches) {
     if (overAuthors) {
       ForEachColour(range, stretch, [&](Stretch part, int colour) {

@@ -12,10 +12,10 @@ StoryHighlights::StoryHighlights(const Letters& letters, const word::DocumentPtr
 std::vector<Stretch> StoryHighlights::Before(const word::RangePtr& range, word::Position entry,
                                              std::u16string_view entryText) {
   if (const auto exact = highlighted_.Exactly(range, entry, entryText)) return *exact;
-  if (!highlightedWithHidden_) return highlighted_.Roughly(range, entry, entryText);
+  if (!highlightedWithHidden_) return highlighted_.Roughly(range, entry);
   if (const auto exact = highlightedWithHidden_->Exactly(range, entry, entryText)) return *exact;
-  const std::vector<Stretch> rough = highlighted_.Roughly(range, entry, entryText);
-  return rough.empty() ? highlightedWithHidden_->Roughly(range, entry, entryText) : rough;
+  const std::vector<Stretch> rough = highlighted_.Roughly(range, entry);
+  return rough.empty() ? highlightedWithHidden_->Roughly(range, entry) : rough;
 }
 
 }  // namespace marker

@@ -1,5 +1,6 @@
 #include "marker/StoryMarks.h"
 
+#include "marker/Highlights.h"
 #include "platform/word/Range.h"
 
 #include <numeric>
@@ -20,9 +21,16 @@ StoryMarks::StoryMarks(const word::DocumentPtr& document, const word::RangePtr& 
   const std::vector<Match> matches = matcher.Find(text.Plain());
   found_.reserve(matches.size());
   stretches_.reserve(matches.size());
+  const word::RangePtr range = hasAuthorsHighlight_ ? story->Duplicate() : nullptr;
+  std::size_t behindLast = 0;
   for (const Match& match : matches) {
     byForm_[match.form].push_back(found_.size());
-    found_.push_back({stretches_.size(), text.PositionOf(match.entry - 1) + 1, match.definition});
+    const std::size_t firstBefore = stretches_.size();
+    if (range) {
+      for (const Stretch& stretch : YellowTail(text, range, behindLast, match.begin)) stretches_.push_back(stretch);
+    }
+    behindLast = match.entry;
+    found_.push_back({firstBefore, stretches_.size(), text.PositionOf(match.entry - 1) + 1, match.definition});
     for (const Stretch& stretch : text.Stretches(match.begin, match.end)) stretches_.push_back(stretch);
   }
   inserted_.assign(found_.size() + 1, 0);
@@ -37,12 +45,18 @@ word::Position StoryMarks::InsertedBefore(std::size_t number) const {
 StoryMarks::Occurrence StoryMarks::At(std::size_t number) const {
   const Found& found = found_[number];
   const word::Position shift = InsertedBefore(number);
-  Occurrence occurrence{.stretches = {}, .entry = found.entry + shift, .definition = found.definition};
-  const std::size_t last = number + 1 < found_.size() ? found_[number + 1].firstStretch : stretches_.size();
-  for (std::size_t index = found.firstStretch; index < last; ++index) {
-    occurrence.stretches.push_back({stretches_[index].begin + shift, stretches_[index].end + shift});
-  }
-  return occurrence;
+  const auto present = [&](std::size_t first, std::size_t last) {
+    std::vector<Stretch> stretches;
+    for (std::size_t index = first; index < last; ++index) {
+      stretches.push_back({stretches_[index].begin + shift, stretches_[index].end + shift});
+    }
+    return stretches;
+  };
+  const std::size_t last = number + 1 < found_.size() ? found_[number + 1].firstBefore : stretches_.size();
+  return {.stretches = present(found.firstStretch, last),
+          .before = present(found.firstBefore, found.firstStretch),
+          .entry = found.entry + shift,
+          .definition = found.definition};
 }
 
 void StoryMarks::EntryWritten(std::size_t number, std::size_t codeLength) {

@@ -16,6 +16,7 @@ class StoryMarks {
  public:
   struct Occurrence {
     std::vector<Stretch> stretches{};  ///< the text it is made of
+    std::vector<Stretch> before{};     ///< the text right before it that was yellow before marking
     word::Position entry{0};           ///< where its entry goes
     bool definition{false};
   };
@@ -41,6 +42,7 @@ class StoryMarks {
 
  private:
   struct Found {
+    std::size_t firstBefore;  ///< of the stretches; those up to the next are the text before it
     std::size_t firstStretch;
     word::Position entry;
     bool definition;

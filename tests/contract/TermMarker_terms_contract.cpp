@@ -49,6 +49,23 @@ TEST_F(MarkedTerms, ATermThatEndsInAPossessiveIsGivenBackWhateverItsApostrophe) 
             u"for the Lloyd\u2019s{Lloyd's}, the LLOYD\u2018S");
 }
 
+TEST_F(MarkedTerms, ATermThatReadsAsAPossessiveEndingIsGivenBackBeforeOneAndAsOne) {
+  EXPECT_EQ(Marked(TextRun("the s\u2019s length in Sales\u2019s"), {u"s"}),
+            u"the s\u2019s{s} length in Sales\u2019s{s}");
+}
+
+TEST_F(MarkedTerms, ATermThatRepeatsItselfIsGivenBackThoughItsEntryIsCut) {
+  std::string repeated = "Term";
+  while (repeated.size() < 300) repeated += " of the Term";
+  const std::u16string term(repeated.begin(), repeated.end());
+  OpenParagraph(TextRun("The " + repeated + "\u2019s end") + TextRun(" of ", "<w:highlight w:val=\"yellow\"/>") +
+                TextRun(repeated.substr(0, 250)) + TextRun(repeated.substr(250), "<w:highlight w:val=\"yellow\"/>"));
+  const auto before = docx_->Canonical();
+  EXPECT_EQ(Mark({term})[0].count, 2);
+  RemoveAll();
+  ExpectSameParts(before);
+}
+
 TEST_F(MarkedTerms, PunctuationQuotesBracketsSlashesAndHyphensBoundATerm) {
   EXPECT_EQ(
       Marked(TextRun("(Buyer)[Buyer]Buyer/Buyer-Buyer\u2013Buyer,Buyer;Buyer.\u201CBuyer\u201D'Buyer'"), {u"Buyer"}),
