@@ -121,8 +121,17 @@ void HighlightRecord::NoteLaidOn() {
 }
 
 void HighlightRecord::KeepApartFrom(const word::RangePtr& inserted) {
-  if (!IsLaidOn() || bookmarks_->Item(kLaidOnName)->Range()->Start() < inserted->Start()) return;
-  bookmarks_->Add(kLaidOnName, document_->Range(inserted->End(), inserted->End()));
+  if (!IsLaidOn()) return;
+  const word::Position begin = inserted->Start();
+  const word::Position end = inserted->End();
+  const auto keepApart = [&](std::u16string_view name, const word::RangePtr& kept) {
+    const word::Position start = kept->Start();
+    if (kept->StoryType() != inserted->StoryType() || start < begin || start >= end) return;
+    bookmarks_->Add(name, document_->Range(end, std::max(end, kept->End())));
+  };
+  keepApart(kLaidOnName, bookmarks_->Item(kLaidOnName)->Range());
+  for (const Record& record : Records())
+    keepApart(BookmarkName(record.colour, record.number), record.bookmark->Range());
 }
 
 std::vector<HighlightRecord::Record> HighlightRecord::Records() const {

@@ -36,8 +36,9 @@ class HighlightRecord {
   bool IsLaidOn() const;
   /// Made once; marking calls it before it lays the first highlight on.
   void NoteLaidOn();
-  /// To be told of an index put into the main text, which may have come to lie inside the first bookmark: whoever
-  /// deletes the index by hand shall not delete the record with it.
+  /// To be told of an index put into the main text, which may have come to lie inside bookmarks that begin there:
+  /// whoever deletes the index by hand shall not delete the record with it, and the author's highlight is not the
+  /// index's.
   void KeepApartFrom(const word::RangePtr& inserted);
   /// @param range a range over the stretch
   void Keep(const word::RangePtr& range, int colour);

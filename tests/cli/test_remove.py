@@ -141,7 +141,18 @@ class Remove(program.Case):
         self.assertEqual(program.canonical(self.folder / "removed.docx"), program.canonical(self.folder / "contract.docx"))
 
 
-class Unhighlight(program.Case):
+class EditedCase(program.Case):
+    def edit(self, name, *changes):
+        content = program.parts(self.folder / name)
+        for old, new in changes:
+            self.assertIn(old.encode(), content["word/document.xml"])
+            content["word/document.xml"] = content["word/document.xml"].replace(old.encode(), new.encode(), 1)
+        with zipfile.ZipFile(self.folder / name, "w", zipfile.ZIP_DEFLATED) as package:
+            for part, data in content.items():
+                package.writestr(part, data)
+
+
+class Unhighlight(EditedCase):
     def test_only_the_highlighting_goes(self):
         self.document()
         self.check("index", "contract.docx", "-o", "indexed.docx", "--add", "Wombat")
@@ -154,6 +165,17 @@ class Unhighlight(program.Case):
             self.assertEqual(after[member], before[member])
         self.check("remove", "out.docx", "-o", "clean.docx")
         self.assertEqual(program.canonical(self.folder / "contract.docx"), program.canonical(self.folder / "clean.docx"))
+
+    def test_index_and_lists_before_a_term_that_the_author_highlighted_have_none_of_that(self):
+        self.document(lines="P “Buyer” means Acorn.\nP Buyer.")
+        run = '<w:r><w:t xml:space="preserve">Buyer.'
+        self.edit("contract.docx", (run, run.replace("<w:t", '<w:rPr><w:highlight w:val="cyan"/></w:rPr><w:t')))
+        self.check("index", "contract.docx", "-o", "indexed.docx", "--add", "Wombat", "--at", "char:21")
+        self.check("unhighlight", "indexed.docx", "-o", "out.docx")
+        shown = self.inspect(self.folder / "out.docx")
+        text = shown["stories"][0]["text"]
+        self.assertLess(text.index("NOT FOUND\rWombat"), text.index("Buyer", text.index("Wombat")))
+        self.assertEqual([text[part["start"]:part["end"]].strip() for part in shown["highlights"]], ["Buyer", "."])
 
     def test_its_message_comes_before_the_screen_is_put_back(self):
         self.document()
@@ -168,7 +190,7 @@ class Unhighlight(program.Case):
         self.assertEqual((message["icon"], message["buttons"]), ("information", "OK"))
 
 
-class Update(program.Case):
+class Update(EditedCase):
     YES = {"message": "Update only?", "press": "Yes"}
     NO = {"message": "Update only?", "press": "No"}
 
@@ -177,15 +199,6 @@ class Update(program.Case):
         self.check("run", "update", name, "-o", "out.docx", "--force", "--answers", "answers.json", "--strict",
                    "--transcript", "log.jsonl", status=status)
         return self.without_menu(self.events(self.folder / "log.jsonl"))
-
-    def edit(self, name, *changes):
-        content = program.parts(self.folder / name)
-        for old, new in changes:
-            self.assertIn(old.encode(), content["word/document.xml"])
-            content["word/document.xml"] = content["word/document.xml"].replace(old.encode(), new.encode(), 1)
-        with zipfile.ZipFile(self.folder / name, "w", zipfile.ZIP_DEFLATED) as package:
-            for part, data in content.items():
-                package.writestr(part, data)
 
     def indexed(self, *options):
         self.document()

@@ -220,6 +220,25 @@ TEST_F(TermMarkerOnDocx, RemovingHighlightsOnlyKeepsTheEntriesAndTheAuthorsHighl
   EXPECT_EQ(docx_->Document()->Range(15, 21)->HighlightColorIndex(), word::wdYellow);
 }
 
+TEST_F(TermMarkerOnDocx, AnIndexBeforeTextThatTheAuthorHighlightedGetsNoneOfThat) {
+  for (const word::Position place : {0, 16, 24}) {
+    OpenParagraph(TextRun("Lender", "<w:highlight w:val=\"cyan\"/>") + TextRun(" pays ") +
+                  TextRun("the Lender. ", "<w:highlight w:val=\"yellow\"/>") +
+                  TextRun("Agent", "<w:highlight w:val=\"green\"/>"));
+    const auto before = docx_->Canonical();
+    const word::DocumentPtr document = docx_->Document();
+    document->Bookmarks()->Add(u"IndexBKStart", document->Range(place, place));
+    Mark({u"Lender", u"Agent"});
+    marker_->InsertIndex(docx_->Application(), document, 2, u":  \t");
+    document->Bookmarks()->Item(u"IndexBKStart")->Delete();
+    marker_->RemoveTermHighlighting(document);
+    const word::RangePtr index = document->Bookmarks()->Item(u"DefinedTermsIndex")->Range();
+    EXPECT_EQ(index->HighlightColorIndex(), word::wdNoHighlight) << place;
+    RemoveAll();
+    ExpectSameParts(before);
+  }
+}
+
 TEST_F(TermMarkerOnDocx, TheEntryHasNoHighlight) {
   OpenParagraph(TextRun("Lender."));
   Mark({u"Lender"});
