@@ -1,5 +1,6 @@
 #include "DocxDocument.h"
 
+#include "discovery/Articles.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Document.h"
 #include "platform/word/Find.h"
@@ -16,14 +17,15 @@ constexpr char kParagraphs[] =
 
 class HighlightedQuotes : public testing::Test {
  protected:
-  void Highlight(char16_t quote) {
-    const QuoteHighlighting next{document.Story(), quote};
-    marker->OptionChanged(document.Document(), &next);
-    const word::FindPtr find = document.Story()->Find();
+  void Highlight(char16_t quote) { HighlightIn(document, quote); }
+  void HighlightIn(const DocxDocument& opened, char16_t quote) {
+    const QuoteHighlighting next{opened.Story(), quote};
+    marker->OptionChanged(opened.Document(), &next);
+    const word::FindPtr find = opened.Story()->Find();
     find->SetText({&quote, 1});
     find->Replacement()->SetHighlight(-1);
     find->Execute({.Replace = word::wdReplaceAll});
-    marker->OptionChanged(document.Document(), nullptr);
+    marker->OptionChanged(opened.Document(), nullptr);
   }
   int ColourAt(word::Position position) {
     const word::RangePtr range = document.Story();
@@ -64,6 +66,18 @@ TEST_F(HighlightedQuotes, GoAlsoWhereTheDocumentWasEditedSince) {
   marker->RemoveTermHighlighting(document.Document());
   EXPECT_EQ(document.Document()->Bookmarks()->Count(), 0);
   for (word::Position position = 0; position < 17; ++position) EXPECT_EQ(ColourAt(position), word::wdNoHighlight);
+}
+
+TEST_F(HighlightedQuotes, GoAlsoWhereTheyWereMovedPastAnArticle) {
+  const DocxDocument::Parts parts{.body = "<w:p><w:r><w:t>See \u201Cthe Bank\u201D.</w:t></w:r></w:p>"};
+  const DocxDocument plain(parts);
+  MoveQuotePastArticle(plain.Document(), u"the Bank");
+  const DocxDocument moved(parts);
+  HighlightIn(moved, u'"');
+  MoveQuotePastArticle(moved.Document(), u"the Bank");
+  ASSERT_EQ(moved.Text(), u"See the \u201CBank\u201D.\r");
+  marker->RemoveTermHighlighting(moved.Document());
+  EXPECT_EQ(moved.Canonical(), plain.Canonical());
 }
 
 TEST_F(HighlightedQuotes, WhatIsOnlyToldOfTheOptionLeavesTheDocumentAlone) {

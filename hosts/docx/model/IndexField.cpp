@@ -263,7 +263,7 @@ std::vector<std::u16string> BookmarksFrom(OpenDocument& document, const Story& m
 
 void MoveStarts(OpenDocument& document, Story& main, const std::vector<std::u16string>& names, Position to) {
   for (const std::u16string& name : names) {
-    main.MoveBookmarkStart(document.Bookmarks().Find(name)->first, to);
+    main.MoveBookmarkMark(document.Bookmarks().Find(name)->first, to);
   }
 }
 

@@ -84,8 +84,8 @@ class Story {
     RevisionStamp insertion;
   };
   /// Puts a character of a text elsewhere in its story, with the formatting that it has; outside of a bookmark that
-  /// begins there. @param tracked as a deletion and an insertion; nullptr: untracked @pre the character is behind no
-  /// mark of a field, from < to
+  /// begins there. A bookmark around nothing else goes along unless the move is tracked. @param tracked as a deletion
+  /// and an insertion; nullptr: untracked @pre the character is behind no mark of a field, from < to
   void MoveCharacter(Position from, Position to, const TrackedMove* tracked);
   /// Divides runs so that none spans the stretch's ends. @return the runs between, in order, each once; only runs
   /// with text that is not deleted
@@ -102,8 +102,8 @@ class Story {
   /// A place behind the last paragraph mark, or before a row's, counts as the one before the mark in front of it, one
   /// in a simple field's code as the one behind the code.
   BookmarkElements InsertBookmark(Position start, Position end, std::string_view name, int id);
-  /// Moves a bookmark's start to a position not behind its end.
-  void MoveBookmarkStart(XmlNode startElement, Position to);
+  /// Moves a bookmark's start to a position not behind its end, or its end to one not before its start.
+  void MoveBookmarkMark(XmlNode element, Position to);
   /// Removes the marks, not the text.
   void RemoveBookmark(XmlNode startElement, XmlNode endElement);
 
@@ -138,7 +138,8 @@ class Story {
   void InsertRunText(Position at, std::u16string_view text, const Tracking* tracked);
   bool MergeWithNext(const AtomSequence::Place& mark);
   void RemoveEmptied(XmlNode run);
-  void EraseBookmarksWithin(Position start, Position end);
+  /// Those that are around nothing but text of the stretch.
+  std::vector<BookmarkElements> BookmarksWithin(Position start, Position end) const;
   bool EraseSimpleField(const AtomSequence::Place& begin, Position& left);
   /// Of the marks of separate runs in front of a run one at most is wanted, and none at a paragraph's start.
   void RejoinAt(Position position);

@@ -275,15 +275,17 @@ void Story::RemoveEmptied(XmlNode run) {
   }
 }
 
-void Story::EraseBookmarksWithin(Position start, Position end) {
+std::vector<Story::BookmarkElements> Story::BookmarksWithin(Position start, Position end) const {
   struct Seen {
     XmlNode element;
     Position at;
   };
   std::vector<Seen> starts;
   AtomSequence::Place place = atoms_.At(start);
+  // Before a text that begins earlier, marks are beside the stretch.
+  if (place.start < start) place = atoms_.Next(place);
   while (!atoms_.IsBegin(place) && atoms_.Get(atoms_.Previous(place)).length == 0) place = atoms_.Previous(place);
-  std::vector<std::pair<XmlNode, XmlNode>> gone;
+  std::vector<BookmarkElements> within;
   for (; !atoms_.IsEnd(place) && place.start <= end; place = atoms_.Next(place)) {
     const Atom& atom = atoms_.Get(place);
     if (atom.kind == AtomKind::kBookmarkStart) {
@@ -296,19 +298,19 @@ void Story::EraseBookmarksWithin(Position start, Position end) {
       if (first == starts.end()) continue;
       const bool empty = first->at == place.start;
       if (empty && (place.start == start || place.start == end)) continue;
-      gone.emplace_back(first->element, atom.Node());
+      within.push_back({first->element, atom.Node()});
     } else if (atom.length != 0 && place.start >= end) {
       break;
     }
   }
-  for (const auto& [first, last] : gone) RemoveBookmark(first, last);
+  return within;
 }
 
 void Story::Erase(Position start, Position end) {
   if (start == end) return;
   DivideRunsAt(start);
   DivideRunsAt(end);
-  EraseBookmarksWithin(start, end);
+  for (const auto& [first, last] : BookmarksWithin(start, end)) RemoveBookmark(first, last);
   Position at = start;
   for (Position left = end - start; left > 0;) {
     const AtomSequence::Place place = atoms_.At(at);
@@ -440,13 +442,15 @@ Story::BookmarkElements Story::InsertBookmark(Position start, Position end, std:
   return {first, add(end, "bookmarkEnd", AtomKind::kBookmarkEnd)};
 }
 
-void Story::MoveBookmarkStart(XmlNode startElement, Position to) {
-  const Position from = atoms_.Remove(atoms_.OfBookmark(startElement)).start;
+void Story::MoveBookmarkMark(XmlNode element, Position to) {
+  const AtomSequence::Place mark = atoms_.OfBookmark(element);
+  const AtomKind kind = atoms_.Get(mark).kind;
+  const Position from = atoms_.Remove(mark).start;
   InsertionPoint point = PrepareInsertion(to);
   XmlNode place = point.Add(*part_, "bookmarkStart");
-  place.Parent().InsertMoveBefore(startElement, place);
+  place.Parent().InsertMoveBefore(element, place);
   place.Parent().RemoveChild(place);
-  atoms_.Insert(point.before, {MakeAtom(startElement, AtomKind::kBookmarkStart, 0)}, {});
+  atoms_.Insert(point.before, {MakeAtom(element, kind, 0)}, {});
   RejoinAt(from);
   part_->Touch();
 }

@@ -13,6 +13,10 @@ void Story::MoveCharacter(Position from, Position to, const TrackedMove* tracked
     MarkDeleted(from, tracked->deletion);
     return;
   }
+  for (const auto& [first, last] : BookmarksWithin(from, from + 1)) {
+    MoveBookmarkMark(last, to + 1);
+    MoveBookmarkMark(first, to);
+  }
   Erase(from, from + 1);
   // It is no less a part of the text than it was where it stood.
   inserted_.erase(copy.Data());

@@ -55,6 +55,25 @@ TEST(MovedCharacter, LeavesABookmarkAroundTheWholeWhereItIs) {
   f.ExpectFresh();
 }
 
+TEST(MovedCharacter, TakesABookmarkAroundItselfAlong) {
+  const std::string start = "<w:bookmarkStart w:id=\"1\" w:name=\"b\"/>", end = "<w:bookmarkEnd w:id=\"1\"/>";
+  const std::string next = "<w:bookmarkStart w:id=\"2\" w:name=\"n\"/>", nextEnd = "<w:bookmarkEnd w:id=\"2\"/>";
+  StoryFixture f(Paragraph(TextRun("see ", "<w:b/>") + start + TextRun("(", "<w:i/>") + end + TextRun("the ") + next +
+                           TextRun("Bank") + nextEnd));
+  f.story->MoveCharacter(4, 9, nullptr);
+  EXPECT_EQ(f.Body(), Paragraph(TextRun("see ", "<w:b/>") + TextRun("the ") + start + TextRun("(", "<w:i/>") + next +
+                                end + TextRun("Bank") + nextEnd));
+  f.ExpectFresh();
+}
+
+TEST(MovedCharacter, LeavesBookmarksBesideItInItsRunWhereTheyAre) {
+  const std::string empty = "<w:bookmarkStart w:id=\"1\" w:name=\"b\"/><w:bookmarkEnd w:id=\"1\"/>";
+  StoryFixture f(Paragraph(empty + TextRun("see (the Bank")));
+  f.story->MoveCharacter(4, 9, nullptr);
+  EXPECT_EQ(f.Body(), Paragraph(empty + TextRun("see the (Bank")));
+  f.ExpectFresh();
+}
+
 TEST(MovedCharacter, GoesOutOfALinkThatEndsBefore) {
   StoryFixture f(Paragraph("<w:hyperlink>" + TextRun("(the ") + "</w:hyperlink>" + TextRun("Bank")));
   f.story->MoveCharacter(0, 5, nullptr);
