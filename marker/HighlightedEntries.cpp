@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace marker {
 
@@ -19,7 +20,11 @@ const HighlightedEntries::Spellings& HighlightedEntries::SpellingsOf(std::u16str
   const auto [found, isNew] = spellings_.try_emplace(std::u16string(entryText));
   if (isNew) {
     const std::u16string plain = PlainTerm(entryText);
-    found->second = {letters_.Fold(plain), letters_.Fold(letters_.ToUpper(plain))};
+    found->second = {{letters_.Fold(plain)}, {letters_.Fold(letters_.ToUpper(plain))}};
+    const std::size_t article = ArticleLength(letters_, plain);
+    if (article > 0) {
+      found->second.push_back({letters_.Fold(std::u16string(plain).insert(article, 1, u'"')), article});
+    }
   }
   return found->second;
 }
@@ -33,29 +38,33 @@ std::u16string HighlightedEntries::Shown(std::size_t begin, std::size_t end) con
   return shown;
 }
 
-std::size_t HighlightedEntries::LengthBefore(std::size_t end, const Spellings& spellings) const {
-  for (const std::u16string& spelling : {spellings.plain, spellings.upper}) {
-    if (spelling.empty() || spelling.size() > end) continue;
-    if (Shown(end - spelling.size(), end) == spelling) return spelling.size();
+std::optional<std::vector<Stretch>> HighlightedEntries::YellowBefore(const word::RangePtr& range, std::size_t end,
+                                                                     const Spellings& spellings) const {
+  for (const auto& [folded, movedQuote] : spellings) {
+    if (folded.empty() || folded.size() > end) continue;
+    const std::size_t begin = end - folded.size();
+    if (Shown(begin, end) != folded) continue;
+    if (movedQuote == kNoQuote) return YellowIn(text_, range, begin, end);
+    std::vector<Stretch> yellow = YellowIn(text_, range, begin, begin + movedQuote);
+    for (const Stretch& stretch : YellowIn(text_, range, begin + movedQuote + 1, end)) yellow.push_back(stretch);
+    return yellow;
   }
-  return 0;
+  return std::nullopt;
 }
 
 // Such an entry says how its occurrence begins. A text that repeats itself reads so in many places: the first is meant.
-std::size_t HighlightedEntries::LengthOfCutBefore(const word::RangePtr& range, std::size_t first, std::size_t end,
-                                                  const Spellings& spellings) const {
+std::optional<std::vector<Stretch>> HighlightedEntries::YellowOfCutBefore(const word::RangePtr& range,
+                                                                          std::size_t first, std::size_t end,
+                                                                          const Spellings& spellings) const {
   const std::vector<Stretch> yellow = YellowTail(text_, range, first, end);
-  if (yellow.empty()) return 0;
-  const std::u16string before = Shown(text_.PlainAt(yellow.front().begin), end);
-  for (const std::u16string& spelling : {spellings.plain, spellings.upper}) {
-    const std::size_t found = before.find(spelling);
-    if (!spelling.empty() && found != std::u16string::npos) return before.size() - found;
+  if (yellow.empty()) return std::nullopt;
+  const std::size_t begin = text_.PlainAt(yellow.front().begin);
+  const std::u16string before = Shown(begin, end);
+  for (const Spelling& spelling : spellings) {
+    const std::size_t found = before.find(spelling.folded);
+    if (found != std::u16string::npos) return YellowIn(text_, range, begin + found, end);
   }
-  return 0;
-}
-
-std::vector<Stretch> HighlightedEntries::Yellow(const word::RangePtr& range, std::size_t begin, std::size_t end) const {
-  return YellowIn(text_, range, begin, end);
+  return std::nullopt;
 }
 
 std::size_t HighlightedEntries::BehindEntryBefore(word::Position entry) const {
@@ -81,9 +90,9 @@ std::optional<std::vector<Stretch>> HighlightedEntries::Exactly(const word::Rang
   std::optional<std::vector<Stretch>> found;
   // A possessive ending may itself read as an entry says, as the term "s" does.
   for (const std::size_t place : {wordEnd, end}) {
-    const std::size_t length =
-        isCut ? LengthOfCutBefore(range, BehindEntryBefore(entry), place, spellings) : LengthBefore(place, spellings);
-    if (length > 0) found = Yellow(range, place - length, place);
+    auto yellow = isCut ? YellowOfCutBefore(range, BehindEntryBefore(entry), place, spellings)
+                        : YellowBefore(range, place, spellings);
+    if (yellow) found = std::move(yellow);
     if (wordEnd == end || (found && !found->empty())) break;
   }
   return found;

@@ -30,20 +30,23 @@ class HighlightedEntries {
   std::vector<Stretch> Roughly(const word::RangePtr& range, word::Position entry) const;
 
  private:
-  /// The spellings an entry may stand behind, folded.
-  struct Spellings {
-    std::u16string plain;
-    std::u16string upper;
+  static constexpr std::size_t kNoQuote = static_cast<std::size_t>(-1);
+  /// One that an entry may stand behind.
+  struct Spelling {
+    std::u16string folded;
+    /// Where a quotation mark stands that was moved past an article since, which is no part of the occurrence.
+    std::size_t movedQuote{kNoQuote};
   };
+  using Spellings = std::vector<Spelling>;
 
   /// Where the word in front of an entry ends: before its possessive ending.
   std::size_t WordEnd(std::size_t end) const;
   const Spellings& SpellingsOf(std::u16string_view entryText);
   std::u16string Shown(std::size_t begin, std::size_t end) const;
-  std::size_t LengthBefore(std::size_t end, const Spellings& spellings) const;
-  std::size_t LengthOfCutBefore(const word::RangePtr& range, std::size_t first, std::size_t end,
-                                const Spellings& spellings) const;
-  std::vector<Stretch> Yellow(const word::RangePtr& range, std::size_t begin, std::size_t end) const;
+  std::optional<std::vector<Stretch>> YellowBefore(const word::RangePtr& range, std::size_t end,
+                                                   const Spellings& spellings) const;
+  std::optional<std::vector<Stretch>> YellowOfCutBefore(const word::RangePtr& range, std::size_t first, std::size_t end,
+                                                        const Spellings& spellings) const;
   /// Where the text begins that no entry of ours before this one stands in or behind.
   std::size_t BehindEntryBefore(word::Position entry) const;
 

@@ -24,6 +24,8 @@ auto FirstNotBefore(Branches& branches, char16_t unit) {
                           [](const auto& branch, char16_t wanted) { return branch.unit < wanted; });
 }
 
+constexpr std::array<std::u16string_view, 4> kArticles{u"a ", u"an ", u"any ", u"the "};
+
 bool EndsWithQuote(std::u16string_view text) { return !text.empty() && IsDoubleQuote(text.back()); }
 
 }  // namespace
@@ -33,12 +35,18 @@ bool StandsInQuotes(const Letters& letters, std::u16string_view text, std::size_
   if (end >= text.size() || !IsDoubleQuote(text[end])) return false;
   const std::u16string_view before = text.substr(0, begin);
   if (EndsWithQuote(before)) return true;
-  static constexpr std::array<std::u16string_view, 4> kArticles{u"a ", u"an ", u"any ", u"the "};
   return std::any_of(kArticles.begin(), kArticles.end(), [&](std::u16string_view article) {
     if (before.size() <= article.size()) return false;
     const std::size_t start = before.size() - article.size();
     return letters.Fold(before.substr(start)) == article && EndsWithQuote(before.substr(0, start));
   });
+}
+
+std::size_t ArticleLength(const Letters& letters, std::u16string_view text) {
+  const auto article = std::find_if(kArticles.begin(), kArticles.end(), [&](std::u16string_view one) {
+    return letters.Fold(text.substr(0, one.size())) == one;
+  });
+  return article == kArticles.end() ? 0 : article->size();
 }
 
 std::size_t PossessiveEnd(const Letters& letters, std::u16string_view text, std::size_t end) {

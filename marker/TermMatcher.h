@@ -80,6 +80,9 @@ class TermMatcher {
 /// stand before the closing one.
 bool StandsInQuotes(const Letters& letters, std::u16string_view text, std::size_t begin, std::size_t end);
 
+/// How long the article is that a text begins with, the blank behind it included; 0 when there is none.
+std::size_t ArticleLength(const Letters& letters, std::u16string_view text);
+
 /// Where the possessive ending behind a word ends; `end` itself when there is none.
 std::size_t PossessiveEnd(const Letters& letters, std::u16string_view text, std::size_t end);
 

@@ -1,5 +1,6 @@
 #include "TermMarkerOnDocx.h"
 
+#include "discovery/Articles.h"
 #include "platform/word/Constants.h"
 
 #include <functional>
@@ -87,6 +88,15 @@ TEST_F(EditedText, LosesNoHighlightThatEndsWithTheEntryBeforeIt) {
     const word::RangePtr passage = First(u"the (1)" + Entry(u"(1)"));
     passage->SetHighlightColorIndex(word::wdYellow);
     TypeOver(u"(2)", u"(two)");
+  });
+}
+
+TEST_F(EditedText, LosesItsHighlightThoughItsQuotationMarkWasMovedPastAnArticle) {
+  ExpectLeft(u"This is the \u201CAgreement\u201D [or the \u201C]Agreement\u201D.", [&] {
+    OpenParagraph(TextRun("This is \u201Cthe Agreement\u201D ") + Yellow("or \u201Cthe ") +
+                  TextRun("Agreement\u201D."));
+    Mark({u"the Agreement"});
+    MoveQuotePastArticle(docx_->Document(), u"the Agreement");
   });
 }
 
