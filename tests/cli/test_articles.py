@@ -128,10 +128,10 @@ class Articles(ArticlesCase):
         self.assertIn("“the” and a “Borrower”", text)
 
     def test_a_quote_is_not_moved_into_the_result_of_a_field(self):
-        field = ('<w:r><w:fldChar w:fldCharType="begin"/></w:r><w:r><w:instrText> DOCPROPERTY Bank </w:instrText></w:r>'
+        field = ('<w:r><w:fldChar w:fldCharType="begin"/></w:r><w:r><w:instrText xml:space="preserve"> DOCPROPERTY Bank </w:instrText></w:r>'
                  '<w:r><w:fldChar w:fldCharType="separate"/></w:r><w:r><w:t>Bank</w:t></w:r>'
                  '<w:r><w:fldChar w:fldCharType="end"/></w:r>')
-        entry = ('<w:r><w:fldChar w:fldCharType="begin"/></w:r><w:r><w:instrText> XE "Bank" </w:instrText></w:r>'
+        entry = ('<w:r><w:fldChar w:fldCharType="begin"/></w:r><w:r><w:instrText xml:space="preserve"> XE "Bank" </w:instrText></w:r>'
                  '<w:r><w:fldChar w:fldCharType="end"/></w:r>')
         simple = '<w:fldSimple w:instr=" DOCPROPERTY Bank "><w:r><w:t>Bank</w:t></w:r></w:fldSimple>'
 
@@ -139,7 +139,7 @@ class Articles(ArticlesCase):
             return f'X <w:p><w:r><w:t xml:space="preserve">“the </w:t></w:r>{term}<w:r><w:t>” lends.</w:t></w:r></w:p>\n'
 
         for term, moved in [(field, "the “\x13 DOCPROPERTY Bank \x14Bank\x15”"),
-                            (simple, "the “\x13DOCPROPERTY Bank\x14Bank\x15”"),
+                            (simple, "the “\x13 DOCPROPERTY Bank \x14Bank\x15”"),
                             (entry + field, "the \x13 XE \"Bank\" \x15“\x13 DOCPROPERTY Bank \x14Bank\x15”"),
                             (entry + "<w:r><w:t>Bank</w:t></w:r>", "the \x13 XE \"Bank\" \x15“Bank”")]:
             self.cancelled(text(term))
