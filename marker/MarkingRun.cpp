@@ -27,7 +27,7 @@ void MarkingRun::AddForm(std::u16string_view text, std::u16string_view entryText
   FormKey key{text, entryText};
   if (formNumbers_.contains(key)) return;
   WriteEntries();
-  formsOf_[std::u16string(entryText.empty() ? text : entryText)].push_back(forms_.size());
+  formsOf_[PlainTerm(entryText.empty() ? text : entryText)].push_back(forms_.size());
   formNumbers_.emplace(std::move(key), forms_.size());
   forms_.push_back({PlainTerm(text), matchCase});
   matcher_.reset();
@@ -146,7 +146,7 @@ void MarkingRun::Write(StoryMarks& marks) {
 }
 
 std::optional<std::int32_t> MarkingRun::Found(std::u16string_view term) const {
-  const auto forms = formsOf_.find(std::u16string(term));
+  const auto forms = formsOf_.find(PlainTerm(term));
   if (forms == formsOf_.end()) return std::nullopt;
   std::int32_t found = 0;
   for (const std::size_t form : forms->second) {

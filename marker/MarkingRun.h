@@ -45,7 +45,8 @@ class MarkingRun {
   /// Writes what was asked for and not written yet.
   void WriteEntries();
 
-  /// The occurrences found in the stories searched, marked or not, the upper-case form's included.
+  /// The occurrences found in the stories searched, marked or not, those of the upper-case form and of terms that read
+  /// alike included.
   /// @return nothing for a text that was not looked for
   std::optional<std::int32_t> Found(std::u16string_view term) const;
 
@@ -78,7 +79,8 @@ class MarkingRun {
   bool allCaps_{false};
   std::vector<Form> forms_;
   std::map<FormKey, std::size_t> formNumbers_;
-  std::unordered_map<std::u16string, std::vector<std::size_t>> formsOf_;  ///< by what they are indexed under
+  /// By what they are indexed under, as it is looked for: of terms that read alike the first has all occurrences.
+  std::unordered_map<std::u16string, std::vector<std::size_t>> formsOf_;
   std::optional<TermMatcher> matcher_;
   std::map<int, StoryMarks> stories_;
   HighlightRecord record_;

@@ -250,6 +250,12 @@ TEST_F(TermMarkerTest, TheListsAddUpStoriesAndUpperCaseForms) {
   EXPECT_EQ(lists_, (Terms{u"Buyer", u""}));
 }
 
+TEST_F(TermMarkerTest, TermsThatReadAlikeAreFoundTogether) {
+  Open(u"Closing Date, Closing\u00A0Date, Buyer, Gone");
+  Mark({u"Closing Date", u"Closing\u00A0Date", u"Buyer", u" Buyer", u"Lost", u"Lost "});
+  EXPECT_EQ(lists_, (Terms{u"Buyer\r\n Buyer", u"Lost\r\nLost "}));
+}
+
 TEST_F(TermMarkerTest, RemovingGivesTheDocumentBack) {
   const std::u16string text =
       u"\"Lender\" and Lender's, LENDER\r\u0013 XE \"Lender\" \u0015\u0013 INDEX \u0014old\u0015";
