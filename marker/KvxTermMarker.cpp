@@ -46,10 +46,11 @@ void KeepRecordApartFromLists(const word::DocumentPtr& document) {
   }
 }
 
-/// A term that holds a mark or a break is a line nevertheless.
-void AppendLine(std::u16string& lines, std::u16string_view line) {
+/// As its entries would show it, but whole. A term that holds a mark or a break is a line nevertheless.
+void AppendLine(std::u16string& lines, std::u16string_view term) {
+  const std::u16string plain = PlainTerm(term);
   if (!lines.empty()) lines.append(u"\r\n");
-  std::transform(line.begin(), line.end(), std::back_inserter(lines), ShownAs);
+  std::transform(plain.begin(), plain.end(), std::back_inserter(lines), ShownAs);
 }
 
 }  // namespace

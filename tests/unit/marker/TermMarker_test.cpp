@@ -253,7 +253,13 @@ TEST_F(TermMarkerTest, TheListsAddUpStoriesAndUpperCaseForms) {
 TEST_F(TermMarkerTest, TermsThatReadAlikeAreFoundTogether) {
   Open(u"Closing Date, Closing\u00A0Date, Buyer, Gone");
   Mark({u"Closing Date", u"Closing\u00A0Date", u"Buyer", u" Buyer", u"Lost", u"Lost "});
-  EXPECT_EQ(lists_, (Terms{u"Buyer\r\n Buyer", u"Lost\r\nLost "}));
+  EXPECT_EQ(lists_, (Terms{u"Buyer\r\nBuyer", u"Lost\r\nLost"}));
+}
+
+TEST_F(TermMarkerTest, TheListsSpellHyphensAndBlanksAsEntriesDo) {
+  Open(u"Non\u001ECompete\u00A0Period, Liefer\u001Fvertrag");
+  Mark({u"Non\u001ECompete\u00A0Period", u"Kauf\u001Fvertrag"});
+  EXPECT_EQ(lists_, (Terms{u"Non-Compete Period", u"Kaufvertrag"}));
 }
 
 TEST_F(TermMarkerTest, RemovingGivesTheDocumentBack) {
