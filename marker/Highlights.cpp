@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <map>
 #include <optional>
-#include <set>
 #include <string_view>
 #include <utility>
 
@@ -161,19 +160,24 @@ void HighlightRecord::Keep(const word::RangePtr& range, int colour) {
   bookmarks_->Add(BookmarkName(colour, ++lastNumber_), range);
 }
 
-void HighlightRecord::KeepQuotes(const word::RangePtr& story, char16_t quote) {
-  std::set<word::Position> kept;
+void HighlightRecord::KeepQuotes(const word::RangePtr& story, char16_t quote, const std::vector<Stretch>& ours) {
+  std::vector<Stretch> kept;
   for (const Record& record : Records()) {
     const word::RangePtr range = record.bookmark->Range();
-    if (range->StoryType() == story->StoryType()) kept.insert(range->Start());
+    if (range->StoryType() == story->StoryType()) kept.push_back({range->Start(), range->End()});
   }
+  const auto isIn = [](word::Position position, const std::vector<Stretch>& stretches) {
+    return std::any_of(stretches.begin(), stretches.end(),
+                       [&](const Stretch& stretch) { return stretch.begin <= position && position < stretch.end; });
+  };
   const word::RangePtr range = story->Duplicate();
   const word::FindPtr find = range->Find();
   find->ClearFormatting();
   find->SetText({&quote, 1});
   while (find->Execute()) {
-    if (kept.contains(range->Start())) continue;
-    const int colour = range->HighlightColorIndex();
+    const word::Position position = range->Start();
+    if (isIn(position, kept)) continue;
+    const int colour = isIn(position, ours) ? word::wdNoHighlight : range->HighlightColorIndex();
     Keep(range, colour == word::wdUndefined ? word::wdNoHighlight : colour);
   }
 }

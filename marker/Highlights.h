@@ -43,8 +43,9 @@ class HighlightRecord {
   /// @param range a range over the stretch
   void Keep(const word::RangePtr& range, int colour);
   /// Keeps the colour of every quotation mark of a story that a search for this one finds. One that the record holds
-  /// already is passed over: it may have our highlight by now.
-  void KeepQuotes(const word::RangePtr& story, char16_t quote);
+  /// already, alone or among other text, is passed over: it may have our highlight by now.
+  /// @param ours what else is highlighted by us, which is kept as having no highlight
+  void KeepQuotes(const word::RangePtr& story, char16_t quote, const std::vector<Stretch>& ours);
   /// The recorded stretches of one story that have a highlight of the author's, in order.
   std::vector<Stretch> Authors(int storyType) const;
   /// Gives every recorded stretch its colour and takes the whole record away.

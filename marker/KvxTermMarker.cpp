@@ -78,7 +78,11 @@ void KvxTermMarker::AddTerm(const word::RangePtr& range, std::vector<std::u16str
 
 // Marking reads quotes of every style alike, so nothing here hangs on the option itself.
 void KvxTermMarker::OptionChanged(const word::DocumentPtr& document, const QuoteHighlighting* next) {
-  if (next != nullptr) HighlightRecord(document).KeepQuotes(next->story, next->quote);
+  if (next == nullptr) return;
+  HighlightRecord record(document);
+  const bool isHighlighted = record.IsLaidOn();
+  record.KeepQuotes(next->story, next->quote,
+                    isHighlighted ? HighlightsOf(document, next->story) : std::vector<Stretch>());
 }
 
 // A run without a search, and one that follows a failed one in the same dialog, come with the earlier marking still in
@@ -206,15 +210,22 @@ void KvxTermMarker::RemoveTermHighlighting(const word::DocumentPtr& document) {
 
 void KvxTermMarker::RemoveHighlightsOf(const word::DocumentPtr& document, const word::RangePtr& story,
                                        const HighlightRecord& record) {
-  if (story->Fields()->Count() == 0 || story->HighlightColorIndex() == word::wdNoHighlight) return;
-  StoryHighlights highlighted(letters_, document, story);
+  const std::vector<Stretch> ours = HighlightsOf(document, story);
+  if (ours.empty()) return;
   const word::RangePtr range = story->Duplicate();
   const std::vector<Stretch> authors = record.Authors(story->StoryType());
+  for (const Stretch& stretch : ours) TakeHighlightOff(range, stretch, authors);
+}
+
+std::vector<Stretch> KvxTermMarker::HighlightsOf(const word::DocumentPtr& document, const word::RangePtr& story) const {
+  std::vector<Stretch> ours;
+  if (story->Fields()->Count() == 0 || story->HighlightColorIndex() == word::wdNoHighlight) return ours;
+  StoryHighlights highlighted(letters_, document, story);
+  const word::RangePtr range = story->Duplicate();
   for (const OurEntry& entry : highlighted.Entries()) {
-    for (const Stretch& stretch : highlighted.Before(range, entry.begin, entry.text)) {
-      TakeHighlightOff(range, stretch, authors);
-    }
+    for (const Stretch& stretch : highlighted.Before(range, entry.begin, entry.text)) ours.push_back(stretch);
   }
+  return ours;
 }
 
 void KvxTermMarker::FinishDocument(const word::DocumentPtr& document) {

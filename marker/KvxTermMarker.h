@@ -44,6 +44,8 @@ class KvxTermMarker : public TermMarker {
                        bool isHighlighted);
   void RemoveHighlightsOf(const word::DocumentPtr& document, const word::RangePtr& story,
                           const HighlightRecord& record);
+  /// What we highlighted in a story and still has its entry, with what the author had yellow of it.
+  std::vector<Stretch> HighlightsOf(const word::DocumentPtr& document, const word::RangePtr& story) const;
 
   Letters letters_;
   // What stands in the array that AddTerm filled last: it is known by its length and by the first and the last of it.

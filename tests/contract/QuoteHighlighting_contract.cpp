@@ -80,6 +80,25 @@ TEST_F(HighlightedQuotes, GoAlsoWhereTheyWereMovedPastAnArticle) {
   EXPECT_EQ(moved.Canonical(), plain.Canonical());
 }
 
+TEST_F(HighlightedQuotes, InsideAHighlightedTermGoWithIt) {
+  const std::string text = "<w:r><w:t>the \u201CNet\u201D price</w:t></w:r>";
+  const std::string yellow =
+      "<w:r><w:t xml:space=\"preserve\"> or the </w:t></w:r><w:r><w:rPr><w:highlight w:val=\"yellow\"/></w:rPr>"
+      "<w:t>\u201CNet</w:t></w:r><w:r><w:t>\u201D price</w:t></w:r>";
+  for (const bool hasEntries : {true, false}) {
+    const DocxDocument indexed({.body = "<w:p>" + text + yellow + "</w:p>"});
+    const auto before = indexed.Canonical();
+    EXPECT_EQ(marker->MarkTermInStory(indexed.Document(), indexed.Story(), u"the \u201CNet\u201D price", 0, 1, true,
+                                      false, u"IndexAll", u""),
+              2);
+    if (!hasEntries) marker->RemoveIndexEntries(indexed.Application(), indexed.Document(), false);
+    HighlightIn(indexed, u'"');
+    if (hasEntries) marker->RemoveIndexEntries(indexed.Application(), indexed.Document(), false);
+    marker->RemoveTermHighlighting(indexed.Document());
+    EXPECT_EQ(indexed.Canonical(), before);
+  }
+}
+
 TEST_F(HighlightedQuotes, WhatIsOnlyToldOfTheOptionLeavesTheDocumentAlone) {
   const auto before = document.Canonical();
   marker->OptionChanged(document.Document(), nullptr);
