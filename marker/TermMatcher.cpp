@@ -33,8 +33,10 @@ bool EndsWithQuote(std::u16string_view text) { return !text.empty() && IsDoubleQ
 bool StandsInQuotes(const Letters& letters, std::u16string_view text, std::size_t begin, std::size_t end) {
   while (end < text.size() && text[end] == word::kNoteReference) ++end;
   if (end >= text.size() || !IsDoubleQuote(text[end])) return false;
-  const std::u16string_view before = text.substr(0, begin);
+  std::u16string_view before = text.substr(0, begin);
   if (EndsWithQuote(before)) return true;
+  // One blank behind an article says as much as more of them.
+  while (before.ends_with(u"  ")) before.remove_suffix(1);
   return std::any_of(kArticles.begin(), kArticles.end(), [&](std::u16string_view article) {
     if (before.size() <= article.size()) return false;
     const std::size_t start = before.size() - article.size();

@@ -238,12 +238,12 @@ TEST_F(TermMatcherTest, QuotesOfAnyStyleOnBothSidesMakeADefinition) {
 
 TEST_F(TermMatcherTest, OnlyAnArticleMayStandBetweenTheOpeningQuoteAndADefinition) {
   for (const std::u16string_view text :
-       {u"\"the Buyer\"", u"\"The Buyer\"", u"\"a Buyer\"", u"\"an Buyer\"", u"\"ANY Buyer\""}) {
+       {u"\"the Buyer\"", u"\"The Buyer\"", u"\"a Buyer\"", u"\"an Buyer\"", u"\"ANY Buyer\"", u"\"the  Buyer\""}) {
     ASSERT_EQ(Find({u"Buyer"}, text).size(), 1U);
     EXPECT_TRUE(Find({u"Buyer"}, text)[0].definition);
   }
-  for (const std::u16string_view text : {u"\"each Buyer\"", u"\"the  Buyer\"", u"the Buyer\"", u"\"Buyer",
-                                         u"\"Buyer's\"", u"'Buyer'", u"\"Buyer \"", u"\"breathe Buyer\""}) {
+  for (const std::u16string_view text : {u"\"each Buyer\"", u"\"the\tBuyer\"", u"\"  Buyer\"", u"the Buyer\"",
+                                         u"\"Buyer", u"\"Buyer's\"", u"'Buyer'", u"\"Buyer \"", u"\"breathe Buyer\""}) {
     ASSERT_EQ(Find({u"Buyer"}, text).size(), 1U);
     EXPECT_FALSE(Find({u"Buyer"}, text)[0].definition);
   }
