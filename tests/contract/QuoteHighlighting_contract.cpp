@@ -1,6 +1,5 @@
 #include "DocxDocument.h"
 
-#include "discovery/Articles.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Document.h"
 #include "platform/word/Find.h"
@@ -66,18 +65,6 @@ TEST_F(HighlightedQuotes, GoAlsoWhereTheDocumentWasEditedSince) {
   marker->RemoveTermHighlighting(document.Document());
   EXPECT_EQ(document.Document()->Bookmarks()->Count(), 0);
   for (word::Position position = 0; position < 17; ++position) EXPECT_EQ(ColourAt(position), word::wdNoHighlight);
-}
-
-TEST_F(HighlightedQuotes, GoAlsoWhereTheyWereMovedPastAnArticle) {
-  const DocxDocument::Parts parts{.body = "<w:p><w:r><w:t>See \u201Cthe Bank\u201D.</w:t></w:r></w:p>"};
-  const DocxDocument plain(parts);
-  MoveQuotePastArticle(plain.Document(), u"the Bank");
-  const DocxDocument moved(parts);
-  HighlightIn(moved, u'"');
-  MoveQuotePastArticle(moved.Document(), u"the Bank");
-  ASSERT_EQ(moved.Text(), u"See the \u201CBank\u201D.\r");
-  marker->RemoveTermHighlighting(moved.Document());
-  EXPECT_EQ(moved.Canonical(), plain.Canonical());
 }
 
 TEST_F(HighlightedQuotes, InsideAHighlightedTermGoWithIt) {
