@@ -119,18 +119,23 @@ void HighlightRecord::NoteLaidOn() {
   isLaidOn_ = true;
 }
 
-void HighlightRecord::KeepApartFrom(const word::RangePtr& inserted) {
-  if (!IsLaidOn()) return;
-  const word::Position begin = inserted->Start();
-  const word::Position end = inserted->End();
+void HighlightRecord::KeepApartFrom(const std::vector<word::RangePtr>& inserted) {
+  if (inserted.empty() || !IsLaidOn()) return;
+  std::vector<Stretch> apart;
+  for (const word::RangePtr& range : inserted) apart.push_back({range->Start(), range->End()});
   const auto keepApart = [&](std::u16string_view name, const word::RangePtr& kept) {
-    const word::Position start = kept->Start();
-    if (kept->StoryType() != inserted->StoryType() || start < begin || start >= end) return;
-    bookmarks_->Add(name, document_->Range(end, std::max(end, kept->End())));
+    const word::Position before = kept->Start();
+    word::Position start = before;
+    for (const auto& [begin, end] : apart) {
+      if (begin <= start && start < end) start = end;
+    }
+    if (start == before || kept->StoryType() != inserted.front()->StoryType()) return;
+    bookmarks_->Add(name, document_->Range(start, std::max(start, kept->End())));
   };
   keepApart(kLaidOnName, bookmarks_->Item(kLaidOnName)->Range());
-  for (const Record& record : Records())
+  for (const Record& record : Records()) {
     keepApart(BookmarkName(record.colour, record.number), record.bookmark->Range());
+  }
 }
 
 std::vector<HighlightRecord::Record> HighlightRecord::Records() const {

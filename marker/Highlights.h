@@ -10,7 +10,7 @@
 namespace marker {
 
 /// Calls `visit` for each part of a stretch that has one highlight colour, from the first to the last.
-/// @param range a range of the story, which is moved about
+/// @param range a range of the story, which is moved about; it spans the part when `visit` is called
 void ForEachColour(const word::RangePtr& range, Stretch stretch, const std::function<void(Stretch, int colour)>& visit);
 
 /// The yellow stretches of a part of a story's text.
@@ -36,10 +36,10 @@ class HighlightRecord {
   bool IsLaidOn() const;
   /// Made once; marking calls it before it lays the first highlight on.
   void NoteLaidOn();
-  /// To be told of an index put into the main text, which may have come to lie inside bookmarks that begin there:
-  /// whoever deletes the index by hand shall not delete the record with it, and the author's highlight is not the
-  /// index's.
-  void KeepApartFrom(const word::RangePtr& inserted);
+  /// To be told of an index or of lists put into a story, which may have come to lie inside bookmarks that begin there:
+  /// whoever deletes them by hand shall not delete the record with them, and the author's highlight is not theirs.
+  /// @param inserted of one story, in its order
+  void KeepApartFrom(const std::vector<word::RangePtr>& inserted);
   /// @param range a range over the stretch
   void Keep(const word::RangePtr& range, int colour);
   /// Keeps the colour of every quotation mark of a story that a search for this one finds. One that the record holds

@@ -41,9 +41,11 @@ bool IsMarked(const word::DocumentPtr& document) {
 /// They were written between the index and the record of an index at the document's start, and may go with it.
 void KeepRecordApartFromLists(const word::DocumentPtr& document) {
   const word::BookmarksPtr bookmarks = document->Bookmarks();
+  std::vector<word::RangePtr> lists;
   for (const std::u16string_view name : {kNotUsedListBookmark, kNotFoundListBookmark}) {
-    if (bookmarks->Exists(name)) HighlightRecord(document).KeepApartFrom(bookmarks->Item(name)->Range());
+    if (bookmarks->Exists(name)) lists.push_back(bookmarks->Item(name)->Range());
   }
+  HighlightRecord(document).KeepApartFrom(lists);
 }
 
 /// As its entries would show it, but whole. A term that holds a mark or a break is a line nevertheless.
@@ -144,7 +146,7 @@ void KvxTermMarker::InsertIndex(const word::ApplicationPtr& /*application*/, con
                                 int columns, std::u16string_view separator) {
   WriteEntries();
   const word::RangePtr index = InsertIndexField(document, columns, separator);
-  HighlightRecord(document).KeepApartFrom(index);
+  HighlightRecord(document).KeepApartFrom({index});
   index->Collapse(word::wdCollapseEnd);
   index->Select();
 }

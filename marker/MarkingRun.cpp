@@ -72,7 +72,7 @@ StoryMarks& MarkingRun::PresentMarksOf(const word::RangePtr& story, int storyTyp
   return MarksOf(story, storyType);
 }
 
-void MarkingRun::LayHighlight(const word::RangePtr& range, const StoryMarks::Occurrence& occurrence, bool overAuthors) {
+void MarkingRun::LayHighlight(const word::RangePtr& range, const StoryMarks::Occurrence& occurrence) {
   record_.NoteLaidOn();
   // Once the occurrence is edited, nothing else tells our yellow from the author's that it touches.
   for (const Stretch& stretch : occurrence.before) {
@@ -80,11 +80,9 @@ void MarkingRun::LayHighlight(const word::RangePtr& range, const StoryMarks::Occ
     record_.Keep(range, word::wdYellow);
   }
   for (const Stretch& stretch : occurrence.stretches) {
-    if (overAuthors) {
-      ForEachColour(range, stretch, [&](Stretch part, int colour) {
-        if (colour == word::wdNoHighlight) return;
-        range->SetRange(part.begin, part.end);
-        record_.Keep(range, colour);
+    if (occurrence.highlighted) {
+      ForEachColour(range, stretch, [&](Stretch /*part*/, int colour) {
+        if (colour != word::wdNoHighlight) record_.Keep(range, colour);
       });
     }
     range->SetRange(stretch.begin, stretch.end);
@@ -141,7 +139,7 @@ void MarkingRun::Write(StoryMarks& marks) {
     place_->SetRange(occurrence.entry, occurrence.entry);
     fields_->Add(place_, {.Type = word::wdFieldEmpty, .Text = code, .PreserveFormatting = false});
     marks.EntryWritten(number, code.size());
-    LayHighlight(place_, occurrence, marks.HasAuthorsHighlight());
+    LayHighlight(place_, occurrence);
   }
 }
 

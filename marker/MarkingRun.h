@@ -69,7 +69,7 @@ class MarkingRun {
   /// Those of the story as it is now.
   StoryMarks& PresentMarksOf(const word::RangePtr& story, int storyType);
   void Write(StoryMarks& marks);
-  void LayHighlight(const word::RangePtr& range, const StoryMarks::Occurrence& occurrence, bool overAuthors);
+  void LayHighlight(const word::RangePtr& range, const StoryMarks::Occurrence& occurrence);
 
   const Letters& letters_;
   word::DocumentPtr document_;

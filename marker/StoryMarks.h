@@ -19,6 +19,7 @@ class StoryMarks {
     std::vector<Stretch> before{};     ///< the text right before it that was yellow before marking
     word::Position entry{0};           ///< where its entry goes
     bool definition{false};
+    bool highlighted{false};  ///< some of it, or of what is right before it, may have had a highlight before marking
   };
 
   StoryMarks(const word::DocumentPtr& document, const word::RangePtr& story, const TermMatcher& matcher,
@@ -37,15 +38,13 @@ class StoryMarks {
   /// @return false when somebody else has changed the story: what was found holds no more
   bool Settle(word::Position storyEnd);
 
-  /// Whether any text of the story had a highlight before marking.
-  bool HasAuthorsHighlight() const { return hasAuthorsHighlight_; }
-
  private:
   struct Found {
     std::size_t firstBefore;  ///< of the stretches; those up to the next are the text before it
     std::size_t firstStretch;
     word::Position entry;
     bool definition;
+    bool highlighted;
   };
 
   struct Written {
@@ -62,7 +61,6 @@ class StoryMarks {
   std::vector<Written> written_;          ///< and not placed yet
   word::Position aroundCode_{-1};         ///< what an entry has beside its code; below 0 until one was placed
   word::Position storyEnd_{0};
-  bool hasAuthorsHighlight_{false};
 };
 
 }  // namespace marker
