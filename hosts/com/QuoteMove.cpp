@@ -1,7 +1,10 @@
 #include "hosts/com/QuoteMove.h"
 
 #include "hosts/com/FindText.h"
+#include "hosts/com/Objects.h"
+#include "platform/word/Bookmarks.h"
 #include "platform/word/Constants.h"
+#include "platform/word/Range.h"
 #include "platform/word/Replacing.h"
 
 namespace com {
@@ -26,6 +29,23 @@ int PlaceOf(const Dispatch& match, std::u16string_view text) {
   return find.Call("Find.Execute").ToBool() ? inside.Int("Range.Start") : match.Int("Range.End");
 }
 
+/// Those that stand around a character and nothing else, hidden ones too.
+std::vector<std::u16string> NamesAround(const Dispatch& character) {
+  std::vector<std::u16string> names;
+  const word::BookmarksPtr bookmarks = MakeBookmarks(character.Object("Range.Bookmarks"));
+  const bool hiddenShown = bookmarks->ShowHidden();
+  bookmarks->SetShowHidden(true);
+  for (int index = bookmarks->Count(); index >= 1; --index) {
+    const word::BookmarkPtr bookmark = bookmarks->Item(index);
+    const word::RangePtr marked = bookmark->Range();
+    if (marked->Start() == character.Int("Range.Start") && marked->End() == character.Int("Range.End")) {
+      names.push_back(bookmark->Name());
+    }
+  }
+  bookmarks->SetShowHidden(hiddenShown);
+  return names;
+}
+
 }  // namespace
 
 bool MoveFirstCharacters(SearchOfRange& search) {
@@ -48,7 +68,13 @@ bool MoveFirstCharacters(SearchOfRange& search) {
     const Dispatch rest = match.Object("Range.Duplicate");
     const int place = PlaceOf(match, following);
     target.Call("Range.SetRange", {place, place});
+    const std::vector<std::u16string> names = NamesAround(first);
     target.Put("Range.FormattedText", first.Get("Range.FormattedText"));
+    // Word leaves a bookmark where it is when its text is copied.
+    target.Call("Range.SetRange", {place, place + 1});
+    for (const std::u16string& name : names) {
+      MakeBookmarks(target.Object("Range.Bookmarks"))->Add(name, MakeRange(target));
+    }
     first.Call("Range.Delete");
     match.Call("Range.SetRange", {rest.Int("Range.End"), whole.Int("Range.End")});
   }

@@ -9,7 +9,6 @@
 
 namespace {
 
-// Word leaves a bookmark behind when what it stands around is moved, so this holds for our own host alone.
 TEST(HighlightedQuote, GivesItsColourBackAlsoWhereItWasMovedPastAnArticle) {
   const DocxDocument::Parts parts{.body = "<w:p><w:r><w:t>See \u201Cthe Bank\u201D.</w:t></w:r></w:p>"};
   const DocxDocument plain(parts);

@@ -209,6 +209,7 @@ com::Variant Give(const word::CustomizationPtr& inner, const ContextPtr& context
   return MakeObject(CustomizationMembers(), inner, context);
 }
 com::Variant Give(const word::DocumentPtr& inner, const ContextPtr& context) {
+  context->document = inner;
   return MakeObject(DocumentMembers(), inner, context);
 }
 com::Variant Give(const word::StoryRangesPtr& inner, const ContextPtr& context) {

@@ -26,6 +26,8 @@ struct Context {
   std::u16string failed;
   /// Objects that are held.
   long live{0};
+  /// The document last given out, in which the ranges are.
+  word::DocumentPtr document;
 };
 using ContextPtr = std::shared_ptr<Context>;
 

@@ -1,5 +1,6 @@
 // Ranges, their searches and formats, bookmarks and fields.
 #include "platform/word/Bookmarks.h"
+#include "platform/word/Document.h"
 #include "platform/word/Fields.h"
 #include "platform/word/Find.h"
 #include "platform/word/Format.h"
@@ -115,6 +116,43 @@ com::Variant CopyInto(word::Range& target, const word::Range& source) {
   return {};
 }
 
+/// Those of the document that share text with a range.
+class BookmarksOfRange : public word::Bookmarks {
+ public:
+  BookmarksOfRange(word::BookmarksPtr all, const word::Range& range)
+      : all_(std::move(all)), storyType_(range.StoryType()), begin_(range.Start()), end_(range.End()) {}
+
+  int Count() const override { return static_cast<int>(Shared().size()); }
+  bool Exists(std::u16string_view name) const override {
+    return all_->Exists(name) && IsShared(*all_->Item(name)->Range());
+  }
+  word::BookmarkPtr Item(std::u16string_view name) const override { return all_->Item(name); }
+  word::BookmarkPtr Item(int index) const override { return Shared().at(static_cast<std::size_t>(index) - 1); }
+  word::BookmarkPtr Add(std::u16string_view name, const word::RangePtr& range) override {
+    return all_->Add(name, range);
+  }
+  bool ShowHidden() const override { return all_->ShowHidden(); }
+  void SetShowHidden(bool value) override { all_->SetShowHidden(value); }
+
+ private:
+  bool IsShared(const word::Range& range) const {
+    return range.StoryType() == storyType_ && range.Start() < end_ && begin_ < range.End();
+  }
+  std::vector<word::BookmarkPtr> Shared() const {
+    std::vector<word::BookmarkPtr> shared;
+    for (int index = 1; index <= all_->Count(); ++index) {
+      word::BookmarkPtr bookmark = all_->Item(index);
+      if (IsShared(*bookmark->Range())) shared.push_back(std::move(bookmark));
+    }
+    return shared;
+  }
+
+  word::BookmarksPtr all_;
+  int storyType_;
+  word::Position begin_;
+  word::Position end_;
+};
+
 const com::Members& RangeMembers() {
   using R = word::Range;
   static const com::Members members{
@@ -157,6 +195,10 @@ const com::Members& RangeMembers() {
                    return com::Variant(1);
                  }),
       Special<R>(u"Find", kGet, {}, [](auto& self, const Received&) { return SearchOf(self); }),
+      Special<R>(u"Bookmarks", kGet, {},
+                 [](auto& self, const Received&) -> word::BookmarksPtr {
+                   return std::make_shared<BookmarksOfRange>(self.TheContext()->document->Bookmarks(), self.Inner());
+                 }),
       Get(u"Characters", &R::Characters),
       Get(u"Fields", &R::Fields),
       Get(u"Revisions", &R::Revisions),
