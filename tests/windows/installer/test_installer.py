@@ -31,17 +31,25 @@ class Installer(unittest.TestCase):
         cls.prefix = tempfile.TemporaryDirectory()
         cls.environment = dict(os.environ, WINEPREFIX=cls.prefix.name)
         cls.drive = pathlib.Path(cls.prefix.name) / "drive_c"
-        cls.wine("wineboot", "-i")
+        cls.wine("cmd", "/c", "exit")
 
     @classmethod
     def tearDownClass(cls):
-        subprocess.run(["wineserver", "-w"], env=cls.environment, check=False)
+        cls.wait_for_all()
         cls.prefix.cleanup()
 
     @classmethod
     def wine(cls, *arguments):
-        done = subprocess.run([ROOT / "scripts/wine", *arguments], env=cls.environment, capture_output=True, timeout=300)
-        return done.returncode, done.stdout.decode("utf-8", "replace")
+        return cls.run_program(cls.environment, *arguments)
+
+    @staticmethod
+    def run_program(environment, *arguments):
+        """What Wine starts for a program outlives it and would hold a pipe open, so it writes into a file."""
+        with tempfile.TemporaryFile() as out:
+            done = subprocess.run([ROOT / "scripts/wine", *arguments], env=environment, stdout=out,
+                                  stderr=subprocess.DEVNULL, timeout=300)
+            out.seek(0)
+            return done.returncode, out.read().decode("utf-8", "replace")
 
     def value(self, root, key, name):
         """None when there is none."""
@@ -63,13 +71,11 @@ class Installer(unittest.TestCase):
                 and "/Temp/" not in str(path)}
 
     def remove(self, folder):
-        """The uninstaller works from a copy; told where it stands it does not, and can be waited for."""
-        status, _ = self.wine(str(folder / "uninstall.exe"), "/S", "_?=" + self.windows_path(folder))
+        """The uninstaller works from a copy of itself, which it does not wait for."""
+        status, _ = self.wine(str(folder / "uninstall.exe"), "/S")
         self.assertEqual(status, 0)
-        # Whether it may then remove itself is Wine's to say.
-        (folder / "uninstall.exe").unlink(missing_ok=True)
-        if folder.exists():
-            folder.rmdir()
+        self.wait_for_all()
+        self.assertFalse(folder.exists())
 
     def windows_path(self, path):
         return "C:\\" + str(path.relative_to(self.drive)).replace("/", "\\")
@@ -77,12 +83,17 @@ class Installer(unittest.TestCase):
     def load(self, folder):
         """Leaves the settings that a first run writes, which are the user's."""
         environment = dict(self.environment, KVX_INSTALLED=self.windows_path(folder))
-        done = subprocess.run([ROOT / "scripts/wine", PROGRAM], env=environment, capture_output=True, timeout=300)
-        self.assertEqual(done.returncode, 0, done.stdout.decode("utf-8", "replace"))
+        status, out = self.run_program(environment, PROGRAM)
+        self.assertEqual(status, 0, out)
+
+    @classmethod
+    def wait_for_all(cls):
+        """Until every program has ended and the registry is in its files."""
+        subprocess.run(["wineserver", "-w"], env=cls.environment, check=False)
 
     def registry(self):
         """Every key of ours, wherever it stands."""
-        subprocess.run(["wineserver", "-w"], env=self.environment, check=False)
+        self.wait_for_all()
         names = re.compile(r"^\[(.*(?:KVXDLLCOM|TermMarker|Kelvarin).*)\]", re.MULTILINE | re.IGNORECASE)
         files = (pathlib.Path(self.prefix.name) / name for name in ("system.reg", "user.reg"))
         return {key for file in files for key in names.findall(file.read_text("latin-1"))}
