@@ -122,6 +122,7 @@ void HighlightRecord::NoteLaidOn() {
 void HighlightRecord::KeepApartFrom(const std::vector<word::RangePtr>& inserted) {
   if (inserted.empty() || !IsLaidOn()) return;
   std::vector<Stretch> apart;
+  apart.reserve(inserted.size());
   for (const word::RangePtr& range : inserted) apart.push_back({range->Start(), range->End()});
   const auto keepApart = [&](std::u16string_view name, const word::RangePtr& kept) {
     const word::Position before = kept->Start();
