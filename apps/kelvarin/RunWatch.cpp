@@ -44,7 +44,7 @@ void RunWatch::ProgressShown(const unattended::ProgressState& state, unattended:
   if (file_.empty()) return;
   if (phase == unattended::Transcript::Phase::kEnd) return EndProgressLine();
   std::u16string said = state.bar;
-  for (auto part = state.lines.rbegin(); part != state.lines.rend(); ++part) said = *part + u' ' + said;
+  for (auto part = state.lines.rbegin(); part != state.lines.rend(); ++part) said.insert(0, *part + u' ');
   if (said.find_first_not_of(u' ') == std::u16string::npos) return;
   const std::string line = file_.string() + ": " + unattended::ToUtf8(said);
   // Where it is no terminal every line stays, so that each is to say something new.

@@ -317,19 +317,15 @@ void Story::Erase(Position start, Position end) {
     const Atom atom = atoms_.Get(place);
     const auto length = static_cast<Position>(atom.length);
     left -= length;
-    bool removed = true;
-    if (atom.deleted) {
-      removed = false;
-    } else if (atom.InRun()) {
+    bool removed = !atom.deleted;
+    if (removed && atom.InRun()) {
       XmlNode run = atom.Node().Parent();
       run.RemoveChild(atom.Node());
       RemoveEmptied(run);
-    } else if (atom.kind == AtomKind::kSimpleBegin) {
+    } else if (removed && atom.kind == AtomKind::kSimpleBegin) {
       removed = EraseSimpleField(place, left);
-    } else if (atom.kind == AtomKind::kParagraphMark) {
-      removed = MergeWithNext(place);
     } else {
-      removed = false;
+      removed = removed && atom.kind == AtomKind::kParagraphMark && MergeWithNext(place);
     }
     if (removed) {
       atoms_.Remove(atoms_.At(at));
