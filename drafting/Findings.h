@@ -1,10 +1,10 @@
 #pragma once
 
-#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "drafting/Excerpt.h"
 #include "platform/word/Types.h"
 
 namespace drafting {
@@ -21,14 +21,6 @@ enum class Kind {
   kArticle,
   kMixedQuotes,
   kUnpairedQuotes,
-};
-
-/// What is said somewhere.
-struct Excerpt {
-  std::u16string sentence{};
-  /// Where the words in question stand in the sentence, which may be cut short around them.
-  std::size_t begin{0};
-  std::size_t end{0};
 };
 
 /// A stretch of a story, and what is said there.

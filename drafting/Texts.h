@@ -52,9 +52,6 @@ struct Text {
 /// Main text, footnotes and endnotes of a document.
 std::vector<Text> ReadTexts(const word::DocumentPtr& document);
 
-/// What is said at a stretch of a line, without what does not show.
-Excerpt ExcerptOf(std::u16string_view line, const LineCapitals& capitals, std::size_t begin, std::size_t end);
-
 /// What is said at a stretch of a text.
 Place PlaceOf(const Text& text, std::size_t begin, std::size_t end, os::Characters& characters);
 

@@ -5,7 +5,7 @@
 
 #include "discovery/LineCapitals.h"
 #include "discovery/LineText.h"
-#include "drafting/Texts.h"
+#include "drafting/Excerpt.h"
 #include "hosts/unattended/Text.h"
 #include "marker/PlainText.h"
 #include "marker/StoryText.h"
