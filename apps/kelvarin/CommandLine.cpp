@@ -1,6 +1,5 @@
 #include "apps/kelvarin/CommandLine.h"
 
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
@@ -21,6 +20,7 @@
 #include "apps/kelvarin/PrivateSettings.h"
 #include "apps/kelvarin/Status.h"
 #include "apps/kelvarin/Version.h"
+#include "apps/kelvarin/WrittenFiles.h"
 
 namespace {
 
@@ -90,43 +90,6 @@ bool HasDisplay() {
   };
   return named("WAYLAND_DISPLAY") || named("DISPLAY");
 }
-
-/// Files that are read or written, by what they are for.
-class TakenFiles {
- public:
-  void Add(const std::string& purpose, const fs::path& path) {
-    if (const std::optional<FileNumber> number = NumberOf(path)) byNumber_.emplace(*number, purpose);
-    byPath_.emplace(Canonical(path), purpose);
-  }
-
-  /// What a file is taken for; empty: it is not.
-  std::string Find(const fs::path& path) const {
-    if (const std::optional<FileNumber> number = NumberOf(path)) {
-      const auto found = byNumber_.find(*number);
-      if (found != byNumber_.end()) return found->second;
-    }
-    const auto found = byPath_.find(Canonical(path));
-    return found == byPath_.end() ? std::string() : found->second;
-  }
-
- private:
-  /// Device and number in it.
-  using FileNumber = std::pair<dev_t, ino_t>;
-
-  static std::optional<FileNumber> NumberOf(const fs::path& path) {
-    struct stat status {};
-    if (stat(path.c_str(), &status) != 0) return {};
-    return FileNumber(status.st_dev, status.st_ino);
-  }
-
-  static fs::path Canonical(const fs::path& path) {
-    std::error_code error;
-    return fs::weakly_canonical(fs::absolute(path), error);
-  }
-
-  std::map<FileNumber, std::string> byNumber_;
-  std::map<fs::path, std::string> byPath_;
-};
 
 class Reader {
  public:
@@ -420,8 +383,7 @@ class Reader {
     if (needsOutput && places == 0) throw CLI::RequiredError("-o OUT, --out-dir DIR or --in-place");
     const bool several = options_.inputs.size() > 1 || choice_.operands.size() > 1;
     if (output.file && several) throw CLI::ValidationError("-o", "takes one input; use --out-dir");
-    CheckNames();
-    CheckWritten();
+    CheckWrittenFiles(options_);
   }
 
   void FindDocuments() {
@@ -444,51 +406,6 @@ class Reader {
     for (Input& input : options_.inputs) {
       if (input.name.empty()) input.name = input.file.filename();
     }
-  }
-
-  /// Two inputs of one name would end in one file.
-  void CheckNames() const {
-    if (!options_.output.folder) return;
-    std::map<fs::path, fs::path> names;
-    for (const Input& input : options_.inputs) {
-      if (!input.problem.empty()) continue;
-      const auto [other, isNew] = names.emplace(input.name, input.file);
-      if (!isNew) {
-        throw CLI::ValidationError("--out-dir", other->second.string() + " and " + input.file.string() +
-                                                    " have the same name; --base keeps the folders that they are in");
-      }
-    }
-  }
-
-  /// What is written must not be what is read, nor what something else is written to.
-  void CheckWritten() const {
-    TakenFiles taken;
-    for (const Input& input : options_.inputs) taken.Add("the input", input.file);
-    if (options_.answers) taken.Add("--answers", *options_.answers);
-    if (options_.index.load) taken.Add("--load", *options_.index.load);
-    const auto take = [&taken](const char* name, const fs::path& path) {
-      std::error_code error;
-      // Nothing is lost in a device.
-      if (fs::exists(path, error) && !fs::is_regular_file(path, error)) return;
-      const std::string other = taken.Find(path);
-      if (!other.empty()) {
-        throw CLI::ValidationError(
-            name, path.string() + " would replace " + other + (other == "the input" ? "; only --in-place may" : ""));
-      }
-      taken.Add(name, path);
-    };
-    const OutputOptions& output = options_.output;
-    if (output.file) take("-o", *output.file);
-    if (output.folder) {
-      for (const Input& input : options_.inputs) {
-        if (input.problem.empty()) take("--out-dir", *output.folder / input.name);
-      }
-    }
-    if (options_.settings) take("--settings", *options_.settings);
-    if (options_.report && *options_.report != "-") take("--report", *options_.report);
-    if (options_.transcript && *options_.transcript != "-") take("--transcript", *options_.transcript);
-    if (options_.html && *options_.html != "-") take("--html", *options_.html);
-    if (options_.journal.file) take("--journal", *options_.journal.file);
   }
 
   void ChooseJournal() {
