@@ -149,6 +149,8 @@ class PageFiller {
   void NextPage();
   void MeasurePage();
 
+  static constexpr double kSlack = 1;  // twips that sums of rounded heights may be too much
+
   const NoteRooms& notes_;
   Options options_;
   FlowBuilder* flows_;
