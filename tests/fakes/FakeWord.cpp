@@ -1,333 +1,21 @@
 #include "tests/fakes/FakeWord.h"
 
 #include "platform/word/Fields.h"
-#include "platform/word/Find.h"
-#include "platform/word/Format.h"
 #include "platform/word/HostError.h"
 #include "platform/word/Options.h"
 #include "platform/word/Range.h"
 #include "platform/word/Selection.h"
 #include "platform/word/Window.h"
+#include "tests/fakes/FakeRange.h"
 #include "tests/fakes/WatchedMenus.h"
 
-#include <algorithm>
 #include <stdexcept>
 
 namespace fakes {
 
+void NotHere() { throw std::logic_error("not in this fake"); }
+
 namespace {
-
-[[noreturn]] void NotHere() { throw std::logic_error("not in this fake"); }
-
-std::string Show(const FakeWord& word, const Place& place) {
-  return std::to_string(word.stories[place.story].type) + ":" + std::to_string(place.start) + "-" +
-         std::to_string(place.end);
-}
-
-bool IsDoubleQuote(char16_t unit) { return unit == u'"' || unit == 0x201C || unit == 0x201D; }
-
-bool Matches(char16_t pattern, char16_t unit) { return pattern == u'"' ? IsDoubleQuote(unit) : pattern == unit; }
-
-class FakeFont : public word::Font {
- public:
-  FakeFont(FakeWord& word, Place place) : word_(word), place_(place) {}
-  int Bold() const override {
-    int bold = 0;
-    for (word::Position i = place_.start; i < place_.end; ++i) {
-      for (const auto& [from, to] : word_.stories[place_.story].bold) {
-        if (i >= from && i < to) ++bold;
-      }
-    }
-    if (bold == 0) return 0;
-    return bold == place_.end - place_.start ? -1 : word::wdUndefined;
-  }
-  void SetBold(int value) override { word_.log.Add("Font.Bold = " + std::to_string(value)); }
-  int Hidden() const override { return 0; }
-  int Color() const override { return word::wdColorAutomatic; }
-  void SetColor(int value) override { word_.log.Add("Font.Color = " + std::to_string(value)); }
-
- private:
-  FakeWord& word_;
-  Place place_;
-};
-
-/// One paragraph format for the whole document.
-class FakeParagraphFormat : public word::ParagraphFormat {
- public:
-  explicit FakeParagraphFormat(FakeWord& word) : word_(word) {}
-  int Alignment() const override { return word_.alignment; }
-  void SetAlignment(int value) override {
-    word_.log.Add("ParagraphFormat.Alignment = " + std::to_string(value));
-    word_.alignment = value;
-  }
-  double SpaceBefore() const override { return 0; }
-  void SetSpaceBefore(double points) override { Space("SpaceBefore", points); }
-  double SpaceAfter() const override { return 0; }
-  void SetSpaceAfter(double points) override { Space("SpaceAfter", points); }
-
- private:
-  void Space(const std::string& member, double points) {
-    word_.log.Add("ParagraphFormat." + member + " = " + std::to_string(static_cast<int>(points)));
-  }
-  FakeWord& word_;
-};
-
-class FakeCharactersOfRange : public word::Characters {
- public:
-  FakeCharactersOfRange(FakeWord& word, Place place) : word_(word), place_(place) {}
-  word::RangePtr First() const override { return word_.MakeRange({place_.story, place_.start, place_.start + 1}); }
-  word::RangePtr Last() const override {
-    const word::Position start = std::max(place_.start, place_.end - 1);
-    return word_.MakeRange({place_.story, start, start + 1});
-  }
-
- private:
-  FakeWord& word_;
-  Place place_;
-};
-
-/// Replaces text as the hosts do: a quotation mark that is found comes back in its own style.
-class FakeReplacement : public word::Replacement {
- public:
-  FakeReplacement(FakeWord& word, std::shared_ptr<std::u16string> text, std::shared_ptr<bool> highlights)
-      : word_(word), text_(std::move(text)), highlights_(std::move(highlights)) {}
-  void ClearFormatting() override { NotHere(); }
-  std::u16string Text() const override { return *text_; }
-  void SetText(std::u16string_view value) override {
-    *text_ = value;
-    word_.log.Add("Replacement.Text = " + Plain(value));
-  }
-  int Highlight() const override { return *highlights_ ? -1 : 0; }
-  void SetHighlight(int value) override {
-    *highlights_ = value != 0;
-    word_.log.Add("Replacement.Highlight = " + std::to_string(value));
-  }
-
- private:
-  FakeWord& word_;
-  std::shared_ptr<std::u16string> text_;
-  std::shared_ptr<bool> highlights_;
-};
-
-/// Knows wildcard patterns of one character, "*" and one character, the pattern "<[A-Z]*>", and plain texts in ASCII
-/// without codes.
-class FakeFind : public word::Find {
- public:
-  FakeFind(FakeWord& word, std::shared_ptr<Place> place) : word_(word), place_(std::move(place)) {}
-  void ClearFormatting() override {}
-  std::u16string Text() const override { return text_; }
-  void SetText(std::u16string_view value) override {
-    text_ = value;
-    word_.log.Add("Find.Text = " + Plain(value));
-  }
-  bool Forward() const override { return true; }
-  void SetForward(bool value) override { word_.log.Add("Find.Forward = " + Plain(value)); }
-  int Wrap() const override { return word::wdFindStop; }
-  void SetWrap(int value) override { word_.log.Add("Find.Wrap = " + std::to_string(value)); }
-  bool Format() const override { return false; }
-  void SetFormat(bool value) override { word_.log.Add("Find.Format = " + Plain(value)); }
-  bool MatchCase() const override { return false; }
-  void SetMatchCase(bool value) override { Keep(value); }
-  bool MatchWholeWord() const override { return false; }
-  void SetMatchWholeWord(bool value) override { Keep(value); }
-  bool MatchWildcards() const override { return wildcards_; }
-  void SetMatchWildcards(bool value) override { wildcards_ = value; }
-  bool MatchSoundsLike() const override { return false; }
-  void SetMatchSoundsLike(bool value) override { Keep(value); }
-  bool MatchAllWordForms() const override { return false; }
-  void SetMatchAllWordForms(bool value) override { Keep(value); }
-  word::ReplacementPtr Replacement() const override {
-    return std::make_shared<FakeReplacement>(word_, replacement_, highlights_);
-  }
-  bool Execute(const word::FindArguments& arguments) override {
-    if (word_.findFails) throw word::HostError(word::kCommandFailed, u"Command failed", "Find.Execute");
-    if (arguments.Replace == word::wdReplaceAll) {
-      word_.log.Add("Find.Execute replace all");
-      return found_ = ReplaceAll();
-    }
-    if (arguments.Replace != word::wdReplaceNone) NotHere();
-    found_ = wildcards_ ? FindWildcards() : FindPlain();
-    return found_;
-  }
-  bool Found() const override { return found_; }
-
- private:
-  /// Switches that stay off in every search of this fake.
-  static void Keep(bool value) {
-    if (value) NotHere();
-  }
-  std::u16string& StoryText() const { return word_.stories[place_->story].text; }
-
-  bool FindCappedWord() {
-    const auto isLetter = [](char16_t unit) {
-      return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
-    };
-    const std::u16string& text = StoryText();
-    const std::size_t stop = place_->start == place_->end ? text.size() : static_cast<std::size_t>(place_->end);
-    for (auto i = static_cast<std::size_t>(place_->start); i < stop; ++i) {
-      if (text[i] < u'A' || text[i] > u'Z' || (i > 0 && isLetter(text[i - 1]))) continue;
-      std::size_t end = i;
-      while (end < text.size() && isLetter(text[end])) ++end;
-      if (end > stop) continue;
-      place_->start = static_cast<word::Position>(i);
-      place_->end = static_cast<word::Position>(end);
-      return true;
-    }
-    return false;
-  }
-
-  bool FindWildcards() {
-    if (text_ == u"<[A-Z]*>") return FindCappedWord();
-    if (text_.size() != 3 || text_[1] != u'*') NotHere();
-    const std::u16string& text = StoryText();
-    const std::size_t stop = place_->start == place_->end ? text.size() : static_cast<std::size_t>(place_->end);
-    for (std::size_t i = static_cast<std::size_t>(place_->start); i < stop; ++i) {
-      if (!Matches(text_[0], text[i])) continue;
-      for (std::size_t j = i + 1; j < stop; ++j) {
-        if (!Matches(text_[2], text[j])) continue;
-        place_->start = static_cast<word::Position>(i);
-        place_->end = static_cast<word::Position>(j + 1);
-        return true;
-      }
-    }
-    return false;
-  }
-
-  bool MatchesAt(std::size_t at) const {
-    const auto lower = [](char16_t unit) { return unit >= u'A' && unit <= u'Z' ? unit + 32 : +unit; };
-    const std::u16string& text = StoryText();
-    if (at + text_.size() > text.size()) return false;
-    for (std::size_t i = 0; i < text_.size(); ++i) {
-      if (!Matches(text_[i], text[at + i]) && lower(text_[i]) != lower(text[at + i])) return false;
-    }
-    return true;
-  }
-
-  bool FindPlain() {
-    // From a match it goes on, to the story's end.
-    const std::size_t from = static_cast<std::size_t>(found_ ? place_->end : place_->start);
-    for (std::size_t i = from; i < StoryText().size(); ++i) {
-      if (!MatchesAt(i)) continue;
-      place_->start = static_cast<word::Position>(i);
-      place_->end = static_cast<word::Position>(i + text_.size());
-      return true;
-    }
-    return false;
-  }
-
-  bool ReplaceAll() {
-    bool any = false;
-    for (std::size_t i = 0; i < StoryText().size(); ++i) {
-      if (!MatchesAt(i)) continue;
-      any = true;
-      if (*highlights_) {
-        const auto start = static_cast<word::Position>(i);
-        word_.highlights.push_back({place_->story, start, start + static_cast<word::Position>(text_.size())});
-        i += text_.size() - 1;
-        continue;
-      }
-      std::u16string text = *replacement_;
-      if (IsDoubleQuote(StoryText()[i])) std::replace(text.begin(), text.end(), u'"', StoryText()[i]);
-      StoryText().replace(i, text_.size(), text);
-      i += text.size() - 1;
-    }
-    return any;
-  }
-
-  FakeWord& word_;
-  std::shared_ptr<Place> place_;
-  std::u16string text_;
-  std::shared_ptr<std::u16string> replacement_{std::make_shared<std::u16string>()};
-  std::shared_ptr<bool> highlights_{std::make_shared<bool>(false)};
-  bool wildcards_{false};
-  bool found_{false};
-};
-
-class FakeRange : public word::Range {
- public:
-  FakeRange(FakeWord& word, Place place) : word_(word), place_(std::make_shared<Place>(place)) {}
-  const Place& Where() const { return *place_; }
-
-  word::Position Start() const override { return place_->start; }
-  word::Position End() const override { return place_->end; }
-  void SetStart(word::Position value) override {
-    place_->start = value;
-    place_->end = std::max(place_->end, value);
-  }
-  void SetEnd(word::Position value) override {
-    place_->end = value;
-    place_->start = std::min(place_->start, value);
-  }
-  void SetRange(word::Position start, word::Position end) override {
-    place_->start = start;
-    place_->end = end;
-  }
-  std::u16string Text() const override {
-    return word_.stories[place_->story].text.substr(static_cast<std::size_t>(place_->start),
-                                                    static_cast<std::size_t>(place_->end - place_->start));
-  }
-  void SetText(std::u16string_view value) override {
-    word_.log.Add("Range.Text = " + Plain(value));
-    if (place_->start != place_->end) NotHere();
-    std::u16string text;
-    for (const char16_t unit : value) {
-      if (unit != u'\n') text += unit;
-    }
-    place_->end = word_.Insert(*place_, text);
-  }
-  word::TextRetrievalModePtr TextRetrievalMode() const override { NotHere(); }
-  word::WdStoryType StoryType() const override {
-    return static_cast<word::WdStoryType>(word_.stories[place_->story].type);
-  }
-  int Information(word::WdInformation type) const override {
-    const std::vector<word::Position>& starts = word_.stories[place_->story].pages;
-    if (type == word::wdNumberOfPagesInDocument) return static_cast<int>(word_.stories[0].pages.size()) + 1;
-    return static_cast<int>(std::upper_bound(starts.begin(), starts.end(), place_->end) - starts.begin()) + 1;
-  }
-  word::Position StoryLength() const override {
-    return static_cast<word::Position>(word_.stories[place_->story].text.size());
-  }
-  word::RangePtr NextStoryRange() const override { return nullptr; }
-  word::RangePtr Duplicate() const override { return word_.MakeRange(*place_); }
-  void Collapse(word::WdCollapseDirection direction) override {
-    (direction == word::wdCollapseStart ? place_->end : place_->start) =
-        direction == word::wdCollapseStart ? place_->start : place_->end;
-  }
-  int MoveStart(word::WdUnits unit, int count) override {
-    if (unit != word::wdParagraph || count >= 0) NotHere();
-    const std::u16string& text = word_.stories[place_->story].text;
-    int moved = 0;
-    for (; moved > count && place_->start > 0; --moved) {
-      --place_->start;
-      while (place_->start > 0 && text[static_cast<std::size_t>(place_->start) - 1] != u'\r') --place_->start;
-    }
-    return moved;
-  }
-  void Select() override {
-    word_.log.Add("Range.Select " + Show(word_, *place_));
-    word_.selection = *place_;
-  }
-  void InsertParagraphBefore() override {
-    word_.log.Add("Range.InsertParagraphBefore " + Show(word_, *place_));
-    word_.Insert({place_->story, place_->start, place_->start}, u"\r");
-    ++place_->end;
-  }
-  void Delete() override { NotHere(); }
-  word::FindPtr Find() const override { return std::make_shared<FakeFind>(word_, place_); }
-  word::CharactersPtr Characters() const override { return std::make_shared<FakeCharactersOfRange>(word_, *place_); }
-  word::FieldsPtr Fields() const override { NotHere(); }
-  word::RevisionsPtr Revisions() const override { NotHere(); }
-  word::FontPtr Font() const override { return std::make_shared<FakeFont>(word_, *place_); }
-  word::ParagraphFormatPtr ParagraphFormat() const override { return std::make_shared<FakeParagraphFormat>(word_); }
-  int HighlightColorIndex() const override { NotHere(); }
-  void SetHighlightColorIndex(int value) override {
-    word_.log.Add("Range.HighlightColorIndex = " + std::to_string(value));
-  }
-
- private:
-  FakeWord& word_;
-  std::shared_ptr<Place> place_;
-};
 
 class FakeStoryRanges : public word::StoryRanges {
  public:
@@ -372,7 +60,7 @@ class FakeBookmarks : public word::Bookmarks {
   }
   word::BookmarkPtr Item(int) const override { NotHere(); }
   word::BookmarkPtr Add(std::u16string_view name, const word::RangePtr& range) override {
-    const Place place = dynamic_cast<FakeRange&>(*range).Where();
+    const Place place = PlaceOf(*range);
     word_.bookmarks[std::u16string(name)] = place;
     word_.log.Add("Bookmarks.Add " + Plain(name) + " " + Show(word_, place));
     return Item(name);
@@ -628,7 +316,7 @@ class FakeApplication : public word::Application {
 
 word::ApplicationPtr FakeWord::MakeApplication() { return std::make_shared<FakeApplication>(*this); }
 word::DocumentPtr FakeWord::MakeDocument() { return std::make_shared<FakeDocument>(*this); }
-word::RangePtr FakeWord::MakeRange(Place place) { return std::make_shared<FakeRange>(*this, place); }
+word::RangePtr FakeWord::MakeRange(Place place) { return MakeFakeRange(*this, place); }
 word::Position FakeWord::Insert(Place at, std::u16string_view text) {
   const auto length = static_cast<word::Position>(text.size());
   stories[at.story].text.insert(static_cast<std::size_t>(at.start), text);

@@ -16,6 +16,9 @@
 
 namespace fakes {
 
+/// For members that no test needs. @throws std::logic_error
+[[noreturn]] void NotHere();
+
 /// A stretch of a story, which is known by its number in FakeWord::stories.
 struct Place {
   std::size_t story{0};
