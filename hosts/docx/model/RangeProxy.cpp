@@ -56,8 +56,8 @@ std::u16string WithParagraphMarks(std::u16string_view text) {
 
 }  // namespace
 
-RangeProxy::RangeProxy(std::shared_ptr<OpenDocument> document, Story& story, Position start, Position end)
-    : document_(std::move(document)), anchor_(story, start, end) {}
+RangeProxy::RangeProxy(const std::shared_ptr<OpenDocument>& document, Story& story, Position start, Position end)
+    : document_(document), anchor_(story, start, end) {}
 
 word::RangePtr RangeProxy::Make(const std::shared_ptr<OpenDocument>& document, Story& story, Position start,
                                 Position end) {

@@ -19,7 +19,7 @@ struct ReplacementSettings {
 
 class RangeProxy : public word::Range, public std::enable_shared_from_this<RangeProxy> {
  public:
-  RangeProxy(std::shared_ptr<OpenDocument> document, Story& story, Position start, Position end);
+  RangeProxy(const std::shared_ptr<OpenDocument>& document, Story& story, Position start, Position end);
 
   static word::RangePtr Make(const std::shared_ptr<OpenDocument>& document, Story& story, Position start, Position end);
   /// The proxy behind a range that was handed out. @throws HostError kCommandFailed for a range of another host
