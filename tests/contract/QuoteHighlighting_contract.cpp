@@ -72,8 +72,9 @@ TEST_F(HighlightedQuotes, InsideAHighlightedTermGoWithIt) {
   const std::string yellow =
       "<w:r><w:t xml:space=\"preserve\"> or the </w:t></w:r><w:r><w:rPr><w:highlight w:val=\"yellow\"/></w:rPr>"
       "<w:t>\u201CNet</w:t></w:r><w:r><w:t>\u201D price</w:t></w:r>";
+  const DocxDocument::Parts parts{.body = "<w:p>" + text + yellow + "</w:p>"};
   for (const bool hasEntries : {true, false}) {
-    const DocxDocument indexed({.body = "<w:p>" + text + yellow + "</w:p>"});
+    const DocxDocument indexed(parts);
     const auto before = indexed.Canonical();
     EXPECT_EQ(marker->MarkTermInStory(indexed.Document(), indexed.Story(), u"the \u201CNet\u201D price", 0, 1, true,
                                       false, u"IndexAll", u""),

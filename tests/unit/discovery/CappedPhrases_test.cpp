@@ -189,8 +189,8 @@ TEST_F(PhrasesOfWords, QuotationMarksOfAnyStylePairUp) {
        {u"\u201ETerms and Conditions\u201C", u"\u201ETerms and Conditions\u201D", u"\u201DTerms and Conditions\u201D",
         u"\u00AB Terms and Conditions \u00BB", u"\u00AB\u00A0Terms and Conditions\u202F\u00BB",
         u"\u00BBTerms and Conditions\u00AB", u"\u201C the Terms and Conditions \u201D"}) {
-    EXPECT_EQ(Of(u"die " + quoted + u" (\u201ESeller\u201C) Buyer, " + quoted + u"\r"),
-              (Phrases{u"Terms and Conditions", u"Seller", u"Buyer", u"Terms and Conditions"}));
+    const auto line = std::u16string(u"die ").append(quoted).append(u" (\u201ESeller\u201C) Buyer, ").append(quoted);
+    EXPECT_EQ(Of(line + u"\r"), (Phrases{u"Terms and Conditions", u"Seller", u"Buyer", u"Terms and Conditions"}));
   }
 }
 
