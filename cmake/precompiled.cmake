@@ -13,7 +13,7 @@ function(precompile_library_headers)
         <algorithm> <array> <filesystem> <functional> <map> <memory> <optional> <sstream> <string> <string_view>
         <unordered_map> <utility> <vector>)
       get_target_property(libraries ${target} LINK_LIBRARIES)
-      if("nlohmann_json::nlohmann_json" IN_LIST libraries)
+      if("kvxjson" IN_LIST libraries)
         target_precompile_headers(${target} PRIVATE <nlohmann/json.hpp>)
       endif()
     endif()

@@ -6,6 +6,7 @@
 #include "apps/kelvarin/Printable.h"
 #include "apps/kelvarin/ReadDocument.h"
 #include "drafting/DraftCheck.h"
+#include "hosts/json/Json.h"
 #include "hosts/linux/IcuCharacters.h"
 #include "hosts/unattended/FileAnswers.h"
 #include "hosts/unattended/Text.h"
@@ -14,7 +15,7 @@
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Json = json::Value;
 using unattended::ToUtf8;
 
 Json Placed(const docx::WordProcessor& processor, const drafting::Place& place) {
@@ -66,7 +67,7 @@ FileResult CheckFile(const Options& options, const std::filesystem::path& input)
     const drafting::Result checked =
         drafting::CheckDraft({application, application->ActiveDocument(), *marker, host, characters});
     const Json described = Described(input, processor, checked);
-    found = described.dump(-1, ' ', false, Json::error_handler_t::replace);
+    found = json::Written(described);
     record.report.SetPages(processor);
     return kDone;
   });

@@ -2,10 +2,11 @@
 
 #include "apps/kelvarin/CheckReport.h"
 #include "apps/kelvarin/Output.h"
+#include "hosts/json/Json.h"
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Json = json::Value;
 
 }  // namespace
 
@@ -19,7 +20,7 @@ CheckOutput::CheckOutput(const Options& options) : options_(options) {
 void CheckOutput::Take(const FileResult& result) {
   if (result.result.empty()) {
     if (!page_ || result.report.empty()) return;
-    const Json report = Json::parse(result.report);
+    const Json report = json::Read(result.report);
     const Json& messages = report.at("messages");
     page_->AddFailure(report.at("file").get<std::string>(),
                       messages.empty() ? "could not be checked" : messages.back().at("text").get<std::string>());
@@ -28,10 +29,10 @@ void CheckOutput::Take(const FileResult& result) {
   if (options_.json) {
     WriteText(result.result + "\n", "-");
   } else if (!page_ || *options_.html != "-") {
-    WriteText((anyShown_ ? "\n" : "") + CheckAsText(Json::parse(result.result)), "-");
+    WriteText((anyShown_ ? "\n" : "") + CheckAsText(json::Read(result.result)), "-");
     anyShown_ = true;
   }
-  if (page_) page_->Add(Json::parse(result.result));
+  if (page_) page_->Add(json::Read(result.result));
 }
 
 void CheckOutput::Finish() {

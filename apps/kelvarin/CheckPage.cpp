@@ -11,7 +11,7 @@
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Json = json::Value;
 
 constexpr char kHead[] = R"html(<!DOCTYPE html>
 <html lang="en">

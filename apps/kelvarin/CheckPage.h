@@ -3,9 +3,10 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
+
+#include "hosts/json/Json.h"
 
 /// One page of HTML, which needs no other file, about all contracts of a run: a table of them, and the findings of
 /// each. What it holds in memory does not grow with the findings.
@@ -15,7 +16,7 @@ class CheckPage {
   CheckPage();
 
   /// @param check as CheckReport.h describes it
-  void Add(const nlohmann::ordered_json& check);
+  void Add(const json::Value& check);
   /// A contract that could not be checked.
   void AddFailure(const std::string& file, const std::string& reason);
 

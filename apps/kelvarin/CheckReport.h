@@ -1,9 +1,10 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "hosts/json/Json.h"
 
 /// What `check` found out about a contract, as a JSON object of its own format, in the ways in which it is shown. The
 /// object has "file", "pages", "pagesFrom", "defined" and "findings"; docs/check.md describes them.
@@ -19,7 +20,7 @@ struct KindOfFinding {
 const std::vector<KindOfFinding>& KindsOfFindings();
 
 /// "page 12", "footnote on page 12".
-std::string WhereIs(const nlohmann::ordered_json& place);
+std::string WhereIs(const json::Value& place);
 
 /// For a terminal or a mail.
-std::string CheckAsText(const nlohmann::ordered_json& check);
+std::string CheckAsText(const json::Value& check);

@@ -2,7 +2,7 @@
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Json = json::Value;
 
 std::string Text(const Json& object, const char* member) { return object.at(member).get<std::string>(); }
 

@@ -9,7 +9,6 @@
 #include <functional>
 #include <limits>
 #include <map>
-#include <nlohmann/json.hpp>
 #include <set>
 #include <sstream>
 
@@ -21,6 +20,7 @@
 #include "apps/kelvarin/Status.h"
 #include "apps/kelvarin/Version.h"
 #include "apps/kelvarin/WrittenFiles.h"
+#include "hosts/json/Json.h"
 
 namespace {
 
@@ -438,7 +438,7 @@ class Reader {
                                             "--force", "--transcript", "--journal",    "--resume",   "--base",
                                             "--out",   "--out-dir",    "--time-limit", "--html",     "--json"};
     const CLI::App* command = app_.get_subcommands().front();
-    nlohmann::json given{{"program", kVersion}, {"command", command->get_name()}};
+    json::Value given{{"program", kVersion}, {"command", command->get_name()}};
     for (const CLI::Option* option : command->get_options()) {
       if (option->count() > 0 && !indifferent.contains(option->get_name()))
         given[option->get_name()] = option->results();
@@ -448,7 +448,7 @@ class Reader {
     };
     addContent("settings", options_.settings ? *options_.settings : PersonsSettingsFile());
     if (options_.index.load) addContent("list", *options_.index.load);
-    return given.dump(-1, ' ', true, nlohmann::json::error_handler_t::replace);
+    return json::InAscii(given);
   }
 
   CLI::App app_;

@@ -16,7 +16,7 @@
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Json = json::Value;
 using recording::Utf8;
 
 constexpr std::u16string_view kIndexEntryKeyword = u"XE";

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <functional>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
+#include "hosts/json/Json.h"
 #include "platform/word/Types.h"
 
 /// The page, counted from 1 through the whole document, of a position of a story.
@@ -12,4 +12,4 @@ using PageOf = std::function<int(int story, word::Position position)>;
 
 /// The document as the object model shows it: stories, bookmarks (the hidden ones too), fields, entries, highlights and
 /// our index. The members "pages" and "pagesFrom" are left to the caller.
-nlohmann::ordered_json Inspect(const word::DocumentPtr& document, const PageOf& pageOf);
+json::Value Inspect(const word::DocumentPtr& document, const PageOf& pageOf);

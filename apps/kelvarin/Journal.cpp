@@ -15,12 +15,13 @@
 #include "apps/kelvarin/Messages.h"
 #include "apps/kelvarin/PrivateFolder.h"
 #include "apps/kelvarin/Status.h"
+#include "hosts/json/Json.h"
 #include "hosts/linux/AtomicFile.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-using Json = nlohmann::json;
+using Json = json::Value;
 
 constexpr char kFirstMember[] = "kelvarinJournal";
 constexpr int kFormat = 1;
@@ -51,7 +52,7 @@ bool Is(const Json& record, const char* member, const fs::path& file) {
 }
 
 /// Not for a person: its texts need not be readable, only whole.
-std::string Line(const Json& json) { return json.dump(-1, ' ', true, Json::error_handler_t::replace) + "\n"; }
+std::string Line(const Json& json) { return json::InAscii(json) + "\n"; }
 
 /// Empty where there is none: a journal is a file like any other, and somebody may have written in it.
 std::string TextOf(const Json& record, const char* member) {
@@ -110,7 +111,7 @@ void Journal::Read(const std::string& options) {
   std::ifstream in(file_, std::ios::binary);
   std::string line;
   if (!std::getline(in, line)) return Anew(options);
-  const Json first = Json::parse(line, nullptr, false);
+  const Json first = json::ReadOrDiscard(line);
   if (!first.is_object() || !first.contains(kFirstMember)) {
     throw Failure(kUnreadable, file_.string() + " is no journal of a run");
   }
@@ -125,7 +126,7 @@ void Journal::Read(const std::string& options) {
   while (std::getline(in, line)) {
     // What was being written when the program was killed has no end.
     whole = !in.eof();
-    const Json record = whole ? Json::parse(line, nullptr, false) : Json();
+    const Json record = whole ? json::ReadOrDiscard(line) : Json();
     const std::string begun = TextOf(record, "begun");
     const std::string done = TextOf(record, "done");
     if (!begun.empty()) entries_[begun] = {.begun = true, .process = NumberOf(record, "process")};
@@ -150,7 +151,7 @@ Json Journal::LineAt(std::streamoff offset) const {
   std::string line;
   in.seekg(offset);
   std::getline(in, line);
-  return Json::parse(line, nullptr, false);
+  return json::ReadOrDiscard(line);
 }
 
 Journal::Known Journal::Find(const Input& input, const fs::path& target) const {

@@ -4,7 +4,6 @@
 
 #include <filesystem>
 #include <map>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,6 +11,7 @@
 #include "apps/kelvarin/Batch.h"
 #include "apps/kelvarin/Identity.h"
 #include "apps/kelvarin/Inputs.h"
+#include "hosts/json/Json.h"
 
 /// The record of a run over many files, a JSON object a line, by which the same run goes on after an interruption. The
 /// first line says what the run was asked to do; "begun" lines name a document whose result may have been written,
@@ -68,7 +68,7 @@ class Journal {
 
   void Read(const std::string& options);
   void Anew(const std::string& options);
-  nlohmann::json LineAt(std::streamoff offset) const;
+  json::Value LineAt(std::streamoff offset) const;
 
   std::filesystem::path file_;
   int handle_{-1};

@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "apps/kelvarin/Printable.h"
+#include "hosts/json/Json.h"
 #include "hosts/recording/Values.h"
 #include "hosts/unattended/Text.h"
 #include "marker/Entries.h"
@@ -16,7 +17,7 @@
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Json = json::Value;
 using unattended::FromUtf8;
 using unattended::ToUtf8;
 
@@ -48,8 +49,6 @@ std::map<std::u16string, std::set<int>> EntryPages(docx::WordProcessor& processo
   return pages;
 }
 
-std::string Written(const Json& value) { return value.dump(-1, ' ', false, Json::error_handler_t::replace); }
-
 }  // namespace
 
 Report::Report(const std::filesystem::path& file) : messages_(Json::array()) {
@@ -66,12 +65,12 @@ Report::Report(const std::filesystem::path& file) : messages_(Json::array()) {
                                                  {"notFound", Json::array()},
                                                  {"messages", messages_},
                                                  {"seconds", 0.0}};
-  for (const auto& [name, value] : fields) fields_.push_back({name, Written(value)});
+  for (const auto& [name, value] : fields) fields_.push_back({name, json::Written(value)});
 }
 
 void Report::Set(std::string_view name, const Json& value) {
   const auto field = std::find_if(fields_.begin(), fields_.end(), [&](const Field& one) { return one.name == name; });
-  field->value = Written(value);
+  field->value = json::Written(value);
 }
 
 void Report::AddMessage(const std::string& title, const std::string& text) {

@@ -1,13 +1,13 @@
 #pragma once
 
 #include <filesystem>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "apps/kelvarin/Session.h"
+#include "hosts/json/Json.h"
 
 /// The report of one file's run, in one line. All texts are UTF-8.
 class Report {
@@ -35,9 +35,9 @@ class Report {
 
   void FillTerms(Session& session);
   /// Writes a field, which is there from the beginning, out: so what is long is done with before the end.
-  void Set(std::string_view name, const nlohmann::ordered_json& value);
+  void Set(std::string_view name, const json::Value& value);
   void AddMessage(const std::string& title, const std::string& text);
 
   std::vector<Field> fields_;  ///< in their order
-  nlohmann::ordered_json messages_;
+  json::Value messages_;
 };

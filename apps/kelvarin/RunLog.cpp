@@ -5,7 +5,7 @@
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Json = json::Value;
 
 /// A list as the companion gives it, terms separated by line ends.
 Json ToList(const std::string& text) {

@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using unattended::RunStateOptions;
-using Json = nlohmann::ordered_json;
+using Json = json::Value;
 
 constexpr std::u16string_view kNewDocumentName = u"Document1";
 

@@ -67,8 +67,8 @@ class Session {
   void WriteState();
   /// Where help and instructions are looked for.
   std::string AddInFolder() const;
-  nlohmann::ordered_json OptionsAtEnd() const;
-  nlohmann::ordered_json StateAtEnd();
+  json::Value OptionsAtEnd() const;
+  json::Value StateAtEnd();
   int AttributesAtEnd();
 
   const Options& options_;

@@ -15,7 +15,7 @@
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Json = json::Value;
 using unattended::ToUtf8;
 
 struct Place {

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <cstddef>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
 #include "hosts/docx/WordProcessor.h"
+#include "hosts/json/Json.h"
 #include "platform/os/Characters.h"
 
 /// Where candidate terms stand in a document, for whoever judges them: an array with an object for each term, in the
@@ -14,5 +14,5 @@
 /// that stands inside of longer ones only has none. "only" is "sentenceStart" or "heading" where nothing but that
 /// explains the capital letter, otherwise null. A term that the text does not hold has no place: null.
 /// @param processor its document is the file as it is
-nlohmann::ordered_json DescribeTerms(docx::WordProcessor& processor, os::Characters& characters,
-                                     const std::vector<std::u16string>& terms);
+json::Value DescribeTerms(docx::WordProcessor& processor, os::Characters& characters,
+                          const std::vector<std::u16string>& terms);

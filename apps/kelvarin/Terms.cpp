@@ -3,6 +3,7 @@
 #include "apps/kelvarin/Output.h"
 #include "apps/kelvarin/ReadDocument.h"
 #include "apps/kelvarin/TermPlaces.h"
+#include "hosts/json/Json.h"
 #include "hosts/linux/IcuCharacters.h"
 #include "hosts/unattended/Text.h"
 
@@ -19,8 +20,8 @@ std::string Described(const Options& options, const std::filesystem::path& input
                       const std::vector<std::u16string>& terms) {
   os::IcuCharacters characters;
   ReadDocument document(input, options.pages);
-  const nlohmann::ordered_json list = DescribeTerms(document.Processor(), characters, terms);
-  return list.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
+  const json::Value list = DescribeTerms(document.Processor(), characters, terms);
+  return json::Indented(list) + "\n";
 }
 
 }  // namespace

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
 #include <string_view>
+
+#include "hosts/json/Json.h"
 
 namespace recording {
 
@@ -20,17 +21,16 @@ class CallObserver {
   virtual void BeforeCall(std::string_view member) { static_cast<void>(member); }
 
   /// A property of Word is put, whether or not that then succeeds. @param member such as "Options.AllowFastSave"
-  virtual void WordPut(std::string_view member, const nlohmann::ordered_json& value) = 0;
+  virtual void WordPut(std::string_view member, const json::Value& value) = 0;
 
   /// A method of Word that changes something is called, whether or not that then succeeds.
   /// @param member UndoClear, ScreenRefresh, Save and SaveAs bare; every other with its class
   /// @param value the argument, an object of named arguments, or null
-  virtual void WordCall(std::string_view member, const nlohmann::ordered_json& value) = 0;
+  virtual void WordCall(std::string_view member, const json::Value& value) = 0;
 
   /// The companion was called and came back. @param arguments an array in the order of the interface
   /// @param result null for an operation without one; {"error": number, "description"} when it threw
-  virtual void Marker(std::string_view operation, const nlohmann::ordered_json& arguments,
-                      const nlohmann::ordered_json& result) = 0;
+  virtual void Marker(std::string_view operation, const json::Value& arguments, const json::Value& result) = 0;
 };
 
 }  // namespace recording

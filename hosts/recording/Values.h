@@ -1,19 +1,17 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "hosts/json/Json.h"
 #include "platform/TermMarker.h"
 #include "platform/word/Types.h"
 
 /// How arguments and results look to an observer; CallObserver.h has the rules.
 namespace recording {
 
-/// One that is to have members or items is made as an object or an array: where there is no memory, one that becomes it
-/// by its first member is left without what its destructor needs.
-using Value = nlohmann::ordered_json;
+using json::Value;
 
 std::string Utf8(std::u16string_view text);
 

@@ -1,16 +1,16 @@
 #include "hosts/unattended/Answers.h"
 
+#include "hosts/json/Json.h"
 #include "hosts/unattended/Text.h"
 
 #include <initializer_list>
 #include <limits>
-#include <nlohmann/json.hpp>
 
 namespace unattended {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Json = json::Value;
 
 /// A value of the file and where it stands, such as "answers[2].do[0]".
 class Place {
@@ -252,7 +252,7 @@ RunStateOptions ReadState(const Place& place) {
 
 Json ParseJson(std::string_view json) {
   try {
-    return Json::parse(json.begin(), json.end());
+    return json::Read(json);
   } catch (const Json::parse_error& error) {
     throw AnswersError("no JSON: unexpected text at byte " + std::to_string(error.byte));
   } catch (const Json::exception&) {

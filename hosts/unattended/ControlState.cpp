@@ -8,7 +8,7 @@ namespace unattended {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Json = json::Value;
 using forms::Kind;
 
 bool HasCaption(Kind kind) {

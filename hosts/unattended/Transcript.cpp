@@ -1,5 +1,6 @@
 #include "hosts/unattended/Transcript.h"
 
+#include "hosts/json/Json.h"
 #include "hosts/unattended/ControlState.h"
 #include "hosts/unattended/Text.h"
 
@@ -7,7 +8,7 @@ namespace unattended {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Json = json::Value;
 
 const char* IconName(os::Icon icon) {
   switch (icon) {
@@ -55,9 +56,7 @@ const char* PressedName(os::Pressed pressed) {
 
 }  // namespace
 
-void Transcript::Write(const Json& event) {
-  out_ << event.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
-}
+void Transcript::Write(const Json& event) { out_ << json::Written(event) << '\n'; }
 
 void Transcript::Message(std::u16string_view title, std::u16string_view text, os::Icon icon, os::Buttons buttons,
                          os::Pressed pressed) {

@@ -2,11 +2,11 @@
 
 #include <array>
 #include <cstdint>
-#include <nlohmann/json.hpp>
 #include <ostream>
 #include <string>
 #include <string_view>
 
+#include "hosts/json/Json.h"
 #include "hosts/recording/CallObserver.h"
 #include "platform/forms/Form.h"
 #include "platform/os/Messages.h"
@@ -33,7 +33,7 @@ class Transcript : public recording::CallObserver {
   void Form(const forms::Form& form);
   void FormEnd(const forms::Form& form);
   /// @param changed the control states, by name
-  void Controls(const forms::Form& form, const nlohmann::ordered_json& changed);
+  void Controls(const forms::Form& form, const json::Value& changed);
   enum class Phase { kBegin, kUpdate, kEnd };
   void Progress(const ProgressState& state, Phase phase);
   void Status(std::u16string_view text);
@@ -47,15 +47,14 @@ class Transcript : public recording::CallObserver {
   enum class MenuAction { kAdd, kDelete };
   void Menu(MenuAction action, std::u16string_view caption, std::u16string_view tag);
   /// The last line. @param members of the state at the end
-  void State(const nlohmann::ordered_json& members);
+  void State(const json::Value& members);
 
-  void WordPut(std::string_view member, const nlohmann::ordered_json& value) override;
-  void WordCall(std::string_view member, const nlohmann::ordered_json& value) override;
-  void Marker(std::string_view operation, const nlohmann::ordered_json& arguments,
-              const nlohmann::ordered_json& result) override;
+  void WordPut(std::string_view member, const json::Value& value) override;
+  void WordCall(std::string_view member, const json::Value& value) override;
+  void Marker(std::string_view operation, const json::Value& arguments, const json::Value& result) override;
 
  private:
-  void Write(const nlohmann::ordered_json& event);
+  void Write(const json::Value& event);
 
   std::ostream& out_;
 };

@@ -1,13 +1,12 @@
 #include "dialogs/frmKVX_COM.h"
 
-#include <nlohmann/json.hpp>
-
+#include "hosts/json/Json.h"
 #include "tests/forms/Dialogs.h"
 
 namespace {
 
 using Texts = std::vector<std::u16string>;
-using Json = nlohmann::ordered_json;
+using Json = json::Value;
 
 const std::string kSave = R"({"message":"Save document","press":"OK"})";
 
@@ -25,7 +24,7 @@ class Refresh : public Dialogs {
     std::vector<Json> events;
     std::istringstream lines(transcriptText.str());
     for (std::string line; std::getline(lines, line);) {
-      Json event = Json::parse(line);
+      Json event = json::Read(line);
       if (event["event"] == kind) events.push_back(std::move(event));
     }
     return events;

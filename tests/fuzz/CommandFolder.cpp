@@ -7,11 +7,10 @@
 #include <span>
 #include <string_view>
 
-#include <nlohmann/json.hpp>
-
 #include "DocxDocument.h"
 #include "apps/kelvarin/Status.h"
 #include "hosts/docx/package/Package.h"
+#include "hosts/json/Json.h"
 
 namespace {
 
@@ -82,6 +81,6 @@ Options CommandFolder::For(Options::Command command) const {
 
 void CommandFolder::Judge(const FileResult& result) const {
   Require(BytesOf(Document()) == put_);
-  const auto report = nlohmann::json::parse(result.report);
+  const auto report = json::Read(result.report);
   if (result.status != kDone) Require(!report.at("messages").empty());
 }

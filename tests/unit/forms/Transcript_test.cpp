@@ -4,6 +4,7 @@
 
 #include <sstream>
 
+#include "hosts/json/Json.h"
 #include "hosts/unattended/ControlState.h"
 #include "tests/unit/forms/SampleForm.h"
 
@@ -59,7 +60,7 @@ TEST_F(TranscriptTest, ProgressSaysShownAtItsBeginningAndEndOnly) {
 TEST_F(TranscriptTest, CallsAndTheirArgumentsStandAsTheyAre) {
   transcript.WordPut("Options.AllowFastSave", false);
   transcript.WordCall("UndoClear", nullptr);
-  transcript.Marker("EndIndexing", nlohmann::ordered_json::array({"a.docx"}), nullptr);
+  transcript.Marker("EndIndexing", json::Value::array({"a.docx"}), nullptr);
   EXPECT_EQ(out.str(), R"({"event":"word","member":"Options.AllowFastSave","value":false})"
                        "\n"
                        R"({"event":"word","member":"UndoClear","value":null})"
@@ -99,7 +100,7 @@ TEST(ControlState, EachKindHasItsMembers) {
   sample.form.cmbCode.AddItem(u"\u201C", 147);
   sample.form.cmbCode.SetListIndex(0);
   sample.form.chkBox.SetToolTip(u"tip");
-  const auto state = [](const forms::Control& control) { return unattended::ControlState(control).dump(); };
+  const auto state = [](const forms::Control& control) { return json::Written(unattended::ControlState(control)); };
   EXPECT_EQ(state(sample.form.chkBox),
             R"({"kind":"CheckBox","caption":"&Box","value":0,"enabled":true,"visible":true,"toolTip":"tip"})");
   EXPECT_EQ(state(sample.form.optKind[0]),
@@ -120,8 +121,7 @@ TEST(ControlState, EachKindHasItsMembers) {
 
 TEST(ControlState, OneElementStandsForItsWholeArray) {
   ShownSample sample;
-  const nlohmann::ordered_json states =
-      unattended::ControlStates(sample.form, {&sample.form.cmdOK, &sample.form.optKind[1]});
+  const json::Value states = unattended::ControlStates(sample.form, {&sample.form.cmdOK, &sample.form.optKind[1]});
   ASSERT_EQ(states.size(), 2u);
   EXPECT_EQ(states.begin().key(), "optKind");
   EXPECT_EQ(states["optKind"].size(), 2u);

@@ -6,13 +6,14 @@
 
 #include "addin/clsProgForm.h"
 #include "addin/frmKVXProgressFormKVXPreparing.h"
+#include "hosts/json/Json.h"
 #include "hosts/unattended/FileAnswers.h"
 #include "tests/unit/forms/SampleForm.h"
 
 namespace {
 
 using namespace unattended;
-using Json = nlohmann::ordered_json;
+using Json = json::Value;
 
 class Unattended : public ::testing::Test {
  protected:
@@ -23,7 +24,7 @@ class Unattended : public ::testing::Test {
   std::vector<Json> Events() const {
     std::vector<Json> events;
     std::istringstream lines(out.str());
-    for (std::string line; std::getline(lines, line);) events.push_back(Json::parse(line));
+    for (std::string line; std::getline(lines, line);) events.push_back(json::Read(line));
     return events;
   }
   /// The kinds of events in order, those of controls with the names that changed.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "hosts/json/Json.h"
 #include "platform/word/Application.h"
 #include "platform/word/Bookmarks.h"
 #include "platform/word/Document.h"
@@ -19,7 +20,7 @@
 namespace recording {
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Json = json::Value;
 
 /// Writes down what it is told; can fail on a chosen member like a host that stopped working.
 class Notes : public CallObserver {
@@ -29,13 +30,13 @@ class Notes : public CallObserver {
     if (member == failing) throw word::HostError(word::kCommandFailed, u"Command failed", member);
   }
   void WordPut(std::string_view member, const Json& value) override {
-    told.push_back("put " + std::string(member) + " " + value.dump());
+    told.push_back("put " + std::string(member) + " " + json::Written(value));
   }
   void WordCall(std::string_view member, const Json& value) override {
-    told.push_back("call " + std::string(member) + " " + value.dump());
+    told.push_back("call " + std::string(member) + " " + json::Written(value));
   }
   void Marker(std::string_view operation, const Json& arguments, const Json& result) override {
-    told.push_back("marker " + std::string(operation) + " " + arguments.dump() + " " + result.dump());
+    told.push_back("marker " + std::string(operation) + " " + json::Written(arguments) + " " + json::Written(result));
   }
 
   std::vector<std::string> told;

@@ -1,4 +1,5 @@
 #include "hosts/recording/Values.h"
+#include "hosts/json/Json.h"
 
 #include <gtest/gtest.h>
 
@@ -17,8 +18,8 @@ TEST(RecordedValues, ALoneSurrogateBecomesTheReplacementCharacter) {
 }
 
 TEST(RecordedValues, ATableIsAListOfTermsWithTheirCounts) {
-  EXPECT_EQ(ToValue(TermTable{{u"Buyer", 3}, {u"Seller", 0}}).dump(), R"([["Buyer",3],["Seller",0]])");
-  EXPECT_EQ(ToValue(TermTable{}).dump(), "[]");
+  EXPECT_EQ(json::Written(ToValue(TermTable{{u"Buyer", 3}, {u"Seller", 0}})), R"([["Buyer",3],["Seller",0]])");
+  EXPECT_EQ(json::Written(ToValue(TermTable{})), "[]");
 }
 
 TEST(RecordedValues, MissingObjectsAreNull) {
