@@ -6,7 +6,7 @@
 #include "platform/word/Constants.h"
 #include "platform/word/Document.h"
 #include "platform/word/Find.h"
-#include "platform/word/HostError.h"
+#include "platform/word/HiddenBookmarks.h"
 #include "platform/word/Range.h"
 
 #include <algorithm>
@@ -31,33 +31,6 @@ std::optional<int> Number(std::u16string_view digits) {
   }
   return number;
 }
-
-/// Hidden bookmarks are counted while this stands.
-class HiddenShown {
- public:
-  explicit HiddenShown(const word::BookmarksPtr& bookmarks) : bookmarks_(bookmarks), before_(bookmarks->ShowHidden()) {
-    bookmarks_->SetShowHidden(true);
-  }
-  HiddenShown(const HiddenShown&) = delete;
-  HiddenShown& operator=(const HiddenShown&) = delete;
-  ~HiddenShown() {
-    if (ended_) return;
-    try {
-      bookmarks_->SetShowHidden(before_);
-    } catch (const word::HostError&) {  // the error that brought us here tells more
-    }
-  }
-  /// @throws HostError
-  void End() {
-    ended_ = true;
-    bookmarks_->SetShowHidden(before_);
-  }
-
- private:
-  word::BookmarksPtr bookmarks_;
-  bool before_;
-  bool ended_{false};
-};
 
 std::u16string BookmarkName(int colour, int number) {
   return std::u16string(kPrefix).append(Decimal(colour)).append(u"_").append(Decimal(number));
@@ -141,7 +114,7 @@ void HighlightRecord::KeepApartFrom(const std::vector<word::RangePtr>& inserted)
 
 std::vector<HighlightRecord::Record> HighlightRecord::Records() const {
   std::vector<Record> records;
-  HiddenShown shown(bookmarks_);
+  word::HiddenBookmarksShown shown(bookmarks_);
   const int count = bookmarks_->Count();
   for (int index = 1; index <= count; ++index) {
     word::BookmarkPtr bookmark = bookmarks_->Item(index);

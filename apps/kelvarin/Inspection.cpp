@@ -10,8 +10,8 @@
 #include "marker/FieldScan.h"
 #include "marker/Highlights.h"
 #include "marker/StoryText.h"
-#include "platform/word/Bookmarks.h"
 #include "platform/word/Document.h"
+#include "platform/word/HiddenBookmarks.h"
 #include "platform/word/Range.h"
 
 namespace {
@@ -120,7 +120,7 @@ class Inspector {
 
   void AddBookmarks() {
     const word::BookmarksPtr bookmarks = document_->Bookmarks();
-    bookmarks->SetShowHidden(true);
+    const word::HiddenBookmarksShown shown(bookmarks);
     for (int i = 1; i <= bookmarks->Count(); ++i) {
       const word::BookmarkPtr bookmark = bookmarks->Item(i);
       const word::RangePtr range = bookmark->Range();
@@ -131,7 +131,6 @@ class Inspector {
                             {"end", range->End()},
                             {"page", pageOf_(story, range->Start())}});
     }
-    bookmarks->SetShowHidden(false);
   }
 
   word::DocumentPtr document_;

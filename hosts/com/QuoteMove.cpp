@@ -2,8 +2,8 @@
 
 #include "hosts/com/FindText.h"
 #include "hosts/com/Objects.h"
-#include "platform/word/Bookmarks.h"
 #include "platform/word/Constants.h"
+#include "platform/word/HiddenBookmarks.h"
 #include "platform/word/Range.h"
 #include "platform/word/Replacing.h"
 
@@ -33,8 +33,7 @@ int PlaceOf(const Dispatch& match, std::u16string_view text) {
 std::vector<std::u16string> NamesAround(const Dispatch& character) {
   std::vector<std::u16string> names;
   const word::BookmarksPtr bookmarks = MakeBookmarks(character.Object("Range.Bookmarks"));
-  const bool hiddenShown = bookmarks->ShowHidden();
-  bookmarks->SetShowHidden(true);
+  word::HiddenBookmarksShown shown(bookmarks);
   for (int index = bookmarks->Count(); index >= 1; --index) {
     const word::BookmarkPtr bookmark = bookmarks->Item(index);
     const word::RangePtr marked = bookmark->Range();
@@ -42,7 +41,7 @@ std::vector<std::u16string> NamesAround(const Dispatch& character) {
       names.push_back(bookmark->Name());
     }
   }
-  bookmarks->SetShowHidden(hiddenShown);
+  shown.End();
   return names;
 }
 
